@@ -1,0 +1,47 @@
+// The window of the Add List dialog: controls only, no rule.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+enum class AddField { txtLabel, txtFreq, txtTarget, sHourComb, sMinComb, eHourComb, eMinComb };
+inline constexpr int kAddFieldCount = 7;
+
+enum class AddControl { Label1, Label2, LaFreq, Label3, Label4, Label5, Label6, Label7, saveCmd, cancelCmd };
+inline constexpr int kAddControlCount = 10;
+
+// Captions by AddControl. A backend may add mnemonics that the captions do not show as text.
+using AddCaptions = std::array<std::u16string, kAddControlCount>;
+
+class AddFormListener {
+public:
+    virtual ~AddFormListener() = default;
+    // A key that produces a character code was pressed in a field (Enter 13, Escape 27, Backspace 8 and
+    // Space 32 among them; not Tab, arrows, function or modifier keys), before the field has used it.
+    // True: the key must not reach the field.
+    virtual bool keyPressed(AddField field, int characterCode) = 0;
+    virtual void saveClicked() = 0;
+    virtual void cancelClicked() = 0;  // the button, or Escape where a field did not use it
+    virtual void closeBoxClicked() = 0;
+};
+
+class AddFormView {
+public:
+    virtual ~AddFormView() = default;
+    // Creates the dialog afresh, hidden: fields and combos empty, captions as given.
+    virtual void create(const AddCaptions& captions, AddFormListener& listener) = 0;
+    virtual void setTitle(std::u16string_view title) = 0;
+    virtual void setCaption(AddControl control, std::u16string_view caption) = 0;
+    virtual void setEnabled(AddField field, bool enabled) = 0;
+    virtual void setItems(AddField combo, const std::vector<std::u16string>& items) = 0;  // none preselected
+    virtual std::u16string text(AddField field) const = 0;
+    virtual void takeFocus(AddField field) = 0;
+    // Shows the dialog centred over the main window, without modality, focus in txtLabel.
+    virtual void show() = 0;
+    // Closes and forgets the dialog without calling the listener; safe when none is open,
+    // and from within a listener call.
+    virtual void destroy() = 0;
+    virtual bool isOpen() const = 0;
+};

@@ -1,0 +1,32 @@
+// File operations. Paths are absolute, UTF-16, in the system's own notation.
+// Nothing throws; a failed operation says so in its result and shows nothing.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class Files {
+public:
+    virtual ~Files() = default;
+
+    // Anything by that name, whatever its attributes; folders too.
+    virtual bool exists(std::u16string_view path) = 0;
+    // Bytes; nullopt when there is no such regular file.
+    virtual std::optional<std::uint64_t> size(std::u16string_view path) = 0;
+    // The whole file; nullopt when it cannot be opened or read to its end. Folders cannot be read.
+    virtual std::optional<std::string> read(std::u16string_view path) = 0;
+    // As read, but from the device and not from the system's cache where the system can do that.
+    virtual std::optional<std::string> readBack(std::u16string_view path) = 0;
+    // Creates or truncates, writes all, flushes to the device. On failure the file may hold a part.
+    // Never follows a link at the path.
+    virtual bool write(std::u16string_view path, std::string_view bytes) = 0;
+    // Creates the file when missing; writes at its end and flushes.
+    virtual bool append(std::u16string_view path, std::string_view bytes) = 0;
+    // Puts `from` in the place of `to` (which may exist) in one step, in the same folder, and makes it durable.
+    virtual bool rename(std::u16string_view from, std::u16string_view to) = 0;
+    virtual bool remove(std::u16string_view path) = 0;
+    // Normal attributes: writable, not hidden, not system.
+    virtual bool clearAttributes(std::u16string_view path) = 0;
+};

@@ -1,0 +1,57 @@
+// A list of station records as rows of cells: the only copy of the records in memory.
+// Implemented once, in portable code; a backend reads it to draw and reports selection into it.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct GridColumn {
+    std::u16string caption;
+    std::u16string key;  // four capital letters; identifies the header in a click
+    double width = 0;    // twips, as the view really shows it
+};
+
+// Rows and columns are 1-based everywhere. A row or column outside the grid is a no-op
+// when written and reads as an empty text or "not selected".
+class Grid {
+public:
+    virtual ~Grid() = default;
+
+    virtual const std::vector<GridColumn>& columns() const = 0;
+    virtual void addColumn(std::u16string caption, std::u16string key, double widthTwips) = 0;
+    virtual void setColumnWidth(int column, double widthTwips) = 0;
+    // The user has dragged a column; called by the view, which already shows the width.
+    virtual void columnDragged(int column, double widthTwips) = 0;
+
+    virtual int rowCount() const = 0;
+    // Valid until the next change of the grid. UTF-16.
+    virtual std::u16string_view text(int row, int column) const = 0;
+    virtual void setText(int row, int column, std::u16string text) = 0;
+    // Appends one row; missing trailing cells are empty.
+    virtual void appendRow(std::vector<std::u16string> cells) = 0;
+    virtual void removeSelectedRows() = 0;
+    virtual void clear() = 0;
+
+    virtual bool isSelected(int row) const = 0;
+    // Called by the view as the user selects; tells the view nothing back.
+    virtual void setSelected(int row, bool selected) = 0;
+    // First selected row, 0 when none is.
+    virtual int firstSelected() const = 0;
+
+    // Between the two calls (they nest) the view is told nothing; at the end it is reset once.
+    virtual void beginUpdate() = 0;
+    virtual void endUpdate() = 0;
+};
+
+// Many changes shown as one.
+class GridUpdate {
+public:
+    explicit GridUpdate(Grid& grid) : grid_(grid) { grid_.beginUpdate(); }
+    ~GridUpdate() { grid_.endUpdate(); }
+    GridUpdate(const GridUpdate&) = delete;
+    GridUpdate& operator=(const GridUpdate&) = delete;
+
+private:
+    Grid& grid_;
+};

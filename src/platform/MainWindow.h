@@ -1,0 +1,33 @@
+// The main window as a whole.
+#pragma once
+
+#include <array>
+#include <string>
+
+// What the backend needs to build the window; every text of it comes from here. Lengths in twips.
+struct WindowDesign {
+    std::u16string caption;
+    std::array<std::u16string, 4> tabCaptions;
+    std::array<std::u16string, 8> menuCaptions;  // by MenuItem; "(&E)" marks the mnemonic
+    double width = 0;                            // client area at 100 %
+    double height = 0;
+    double gridTopInset = 0;  // SSTab1's top edge plus the grid's border is this far below the client area's top
+};
+
+class MainWindowListener {
+public:
+    virtual ~MainWindowListener() = default;
+    virtual void windowGotFocus() = 0;
+    // The window is about to close (close box, session end, termination signal). Called once.
+    virtual void windowClosing() = 0;
+};
+
+class MainWindow {
+public:
+    virtual ~MainWindow() = default;
+    // The listener outlives the window; set once, before the window is shown.
+    virtual void setListener(MainWindowListener& listener) = 0;
+    virtual void setEnabled(bool enabled) = 0;
+    // As a click on the close box, also while disabled. The program ends when no window is left.
+    virtual void close() = 0;
+};

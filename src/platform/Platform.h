@@ -1,0 +1,41 @@
+// Everything a backend provides, in one bundle. Only the main window's code holds it whole.
+#pragma once
+
+#include <array>
+#include <string>
+
+class GridView;
+class TabControl;
+class EditBox;
+class StatusBar;
+class PopupMenu;
+class StandardMessageBox;
+class WindowHook;
+class AddFormView;
+class MainWindow;
+class Files;
+class Volumes;
+class Downloader;
+class CodePages;
+class TextCompare;
+class SingleInstance;
+
+// References stay valid for the life of the process's window.
+struct Platform {
+    std::array<GridView*, 4> gridViews;  // by tab
+    TabControl& tabs;
+    EditBox& editBox;
+    StatusBar& statusBar;
+    PopupMenu& popupMenu;
+    StandardMessageBox& messageBox;
+    WindowHook& windowHook;
+    AddFormView& addFormView;
+    MainWindow& mainWindow;
+    Files& files;
+    Volumes& volumes;
+    Downloader& downloader;
+    CodePages& codePages;
+    TextCompare& textCompare;
+    SingleInstance& singleInstance;
+    std::u16string programFolder;  // with its trailing separator
+};

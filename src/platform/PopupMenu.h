@@ -1,0 +1,21 @@
+// The popup menu PMenu of the grids.
+#pragma once
+
+enum class MenuItem { Edt, Del, AddNew, AddTo, SyncInternet, LoadFromReceiver, SaveToReceiver, DeleteAll };
+inline constexpr int kMenuItemCount = 8;
+
+class MenuListener {
+public:
+    virtual ~MenuListener() = default;
+    virtual void menuChosen(MenuItem item) = 0;  // after the menu has closed
+};
+
+class PopupMenu {
+public:
+    virtual ~PopupMenu() = default;
+    // The listener outlives the window; set once, before the window is shown.
+    virtual void setListener(MenuListener& listener) = 0;
+    virtual void setEnabled(MenuItem item, bool enabled) = 0;
+    // Opens at a position of the grid of the given tab (0..3), in twips as in GridListener.
+    virtual void show(int tab, double x, double y) = 0;
+};

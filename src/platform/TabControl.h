@@ -1,0 +1,19 @@
+// The tab control SSTab1 of the main window.
+#pragma once
+
+class TabListener {
+public:
+    virtual ~TabListener() = default;
+    // The shown tab has changed (mouse or keyboard); the tab strip has not taken the focus before this call.
+    virtual void tabClicked(int previousTab) = 0;
+    virtual void tabGotFocus() = 0;
+};
+
+class TabControl {
+public:
+    virtual ~TabControl() = default;
+    // The listener outlives the window; set once, before the window is shown.
+    virtual void setListener(TabListener& listener) = 0;
+    virtual int currentTab() const = 0;  // 0-based
+    virtual double left() const = 0;     // twips, within the main window's client area
+};

@@ -1,0 +1,11 @@
+// The platform's text order for people, without regard to letter case.
+#pragma once
+
+#include <string_view>
+
+class TextCompare {
+public:
+    virtual ~TextCompare() = default;
+    // -1, 0 or 1. A strict weak order; "abc" and "ABC" are equal.
+    virtual int compare(std::u16string_view left, std::u16string_view right) = 0;
+};

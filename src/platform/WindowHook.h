@@ -1,0 +1,35 @@
+// A thread-local computer-based-training hook and the few window queries that its procedure needs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+using WindowHandle = std::uintptr_t;  // 0 is the null handle
+using HookHandle = std::uintptr_t;    // 0: no hook
+
+inline constexpr int kHookTypeCbt = 5;
+inline constexpr int kHookActivate = 5;  // a window is about to be activated
+
+class HookListener {
+public:
+    virtual ~HookListener() = default;
+    // For kHookActivate the window is the one about to be activated. 0 allows the activation.
+    virtual std::intptr_t hookProcedure(int code, std::uintptr_t window, std::intptr_t other) = 0;
+    // 0 ends the walk, 1 goes on with the next child.
+    virtual int childProcedure(WindowHandle child) = 0;
+};
+
+class WindowHook {
+public:
+    virtual ~WindowHook() = default;
+    // For the user-interface thread only; 0 on failure.
+    virtual HookHandle setHook(int hookType, HookListener& listener) = 0;
+    virtual void unhook(HookHandle hook) = 0;
+    virtual std::intptr_t callNext(HookHandle hook, int code, std::uintptr_t window, std::intptr_t other) = 0;
+    // Calls childProcedure for each child, grandchildren included, until it answers 0.
+    virtual void enumerateChildren(WindowHandle parent, HookListener& listener) = 0;
+    virtual std::u16string className(WindowHandle window) = 0;  // a push button's is "Button"
+    virtual std::u16string caption(WindowHandle window) = 0;    // with its "&" mnemonic mark
+    virtual void setCaption(WindowHandle window, std::u16string_view caption) = 0;
+};

@@ -1,0 +1,28 @@
+// The totals line of the status bar and the application-wide current tab.
+#pragma once
+
+#include <array>
+
+#include "platform/Grid.h"
+#include "platform/StatusBar.h"
+#include "platform/TabControl.h"
+
+// The index of the tab shown, one value for the process: 0 DRM, 1 AM, 2 FM, 3 Favourite.
+void SetCurrentTab(int index);
+int GetCurrentTab();
+
+class Totals {
+public:
+    Totals(TabControl& tabs, StatusBar& statusBar, std::array<Grid*, 4> grids)
+        : tabs_(tabs), statusBar_(statusBar), grids_(grids) {}
+
+    // The total of the tab that the tab control shows now; nothing when it shows none of the four.
+    void ShowTotals();
+    // The total of a tab by its index; nothing outside 0..3.
+    void showTotalOf(int tab);
+
+private:
+    TabControl& tabs_;
+    StatusBar& statusBar_;
+    std::array<Grid*, 4> grids_;
+};

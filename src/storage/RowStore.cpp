@@ -1,0 +1,92 @@
+#include "storage/RowStore.h"
+
+#include <algorithm>
+#include <utility>
+
+void RowStore::addColumn(std::u16string caption, std::u16string key, double widthTwips) {
+    columns_.push_back({std::move(caption), std::move(key), widthTwips});
+    const int column = static_cast<int>(columns_.size());
+    if (view_ != nullptr) {
+        view_->columnAdded(column);
+        setColumnWidth(column, widthTwips);
+    }
+}
+
+void RowStore::setColumnWidth(int column, double widthTwips) {
+    if (hasColumn(column)) {
+        columns_[at(column)].width = view_ != nullptr ? view_->showColumnWidth(column, widthTwips) : widthTwips;
+    }
+}
+
+void RowStore::columnDragged(int column, double widthTwips) {
+    if (hasColumn(column)) {
+        columns_[at(column)].width = widthTwips;
+    }
+}
+
+std::u16string_view RowStore::text(int row, int column) const {
+    if (!hasRow(row) || !hasCell(column)) {
+        return {};
+    }
+    return rows_[at(row)].cells[at(column)];
+}
+
+void RowStore::setText(int row, int column, std::u16string text) {
+    if (!hasRow(row) || !hasCell(column)) {
+        return;
+    }
+    rows_[at(row)].cells[at(column)] = std::move(text);
+    if (notifies()) {
+        view_->cellChanged(row, column);
+    }
+}
+
+void RowStore::appendRow(std::vector<std::u16string> cells) {
+    const int row = rowCount() + 1;
+    if (notifies()) {
+        view_->beforeAppend(row);
+    }
+    Row& added = rows_.emplace_back();
+    const std::size_t count = std::min(cells.size(), added.cells.size());
+    std::move(cells.begin(), cells.begin() + static_cast<std::ptrdiff_t>(count), added.cells.begin());
+    if (notifies()) {
+        view_->afterAppend(row);
+    }
+}
+
+void RowStore::removeSelectedRows() {
+    const GridUpdate update(*this);
+    std::erase_if(rows_, [](const Row& row) { return row.selected; });
+}
+
+void RowStore::clear() {
+    const GridUpdate update(*this);
+    rows_.clear();
+}
+
+bool RowStore::isSelected(int row) const { return hasRow(row) && rows_[at(row)].selected; }
+
+void RowStore::setSelected(int row, bool selected) {
+    if (hasRow(row)) {
+        rows_[at(row)].selected = selected;
+    }
+}
+
+int RowStore::firstSelected() const {
+    const auto found = std::find_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.selected; });
+    return found == rows_.end() ? 0 : static_cast<int>(found - rows_.begin()) + 1;
+}
+
+void RowStore::beginUpdate() {
+    if (notifies()) {
+        view_->beforeReset();
+    }
+    ++updates_;
+}
+
+void RowStore::endUpdate() {
+    --updates_;
+    if (notifies()) {
+        view_->afterReset();
+    }
+}

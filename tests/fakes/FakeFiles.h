@@ -1,0 +1,34 @@
+// Files in memory. Records every access, can be told to fail, and knows folders and read-only files.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/Files.h"
+
+class FakeFiles : public Files {
+public:
+    bool exists(std::u16string_view path) override;
+    std::optional<std::uint64_t> size(std::u16string_view path) override;
+    std::optional<std::string> read(std::u16string_view path) override;
+    std::optional<std::string> readBack(std::u16string_view path) override;
+    bool write(std::u16string_view path, std::string_view bytes) override;
+    bool append(std::u16string_view path, std::string_view bytes) override;
+    bool rename(std::u16string_view from, std::u16string_view to) override;
+    bool remove(std::u16string_view path) override;
+    bool clearAttributes(std::u16string_view path) override;
+
+    // "read /x", "write /x" … in the order of the calls; size and exists are not recorded.
+    std::vector<std::string> accesses;
+    std::map<std::u16string, std::string> files;
+    std::set<std::u16string> folders;
+    std::set<std::u16string> readOnly;             // cannot be written, renamed over or removed
+    std::map<std::u16string, std::uint64_t> sizes;  // pretended sizes of files that are not held
+    std::set<std::u16string> failing;               // every operation on such a path fails
+
+private:
+    bool allowed(std::string_view operation, std::u16string_view path);
+    bool writable(std::string_view operation, std::u16string_view path);
+};

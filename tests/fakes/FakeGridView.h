@@ -1,0 +1,36 @@
+// A grid view that draws nothing, records what it is told and reports events on demand.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Grid.h"
+#include "platform/GridView.h"
+
+class FakeGridView : public GridView {
+public:
+    void attach(Grid& attachedGrid, GridListener& attachedListener) override {
+        grid = &attachedGrid;
+        listener = &attachedListener;
+    }
+    void columnAdded(int) override { calls.emplace_back("columnAdded"); }
+    double showColumnWidth(int, double widthTwips) override { return widthTwips; }
+    void beforeAppend(int) override { calls.emplace_back("beforeAppend"); }
+    void afterAppend(int) override { calls.emplace_back("afterAppend"); }
+    void beforeReset() override { calls.emplace_back("beforeReset"); }
+    void afterReset() override { calls.emplace_back("afterReset"); }
+    void cellChanged(int, int) override { calls.emplace_back("cellChanged"); }
+    GridGeometry geometry(int row) override {
+        GridGeometry result = shape;
+        result.rowTop += row > 0 ? (row - 1) * shape.rowHeight : 0;
+        return result;
+    }
+    void takeFocus() override { ++focusCount; }
+
+    Grid* grid = nullptr;
+    GridListener* listener = nullptr;
+    std::vector<std::string> calls;
+    int focusCount = 0;
+    // A grid of 6,000 by 4,000 twips, 60 right of and 300 below the tab control's corner.
+    GridGeometry shape{60, 300, 6000, 4000, 0, 285, 255};
+};

@@ -1,0 +1,30 @@
+// Answers message boxes by script. A box that no test expected, or an answer that is not one of the
+// box's buttons, fails the test.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/MessageBox.h"
+
+class FakeMessageBox : public StandardMessageBox {
+public:
+    struct Box {
+        std::u16string text;
+        std::u16string title = u"Halcyon_K7";
+        int style = BoxStyle::Ok;
+        int answer = BoxAnswer::Ok;
+    };
+
+    ~FakeMessageBox() override;  // fails the test when an expected box has not been shown
+
+    void expect(Box box) { expected_.push_back(std::move(box)); }
+    bool allShown() const { return expected_.empty(); }
+    int show(std::u16string_view text, int style, std::u16string_view title) override;
+
+    std::vector<Box> shown;
+
+private:
+    std::deque<Box> expected_;
+};
