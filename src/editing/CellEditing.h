@@ -1,0 +1,50 @@
+// Edits a grid cell in place: finds the cell under the pointer, lays the edit box over it, and ends the edit.
+#pragma once
+
+#include <string>
+
+#include "editing/EditState.h"
+#include "editing/FieldValidation.h"
+#include "platform/EditBox.h"
+#include "platform/StatusBar.h"
+#include "platform/TabControl.h"
+#include "storage/StationLists.h"
+
+class CellEditing {
+public:
+    // Holds references only; the edit state must be the one that the validation reads.
+    CellEditing(StationLists lists, TabControl& tabs, EditBox& box, StatusBar& statusBar, FieldValidation& validation,
+                EditState& edit)
+        : lists_(lists), tabs_(tabs), box_(box), statusBar_(statusBar), validation_(validation), edit_(edit) {}
+
+    // Pointer position over a grid in twips; y plays no part.
+    void setLastMouseX(double x, double y);
+    // Opens the box over the cell of the first selected row that lies under the last pointer position.
+    // Nothing without a selected row, beside the columns, or on column 3. An edit that is open is committed first.
+    void startEdit(ListKind kind);
+    void enterPressed();  // commits and hides; nothing when no edit is open
+    void lostFocus();     // the same
+    void hideEditBox();   // ends an edit without committing it
+    void itemClicked();   // a click on a row, after the loss of focus that it causes
+    void viewChanged();   // the grid moves under the box: commits, since the wheel takes no focus away
+    bool isEditing() const { return editing_; }
+
+    // Moves the last pointer position to the middle of the next (step 1) or previous (step -1) editable column;
+    // stays in the outermost one. Lets the arrow keys choose what Enter edits.
+    void moveColumn(ListKind kind, int step);
+
+private:
+    void findColumn(const Grid& grid);
+    std::u16string boxText(ListKind kind);
+    void showEditBox(double left, double top, double width, double height, std::u16string_view text);
+    void commitAndHide();
+
+    StationLists lists_;
+    TabControl& tabs_;
+    EditBox& box_;
+    StatusBar& statusBar_;
+    FieldValidation& validation_;
+    EditState& edit_;
+    // Not the box's own visibility: that outlives the commit, during which a message box takes the focus.
+    bool editing_ = false;
+};

@@ -1,0 +1,30 @@
+// Sorts a grid by the column whose header was clicked, through a scratch grid.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "editing/RowSorter.h"
+#include "platform/TextCompare.h"
+#include "storage/RowStore.h"
+#include "storage/StationLists.h"
+
+class SortListview {
+public:
+    explicit SortListview(TextCompare& textCompare) : sorter_(textCompare) {}
+
+    // Turns the list's direction round, then sorts by the column of that key; the first click on a list sorts
+    // descending. An unknown key or an empty list changes the direction only. Selection stays with the positions.
+    void headerClicked(StationList& list, std::u16string_view key);
+
+private:
+    enum class Direction { Ascending, Descending };
+
+    void fillScratch(const Grid& grid, int columnCount);
+    void copyBack(Grid& grid, int column, int columnCount, SortKeyType type, Direction direction);
+    std::u16string sortedText(const SortRow& row, int column, int sortColumn, SortKeyType type) const;
+
+    std::array<Direction, kListCount> directions_{};  // one for all columns of a list, never reset
+    RowStore tmpLV_;                                  // holds rows during a sort only
+    RowSorter sorter_;
+};
