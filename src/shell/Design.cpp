@@ -12,8 +12,8 @@ WindowDesign mainWindowDesign() {
                            u"Load From Receiver(&L)",
                            u"Save To Receiver(&S)",
                            u"Delete All Record"};
-    design.width = 11'400;   // 760 pixels at 96 to the inch
-    design.height = 8'100;   // 540 pixels
+    design.width = 11'400;  // 760 pixels at 96 to the inch
+    design.height = 8'100;  // 540 pixels
     design.gridTopInset = 145;
     return design;
 }

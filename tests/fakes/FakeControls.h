@@ -38,7 +38,9 @@ public:
     void setLimit(int units) override { limit = units; }
     void setText(std::u16string_view text) override { content = text; }
     std::u16string text() const override { return content; }
-    void setBounds(double left, double top, double width, double height) override { bounds = {left, top, width, height}; }
+    void setBounds(double left, double top, double width, double height) override {
+        bounds = {left, top, width, height};
+    }
     void setVisible(bool shown) override { visible = shown; }
     bool isVisible() const override { return visible; }
     void takeFocus() override { ++focusCount; }

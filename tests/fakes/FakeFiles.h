@@ -24,7 +24,7 @@ public:
     std::vector<std::string> accesses;
     std::map<std::u16string, std::string> files;
     std::set<std::u16string> folders;
-    std::set<std::u16string> readOnly;             // cannot be written, renamed over or removed
+    std::set<std::u16string> readOnly;              // cannot be written, renamed over or removed
     std::map<std::u16string, std::uint64_t> sizes;  // pretended sizes of files that are not held
     std::set<std::u16string> failing;               // every operation on such a path fails
 

@@ -1,8 +1,7 @@
-#include "storage/RowStore.h"
-
 #include <gtest/gtest.h>
 
 #include "fakes/FakeGridView.h"
+#include "storage/RowStore.h"
 
 namespace {
 
