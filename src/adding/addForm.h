@@ -1,0 +1,52 @@
+// The Add List dialog: types in one new record and appends it to the DRM, AM or FM list.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "adding/FieldRules.h"
+#include "platform/AddFormView.h"
+#include "platform/MainWindow.h"
+#include "platform/TabControl.h"
+#include "shell/Totals.h"
+#include "shell/mMsgBox.h"
+#include "storage/StationLists.h"
+
+class addForm : private AddFormListener {
+public:
+    addForm(AddFormView& view, MainWindow& mainWindow, TabControl& tabs, StationLists lists, Totals& totals,
+            mMsgBox& messages)
+        : view_(view), mainWindow_(mainWindow), tabs_(tabs), lists_(lists), totals_(totals), messages_(messages) {}
+
+    // Refreshes the total, then opens the dialog for the list shown and disables the main window; a full list,
+    // or the Favourite list whatever its size, gets a message instead. Nothing when the dialog is open already.
+    void open();
+    // Closes without adding anything, enables the main window and shows the total of the current tab.
+    // Nothing when the dialog is closed.
+    void close();
+
+private:
+    bool keyPressed(AddField field, int characterCode) override;
+    void saveClicked() override { save(); }
+    void cancelClicked() override { close(); }
+    void closeBoxClicked() override { close(); }
+
+    bool hasRoom();
+    void load();
+    void fillTimeCombos();
+    void save();
+    // Each validates and appends; false when a message has been shown and nothing was added.
+    bool saveDrm(const std::u16string& programme, const std::u16string& frequency);
+    bool saveAm(const std::u16string& programme, const std::u16string& frequency);
+    bool saveFm(const std::u16string& programme, const std::u16string& frequency);
+    // Shows the field's message when its text is not valid.
+    bool isValid(const FieldRule& rule, std::u16string_view text);
+    void say(std::u16string_view prefix, std::u16string_view message);
+
+    AddFormView& view_;
+    MainWindow& mainWindow_;
+    TabControl& tabs_;
+    StationLists lists_;
+    Totals& totals_;
+    mMsgBox& messages_;
+};
