@@ -1,0 +1,84 @@
+#include "sync/ScheduleSync.h"
+
+#include "storage/Numbers.h"
+#include "sync/ScheduleRecords.h"
+
+namespace {
+
+constexpr std::u16string_view kBuiltInUrl =
+    u"http://" HALCYON_SCHEDULE_HOST "/cgi-bin/dbgate.pl?htx=/drmdx/scheduleini2";
+constexpr std::u16string_view kScheduleMark = u"[DRMSchedule]";
+// Positions in the schedule are 16-bit signed numbers.
+constexpr std::size_t kMaxScheduleLength = 32'767;
+
+std::u16string_view firstLine(std::u16string_view text) { return text.substr(0, text.find_first_of(u"\r\n")); }
+
+}  // namespace
+
+std::u16string_view builtInScheduleUrl() { return kBuiltInUrl; }
+
+void ScheduleSync::SyncDrmSchedule() {
+    statusBar_.setMessage(u"Downloading,Please wait...");
+    const auto url = scheduleUrl();
+    if (!url) {
+        return;
+    }
+    if (!download(*url)) {
+        finish(u"Download failed,Please check the network");
+        return;
+    }
+    statusBar_.setMessage(u"Synchronizing,Please wait...");
+    const std::u16string schedule = takeDownloadedText();
+    if (schedule.find(kScheduleMark) == schedule.npos) {
+        finish(u"Illegal file,sync failed");
+        return;
+    }
+    if (schedule.size() > kMaxScheduleLength) {
+        messages_.show(u"Overflow");
+        return;
+    }
+    const int added = rebuildList(schedule);
+    finish(added == 0 ? u"No new station" : u"The number of new station is: " + decimal(added));
+}
+
+std::optional<std::u16string> ScheduleSync::scheduleUrl() {
+    const auto bytes = files_.read(programFolder_ + u"config.ini");
+    if (!bytes) {
+        return std::u16string(kBuiltInUrl);
+    }
+    if (bytes->empty()) {
+        return std::nullopt;
+    }
+    const std::u16string config = codePages_.decode(CodePage::Ansi, *bytes);
+    const std::u16string_view line = firstLine(config);
+    return std::u16string(line.starts_with(u"http://") ? line : kBuiltInUrl);
+}
+
+bool ScheduleSync::download(std::u16string_view url) {
+    if (!downloader_.download(url, targetPath())) {
+        return false;
+    }
+    // Always the built-in address, whatever was fetched: an old copy of it would otherwise come back
+    // once "config.ini" is gone.
+    downloader_.forgetCached(kBuiltInUrl);
+    return files_.exists(targetPath());
+}
+
+std::u16string ScheduleSync::takeDownloadedText() {
+    const std::string bytes = files_.read(targetPath()).value_or("");
+    files_.remove(targetPath());
+    return codePages_.decode(CodePage::Ansi, bytes);
+}
+
+int ScheduleSync::rebuildList(std::u16string_view schedule) {
+    const GridUpdate update(drmLV_);
+    drmLV_.clear();
+    // Taken after emptying: a schedule may hold a programme twice, and then the list does too.
+    const int existingRowCount = drmLV_.rowCount();
+    return AddScheduleRecords(drmLV_, schedule, existingRowCount);
+}
+
+void ScheduleSync::finish(std::u16string_view message) {
+    messages_.show(message);
+    totals_.ShowTotals();
+}
