@@ -19,18 +19,7 @@ public:
     void commitEdit(std::u16string_view text);
 
 private:
-    struct FieldRules;
-    static const FieldRules kDrmList;
-    static const FieldRules kAmList;
-    static const FieldRules kFmList;
-    static const FieldRules kDrmFavourite;
-    static const FieldRules kAmFavourite;
-    static const FieldRules kFmFavourite;
-
-    static const FieldRules* favouriteRules(const Grid& favourites);
-    void validate(std::u16string_view text, const FieldRules& rules, Grid& grid);
-    // The message of the first broken rule, empty when none is.
-    std::u16string_view firstFault(std::u16string_view text, const FieldRules& rules) const;
+    void validate(std::u16string_view text, ListKind kind);
 
     StationLists lists_;
     TabControl& tabs_;
