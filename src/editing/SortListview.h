@@ -20,9 +20,9 @@ public:
 private:
     enum class Direction { Ascending, Descending };
 
+    void sort(StationList& list, int column, SortKeyType type, Direction direction);
     void fillScratch(const Grid& grid, int columnCount);
-    void copyBack(Grid& grid, int column, int columnCount, SortKeyType type, Direction direction);
-    std::u16string sortedText(const SortRow& row, int column, int sortColumn, SortKeyType type) const;
+    void copyBack(Grid& grid, int target, const SortRow& source, int columnCount);
 
     std::array<Direction, kListCount> directions_{};  // one for all columns of a list, never reset
     RowStore tmpLV_;                                  // holds rows during a sort only
