@@ -1,0 +1,42 @@
+#include "editing/ColumnFinder.h"
+
+#include <algorithm>
+
+#include "storage/Numbers.h"
+
+std::vector<ColumnSpan> columnSpans(const Grid& grid) {
+    std::vector<ColumnSpan> spans;
+    int left = 0;
+    for (const GridColumn& column : grid.columns()) {
+        const int right = saturateToInt16(left + column.width);
+        spans.push_back({static_cast<int>(spans.size()) + 1, left, right - left});
+        left = right;
+    }
+    return spans;
+}
+
+std::optional<ColumnSpan> columnAt(const std::vector<ColumnSpan>& spans, int x) {
+    if (x < 0) {
+        return std::nullopt;
+    }
+    const auto found =
+        std::find_if(spans.begin(), spans.end(), [x](const ColumnSpan& span) { return x < span.left + span.width; });
+    return found == spans.end() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<ColumnSpan> neighbourOf(const std::vector<ColumnSpan>& spans, int x, int step) {
+    std::vector<ColumnSpan> editable;
+    std::copy_if(spans.begin(), spans.end(), std::back_inserter(editable),
+                 [](const ColumnSpan& span) { return isEditableColumn(span.column); });
+    if (editable.empty()) {
+        return std::nullopt;
+    }
+    if (step > 0) {
+        const auto next =
+            std::find_if(editable.begin(), editable.end(), [x](const ColumnSpan& span) { return span.left > x; });
+        return next == editable.end() ? editable.back() : *next;
+    }
+    const auto previous = std::find_if(editable.rbegin(), editable.rend(),
+                                       [x](const ColumnSpan& span) { return span.left + span.width <= x; });
+    return previous == editable.rend() ? editable.front() : *previous;
+}
