@@ -1,0 +1,45 @@
+// Names of the sections and keys of "List.ini" and "User.ini", as the receiver spells them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "storage/ListKind.h"
+
+namespace ListFile {
+inline constexpr std::u16string_view kTotal = u"Total";
+inline constexpr std::u16string_view kVersion = u"Version";
+inline constexpr std::u16string_view kLast = u"LAST";
+inline constexpr std::u16string_view kEnd = u"kvt update end";  // the receiver stops reading here
+
+inline constexpr std::u16string_view kProgramme = u"Programme";
+inline constexpr std::u16string_view kFrequency = u"Frequency";  // kHz in every list
+inline constexpr std::u16string_view kTime = u"StartStopTimeUTC";
+inline constexpr std::u16string_view kTarget = u"Target";
+inline constexpr std::u16string_view kType = u"TYPE";
+inline constexpr std::u16string_view kUserDef = u"UserDef";
+
+inline constexpr std::u16string_view kMajor = u"major";
+inline constexpr std::u16string_view kStation = u"Station";
+inline constexpr std::u16string_view kName = u"name";
+inline constexpr std::u16string_view kIndex = u"Index";
+
+inline constexpr std::u16string_view kFm = u"FM";
+inline constexpr std::u16string_view kKilohertz = u"  kHz";  // units behind a favourite's frequency
+inline constexpr std::u16string_view kMegahertz = u"  MHz";
+
+std::u16string_view countKey(ListKind kind);       // in kTotal
+std::u16string_view sectionPrefix(ListKind kind);  // followed by the 0-based number of the record
+}  // namespace ListFile
+
+// The names of a list's record sections, one after the other, in one buffer.
+class RecordSection {
+public:
+    explicit RecordSection(ListKind kind);
+    // index is 0-based; valid until the next call.
+    std::u16string_view of(int index);
+
+private:
+    std::u16string name_;
+    std::size_t prefixLength_;
+};

@@ -1,0 +1,141 @@
+#include "storage/ListLoader.h"
+
+#include <string>
+#include <utility>
+
+#include "storage/ListColumns.h"
+#include "storage/ListFile.h"
+#include "storage/Numbers.h"
+#include "storage/mTextUTF.h"
+
+namespace {
+
+using Cells = std::vector<std::u16string>;
+
+constexpr unsigned bitOf(ListKind kind) { return 1U << static_cast<unsigned>(kind); }
+constexpr unsigned kListFileKinds = bitOf(ListKind::Drm) | bitOf(ListKind::Am) | bitOf(ListKind::Fm);
+
+// The band of a loaded record. The edit box and the Add List dialog have slightly different bounds; all are meant.
+std::u16string_view bandOf(double kHz) {
+    if (kHz <= 288) {
+        return u"LW";
+    }
+    if (kHz >= 522 && kHz < 1710) {
+        return u"MW";
+    }
+    return kHz >= 1710 ? u"SW" : u"";
+}
+
+int countOf(const Profile& profile, ListKind kind) {
+    return roundToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind)))).value_or(0);
+}
+
+// One record's section.
+class Record {
+public:
+    Record(const Profile& profile, std::u16string_view section) : profile_(profile), section_(section) {}
+    std::u16string_view text(std::u16string_view key) const { return PtrToStrW(profile_.get(section_, key)); }
+    double frequency() const { return leadingNumber(text(ListFile::kFrequency)); }
+
+private:
+    const Profile& profile_;
+    std::u16string_view section_;
+};
+
+void addFavouriteCells(Cells& cells, const Record& record) {
+    const std::u16string_view type = record.text(ListFile::kType);
+    const bool isFm = type.find(ListFile::kFm) != type.npos;
+    std::u16string frequency = shortestDecimal(isFm ? record.frequency() / 1000 : record.frequency());
+    frequency += isFm ? ListFile::kMegahertz : ListFile::kKilohertz;
+    cells.push_back(std::move(frequency));
+    cells.emplace_back(type);
+}
+
+Cells cellsOf(ListKind kind, const Record& record) {
+    Cells cells;
+    cells.reserve(4);
+    cells.emplace_back(record.text(ListFile::kProgramme));
+    switch (kind) {
+        case ListKind::Drm:
+            cells.emplace_back(record.text(ListFile::kFrequency));
+            cells.emplace_back(record.text(ListFile::kTime));
+            cells.emplace_back(record.text(ListFile::kTarget));
+            break;
+        case ListKind::Am:
+            cells.emplace_back(record.text(ListFile::kFrequency));
+            cells.emplace_back(bandOf(record.frequency()));
+            break;
+        case ListKind::Fm:
+            cells.push_back(shortestDecimal(record.frequency() / 1000));
+            cells.emplace_back(u"VHF");
+            break;
+        case ListKind::Favourite:
+            addFavouriteCells(cells, record);
+            break;
+    }
+    return cells;
+}
+
+void keepUnlessEmpty(std::u16string& remembered, std::u16string_view read) {
+    if (!read.empty()) {
+        remembered = PtrToStrW(read);
+    }
+}
+
+}  // namespace
+
+void ListLoader::loadFromListFile(ListKind kind, bool setUpColumns) {
+    if (setUpColumns) {
+        addListColumns(lists_[kind]);
+    }
+    if (!files_.exists(copies_.ListFilePath)) {
+        return;
+    }
+    if (!listFile_ || (served_ & bitOf(kind)) != 0) {
+        listFile_ = readProfile(copies_.ListFilePath, files_, codePages_);
+        served_ = 0;
+    }
+    appendRecords(kind, *listFile_);
+    served_ |= bitOf(kind);
+    if (served_ == kListFileKinds) {
+        forgetFiles();
+    }
+}
+
+void ListLoader::LoadFavList(bool setUpColumns) {
+    if (setUpColumns) {
+        addListColumns(lists_[ListKind::Favourite]);
+    }
+    if (!files_.exists(copies_.UserFilePath)) {
+        return;
+    }
+    const Profile profile = readProfile(copies_.UserFilePath, files_, codePages_);
+    readSettings(profile);
+    appendRecords(ListKind::Favourite, profile);
+}
+
+void ListLoader::readSettings(const Profile& profile) {
+    keepUnlessEmpty(settings_.VersionMajor, profile.get(ListFile::kVersion, ListFile::kMajor));
+    keepUnlessEmpty(settings_.LastType, profile.get(ListFile::kLast, ListFile::kType));
+    keepUnlessEmpty(settings_.LastStation, profile.get(ListFile::kLast, ListFile::kStation));
+    keepUnlessEmpty(settings_.LastName, profile.get(ListFile::kLast, ListFile::kName));
+    // The index is written but never read: every save writes the value of the program's start.
+}
+
+void ListLoader::appendRecords(ListKind kind, const Profile& profile) {
+    const int count = countOf(profile, kind);
+    if (count < 1) {
+        return;
+    }
+    Grid& grid = lists_.grid(kind);
+    const GridUpdate update(grid);
+    RecordSection section(kind);
+    for (int index = 0; index < count; ++index) {
+        grid.appendRow(cellsOf(kind, Record(profile, section.of(index))));
+    }
+}
+
+void ListLoader::forgetFiles() {
+    listFile_.reset();
+    served_ = 0;
+}

@@ -1,0 +1,171 @@
+#include "storage/ListSaver.h"
+
+#include "storage/IniFile.h"
+#include "storage/ListFile.h"
+#include "storage/Numbers.h"
+#include "storage/Profile.h"
+#include "storage/SafeFile.h"
+#include "storage/mTextUTF.h"
+
+namespace {
+
+constexpr std::size_t kUnitLength = ListFile::kKilohertz.size();
+constexpr std::size_t kUsualRecordLength = 160;  // UTF-16 units in the file; only saves reallocations
+
+bool isFm(std::u16string_view system) { return system.find(ListFile::kFm) != system.npos; }
+
+std::u16string kilohertzText(std::u16string_view megahertz) {
+    return shortestDecimal(kilohertzOf(leadingNumber(megahertz)));
+}
+
+// One row of a grid, its texts cut at their first NUL.
+class Row {
+public:
+    Row(const Grid& grid, int row) : grid_(grid), row_(row) {}
+    std::u16string_view whole(int column) const { return grid_.text(row_, column); }
+    std::u16string_view cell(int column) const { return PtrToStrW(whole(column)); }
+
+private:
+    const Grid& grid_;
+    int row_;
+};
+
+void appendDrm(std::u16string& text, const Row& row) {
+    appendProfileKey(text, ListFile::kFrequency, row.cell(2));
+    appendProfileKey(text, ListFile::kProgramme, row.cell(1));
+    appendProfileKey(text, ListFile::kTime, row.cell(3));
+    appendProfileKey(text, ListFile::kTarget, row.cell(4));
+}
+
+void appendAm(std::u16string& text, const Row& row) {
+    appendProfileKey(text, ListFile::kFrequency, row.cell(2));
+    appendProfileKey(text, ListFile::kProgramme, row.cell(1));
+}
+
+void appendFm(std::u16string& text, const Row& row) {
+    appendProfileKey(text, ListFile::kFrequency, kilohertzText(row.cell(2)));
+    appendProfileKey(text, ListFile::kProgramme, row.cell(1));
+}
+
+void appendFavourite(std::u16string& text, const Row& row) {
+    const std::u16string_view frequency = PtrToStrW(row.whole(2).substr(0, row.whole(2).size() - kUnitLength));
+    appendProfileKey(text, ListFile::kProgramme, row.cell(1));
+    if (isFm(row.cell(3))) {
+        appendProfileKey(text, ListFile::kFrequency, kilohertzText(frequency));
+    } else {
+        appendProfileKey(text, ListFile::kFrequency, frequency);
+    }
+    appendProfileKey(text, ListFile::kType, row.cell(3));
+}
+
+void appendRecord(std::u16string& text, ListKind kind, const Row& row) {
+    switch (kind) {
+        case ListKind::Drm:
+            return appendDrm(text, row);
+        case ListKind::Am:
+            return appendAm(text, row);
+        case ListKind::Fm:
+            return appendFm(text, row);
+        case ListKind::Favourite:
+            return appendFavourite(text, row);
+    }
+}
+
+bool hasUnits(const Grid& favourites) {
+    for (int row = 1; row <= favourites.rowCount(); ++row) {
+        if (favourites.text(row, 2).size() < kUnitLength) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+void ListSaver::SaveLists() {
+    const bool listSaved = saveListFile();
+    const bool userSaved = saveUserFile();
+    listsSaved_ = listSaved && userSaved;
+}
+
+bool ListSaver::saveListFile() {
+    std::u16string text = startOf(copies_.ListFilePath);
+    appendProfileSection(text, ListFile::kTotal);
+    for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
+        appendProfileKey(text, ListFile::countKey(kind), decimal(lists_.grid(kind).rowCount()));
+    }
+    for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
+        appendRecords(text, kind);
+    }
+    return finish(copies_.ListFilePath, text);
+}
+
+bool ListSaver::saveUserFile() {
+    const Grid& favourites = lists_.grid(ListKind::Favourite);
+    // A frequency too short to end in its unit cannot be told from a damaged one. Writing the others
+    // would lose it, so the file stays as it is; the loaders and the favourites command never make such a cell.
+    if (!hasUnits(favourites)) {
+        return false;
+    }
+    std::u16string text = startOf(copies_.UserFilePath);
+    appendProfileSection(text, ListFile::kVersion);
+    appendProfileKey(text, ListFile::kMajor, PtrToStrW(std::u16string_view(settings_.VersionMajor)));
+    appendProfileSection(text, ListFile::kLast);
+    appendProfileKey(text, ListFile::kType, PtrToStrW(std::u16string_view(settings_.LastType)));
+    appendProfileKey(text, ListFile::kStation, PtrToStrW(std::u16string_view(settings_.LastStation)));
+    appendProfileKey(text, ListFile::kName, PtrToStrW(std::u16string_view(settings_.LastName)));
+    appendProfileKey(text, ListFile::kIndex, PtrToStrW(std::u16string_view(settings_.LastIndex)));
+    appendProfileSection(text, ListFile::kTotal);
+    appendProfileKey(text, ListFile::countKey(ListKind::Favourite), decimal(favourites.rowCount()));
+    appendRecords(text, ListKind::Favourite);
+    return finish(copies_.UserFilePath, text);
+}
+
+void ListSaver::appendRecords(std::u16string& text, ListKind kind) {
+    const Grid& grid = lists_.grid(kind);
+    const int count = grid.rowCount();
+    text.reserve(text.size() + static_cast<std::size_t>(count) * kUsualRecordLength);
+    RecordSection section(kind);
+    for (int row = 1; row <= count; ++row) {
+        appendProfileSection(text, section.of(row - 1));
+        appendRecord(text, kind, Row(grid, row));
+        appendProfileKey(text, ListFile::kUserDef, u"0");
+    }
+}
+
+// A working copy is seeded with one blank before the profile functions write into it, which makes its
+// first line; one that is missing is not.
+std::u16string ListSaver::startOf(std::u16string_view path) { return files_.exists(path) ? u" \r\n" : u""; }
+
+// What is left of a UTF-16 file of `text` after it has been re-encoded and the marker appended: reading such a file
+// yields its text, as many NULs and one more; of these units half are kept, which are one too many when the
+// length is odd. The receiver has always been given that byte.
+bool ListSaver::finish(std::u16string_view path, std::u16string& text) {
+    text.append(text.size() % 2, u'\0');
+    text += u"\r\n";
+    appendProfileSection(text, ListFile::kEnd);
+    if (files_.exists(path)) {
+        files_.clearAttributes(path);
+    }
+    return replaceFile(files_, path, codePages_.encode(CodePage::Utf8, text));
+}
+
+void ListSaver::ResetContentOfINI() { resetContent(copies_.ListFilePath, {ListKind::Drm, ListKind::Am, ListKind::Fm}); }
+
+void ListSaver::ResetContentOfUserINI() { resetContent(copies_.UserFilePath, {ListKind::Favourite}); }
+
+void ListSaver::resetContent(std::u16string_view path, std::initializer_list<ListKind> kinds) {
+    const Profile profile = readProfile(path, files_, codePages_);
+    editIniFile(path, files_, codePages_, [&](ProfileEdit& edit) {
+        for (const ListKind kind : kinds) {
+            const int count = saturateToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind))));
+            RecordSection section(kind);
+            for (int index = 0; index < count; ++index) {
+                edit.removeSection(section.of(index));
+            }
+        }
+        // Written first so that a file without the marker ends in the same way as one that had it.
+        edit.set(ListFile::kEnd, u"Delete", u"True");
+        edit.removeSection(ListFile::kEnd);
+    });
+}

@@ -1,0 +1,90 @@
+#include "storage/Profile.h"
+
+#include <bit>
+#include <cstddef>
+#include <utility>
+
+#include "storage/Utf16Bytes.h"
+#include "storage/mTextUTF.h"
+
+Profile::Profile(std::u16string text) : text_(std::move(text)) {
+    parse();
+    buildIndex();
+}
+
+Profile::Part Profile::partOf(std::u16string_view piece) const {
+    return {static_cast<std::uint32_t>(piece.data() - text_.data()), static_cast<std::uint32_t>(piece.size())};
+}
+
+void Profile::parse() {
+    const std::u16string_view text = text_;
+    for (std::size_t start = 0; start < text.size();) {
+        const ProfileLineEnd lineEnd = findLineEnd(text, start);
+        const ProfileLine line = parseProfileLine(text.substr(start, lineEnd.end - start));
+        if (line.kind == ProfileLineKind::Section) {
+            sections_.push_back({partOf(line.name), nameHash(line.name), static_cast<std::uint32_t>(keys_.size()), 0});
+        } else if (line.kind == ProfileLineKind::Key && !sections_.empty()) {
+            keys_.push_back({partOf(line.name), partOf(line.value)});
+            ++sections_.back().keyCount;
+        }
+        start = lineEnd.next;
+    }
+}
+
+void Profile::buildIndex() {
+    slots_.assign(std::bit_ceil(sections_.size() * 2 + 1), 0);
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t i = 0; i < sections_.size(); ++i) {
+        const std::u16string_view name = textOf(sections_[i].name);
+        std::size_t slot = sections_[i].hash & mask;
+        while (slots_[slot] != 0) {
+            const Section& other = sections_[slots_[slot] - 1];
+            if (other.hash == sections_[i].hash && sameName(textOf(other.name), name)) {
+                break;
+            }
+            slot = (slot + 1) & mask;
+        }
+        if (slots_[slot] == 0) {
+            slots_[slot] = static_cast<std::uint32_t>(i + 1);
+        }
+    }
+}
+
+const Profile::Section* Profile::find(std::u16string_view name) const {
+    if (sections_.empty()) {
+        return nullptr;
+    }
+    const std::uint32_t hash = nameHash(name);
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t slot = hash & mask; slots_[slot] != 0; slot = (slot + 1) & mask) {
+        const Section& section = sections_[slots_[slot] - 1];
+        if (section.hash == hash && sameName(textOf(section.name), name)) {
+            return &section;
+        }
+    }
+    return nullptr;
+}
+
+std::u16string_view Profile::get(std::u16string_view section, std::u16string_view key) const {
+    const Section* found = find(section);
+    for (std::uint32_t i = 0; found != nullptr && i < found->keyCount; ++i) {
+        const Key& candidate = keys_[found->firstKey + i];
+        if (sameName(textOf(candidate.name), key)) {
+            return profileValue(textOf(candidate.value));
+        }
+    }
+    return {};
+}
+
+ProfileText decodeProfile(std::string_view bytes, CodePages& codePages) {
+    const std::string_view mark = TextFormatBom(TextFormat::Utf16Le);
+    if (bytes.starts_with(mark)) {
+        return {unitsOf(bytes.substr(mark.size()), ByteOrder::Little), true};
+    }
+    return {codePages.decode(CodePage::Ansi, bytes), false};
+}
+
+Profile readProfile(std::u16string_view path, Files& files, CodePages& codePages) {
+    const auto bytes = files.read(path);
+    return bytes ? Profile(decodeProfile(*bytes, codePages).text) : Profile();
+}

@@ -1,0 +1,46 @@
+// The files on the receiver's disk: "Load From Receiver" and "Save To Receiver".
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/CodePages.h"
+#include "platform/Files.h"
+#include "shell/Totals.h"
+#include "shell/mFindDiskDriver.h"
+#include "shell/mMsgBox.h"
+#include "storage/ListLoader.h"
+#include "storage/ListSaver.h"
+#include "storage/StationLists.h"
+#include "storage/WorkingCopies.h"
+
+class ReceiverCopies {
+public:
+    // All references outlive this object. receiverRoot is set by every search for the disk.
+    ReceiverCopies(StationLists lists, const WorkingCopies& copies, std::u16string& receiverRoot, ListLoader& loader,
+                   ListSaver& saver, mFindDiskDriver& driver, mMsgBox& messages, Totals& totals, Files& files,
+                   CodePages& codePages);
+
+    // Replaces the working copies by the receiver's files and shows them. A missing disk or file gives a message; then,
+    // and when a file cannot be copied or converted (silently), the grids stay as they are.
+    void ReloadFromReceiver();
+    // Saves the grids into the working copies, then copies these to the receiver.
+    void SaveToReceiver();
+
+private:
+    bool findDisk();
+    bool fetch(std::u16string_view name, std::u16string_view workingCopy);
+    void copyToReceiver(std::u16string_view workingCopy, std::u16string_view name);
+    void reloadGrids();
+
+    StationLists lists_;
+    const WorkingCopies& copies_;
+    std::u16string& receiverRoot_;
+    ListLoader& loader_;
+    ListSaver& saver_;
+    mFindDiskDriver& driver_;
+    mMsgBox& messages_;
+    Totals& totals_;
+    Files& files_;
+    CodePages& codePages_;
+};
