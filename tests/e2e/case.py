@@ -1,0 +1,72 @@
+"""What the test cases share: programs, volumes and servers that end with the test."""
+import http.server
+import threading
+import unittest
+
+from listfiles import SAMPLE_LIST, SAMPLE_USER
+from program import Program
+from receiver import Receiver
+
+
+class ProgramCase(unittest.TestCase):
+    maxDiff = 4000
+
+    def program(self, list_ini=None, user_ini=None, folder=None):
+        program = Program(list_ini, user_ini, folder)
+        self.addCleanup(program.kill)
+        return program
+
+    def sample_program(self):
+        return self.program(SAMPLE_LIST, SAMPLE_USER).start()
+
+    def receiver(self, *arguments, **options):
+        receiver = Receiver(*arguments, **options)
+        self.addCleanup(receiver.remove)
+        return receiver
+
+    def sample_receiver(self, name="receiver"):
+        return self.receiver(name, files={"List.ini": SAMPLE_LIST, "User.ini": SAMPLE_USER})
+
+    def serve(self, content, status=200):
+        """Serves the content at every address of a server of its own; its address. `requests` records the paths."""
+        self.requests = requests = []
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                requests.append(self.path)
+                self.send_response(status)
+                self.send_header("Content-Length", str(len(content)))
+                self.end_headers()
+                self.wfile.write(content)
+
+            def log_message(self, *_):
+                pass
+
+        server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        threading.Thread(target=server.serve_forever, daemon=True).start()
+        self.addCleanup(server.server_close)
+        self.addCleanup(server.shutdown)
+        return f"http://127.0.0.1:{server.server_port}/schedule"
+
+    def assert_cells(self, program, expected):
+        """The grid shown comes to hold just these rows."""
+        expected = [tuple(row) for row in expected]
+        try:
+            program.wait(lambda: program.cells() == expected, "the cells", 5)
+        except AssertionError:
+            self.assertEqual(program.cells(), expected)
+
+    def assert_totals(self, program, text):
+        try:
+            program.wait(lambda: program.totals() == text, "the status text", 5)
+        except AssertionError:
+            self.assertEqual(program.totals(), text)
+
+    def assert_file_becomes(self, program, path, content):
+        try:
+            program.wait(lambda: path.is_file() and path.read_bytes() == content, f"{path} written", 5)
+        except AssertionError:
+            self.assertEqual(path.read_bytes(), content)
+
+    def assert_closes(self, program):
+        self.assertEqual(program.close(), 0, program.errors())

@@ -1,0 +1,435 @@
+"""The real program in a fresh folder, seen through accessibility and worked with pointer and keyboard."""
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import tempfile
+
+from session import PATIENCE, SESSION, Timeout, wait_until
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+BINARY = pathlib.Path(os.environ.get("HALCYON_PROGRAM", pathlib.Path(__file__).parents[2] / "build/linux/halcyon_k7"))
+PICTURES = pathlib.Path(os.environ.get("HALCYON_PICTURES", SESSION.folder / "pictures"))
+CAPTION = "Halcyon_K7"
+TABS = ("DRM List", "AM List", "FM List", "Favourite")
+DIALOGS = (Atspi.Role.DIALOG, Atspi.Role.ALERT, Atspi.Role.FRAME)
+
+# Answers are asked of the program each time: what was true a moment ago does not count.
+Atspi.init()
+
+
+def tree(node):
+    """The node and everything under it, except the cells of tables, of which there may be thousands."""
+    yield node
+    if node.get_role() in (Atspi.Role.TABLE, Atspi.Role.TREE_TABLE, Atspi.Role.TREE, Atspi.Role.LIST):
+        return
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        if child is not None:
+            yield from tree(child)
+
+
+def showing(node):
+    return node.get_state_set().contains(Atspi.StateType.SHOWING)
+
+
+def has_state(node, state):
+    return node.get_state_set().contains(state)
+
+
+def text_of(node):
+    interface = node.get_text_iface()
+    return Atspi.Text.get_text(interface, 0, -1) if interface else node.get_name()
+
+
+def middle_of(node):
+    box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+    return box.x + box.width // 2, box.y + box.height // 2
+
+
+class FocusWatch:
+    """Remembers what reported the focus last."""
+
+    def __init__(self):
+        self.last = None
+        self.listener = Atspi.EventListener.new(self.focused)
+        self.listener.register("object:state-changed:focused")
+
+    def focused(self, event):
+        if event.detail1:
+            self.last = event.source
+
+    def forget(self):
+        self.listen()
+        self.last = None
+
+    def listen(self):
+        while GLib.MainContext.default().iteration(False):
+            pass
+
+    def menu(self):
+        self.listen()
+        if self.last is not None and self.last.get_role() == Atspi.Role.MENU_ITEM:
+            return self.last.get_parent()
+        return None
+
+
+FOCUS = FocusWatch()
+
+
+class Program:
+    def __init__(self, list_ini=None, user_ini=None, folder=None):
+        self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="program-", dir=SESSION.folder))
+        if not (self.folder / "halcyon_k7").exists():
+            shutil.copy2(BINARY, self.folder / "halcyon_k7")
+        for name, content in (("List.ini", list_ini), ("User.ini", user_ini)):
+            if content is not None:
+                (self.folder / name).write_bytes(content)
+        self.process = None
+
+    # Life
+
+    def launch(self, environment=None, wrapper=()):
+        """Starts the program without waiting for its window."""
+        self.log = open(self.folder / "stderr.txt", "ab")
+        self.process = subprocess.Popen([*wrapper, self.folder / "halcyon_k7"], cwd="/", stdin=subprocess.DEVNULL,
+                                        env={**SESSION.environment, **(environment or {})},
+                                        stdout=self.log, stderr=self.log)
+        self.log.close()
+        return self
+
+    def start(self, environment=None, wrapper=(), seconds=PATIENCE):
+        """Starts the program and waits for its window to have the keyboard."""
+        self.launch(environment, wrapper)
+
+        def ready():
+            if self.process.poll() is not None:
+                raise AssertionError(f"the program ended with {self.process.returncode}: {self.errors()}")
+            window = self.window(CAPTION)
+            return window and has_state(window, Atspi.StateType.ACTIVE) and self.totals()
+        self.wait(ready, "the main window", seconds)
+        return self
+
+    def errors(self):
+        return (self.folder / "stderr.txt").read_text(errors="replace")
+
+    def wait_for_end(self, seconds=PATIENCE):
+        """The exit code."""
+        return self.process.wait(seconds)
+
+    def close(self):
+        """As a click on the close box; the exit code."""
+        self.keys("alt+F4")
+        return self.wait_for_end()
+
+    def terminate(self):
+        self.process.send_signal(signal.SIGTERM)
+        return self.wait_for_end()
+
+    def kill(self):
+        if self.process is not None and self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+
+    def read(self, name):
+        return (self.folder / name).read_bytes()
+
+    # Looking
+
+    def ask(self, question, otherwise=None):
+        """An answer of the accessibility tree; `otherwise` when what was asked has gone meanwhile."""
+        try:
+            application = self.application()
+            return otherwise if application is None else question(application)
+        except GLib.Error:
+            return otherwise
+
+    def application(self):
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for i in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(i)
+            if child is not None and child.get_process_id() == self.process.pid:
+                child.set_cache_mask(Atspi.Cache.NONE)
+                return child
+        return None
+
+    def wait(self, condition, what, seconds=PATIENCE):
+        try:
+            return wait_until(lambda: self.ask(lambda _: condition()), what, seconds)
+        except Timeout as error:
+            picture = SESSION.picture(PICTURES / f"failure-{os.getpid()}-{self.process.pid}.png")
+            raise Timeout(f"{error}\npicture: {picture}\n{self.describe()}") from None
+
+    def describe(self):
+        lines = []
+
+        def walk(node, depth):
+            lines.append(f"{'  ' * depth}{node.get_role_name()} {node.get_name()!r} {'' if showing(node) else '(hidden)'}")
+            for i in range(min(node.get_child_count(), 12)):
+                child = node.get_child_at_index(i)
+                if child is not None:
+                    walk(child, depth + 1)
+        self.ask(lambda application: walk(application, 0))
+        return "\n".join(lines)
+
+    def windows(self):
+        def children(application):
+            found = (application.get_child_at_index(i) for i in range(application.get_child_count()))
+            return [w for w in found if w is not None and showing(w)]
+        return self.ask(children, [])
+
+    def window(self, title):
+        return next((w for w in self.windows() if w.get_name() == title), None)
+
+    def main_window(self):
+        """The widest window of the program's caption: a message box may carry the same one."""
+        candidates = [w for w in self.windows() if w.get_name() == CAPTION]
+        return max(candidates, key=lambda w: w.get_component_iface().get_extents(Atspi.CoordType.SCREEN).width)
+
+    def find(self, role, name=None, within=None):
+        """The first showing one of that role, and of that name when given; None when there is none."""
+        for node in tree(within or self.main_window()):
+            if node.get_role() == role and showing(node) and (name is None or node.get_name() == name):
+                return node
+        return None
+
+    def totals(self):
+        """What panel 1 of the status bar says."""
+        bar = self.find(Atspi.Role.STATUS_BAR)
+        if bar is None:
+            return ""
+        texts = [text_of(node) for node in tree(bar) if node.get_role() == Atspi.Role.LABEL]
+        return texts[0] if texts else ""
+
+    def grid(self):
+        """The table of the tab shown."""
+        for node in tree(self.main_window()):
+            if node.get_table_iface() is not None and showing(node):
+                return node
+        raise AssertionError("no grid is showing:\n" + self.describe())
+
+    def cells(self):
+        """Every row of the grid shown, as tuples of texts."""
+        table = self.grid().get_table_iface()
+        rows, columns = table.get_n_rows(), table.get_n_columns()
+        return [tuple(table.get_accessible_at(r, c).get_name() for c in range(columns)) for r in range(rows)]
+
+    def headers(self):
+        """The captions of the grid shown."""
+        return [node.get_name() for node in self.header_nodes()]
+
+    def header_nodes(self):
+        grid = self.grid()
+        found = []
+        for i in range(grid.get_child_count()):
+            child = grid.get_child_at_index(i)
+            if child.get_role() != Atspi.Role.TABLE_COLUMN_HEADER:
+                break
+            found.append(child)
+        return found
+
+    def click_header(self, caption):
+        self.click(next(node for node in self.header_nodes() if node.get_name() == caption))
+
+    def row_count(self):
+        return self.grid().get_table_iface().get_n_rows()
+
+    def selected_rows(self):
+        table = self.grid().get_table_iface()
+        return [r + 1 for r in range(table.get_n_rows())
+                if has_state(table.get_accessible_at(r, 0), Atspi.StateType.SELECTED)]
+
+    def edit_box(self):
+        """The in-place edit box while it is shown."""
+        return self.find(Atspi.Role.TEXT)
+
+    # Doing
+
+    def keys(self, *keys):
+        SESSION.xdotool("key", "--clearmodifiers", *keys)
+
+    def type(self, text):
+        SESSION.xdotool("type", "--clearmodifiers", "--delay", "1", text)
+
+    def click(self, node, button=1, count=1, offset=(0, 0)):
+        x, y = middle_of(node)
+        SESSION.xdotool("mousemove", x + offset[0], y + offset[1],
+                        "click", "--repeat", count, "--delay", 20, button)
+
+    def cell(self, row, column):
+        """The cell of a row and column, both 1-based."""
+        return self.grid().get_table_iface().get_accessible_at(row - 1, column - 1)
+
+    def select_row(self, row, column=1):
+        self.click(self.cell(row, column))
+        self.wait(lambda: self.selected_rows() == [row], f"row {row} selected")
+
+    def show_tab(self, name):
+        self.click(self.find(Atspi.Role.PAGE_TAB, name))
+        label = f"Total Number Of {name.removesuffix(' List')} List: "
+        self.wait(lambda: self.totals().startswith(label), f"the totals of tab {name}")
+
+    def edit(self, row, column, text):
+        """A double-click on a cell, the new text, Enter."""
+        self.open_edit(row, column)
+        self.keys("ctrl+a")
+        self.type(text)
+        self.wait(lambda: (box := self.edit_box()) and text_of(box) == text, f"{text} typed")
+        self.keys("Return")
+        self.wait(lambda: self.edit_box() is None, "the edit box hidden")
+
+    def open_edit(self, row, column):
+        self.click(self.cell(row, column), count=2)
+        return self.wait(self.edit_box, f"the edit box over row {row}, column {column}")
+
+    # Message boxes and dialogs
+
+    def message(self, title=CAPTION):
+        """The text of the message box that is up, once it is."""
+        return self.wait(lambda: self.message_now(title), f"a message box titled {title}")
+
+    def message_now(self, title=CAPTION):
+        box = self.message_box(title)
+        if box is None:
+            return None
+        texts = [text_of(n) for n in tree(box) if n.get_role() == Atspi.Role.LABEL and text_of(n)]
+        return texts[0] if texts else None
+
+    def message_box(self, title=CAPTION):
+        main = self.main_window()
+        for window in self.windows():
+            if window != main and window.get_name() == title and self.buttons(window):
+                return window
+        return None
+
+    def buttons(self, window):
+        return [n.get_name() for n in tree(window) if n.get_role() == Atspi.Role.PUSH_BUTTON and showing(n)]
+
+    def answer(self, button, title=CAPTION):
+        """Clicks a button of the message box and waits until the box has gone."""
+        box = self.wait(lambda: self.message_box(title), f"a message box titled {title}")
+        self.click(self.find(Atspi.Role.PUSH_BUTTON, button, within=box))
+        self.wait(lambda: self.message_box(title) is None, "the message box gone")
+
+    def answer_then(self, button, text, title=CAPTION):
+        """Clicks a button of the message box and waits until a box with another text is up."""
+        box = self.wait(lambda: self.message_box(title), f"a message box titled {title}")
+        self.click(self.find(Atspi.Role.PUSH_BUTTON, button, within=box))
+        self.wait(lambda: self.message_now(title) == text, f"a message box saying {text}")
+
+    def dialog(self, title):
+        """The Add List dialog once it is up."""
+        self.wait(lambda: (w := self.window(title)) and has_state(w, Atspi.StateType.ACTIVE), f"the dialog {title}")
+        return AddDialog(self, title)
+
+    # The popup menu
+
+    def open_menu(self, row=None):
+        """A right click on a row, or on empty space; the menu's items by their captions."""
+        FOCUS.forget()
+        if row is None:
+            box = self.grid().get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+            SESSION.xdotool("mousemove", box.x + box.width // 2, box.y + box.height - 20, "click", 3)
+        else:
+            self.click(self.cell(row, 1), button=3)
+        return self.menu_shown()
+
+    def menu_shown(self):
+        self.wait(self.popup_is_up, "the popup menu")
+        self.keys("Down")
+        return self.wait(self.menu_items, "the items of the popup menu")
+
+    def popup_is_up(self):
+        """The screen shows an unmanaged window of the program: a popup."""
+        found = SESSION.ask_xdotool("search", "--onlyvisible", "--all", "--pid", self.process.pid)
+        return len(found) > len(self.windows())
+
+    def popup_by_key(self):
+        FOCUS.forget()
+        self.keys("Menu")
+        self.wait(self.popup_is_up, "the popup menu")
+
+    def menu_items(self):
+        """The items of the menu that is up, by their captions. The toolkit keeps a popup menu out of the tree of
+        windows; it is found from an item that reports the focus, which the Down key makes one do."""
+        menu = FOCUS.menu()
+        if menu is None or not showing(menu):
+            return {}
+        items = [menu.get_child_at_index(i) for i in range(menu.get_child_count())]
+        return {item.get_name(): item for item in items if item.get_name()}
+
+    def choose(self, caption, row=None):
+        self.open_menu(row)
+        self.click(self.menu_items()[caption])
+        self.wait(lambda: not self.menu_items(), "the popup menu gone")
+
+
+class AddDialog:
+    """The Add List dialog; its fields are told apart by where they stand."""
+
+    BOXES = ("programme", "frequency", "target")
+    COMBOS = ("start hour", "start minute", "stop hour", "stop minute")
+
+    def __init__(self, program, title):
+        self.program = program
+        self.title = title
+
+    def fields(self, role):
+        found = []
+
+        def walk(node):
+            if node.get_role() == role:
+                found.append(node)
+            elif node.get_role() != Atspi.Role.COMBO_BOX:
+                for i in range(node.get_child_count()):
+                    walk(node.get_child_at_index(i))
+        walk(self.program.window(self.title))
+
+        def place(node):
+            box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+            return box.y // 8, box.x
+        return sorted(found, key=place)
+
+    def field(self, name):
+        if name in self.BOXES:
+            return self.fields(Atspi.Role.TEXT)[self.BOXES.index(name)]
+        return self.fields(Atspi.Role.COMBO_BOX)[self.COMBOS.index(name)]
+
+    def labels(self):
+        return [text_of(node) for node in self.fields(Atspi.Role.LABEL)]
+
+    def click(self, name):
+        # The left part of a combo is its text, the right its arrow.
+        node = self.field(name)
+        box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        SESSION.xdotool("mousemove", box.x + 8, box.y + box.height // 2, "click", 1)
+        self.program.wait(lambda: self.has_focus(self.field(name)), f"the focus in {name}")
+
+    def has_focus(self, node):
+        return any(has_state(n, Atspi.StateType.FOCUSED) for n in tree(node))
+
+    def type(self, name, text):
+        self.click(name)
+        self.program.keys("ctrl+a", "BackSpace")
+        self.program.type(text)
+
+    def step(self, name, item):
+        """Goes down the items of a combo with the arrow key, from none to the item of that number."""
+        self.click(name)
+        self.program.keys(*["Down"] * (item + 1))
+
+    def save(self):
+        self.press("Save")
+
+    def cancel(self):
+        self.press("Cancel")
+
+    def press(self, caption):
+        button = self.program.find(Atspi.Role.PUSH_BUTTON, caption, within=self.program.window(self.title))
+        self.program.click(button)

@@ -1,0 +1,144 @@
+#!/usr/bin/python3
+"""Shows the program at work on a virtual screen: load, edit, sync, save, with a picture of each step.
+
+usage: walk.py PROGRAM SAMPLES OUTPUT    exits 0 only if the files that the program leaves are right
+"""
+import http.server
+import os
+import pathlib
+import shutil
+import sys
+import threading
+
+if len(sys.argv) != 4:
+    sys.exit(__doc__)
+binary, samples, output = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
+os.environ["HALCYON_PROGRAM"] = str(binary)
+os.environ["HALCYON_PICTURES"] = str(output)
+shutil.rmtree(output, ignore_errors=True)
+output.mkdir(parents=True)
+
+# These start the virtual screen, so they come after the settings above.
+from listfiles import list_ini, user_ini  # noqa: E402
+from program import Program  # noqa: E402
+from receiver import Receiver  # noqa: E402
+from session import SESSION  # noqa: E402
+
+TABS = ("DRM List", "AM List", "FM List", "Favourite")
+
+
+class SampleServer(http.server.BaseHTTPRequestHandler):
+    def do_GET(self):
+        content = (samples / "DRMSchedule.ini").read_bytes()
+        self.send_response(200)
+        self.send_header("Content-Length", str(len(content)))
+        self.end_headers()
+        self.wfile.write(content)
+
+    def log_message(self, *_):
+        pass
+
+
+class Walk:
+    def __init__(self):
+        self.steps = 0
+        self.receiver = None
+        folder = output / "program"
+        folder.mkdir()
+        self.program = Program(folder=folder)
+
+    def step(self, text):
+        self.steps += 1
+        picture = SESSION.picture(output / f"{self.steps}-{text.split()[0].lower()}.png")
+        print(f"{self.steps}. {text}\n   {picture}", flush=True)
+
+    def plug_in(self):
+        """A receiver with the samples where this user may mount one; else the samples are the working copies."""
+        names = ("List.ini", "User.ini")
+        try:
+            self.receiver = Receiver(files={name: (samples / name).read_bytes() for name in names})
+        except AssertionError as reason:
+            print(f"No receiver volume here, so the lists stay in the program's folder: {reason}", flush=True)
+            for name in names:
+                shutil.copy(samples / name, self.program.folder)
+
+    def load(self):
+        self.program.start()
+        if self.receiver:
+            self.step("Started with empty lists")
+            self.program.keys("ctrl+l")
+            self.program.wait(lambda: self.program.row_count() > 0, "the lists loaded")
+            self.step(f"Loaded {self.program.row_count()} DRM stations from the receiver at {self.receiver.folder}")
+        else:
+            self.step(f"Started with {self.program.row_count()} DRM stations")
+
+    def edit(self):
+        self.program.show_tab("AM List")
+        before = self.program.cells()[0]
+        self.program.edit(1, 2, "999")
+        self.program.wait(lambda: self.program.cells()[0] == (before[0], "999", "MW"), "the edited row")
+        self.step(f"Edited the first AM station from {before[1]} to 999 kHz; its band became MW")
+
+    def sync(self, address):
+        (self.program.folder / "config.ini").write_text(address + "\n", encoding="utf-8")
+        self.program.show_tab("DRM List")
+        self.program.choose("Sync From Internet(I)")
+        text = self.program.message()
+        self.step(f"Synchronized from {address}: {text}")
+        self.program.answer("OK")
+        self.program.wait(lambda: text.endswith(f": {self.program.row_count()}"), "the rows that the message counts")
+
+    def save(self):
+        self.program.keys("ctrl+s")
+        if self.receiver:
+            folder = self.receiver.folder
+        else:
+            self.program.message()
+            self.program.answer("OK")
+            folder = self.program.folder
+        list_file, user_file = self.expected_files()
+        self.program.wait(lambda: (folder / "List.ini").read_bytes() == list_file, "the right List.ini")
+        self.program.wait(lambda: (folder / "User.ini").read_bytes() == user_file, "the right User.ini")
+        self.step(f"Saved to {folder}")
+
+    def expected_files(self):
+        """What the grids show, as the receiver wants it."""
+        rows = []
+        for tab in TABS:
+            self.program.show_tab(tab)
+            rows.append(self.program.cells())
+        drm, am, fm, favourites = rows
+        khz = lambda mhz: f"{round(float(mhz) * 1000)}"  # noqa: E731
+        return (list_ini(drm, [row[:2] for row in am], [(row[0], khz(row[1])) for row in fm]),
+                user_ini([(name, khz(text[:-5]) if "FM" in system else text[:-5], system)
+                          for name, text, system in favourites]))
+
+    def finish(self):
+        folder = self.receiver.folder if self.receiver else self.program.folder
+        if self.program.close() != 0:
+            raise AssertionError("the program did not end well: " + self.program.errors())
+        for name in ("List.ini", "User.ini"):
+            shutil.copy(folder / name, output / name)
+            print(f"== {output / name}\n{(output / name).read_bytes().decode('utf-8')}", flush=True)
+
+
+def main():
+    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), SampleServer)
+    threading.Thread(target=server.serve_forever, daemon=True).start()
+    walk = Walk()
+    try:
+        walk.plug_in()
+        walk.load()
+        walk.edit()
+        walk.sync(f"http://127.0.0.1:{server.server_port}/schedule")
+        walk.save()
+        walk.finish()
+    finally:
+        walk.program.kill()
+        if walk.receiver:
+            walk.receiver.remove()
+        server.shutdown()
+    print(f"The files are right. Pictures are in {output}")
+
+
+main()
