@@ -1,0 +1,115 @@
+#include "editing/CellEditing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "editing/ColumnFinder.h"
+#include "storage/ListColumns.h"
+#include "storage/Numbers.h"
+
+namespace {
+
+constexpr int kFmTab = static_cast<int>(ListKind::Fm);
+constexpr std::size_t kUnitLength = 5;  // "  kHz" and "  MHz"
+
+// So that the box is as tall as a row: the header counts as one of the rows.
+double rowsPerPage(const GridGeometry& geometry) {
+    constexpr double kRoundingSlack = 1e-9;
+    if (geometry.rowHeight <= 0) {
+        return 1;
+    }
+    return std::max(1.0, std::floor(geometry.height / geometry.rowHeight + kRoundingSlack));
+}
+
+}  // namespace
+
+void CellEditing::setLastMouseX(double x, double /*y*/) { edit_.lastMouseX = saturateToInt16(x); }
+
+void CellEditing::startEdit(ListKind kind) {
+    commitAndHide();
+    StationList& list = lists_[kind];
+    const int row = list.grid.firstSelected();
+    if (row < 1) {
+        return;
+    }
+    applyStandardWidths(list);
+    findColumn(list.grid);
+    edit_.editRow = row;
+    if (!isEditableColumn(edit_.editColumn)) {
+        return;
+    }
+    // Asked for before the box is shown: it may scroll the grid, which ends an edit that is open.
+    const GridGeometry geometry = list.view.geometry(row);
+    // The tab control's own top is not added: a fixed inset stands for it.
+    const double top = geometry.top + geometry.rowTop + 145;
+    const double left = tabs_.left() + geometry.left + geometry.rowLeft + edit_.editCellLeft + 50;
+    showEditBox(left, top, edit_.editCellWidth, geometry.height / rowsPerPage(geometry), boxText(kind));
+    statusBar_.setMessage(u"Press 'Enter' Key To Save Modify");
+}
+
+void CellEditing::findColumn(const Grid& grid) {
+    if (const auto found = columnAt(columnSpans(grid), edit_.lastMouseX)) {
+        edit_.editColumn = found->column;
+        edit_.editCellLeft = found->left;
+        edit_.editCellWidth = found->width;
+    } else {
+        edit_.editColumn = -1;
+        edit_.editCellWidth = -1;
+    }
+}
+
+std::u16string CellEditing::boxText(ListKind kind) {
+    std::u16string text(lists_.grid(kind).text(edit_.editRow, edit_.editColumn));
+    if (kind == ListKind::Favourite && edit_.editColumn != 1) {
+        text.resize(text.size() - std::min(text.size(), kUnitLength));
+    }
+    return text;
+}
+
+void CellEditing::showEditBox(double left, double top, double width, double height, std::u16string_view text) {
+    if (edit_.editColumn == 1 || edit_.editColumn == 4) {
+        box_.setLimit(10);
+    } else if (edit_.editColumn == 2) {
+        box_.setLimit(tabs_.currentTab() == kFmTab ? 6 : 5);
+    }
+    box_.setVisible(true);
+    box_.setBounds(left, top, width, height);
+    box_.setText(text);
+    box_.takeFocus();
+    editing_ = true;
+}
+
+void CellEditing::commitAndHide() {
+    if (!editing_) {
+        return;
+    }
+    editing_ = false;
+    validation_.commitEdit(box_.text());
+    hideEditBox();
+}
+
+void CellEditing::enterPressed() { commitAndHide(); }
+
+void CellEditing::lostFocus() { commitAndHide(); }
+
+void CellEditing::viewChanged() { commitAndHide(); }
+
+void CellEditing::hideEditBox() {
+    // Ended first: a toolkit reports the loss of focus while it hides the box.
+    editing_ = false;
+    box_.setVisible(false);
+    box_.setBounds(0, 0, 0, 0);
+}
+
+void CellEditing::itemClicked() {
+    hideEditBox();
+    statusBar_.setMessage(u"Press 'Delete' Key To Delete ");
+}
+
+void CellEditing::moveColumn(ListKind kind, int step) {
+    // The edit that follows finds its column by the standard widths, so the arrows count by them too.
+    applyStandardWidths(lists_[kind]);
+    if (const auto target = neighbourOf(columnSpans(lists_.grid(kind)), edit_.lastMouseX, step)) {
+        edit_.lastMouseX = target->left + target->width / 2;
+    }
+}

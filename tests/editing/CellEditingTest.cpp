@@ -1,0 +1,397 @@
+#include "editing/CellEditing.h"
+#include "editing/EditingFixture.h"
+
+namespace {
+
+using enum ListKind;
+
+// Reports the loss of focus while it is hidden, as toolkits do.
+class FocusLosingEditBox : public FakeEditBox {
+public:
+    void setVisible(bool shown) override {
+        const bool losesFocus = visible && !shown;
+        FakeEditBox::setVisible(shown);
+        if (losesFocus && listener != nullptr) {
+            listener->lostFocus();
+        }
+    }
+};
+
+class CellEditingTest : public EditingFixture, private EditBoxListener {
+protected:
+    CellEditingTest() { box.setListener(*this); }
+
+    void enterPressed() override { editing.enterPressed(); }
+    void lostFocus() override { editing.lostFocus(); }
+
+    // Double-clicks at x on the only selected row of the list.
+    void start(ListKind kind, double x, int selectedRow = 1) {
+        showTab(kind);
+        select(kind, selectedRow);
+        editing.setLastMouseX(x, 77);
+        editing.startEdit(kind);
+    }
+    void addDrmRow() { addRow(Drm, {u"Voice", u"9620", u"0000-2400", u"Europe"}); }
+    void expectHidden() {
+        EXPECT_FALSE(editing.isEditing());
+        EXPECT_FALSE(box.visible);
+        EXPECT_EQ((std::array<double, 4>{0, 0, 0, 0}), box.bounds);
+    }
+
+    FocusLosingEditBox box;
+    EditState edit;
+    FieldValidation validation{lists, tabs, edit, messages};
+    CellEditing editing{lists, tabs, box, statusBar, validation, edit};
+};
+
+// The DRM columns of a grid of 6,000 twips end at 1,200, 2,400, 3,600 and 5,600; those of the other lists at
+// 1,935, 3,870 and 5,805.
+constexpr double kDrmFrequencyX = 1500;
+constexpr double kDrmTimeX = 3000;
+constexpr double kDrmTargetX = 4000;
+constexpr double kFrequencyX = 2500;
+constexpr double kThirdX = 4500;
+
+TEST_F(CellEditingTest, RoundsThePointerPositionHalfToEvenAndSaturates) {
+    const std::vector<std::pair<double, int>> table = {{0.5, 0},         {1.5, 2},     {2.5, 2},
+                                                       {-0.5, 0},        {-1.5, -2},   {99.4, 99},
+                                                       {32767.6, 32767}, {1e9, 32767}, {-1e9, -32768}};
+    for (const auto& [x, expected] : table) {
+        editing.setLastMouseX(x, 5);
+        EXPECT_EQ(expected, edit.lastMouseX) << x;
+    }
+}
+
+TEST_F(CellEditingTest, LaysTheBoxOverTheCell) {
+    addDrmRow();
+    addDrmRow();
+    start(Drm, kDrmFrequencyX, 2);
+    EXPECT_TRUE(box.visible);
+    EXPECT_TRUE(editing.isEditing());
+    EXPECT_EQ(2, edit.editRow);
+    EXPECT_EQ(2, edit.editColumn);
+    EXPECT_EQ(1200, edit.editCellWidth);
+    EXPECT_EQ(1200, edit.editCellLeft);
+    EXPECT_EQ(120 + 60 + 0 + 1200 + 50, box.bounds[0]);  // tab control, grid, row, cell
+    EXPECT_EQ(300 + 285 + 255 + 145, box.bounds[1]);     // grid, row; not the tab control
+    EXPECT_EQ(1200, box.bounds[2]);
+    EXPECT_EQ(4000.0 / 15, box.bounds[3]);  // 15 whole rows of 255 twips
+    EXPECT_EQ(u"9620", box.content);
+    EXPECT_EQ(1, box.focusCount);
+    EXPECT_EQ(u"Press 'Enter' Key To Save Modify", statusBar.message);
+}
+
+TEST_F(CellEditingTest, AddsTheSidewaysScrollOfTheRow) {
+    addDrmRow();
+    view(Drm).shape.rowLeft = -400;
+    start(Drm, kDrmFrequencyX);
+    EXPECT_EQ(120 + 60 - 400 + 1200 + 50, box.bounds[0]);
+}
+
+TEST_F(CellEditingTest, MakesTheBoxAsTallAsAGridThatHoldsNoWholeRow) {
+    addDrmRow();
+    view(Drm).shape.height = 200;
+    start(Drm, kDrmFrequencyX);
+    EXPECT_EQ(200, box.bounds[3]);
+    editing.hideEditBox();
+    view(Drm).shape.rowHeight = 0;
+    editing.startEdit(Drm);
+    EXPECT_EQ(200, box.bounds[3]);
+}
+
+TEST_F(CellEditingTest, OpensTheEditableColumnsWithTheirTextsAndLimits) {
+    struct Case {
+        ListKind kind;
+        double x;
+        int column;
+        std::u16string text;
+        int limit;
+    };
+    addDrmRow();
+    addRow(Am, {u"Medium", u"999", u"MW"});
+    addRow(Fm, {u"Music", u"87.5", u"VHF"});
+    addRow(Favourite, {u"Loved", u"9620  kHz", u"DRM"});
+    for (const Case& c : std::vector<Case>{{Drm, 0, 1, u"Voice", 10},
+                                           {Drm, kDrmFrequencyX, 2, u"9620", 5},
+                                           {Drm, kDrmTargetX, 4, u"Europe", 10},
+                                           {Am, 0, 1, u"Medium", 10},
+                                           {Am, kFrequencyX, 2, u"999", 5},
+                                           {Fm, 0, 1, u"Music", 10},
+                                           {Fm, kFrequencyX, 2, u"87.5", 6},
+                                           {Favourite, 0, 1, u"Loved", 10},
+                                           {Favourite, kFrequencyX, 2, u"9620", 5}}) {
+        start(c.kind, c.x);
+        EXPECT_TRUE(box.visible);
+        EXPECT_EQ(c.column, edit.editColumn);
+        EXPECT_EQ(narrow(c.text), narrow(box.content));
+        EXPECT_EQ(c.limit, box.limit);
+        editing.hideEditBox();
+    }
+}
+
+TEST_F(CellEditingTest, LimitsAnFmFavouriteToFiveCharacters) {
+    addRow(Favourite, {u"Music", u"98.1  MHz", u"FM"});
+    start(Favourite, kFrequencyX);
+    EXPECT_EQ(u"98.1", box.content);
+    EXPECT_EQ(5, box.limit);
+}
+
+TEST_F(CellEditingTest, SetsTheLimitOfTheTargetAfterAnFmFrequency) {
+    addRow(Fm, {u"Music", u"87.5", u"VHF"});
+    addDrmRow();
+    start(Fm, kFrequencyX);
+    EXPECT_EQ(6, box.limit);
+    editing.enterPressed();
+    start(Drm, kDrmTargetX);
+    EXPECT_EQ(10, box.limit);
+}
+
+TEST_F(CellEditingTest, NeverOpensColumnThree) {
+    addDrmRow();
+    addRow(Am, {u"Medium", u"999", u"MW"});
+    addRow(Fm, {u"Music", u"87.5", u"VHF"});
+    addRow(Favourite, {u"Loved", u"9620  kHz", u"DRM"});
+    statusBar.message = u"before";
+    box.limit = 33;
+    for (const ListKind kind : kAllLists) {
+        start(kind, kind == Drm ? kDrmTimeX : kThirdX);
+        EXPECT_EQ(3, edit.editColumn);
+        EXPECT_FALSE(box.visible);
+        EXPECT_FALSE(editing.isEditing());
+    }
+    EXPECT_EQ(33, box.limit);
+    EXPECT_EQ(u"before", statusBar.message);
+}
+
+TEST_F(CellEditingTest, OpensNothingBesideTheColumns) {
+    addDrmRow();
+    for (const double x : {-1.0, 5600.0, 30000.0}) {
+        start(Drm, x);
+        EXPECT_EQ(-1, edit.editColumn);
+        EXPECT_EQ(-1, edit.editCellWidth);
+        EXPECT_FALSE(box.visible);
+    }
+    EXPECT_TRUE(statusBar.history.empty());
+}
+
+TEST_F(CellEditingTest, DoesNothingWithoutASelectedRow) {
+    addDrmRow();
+    grid(Drm).setColumnWidth(1, 3000);
+    editing.setLastMouseX(10, 10);
+    for (const ListKind kind : kAllLists) {
+        editing.startEdit(kind);
+    }
+    EXPECT_EQ(-1, edit.editColumn);
+    EXPECT_EQ(3000, grid(Drm).columns()[0].width);
+    EXPECT_FALSE(box.visible);
+}
+
+TEST_F(CellEditingTest, EditsTheFirstOfSeveralSelectedRows) {
+    addDrmRow();
+    addRow(Drm, {u"Second"});
+    addRow(Drm, {u"Third"});
+    select(Drm, 3);
+    start(Drm, 0, 2);
+    EXPECT_EQ(2, edit.editRow);
+    EXPECT_EQ(u"Second", box.content);
+}
+
+TEST_F(CellEditingTest, SnapsDraggedColumnsBackBeforeFindingTheColumn) {
+    addDrmRow();
+    grid(Drm).columnDragged(1, 3000);
+    start(Drm, kDrmFrequencyX);
+    EXPECT_EQ(1200, grid(Drm).columns()[0].width);
+    EXPECT_EQ(2, edit.editColumn);
+    EXPECT_EQ(u"9620", box.content);
+}
+
+TEST_F(CellEditingTest, StoresAFavouriteFrequencyWithItsUnitAgain) {
+    addRow(Favourite, {u"Loved", u"9620  kHz", u"DRM"});
+    start(Favourite, kFrequencyX);
+    EXPECT_EQ(u"9620", box.content);
+    box.content = u"9630";
+    editing.enterPressed();
+    EXPECT_EQ("Loved|9630  kHz|DRM", row(Favourite, 1));
+}
+
+TEST_F(CellEditingTest, OpensAFavouriteCellShorterThanItsUnitEmpty) {
+    addRow(Favourite, {u"Loved", u"kHz", u"DRM"});
+    start(Favourite, kFrequencyX);
+    EXPECT_TRUE(box.visible);
+    EXPECT_EQ(u"", box.content);
+}
+
+TEST_F(CellEditingTest, KeepsATextLongerThanTheLimit) {
+    const std::u16string programme = u"abcdefghijklmnopqrstuvwxyz";
+    addRow(Drm, {programme, u"9620", u"", u""});
+    start(Drm, 0);
+    EXPECT_EQ(programme, box.content);
+    editing.enterPressed();
+    EXPECT_EQ(programme, grid(Drm).text(1, 1));
+}
+
+TEST_F(CellEditingTest, EnterCommitsHidesAndGivesTheFocusBack) {
+    addRow(Am, {u"Medium", u"700", u"MW"});
+    start(Am, kFrequencyX);
+    box.content = u"6000";
+    editing.enterPressed();
+    EXPECT_EQ("Medium|6000|SW", row(Am, 1));
+    EXPECT_EQ(1, view(Am).focusCount);
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, LossOfFocusCommitsToo) {
+    addDrmRow();
+    start(Drm, kDrmTargetX);
+    box.content = u"Asia";
+    editing.lostFocus();
+    EXPECT_EQ("Voice|9620|0000-2400|Asia", row(Drm, 1));
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, EnterAndLossOfFocusDoNothingWhileHidden) {
+    addDrmRow();
+    start(Drm, 0);
+    editing.hideEditBox();
+    box.content = u"Left behind";
+    editing.enterPressed();
+    editing.lostFocus();
+    editing.viewChanged();
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ(0, view(Drm).focusCount);
+}
+
+TEST_F(CellEditingTest, ARefusedTextIsDroppedAndTheBoxHidden) {
+    addDrmRow();
+    start(Drm, kDrmFrequencyX);
+    box.content = u"149";
+    messageBox.expect({u"Out of range: (150--30000) kHz"});
+    editing.enterPressed();
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", row(Drm, 1));
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, CommitsOnceWhenTheMessageBoxTakesTheFocus) {
+    addDrmRow();
+    for (const bool byEnter : {true, false}) {
+        start(Drm, kDrmFrequencyX);
+        box.content = u"12a";
+        messageBox.expect({u"Please input (0-9)"});
+        messageBox.meanwhile = [this] {
+            editing.lostFocus();
+            editing.viewChanged();
+            editing.enterPressed();
+        };
+        byEnter ? editing.enterPressed() : editing.lostFocus();
+        expectHidden();
+    }
+    EXPECT_EQ(2U, messageBox.shown.size());
+}
+
+TEST_F(CellEditingTest, HidesTheBoxOnlyAfterTheMessage) {
+    addDrmRow();
+    start(Drm, kDrmFrequencyX);
+    box.content = u"";
+    bool visibleMeanwhile = false;
+    messageBox.expect({u"Input can't be empty"});
+    messageBox.meanwhile = [&] { visibleMeanwhile = box.visible; };
+    editing.enterPressed();
+    EXPECT_TRUE(visibleMeanwhile);
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    tabs.tab = 1;  // a tab switch hides the box
+    editing.hideEditBox();
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", row(Drm, 1));
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, AClickOnARowHidesAndHints) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    editing.itemClicked();
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ(u"Press 'Delete' Key To Delete ", statusBar.message);
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, AClickOnAnotherRowCommitsByTheLossOfFocusBeforeIt) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    editing.lostFocus();
+    editing.itemClicked();
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ(u"Press 'Delete' Key To Delete ", statusBar.message);
+}
+
+TEST_F(CellEditingTest, AScrollUnderTheBoxCommits) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    editing.viewChanged();
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", row(Drm, 1));
+    expectHidden();
+    editing.viewChanged();
+    EXPECT_EQ(1, view(Drm).focusCount);
+}
+
+TEST_F(CellEditingTest, SurvivesTheViewChangesThatItsOwnStartCauses) {
+    addDrmRow();
+    view(Drm).moved = [this] { editing.viewChanged(); };
+    start(Drm, kDrmFrequencyX);
+    EXPECT_TRUE(editing.isEditing());
+    EXPECT_TRUE(box.visible);
+    EXPECT_EQ(u"9620", box.content);
+    EXPECT_EQ(0, view(Drm).focusCount);
+}
+
+TEST_F(CellEditingTest, AnEditStartedOverAnOpenOneCommitsThatFirst) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    start(Drm, kDrmTargetX);
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_TRUE(editing.isEditing());
+    EXPECT_EQ(u"Europe", box.content);
+}
+
+TEST_F(CellEditingTest, ArrowsChooseTheColumnThatEnterEdits) {
+    addDrmRow();
+    select(Drm, 1);
+    const std::vector<std::pair<int, int>> steps = {{1, 2}, {1, 4}, {1, 4}, {-1, 2}, {-1, 1}, {-1, 1}};
+    for (const auto& [step, expected] : steps) {
+        editing.moveColumn(Drm, step);
+        editing.startEdit(Drm);
+        EXPECT_EQ(expected, edit.editColumn);
+        editing.hideEditBox();
+    }
+    EXPECT_EQ(600, edit.lastMouseX);
+}
+
+TEST_F(CellEditingTest, ArrowsStayBeforeTheThirdColumnOfTheOtherLists) {
+    for (const ListKind kind : {Am, Fm, Favourite}) {
+        editing.setLastMouseX(100, 0);
+        editing.moveColumn(kind, 1);
+        EXPECT_EQ(1935 + 1935 / 2, edit.lastMouseX);
+        editing.moveColumn(kind, 1);
+        EXPECT_EQ(1935 + 1935 / 2, edit.lastMouseX);
+    }
+}
+
+TEST_F(CellEditingTest, ArrowsCountByTheWidthsThatTheEditWillUse) {
+    addDrmRow();
+    select(Drm, 1);
+    grid(Drm).columnDragged(1, 4000);
+    editing.setLastMouseX(100, 0);
+    editing.moveColumn(Drm, 1);
+    editing.startEdit(Drm);
+    EXPECT_EQ(2, edit.editColumn);
+}
+
+}  // namespace
