@@ -31,6 +31,7 @@ public:
 
 std::vector<SortRow> textRows(const std::vector<std::u16string>& texts) {
     std::vector<SortRow> rows;
+    rows.reserve(texts.size());
     for (const std::u16string& text : texts) {
         rows.push_back({text, 0, static_cast<int>(rows.size()) + 1, false});
     }
@@ -39,6 +40,7 @@ std::vector<SortRow> textRows(const std::vector<std::u16string>& texts) {
 
 std::vector<SortRow> numberRows(const std::vector<double>& numbers) {
     std::vector<SortRow> rows;
+    rows.reserve(numbers.size());
     for (const double number : numbers) {
         rows.push_back({{}, number, static_cast<int>(rows.size()) + 1, false});
     }
@@ -204,6 +206,7 @@ TEST_P(LargeSort, StaysShallowAndFarFromQuadratic) {
     MeasuringTextCompare compare;
     RowSorter sorter(compare);
     std::vector<std::u16string> texts;
+    texts.reserve(kMostRows);
     for (int row = 0; row < kMostRows; ++row) {
         texts.push_back(keyAt(row));
     }
