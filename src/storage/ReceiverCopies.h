@@ -26,10 +26,12 @@ public:
     void ReloadFromReceiver();
     // Saves the grids into the working copies, then copies these to the receiver.
     void SaveToReceiver();
+    // Copies one file from the receiver's root, as found last, over a working copy. A file missing there gives
+    // a message; false when nothing has been copied.
+    bool fetch(std::u16string_view name, std::u16string_view workingCopy);
 
 private:
     bool findDisk();
-    bool fetch(std::u16string_view name, std::u16string_view workingCopy);
     void copyToReceiver(std::u16string_view workingCopy, std::u16string_view name);
     void reloadGrids();
 

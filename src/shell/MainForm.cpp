@@ -1,0 +1,203 @@
+#include "shell/MainForm.h"
+
+#include "platform/SingleInstance.h"
+
+MainForm::MainForm(Platform& platform)
+    : platform_(platform),
+      workingCopies_{platform.programFolder + u"List.ini", platform.programFolder + u"User.ini"},
+      drmLV_(*platform.gridViews[0]),
+      amLV_(*platform.gridViews[1]),
+      fmLV_(*platform.gridViews[2]),
+      favLV_(*platform.gridViews[3]),
+      gridEvents_{GridEvents(*this, ListKind::Drm), GridEvents(*this, ListKind::Am), GridEvents(*this, ListKind::Fm),
+                  GridEvents(*this, ListKind::Favourite)},
+      msgBox_(platform.messageBox, platform.windowHook),
+      findDiskDriver_(platform.volumes, platform.files),
+      totals_(platform.tabs, platform.statusBar, {&drmLV_, &amLV_, &fmLV_, &favLV_}),
+      loader_(stationLists(), workingCopies_, settings_, platform.files, platform.codePages),
+      saver_(stationLists(), workingCopies_, settings_, platform.files, platform.codePages),
+      receiverCopies_(stationLists(), workingCopies_, ReceiverRoot_, loader_, saver_, findDiskDriver_, msgBox_, totals_,
+                      platform.files, platform.codePages),
+      startUp_(workingCopies_, receiverCopies_, loader_, findDiskDriver_, platform.files, platform.codePages),
+      validation_(stationLists(), platform.tabs, editState_, msgBox_),
+      cellEditing_(stationLists(), platform.tabs, platform.editBox, platform.statusBar, validation_, editState_),
+      deleteCommands_(stationLists(), platform.tabs, msgBox_, totals_),
+      sortListview_(platform.textCompare),
+      addForm_(platform.addFormView, platform.mainWindow, platform.tabs, stationLists(), totals_, msgBox_),
+      addToFavourites_(stationLists(), platform.tabs, totals_, msgBox_),
+      scheduleSync_(drmLV_, platform.files, platform.codePages, platform.downloader, platform.statusBar, totals_,
+                    msgBox_, platform.programFolder) {
+    const std::array<Grid*, kListCount> grids = {&drmLV_, &amLV_, &fmLV_, &favLV_};
+    for (std::size_t tab = 0; tab < grids.size(); ++tab) {
+        platform.gridViews[tab]->attach(*grids[tab], gridEvents_[tab]);
+    }
+}
+
+StationLists MainForm::stationLists() {
+    return StationLists({StationList{ListKind::Drm, drmLV_, *platform_.gridViews[0]},
+                         StationList{ListKind::Am, amLV_, *platform_.gridViews[1]},
+                         StationList{ListKind::Fm, fmLV_, *platform_.gridViews[2]},
+                         StationList{ListKind::Favourite, favLV_, *platform_.gridViews[3]}});
+}
+
+bool MainForm::Form_Load() {
+    if (platform_.singleInstance.previousInstance()) {
+        // The window has no listener yet, so that its closing saves nothing over the other instance's files.
+        platform_.addFormView.destroy();
+        platform_.mainWindow.close();
+        return false;
+    }
+    platform_.mainWindow.setListener(*this);
+    platform_.tabs.setListener(*this);
+    platform_.editBox.setListener(*this);
+    platform_.popupMenu.setListener(*this);
+    startUp_.run();
+    totals_.ShowTotals();
+    SetCurrentTab(platform_.tabs.currentTab());
+    AfterTabShown();
+    return true;
+}
+
+void MainForm::Form_GotFocus() { totals_.ShowTotals(); }
+
+void MainForm::Form_Unload() {
+    if (!SkipSaveOnExit_) {
+        saver_.SaveLists();
+        if (cellEditing_.isEditing()) {
+            // The close box takes no focus: what was typed is committed here. The lists are safe already,
+            // should the system end the program while a refused text has its message on screen.
+            cellEditing_.lostFocus();
+            saver_.SaveLists();
+        }
+    }
+    findDiskDriver_.ClearFileAttributes(workingCopies_.UserFilePath);
+    platform_.addFormView.destroy();
+}
+
+void MainForm::QuitApplication() {
+    platform_.mainWindow.close();
+    addForm_.close();
+}
+
+void MainForm::AddSelectedToFavourites() { addToFavourites_.AddSelectedToFavourites(); }
+
+void MainForm::tabClicked(int) {
+    if (cellEditing_.isEditing()) {
+        cellEditing_.hideEditBox();
+    }
+    tabGotFocus();
+    AfterTabShown();
+}
+
+void MainForm::tabGotFocus() {
+    totals_.ShowTotals();
+    SetCurrentTab(platform_.tabs.currentTab());
+}
+
+bool MainForm::LV_KeyDown(ListKind kind, int key, int shift) {
+    run(commandForKey(kind, stationLists().grid(kind), key, shift), kind);
+    return keepsKeyFromGrid(key, shift);
+}
+
+void MainForm::LV_RightButton(ListKind kind, double x, double y) {
+    cellEditing_.setLastMouseX(x, y);
+    showPopup(kind, x, y);
+}
+
+void MainForm::LV_DblClick(ListKind kind) { cellEditing_.startEdit(kind); }
+
+void MainForm::LV_HeaderClick(ListKind kind, std::u16string_view key) {
+    sortListview_.headerClicked(stationLists()[kind], key);
+}
+
+void MainForm::showPopup(ListKind kind, double x, double y) {
+    enableMenuItems(platform_.popupMenu, kind, stationLists().grid(kind));
+    platform_.popupMenu.show(static_cast<int>(kind), x, y);
+}
+
+void MainForm::run(Command command, ListKind kind) {
+    switch (command) {
+        case Command::None:
+            break;
+        case Command::DeleteSelected:
+            deleteCommands_.deleteSelected(kind);
+            break;
+        case Command::Edit:
+            cellEditing_.startEdit(kind);
+            break;
+        case Command::AddNew:
+            AddNew_Click();
+            break;
+        case Command::LoadFromReceiver:
+            LoadFromReceiver_Click();
+            break;
+        case Command::SyncInternet:
+            SyncInternet_Click();
+            break;
+        case Command::SaveToReceiver:
+            SaveToReceiver_Click();
+            break;
+        case Command::AddToFavourites:
+            AddTo_Click();
+            break;
+        case Command::PreviousColumn:
+            cellEditing_.moveColumn(kind, -1);
+            break;
+        case Command::NextColumn:
+            cellEditing_.moveColumn(kind, 1);
+            break;
+    }
+}
+
+void MainForm::menuChosen(MenuItem item) {
+    switch (item) {
+        case MenuItem::Edt:
+            Edt_Click();
+            break;
+        case MenuItem::Del:
+            Del_Click();
+            break;
+        case MenuItem::AddNew:
+            AddNew_Click();
+            break;
+        case MenuItem::AddTo:
+            AddTo_Click();
+            break;
+        case MenuItem::SyncInternet:
+            SyncInternet_Click();
+            break;
+        case MenuItem::LoadFromReceiver:
+            LoadFromReceiver_Click();
+            break;
+        case MenuItem::SaveToReceiver:
+            SaveToReceiver_Click();
+            break;
+        case MenuItem::DeleteAll:
+            DeleteAll_Click();
+            break;
+    }
+}
+
+void MainForm::Edt_Click() {
+    if (const int tab = platform_.tabs.currentTab(); isListTab(tab)) {
+        cellEditing_.startEdit(static_cast<ListKind>(tab));
+    }
+}
+
+void MainForm::Del_Click() {
+    if (const int tab = platform_.tabs.currentTab(); isListTab(tab)) {
+        deleteCommands_.deleteSelected(static_cast<ListKind>(tab));
+    }
+}
+
+void MainForm::AddNew_Click() { addForm_.open(); }
+
+void MainForm::AddTo_Click() { AddSelectedToFavourites(); }
+
+void MainForm::SyncInternet_Click() { scheduleSync_.SyncDrmSchedule(); }
+
+void MainForm::LoadFromReceiver_Click() { receiverCopies_.ReloadFromReceiver(); }
+
+void MainForm::SaveToReceiver_Click() { receiverCopies_.SaveToReceiver(); }
+
+void MainForm::DeleteAll_Click() { deleteCommands_.DeleteAll_Click(); }

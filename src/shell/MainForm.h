@@ -1,0 +1,124 @@
+// The main window: owns the four lists and the window's state, and hands every event to the subsystem
+// that answers it. Nobody but a main program knows it.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "adding/AddToFavourites.h"
+#include "adding/addForm.h"
+#include "editing/CellEditing.h"
+#include "editing/DeleteCommands.h"
+#include "editing/EditState.h"
+#include "editing/FieldValidation.h"
+#include "editing/ListCommands.h"
+#include "editing/SortListview.h"
+#include "platform/EditBox.h"
+#include "platform/GridView.h"
+#include "platform/MainWindow.h"
+#include "platform/Platform.h"
+#include "platform/PopupMenu.h"
+#include "platform/TabControl.h"
+#include "shell/StartUp.h"
+#include "shell/Totals.h"
+#include "shell/mFindDiskDriver.h"
+#include "shell/mMsgBox.h"
+#include "storage/ListLoader.h"
+#include "storage/ListSaver.h"
+#include "storage/ReceiverCopies.h"
+#include "storage/ReceiverSettings.h"
+#include "storage/RowStore.h"
+#include "storage/StationLists.h"
+#include "storage/WorkingCopies.h"
+#include "sync/ScheduleSync.h"
+
+class MainForm : private MainWindowListener, private TabListener, private EditBoxListener, private MenuListener {
+public:
+    // The platform outlives the form. The window is built and hidden.
+    explicit MainForm(Platform& platform);
+    MainForm(const MainForm&) = delete;
+    MainForm& operator=(const MainForm&) = delete;
+
+    // The start-up sequence. False: another instance runs; the window has been closed with no file touched,
+    // and the process is to end without showing anything.
+    bool Form_Load();
+    void Form_GotFocus();
+    void Form_Unload();
+    void QuitApplication();
+    void AddSelectedToFavourites();
+
+private:
+    // The events of one grid, bound to its list.
+    class GridEvents : public GridListener {
+    public:
+        GridEvents(MainForm& form, ListKind kind) : form_(form), kind_(kind) {}
+        bool keyDown(int key, int shift) override { return form_.LV_KeyDown(kind_, key, shift); }
+        void pointerMoved(double x, double y) override { form_.cellEditing_.setLastMouseX(x, y); }
+        void rightButton(double x, double y) override { form_.LV_RightButton(kind_, x, y); }
+        void menuKey(double y) override { form_.showPopup(kind_, form_.editState_.lastMouseX, y); }
+        void itemClicked() override { form_.cellEditing_.itemClicked(); }
+        void itemDoubleClicked() override { form_.LV_DblClick(kind_); }
+        void headerClicked(std::u16string_view key) override { form_.LV_HeaderClick(kind_, key); }
+        void viewChanged() override { form_.cellEditing_.viewChanged(); }
+
+    private:
+        MainForm& form_;
+        ListKind kind_;
+    };
+
+    void windowGotFocus() override { Form_GotFocus(); }
+    void windowClosing() override { Form_Unload(); }
+    void tabClicked(int previousTab) override;
+    void tabGotFocus() override;
+    void enterPressed() override { cellEditing_.enterPressed(); }
+    void lostFocus() override { cellEditing_.lostFocus(); }
+    void menuChosen(MenuItem item) override;
+
+    bool LV_KeyDown(ListKind kind, int key, int shift);
+    void LV_RightButton(ListKind kind, double x, double y);
+    void LV_DblClick(ListKind kind);
+    void LV_HeaderClick(ListKind kind, std::u16string_view key);
+
+    void Edt_Click();
+    void Del_Click();
+    void AddNew_Click();
+    void AddTo_Click();
+    void SyncInternet_Click();
+    void LoadFromReceiver_Click();
+    void SaveToReceiver_Click();
+    void DeleteAll_Click();
+
+    void run(Command command, ListKind kind);
+    void showPopup(ListKind kind, double x, double y);
+    void AfterTabShown() {}  // a hook for what a tab may need once it is on screen; nothing so far
+    StationLists stationLists();
+
+    Platform& platform_;
+    ReceiverSettings settings_;
+    bool SkipSaveOnExit_ = false;
+    std::u16string ReceiverRoot_;
+    WorkingCopies workingCopies_;
+    EditState editState_;
+
+    RowStore drmLV_;
+    RowStore amLV_;
+    RowStore fmLV_;
+    RowStore favLV_;
+    std::array<GridEvents, kListCount> gridEvents_;
+
+    mMsgBox msgBox_;
+    mFindDiskDriver findDiskDriver_;
+    Totals totals_;
+    ListLoader loader_;
+    ListSaver saver_;
+    ReceiverCopies receiverCopies_;
+    StartUp startUp_;
+    FieldValidation validation_;
+    CellEditing cellEditing_;
+    DeleteCommands deleteCommands_;
+    SortListview sortListview_;
+    addForm addForm_;
+    AddToFavourites addToFavourites_;
+    ScheduleSync scheduleSync_;
+};

@@ -1,0 +1,221 @@
+#include <gtest/gtest.h>
+
+#include "fakes/FakePlatform.h"
+#include "shell/Design.h"
+#include "shell/MainForm.h"
+
+namespace {
+
+constexpr const char16_t* kList = u"/app/List.ini";
+constexpr const char16_t* kUser = u"/app/User.ini";
+
+void appendRecords(std::string& text, const char* section, int count, const char* frequency, const char* more) {
+    for (int i = 0; i < count; ++i) {
+        const std::string number = std::to_string(i);
+        text += "[" + std::string(section) + number + "]\r\nFrequency=" + frequency + "\r\nProgramme=Radio " + number +
+                "\r\n" + more + "UserDef=0\r\n";
+    }
+}
+
+std::string listFile(int drm, int am, int fm) {
+    std::string text = " \r\n[Total]\r\ndrmnumber=" + std::to_string(drm) + "\r\namnumber=" + std::to_string(am) +
+                       "\r\nfmnumber=" + std::to_string(fm) + "\r\n";
+    appendRecords(text, "DRMSchedule", drm, "6095", "StartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\n");
+    appendRecords(text, "AMSchedule", am, "198", "");
+    appendRecords(text, "FMSchedule", fm, "98500", "");
+    return text;
+}
+
+class MainFormTest : public ::testing::Test {
+protected:
+    ~MainFormTest() override { SetCurrentTab(0); }
+
+    void startWith(int drm, int am, int fm) {
+        platform.files.files[kList] = listFile(drm, am, fm);
+        start();
+    }
+    void start() {
+        form = std::make_unique<MainForm>(platform.bundle);
+        ASSERT_TRUE(form->Form_Load());
+    }
+    void select(int tab, int row) { platform.gridViews[static_cast<std::size_t>(tab)].grid->setSelected(row, true); }
+    void choose(MenuItem item) { platform.popupMenu.listener->menuChosen(item); }
+
+    FakePlatform platform;
+    std::unique_ptr<MainForm> form;
+};
+
+TEST_F(MainFormTest, StartingWithoutFilesCreatesBothAndShowsFourEmptyLists) {
+    start();
+    EXPECT_EQ(platform.files.files[kList], std::string("\xFF\xFE \0", 4));
+    EXPECT_EQ(platform.files.files[kUser], std::string("\xFF\xFE \0", 4));
+    for (int tab = 0; tab < kListCount; ++tab) {
+        EXPECT_EQ(platform.rows(tab).rowCount(), 0);
+        EXPECT_EQ(platform.rows(tab).columns().size(), tab == 0 ? 4U : 3U);
+    }
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 0");
+}
+
+TEST_F(MainFormTest, AReadOnlyListFileIsMadeWritableAtStart) {
+    platform.files.readOnly.insert(kList);
+    startWith(1, 0, 0);
+    EXPECT_FALSE(platform.files.readOnly.contains(kList));
+    EXPECT_EQ(platform.files.files[kList].substr(0, 2), "\xFF\xFE");
+    EXPECT_EQ(platform.rows(0).rowCount(), 1);
+}
+
+TEST_F(MainFormTest, ASecondInstanceShowsNothingAndTouchesNoFile) {
+    platform.files.files[kList] = listFile(1, 1, 1);
+    const auto before = platform.files.files;
+    platform.singleInstance.running = true;
+    MainForm second(platform.bundle);
+    EXPECT_FALSE(second.Form_Load());
+    EXPECT_FALSE(platform.mainWindow.open);
+    EXPECT_EQ(platform.files.files, before);
+    EXPECT_TRUE(platform.files.accesses.empty());
+    EXPECT_TRUE(platform.statusBar.history.empty());
+}
+
+TEST_F(MainFormTest, TheTotalsLineCountsTheShownListOnly) {
+    startWith(3, 12, 2);
+    EXPECT_EQ(platform.statusBar.history, std::vector<std::u16string>{u"Total Number Of DRM List: 3"});
+    platform.tabs.click(1);
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of AM List: 12");
+    EXPECT_EQ(GetCurrentTab(), 1);
+    platform.tabs.tab = 2;
+    platform.tabs.listener->tabGotFocus();
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of FM List: 2");
+    EXPECT_EQ(GetCurrentTab(), 2);
+    platform.tabs.click(3);
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of Favourite List: 0");
+}
+
+TEST_F(MainFormTest, ASwitchOfTabsWhileEditingDiscardsTheEdit) {
+    startWith(2, 5, 0);
+    select(0, 1);
+    platform.grid(0).itemDoubleClicked();
+    ASSERT_TRUE(platform.editBox.visible);
+    platform.editBox.content = u"changed";
+    platform.tabs.click(1);
+    EXPECT_FALSE(platform.editBox.visible);
+    EXPECT_EQ(platform.rows(0).text(1, 1), u"Radio 0");
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of AM List: 5");
+}
+
+TEST_F(MainFormTest, DeletingLeavesTheTotalUntilTheWindowGetsTheFocus) {
+    startWith(2, 0, 0);
+    select(0, 1);
+    EXPECT_TRUE(platform.grid(0).keyDown(Key::Delete, Shift::None));
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 2");
+    platform.mainWindow.listener->windowGotFocus();
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1");
+}
+
+TEST_F(MainFormTest, AnEditReachesTheReceiver) {
+    startWith(0, 1, 0);
+    platform.connectReceiver(u"/media/rx/");
+    platform.tabs.click(1);
+    select(1, 1);
+    platform.grid(1).pointerMoved(platform.rows(1).columns()[0].width + 100, 400);
+    platform.grid(1).itemDoubleClicked();
+    ASSERT_EQ(platform.editBox.content, u"198");
+    platform.editBox.content = u"999";
+    platform.editBox.listener->enterPressed();
+    EXPECT_EQ(platform.rows(1).text(1, 2), u"999");
+    EXPECT_EQ(platform.rows(1).text(1, 3), u"MW");
+    EXPECT_TRUE(platform.grid(1).keyDown('S', Shift::Ctrl));
+    const std::string onReceiver = platform.files.files[u"/media/rx/List.ini"];
+    EXPECT_NE(onReceiver.find("[AMSchedule0]\r\nFrequency=999\r\n"), std::string::npos);
+    EXPECT_EQ(onReceiver, platform.files.files[kList]);
+    EXPECT_EQ(platform.files.files[u"/media/rx/User.ini"], platform.files.files[kUser]);
+}
+
+TEST_F(MainFormTest, ClosingSavesTheListsInUtf8) {
+    startWith(1, 1, 1);
+    platform.mainWindow.close();
+    EXPECT_EQ(platform.files.files[kList].find("[Total]\r\ndrmnumber=1\r\n"), 3U);
+    EXPECT_NE(platform.files.files[kList].find("\r\n[kvt update end]\r\n"), std::string::npos);
+    EXPECT_NE(platform.files.files[kUser].find("Station=21000\r\n"), std::string::npos);
+}
+
+TEST_F(MainFormTest, ClosingWhileEditingKeepsWhatWasTyped) {
+    startWith(1, 0, 0);
+    select(0, 1);
+    platform.grid(0).itemDoubleClicked();
+    ASSERT_TRUE(platform.editBox.visible);
+    platform.editBox.content = u"New Name";
+    platform.mainWindow.close();
+    EXPECT_NE(platform.files.files[kList].find("Programme=New Name\r\n"), std::string::npos);
+}
+
+TEST_F(MainFormTest, TheMenuOpensWhereTheGridWasClicked) {
+    startWith(3, 0, 0);
+    select(0, 2);
+    platform.grid(0).rightButton(700, 900);
+    EXPECT_EQ(platform.popupMenu.shownAt, (std::array<double, 3>{0, 700, 900}));
+    EXPECT_TRUE(platform.popupMenu.isEnabled(MenuItem::Edt));
+    platform.grid(0).menuKey(450);
+    EXPECT_EQ(platform.popupMenu.shownAt, (std::array<double, 3>{0, 700, 450}));
+}
+
+TEST_F(MainFormTest, TheMenuItemsRunTheirCommands) {
+    startWith(3, 0, 0);
+    select(0, 2);
+    choose(MenuItem::Del);
+    EXPECT_EQ(platform.rows(0).rowCount(), 2);
+    select(0, 1);
+    choose(MenuItem::Edt);
+    EXPECT_TRUE(platform.editBox.visible);
+    platform.editBox.listener->enterPressed();
+    choose(MenuItem::AddTo);
+    EXPECT_EQ(platform.rows(3).rowCount(), 1);
+    form->AddSelectedToFavourites();
+    EXPECT_EQ(platform.rows(3).rowCount(), 2);
+    choose(MenuItem::AddNew);
+    EXPECT_TRUE(platform.addFormView.isOpen());
+    EXPECT_FALSE(platform.mainWindow.enabled);
+    platform.addFormView.listener->cancelClicked();
+    EXPECT_TRUE(platform.mainWindow.enabled);
+}
+
+TEST_F(MainFormTest, TheMenuItemsThatNeedTheOutsideWorldSayWhatIsMissing) {
+    startWith(3, 0, 0);
+    platform.messageBox.expect({u"Can't find disk,please connect DRM receiver to PC"});
+    choose(MenuItem::LoadFromReceiver);
+    platform.messageBox.expect({u"Can't find disk,please connect DRM receiver to PC"});
+    choose(MenuItem::SaveToReceiver);
+    platform.downloader.succeeds = false;
+    platform.messageBox.expect({u"Download failed,Please check the network"});
+    choose(MenuItem::SyncInternet);
+    platform.messageBox.expect(
+        {u"All list will be deleted and can't be recovered", u"Delete all List", BoxStyle::OkCancel, BoxAnswer::Ok});
+    choose(MenuItem::DeleteAll);
+    EXPECT_EQ(platform.rows(0).rowCount(), 0);
+}
+
+TEST_F(MainFormTest, AHeaderClickSortsDescendingFirst) {
+    startWith(2, 0, 0);
+    platform.grid(0).headerClicked(u"PROG");
+    EXPECT_EQ(platform.rows(0).text(1, 1), u"Radio 1");
+    platform.grid(0).headerClicked(u"PROG");
+    EXPECT_EQ(platform.rows(0).text(1, 1), u"Radio 0");
+}
+
+TEST_F(MainFormTest, QuittingClosesTheWindowAndTheDialog) {
+    startWith(1, 0, 0);
+    choose(MenuItem::AddNew);
+    ASSERT_TRUE(platform.addFormView.isOpen());
+    form->QuitApplication();
+    EXPECT_FALSE(platform.mainWindow.open);
+    EXPECT_FALSE(platform.addFormView.isOpen());
+}
+
+TEST(Design, CarriesTheCaptionsOfTheWindow) {
+    const WindowDesign design = mainWindowDesign();
+    EXPECT_EQ(design.caption, u"Halcyon_K7");
+    EXPECT_EQ(design.tabCaptions[3], u"Favourite");
+    EXPECT_EQ(design.menuCaptions[static_cast<std::size_t>(MenuItem::Edt)], u"Edit(&E)");
+    EXPECT_EQ(design.menuCaptions[static_cast<std::size_t>(MenuItem::DeleteAll)], u"Delete All Record");
+}
+
+}  // namespace
