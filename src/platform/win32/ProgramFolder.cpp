@@ -1,0 +1,53 @@
+#include "platform/win32/ProgramFolder.h"
+
+#include <windows.h>
+#include <knownfolders.h>
+#include <objbase.h>
+#include <shlobj.h>
+
+#include "platform/win32/Handle.h"
+#include "platform/win32/WideText.h"
+
+namespace {
+
+std::wstring executableFolder() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            break;
+        }
+        path.resize(path.size() * 2);
+    }
+    return path.substr(0, path.find_last_of(L'\\') + 1);
+}
+
+bool canWrite(const std::wstring& folder) {
+    const std::wstring probe = folder + L"Halcyon_K7." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
+    const Handle file(CreateFileW(probe.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    return static_cast<bool>(file);
+}
+
+std::wstring userFolder() {
+    wchar_t* roaming = nullptr;
+    std::wstring folder;
+    if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_CREATE, nullptr, &roaming))) {
+        folder = std::wstring(roaming) + L"\\Halcyon_K7\\";
+        CreateDirectoryW(folder.c_str(), nullptr);
+    }
+    CoTaskMemFree(roaming);
+    return folder;
+}
+
+}  // namespace
+
+std::u16string programFolder() {
+    const std::wstring own = executableFolder();
+    if (canWrite(own)) {
+        return fromWide(own);
+    }
+    const std::wstring user = userFolder();
+    return fromWide(user.empty() ? own : user);
+}

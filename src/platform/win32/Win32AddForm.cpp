@@ -1,0 +1,162 @@
+#include "platform/win32/Win32AddForm.h"
+
+#include <commctrl.h>
+
+#include <utility>
+
+#include "platform/win32/WideText.h"
+
+namespace {
+
+constexpr WPARAM kEnter = 13;
+constexpr WPARAM kEscape = 27;
+
+bool isCombo(AddField field) {
+    return field == AddField::sHourComb || field == AddField::sMinComb || field == AddField::eHourComb ||
+           field == AddField::eMinComb;
+}
+
+// The dialog manager would turn Enter and Escape into button presses before a field sees them.
+bool wantsForField(LPARAM messageAskedFor) {
+    const auto* message = reinterpret_cast<const MSG*>(messageAskedFor);
+    return message != nullptr && (message->message == WM_KEYDOWN || message->message == WM_CHAR) &&
+           (message->wParam == kEnter || message->wParam == kEscape);
+}
+
+// An empty dialog; its controls are made in code, as their sizes follow from the texts.
+struct EmptyTemplate {
+    DLGTEMPLATE head;
+    WORD menu;
+    WORD windowClass;
+    WORD title;
+};
+
+}  // namespace
+
+void Win32AddForm::create(const AddCaptions& captions, AddFormListener& listener) {
+    destroy();
+    EmptyTemplate dialog{};
+    dialog.head.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    listener_ = &listener;
+    window_ = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &dialog.head, owner_, procedure,
+                                         reinterpret_cast<LPARAM>(this));
+    if (window_ == nullptr) {
+        return;
+    }
+    createControls(captions);
+    layOut();
+}
+
+INT_PTR CALLBACK Win32AddForm::procedure(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(dialog, DWLP_USER, static_cast<LONG_PTR>(l));
+        return FALSE;  // the focus is set when the dialog is shown
+    }
+    auto* self = reinterpret_cast<Win32AddForm*>(GetWindowLongPtrW(dialog, DWLP_USER));
+    return self != nullptr && self->window_ == dialog ? self->handle(message, w, l) : FALSE;
+}
+
+INT_PTR Win32AddForm::handle(UINT message, WPARAM w, LPARAM) {
+    switch (message) {
+        case WM_COMMAND:
+            if (LOWORD(w) == IDOK && HIWORD(w) == BN_CLICKED) {
+                listener_->saveClicked();
+                return TRUE;
+            }
+            if (LOWORD(w) == IDCANCEL && HIWORD(w) == BN_CLICKED) {
+                listener_->cancelClicked();
+                return TRUE;
+            }
+            return FALSE;
+        case WM_CLOSE:
+            listener_->closeBoxClicked();
+            return TRUE;
+        case WM_DPICHANGED:
+            layOut();
+            return TRUE;
+        case WM_DESTROY:
+            window_ = nullptr;
+            return FALSE;
+        default:
+            return FALSE;
+    }
+}
+
+LRESULT CALLBACK Win32AddForm::fieldProcedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR field,
+                                              DWORD_PTR self) {
+    return reinterpret_cast<Win32AddForm*>(self)->fieldMessage(window, static_cast<AddField>(field), message, w, l);
+}
+
+LRESULT Win32AddForm::fieldMessage(HWND window, AddField field, UINT message, WPARAM w, LPARAM l) {
+    switch (message) {
+        case WM_GETDLGCODE: {
+            const LRESULT code = DefSubclassProc(window, message, w, l);
+            return wantsForField(l) ? code | DLGC_WANTMESSAGE : code;
+        }
+        case WM_KEYDOWN:
+            listWasDown_ = isCombo(field) && SendMessageW(this->field(field), CB_GETDROPPEDSTATE, 0, 0) != 0;
+            return DefSubclassProc(window, message, w, l);
+        case WM_CHAR:
+            return characterTyped(window, field, w, l);
+        default:
+            return DefSubclassProc(window, message, w, l);
+    }
+}
+
+LRESULT Win32AddForm::characterTyped(HWND window, AddField field, WPARAM w, LPARAM l) {
+    const bool used = window_ == nullptr || listener_->keyPressed(field, static_cast<int>(w));
+    if (used || window_ == nullptr) {
+        return 0;  // the listener may have closed the dialog
+    }
+    if (w != kEnter && w != kEscape) {
+        return DefSubclassProc(window, WM_CHAR, w, l);
+    }
+    // A key that has just closed a combo's list has done its work.
+    if (!std::exchange(listWasDown_, false)) {
+        w == kEnter ? listener_->saveClicked() : listener_->cancelClicked();
+    }
+    return 0;
+}
+
+void Win32AddForm::setTitle(std::u16string_view title) { SetWindowTextW(window_, toWide(title).c_str()); }
+
+void Win32AddForm::setCaption(AddControl wanted, std::u16string_view caption) {
+    SetWindowTextW(control(wanted), toWide(caption).c_str());
+}
+
+void Win32AddForm::setEnabled(AddField wanted, bool enabled) { EnableWindow(field(wanted), enabled ? TRUE : FALSE); }
+
+void Win32AddForm::setItems(AddField combo, const std::vector<std::u16string>& items) {
+    SendMessageW(field(combo), CB_RESETCONTENT, 0, 0);
+    for (const std::u16string& item : items) {
+        SendMessageW(field(combo), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
+    }
+}
+
+std::u16string Win32AddForm::text(AddField wanted) const {
+    HWND source = field(wanted);
+    std::wstring buffer(static_cast<std::size_t>(GetWindowTextLengthW(source)) + 1, L'\0');
+    buffer.resize(static_cast<std::size_t>(GetWindowTextW(source, buffer.data(), static_cast<int>(buffer.size()))));
+    return fromWide(buffer);
+}
+
+void Win32AddForm::takeFocus(AddField wanted) {
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(field(wanted)), TRUE);
+}
+
+void Win32AddForm::show() {
+    RECT owner{};
+    RECT own{};
+    GetWindowRect(owner_, &owner);
+    GetWindowRect(window_, &own);
+    const int left = static_cast<int>(owner.left + owner.right - (own.right - own.left)) / 2;
+    const int top = static_cast<int>(owner.top + owner.bottom - (own.bottom - own.top)) / 2;
+    SetWindowPos(window_, HWND_TOP, left, top, 0, 0, SWP_NOSIZE | SWP_SHOWWINDOW);
+    takeFocus(AddField::txtLabel);
+}
+
+void Win32AddForm::destroy() {
+    if (HWND closed = std::exchange(window_, nullptr)) {
+        DestroyWindow(closed);
+    }
+}

@@ -1,0 +1,57 @@
+// The Add List dialog as a modeless system dialog.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <string>
+
+#include "platform/AddFormView.h"
+#include "platform/win32/SystemFont.h"
+
+class Win32AddForm : public AddFormView {
+public:
+    explicit Win32AddForm(HWND owner) : owner_(owner) {}
+    ~Win32AddForm() override { destroy(); }
+    Win32AddForm(const Win32AddForm&) = delete;
+    Win32AddForm& operator=(const Win32AddForm&) = delete;
+
+    // Keyboard navigation within the dialog. True: the message has been used.
+    bool usesMessage(MSG& message) { return window_ != nullptr && IsDialogMessageW(window_, &message) != 0; }
+
+    void create(const AddCaptions& captions, AddFormListener& listener) override;
+    void setTitle(std::u16string_view title) override;
+    void setCaption(AddControl control, std::u16string_view caption) override;
+    void setEnabled(AddField field, bool enabled) override;
+    void setItems(AddField combo, const std::vector<std::u16string>& items) override;
+    std::u16string text(AddField field) const override;
+    void takeFocus(AddField field) override;
+    void show() override;
+    void destroy() override;
+    bool isOpen() const override { return window_ != nullptr; }
+
+private:
+    static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM w, LPARAM l);
+    static LRESULT CALLBACK fieldProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR field, DWORD_PTR self);
+    INT_PTR handle(UINT message, WPARAM w, LPARAM l);
+    LRESULT fieldMessage(HWND window, AddField field, UINT message, WPARAM w, LPARAM l);
+    LRESULT characterTyped(HWND window, AddField field, WPARAM w, LPARAM l);
+    void createControls(const AddCaptions& captions);
+    void createLabel(AddControl control, const AddCaptions& captions);
+    void createEdit(AddField field);
+    void createCombo(AddField field);
+    void createButton(AddControl control, const AddCaptions& captions, int id, DWORD kind);
+    HWND createChild(const wchar_t* className, const wchar_t* text, DWORD style, DWORD extended, int id);
+    void layOut();
+    HWND field(AddField wanted) const { return fields_[static_cast<std::size_t>(wanted)]; }
+    HWND control(AddControl wanted) const { return controls_[static_cast<std::size_t>(wanted)]; }
+
+    HWND owner_;
+    HWND window_ = nullptr;
+    AddFormListener* listener_ = nullptr;
+    std::array<HWND, kAddFieldCount> fields_{};
+    std::array<HWND, kAddControlCount> controls_{};
+    SystemFont font_;
+    std::wstring mnemonics_;    // letters taken by captions so far
+    bool listWasDown_ = false;  // the key now handled found the combo's list open
+};

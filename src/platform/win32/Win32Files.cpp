@@ -1,0 +1,124 @@
+#include "platform/win32/Win32Files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "platform/win32/Handle.h"
+#include "platform/win32/WideText.h"
+
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr DWORD kBlock = 64 * 1024;
+
+// Page-aligned memory, as reading past the system's cache demands.
+class AlignedBlock {
+public:
+    AlignedBlock() : memory_(VirtualAlloc(nullptr, kBlock, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE)) {}
+    ~AlignedBlock() {
+        if (memory_ != nullptr) {
+            VirtualFree(memory_, 0, MEM_RELEASE);
+        }
+    }
+    AlignedBlock(const AlignedBlock&) = delete;
+    AlignedBlock& operator=(const AlignedBlock&) = delete;
+    char* get() const { return static_cast<char*>(memory_); }
+
+private:
+    void* memory_;
+};
+
+std::optional<std::string> readAll(std::u16string_view path, DWORD flags) {
+    const Handle file(
+        CreateFileW(toWide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
+    const AlignedBlock block;
+    if (!file || block.get() == nullptr) {
+        return std::nullopt;
+    }
+    std::string bytes;
+    for (;;) {
+        DWORD got = 0;
+        if (ReadFile(file.get(), block.get(), kBlock, &got, nullptr) == 0) {
+            // Some systems report the end of an uncached file as an error.
+            return GetLastError() == ERROR_HANDLE_EOF ? std::optional(bytes) : std::nullopt;
+        }
+        if (got == 0) {
+            return bytes;
+        }
+        bytes.append(block.get(), got);
+    }
+}
+
+bool writeAll(HANDLE file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto part = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 20U));
+        DWORD put = 0;
+        if (WriteFile(file, bytes.data(), part, &put, nullptr) == 0 || put == 0) {
+            return false;
+        }
+        bytes.remove_prefix(put);
+    }
+    return FlushFileBuffers(file) != 0;
+}
+
+// A link at the path is opened itself and then refused. Opening with truncation would follow it.
+HANDLE openForWriting(std::u16string_view path, DWORD access) {
+    HANDLE file = CreateFileW(toWide(path).c_str(), access | FILE_READ_ATTRIBUTES, FILE_SHARE_READ, nullptr,
+                              OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        return file;
+    }
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (GetFileInformationByHandle(file, &information) == 0 ||
+        (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+        CloseHandle(file);
+        return INVALID_HANDLE_VALUE;
+    }
+    return file;
+}
+
+}  // namespace
+
+bool Win32Files::exists(std::u16string_view path) {
+    return GetFileAttributesW(toWide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+std::optional<std::uint64_t> Win32Files::size(std::u16string_view path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (GetFileAttributesExW(toWide(path).c_str(), GetFileExInfoStandard, &data) == 0 ||
+        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        return std::nullopt;
+    }
+    return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
+}
+
+std::optional<std::string> Win32Files::read(std::u16string_view path) {
+    return readAll(path, FILE_FLAG_SEQUENTIAL_SCAN);
+}
+
+std::optional<std::string> Win32Files::readBack(std::u16string_view path) {
+    auto bytes = readAll(path, FILE_FLAG_NO_BUFFERING);
+    return bytes ? bytes : read(path);
+}
+
+bool Win32Files::write(std::u16string_view path, std::string_view bytes) {
+    const Handle file(openForWriting(path, GENERIC_WRITE));
+    return file && SetEndOfFile(file.get()) != 0 && writeAll(file.get(), bytes);
+}
+
+bool Win32Files::append(std::u16string_view path, std::string_view bytes) {
+    const Handle file(openForWriting(path, FILE_APPEND_DATA | SYNCHRONIZE));
+    return file && writeAll(file.get(), bytes);
+}
+
+bool Win32Files::rename(std::u16string_view from, std::u16string_view to) {
+    return MoveFileExW(toWide(from).c_str(), toWide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
+           0;
+}
+
+bool Win32Files::remove(std::u16string_view path) { return DeleteFileW(toWide(path).c_str()) != 0; }
+
+bool Win32Files::clearAttributes(std::u16string_view path) {
+    return SetFileAttributesW(toWide(path).c_str(), FILE_ATTRIBUTE_NORMAL) != 0;
+}

@@ -1,0 +1,181 @@
+// What the user does to a grid: pointer, keys, header and scroll bars.
+#include <windows.h>
+#include <windowsx.h>
+
+#include "platform/win32/Scale.h"
+#include "platform/win32/Win32GridView.h"
+
+namespace {
+
+bool held(int key) { return GetKeyState(key) < 0; }
+
+int shiftState() {
+    return (held(VK_SHIFT) ? Shift::ShiftKey : 0) | (held(VK_CONTROL) ? Shift::Ctrl : 0) |
+           (held(VK_MENU) ? Shift::Alt : 0);
+}
+
+int headerItemAt(HWND header, LPARAM point) {
+    HDHITTESTINFO hit{};
+    hit.pt = {GET_X_LPARAM(point), GET_Y_LPARAM(point)};
+    SendMessageW(header, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    return (hit.flags & HHT_ONHEADER) != 0 ? hit.iItem : -1;
+}
+
+bool isPointerMessage(UINT message) { return message >= WM_MOUSEMOVE && message <= WM_MBUTTONDBLCLK; }
+
+}  // namespace
+
+LRESULT CALLBACK Win32GridView::listProcedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR self) {
+    auto* view = reinterpret_cast<Win32GridView*>(self);
+    return view->listener_ != nullptr ? view->listMessage(message, w, l) : DefSubclassProc(window, message, w, l);
+}
+
+LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
+    if (isPointerMessage(message)) {
+        pointerAt(window_, l);
+    }
+    switch (message) {
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN:
+            return keyMessage(message, w, l);
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK: {
+            // First the control: it moves focus and selection.
+            const LRESULT result = DefSubclassProc(window_, message, w, l);
+            pressed(l, message == WM_LBUTTONDBLCLK);
+            return result;
+        }
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+            rightPressed(l);
+            return 0;
+        case WM_RBUTTONUP:
+            if (rightDown_) {
+                rightDown_ = false;
+                const Scale scale(window_);
+                listener_->rightButton(scale.twips(GET_X_LPARAM(l)), scale.twips(GET_Y_LPARAM(l)));
+            }
+            return 0;
+        case WM_CONTEXTMENU:
+            contextMenu(l);
+            return 0;
+        case WM_NOTIFY: {
+            const LRESULT result = DefSubclassProc(window_, message, w, l);
+            headerNotified(*reinterpret_cast<const NMHDR*>(l));
+            return result;
+        }
+        case WM_VSCROLL:
+        case WM_HSCROLL:
+        case WM_MOUSEWHEEL:
+        case WM_MOUSEHWHEEL:
+        case WM_SIZE: {
+            const LRESULT result = DefSubclassProc(window_, message, w, l);
+            reportViewChange();
+            return result;
+        }
+        default:
+            return DefSubclassProc(window_, message, w, l);
+    }
+}
+
+LRESULT Win32GridView::keyMessage(UINT message, WPARAM w, LPARAM l) {
+    // The character of this key waits in the queue already; a used key must not come back as a character.
+    const UINT characterMessage = message == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR;
+    MSG character{};
+    const bool hasCharacter = PeekMessageW(&character, window_, characterMessage, characterMessage, PM_REMOVE) != 0;
+    if (listener_->keyDown(static_cast<int>(w), shiftState())) {
+        return 0;
+    }
+    const LRESULT result = DefSubclassProc(window_, message, w, l);
+    if (hasCharacter) {
+        DefSubclassProc(window_, characterMessage, character.wParam, character.lParam);
+    }
+    return result;
+}
+
+void Win32GridView::pointerAt(HWND source, LPARAM point) {
+    POINT at{GET_X_LPARAM(point), GET_Y_LPARAM(point)};
+    MapWindowPoints(source, window_, &at, 1);
+    const Scale scale(window_);
+    listener_->pointerMoved(scale.twips(at.x), scale.twips(at.y));
+}
+
+int Win32GridView::rowAt(LPARAM point) const {
+    LVHITTESTINFO hit{};
+    hit.pt = {GET_X_LPARAM(point), GET_Y_LPARAM(point)};
+    return static_cast<int>(send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
+}
+
+void Win32GridView::pressed(LPARAM point, bool twice) {
+    if (rowAt(point) < 0) {
+        reportViewChange();
+    } else if (twice) {
+        listener_->itemDoubleClicked();
+    } else {
+        listener_->itemClicked();
+    }
+}
+
+// By hand, as the control would drop the selection on empty space and keep the release to itself.
+void Win32GridView::rightPressed(LPARAM point) {
+    rightDown_ = true;
+    SetFocus(window_);
+    const int index = rowAt(point);
+    if (index >= 0 && send(LVM_GETITEMSTATE, static_cast<WPARAM>(index), LVIS_SELECTED) == 0) {
+        setRowState(-1, 0, LVIS_SELECTED);
+        setRowState(index, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        send(LVM_SETSELECTIONMARK, 0, index);
+    }
+}
+
+void Win32GridView::contextMenu(LPARAM point) {
+    if (point != -1) {
+        return;  // the pointer's menu opens at the button's release
+    }
+    int middle = 0;
+    const auto focused = send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
+    if (focused >= 0) {
+        const Quiet quiet(quiet_);
+        send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(focused), FALSE);
+        const RECT bounds = rowBounds(static_cast<int>(focused));
+        middle = static_cast<int>(bounds.top + bounds.bottom) / 2;
+    }
+    listener_->menuKey(Scale(window_).twips(middle));
+}
+
+void Win32GridView::reportViewChange() {
+    if (quiet_ == 0) {
+        listener_->viewChanged();
+    }
+}
+
+void Win32GridView::headerNotified(const NMHDR& header) {
+    if (quiet_ != 0 || (header.code != HDN_ITEMCHANGEDW && header.code != HDN_ITEMCHANGEDA)) {
+        return;
+    }
+    const int index = reinterpret_cast<const NMHEADERW&>(header).iItem;
+    const auto width = static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(index)));
+    grid_->columnDragged(index + 1, Scale(window_).twips(width));
+    listener_->viewChanged();
+}
+
+LRESULT CALLBACK Win32GridView::headerProcedure(HWND header, UINT message, WPARAM w, LPARAM l, UINT_PTR,
+                                                DWORD_PTR self) {
+    auto* view = reinterpret_cast<Win32GridView*>(self);
+    if (view->listener_ != nullptr && isPointerMessage(message)) {
+        view->pointerAt(header, l);
+    }
+    if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
+        view->pressedHeader_ = headerItemAt(header, l);
+    }
+    const LRESULT result = DefSubclassProc(header, message, w, l);
+    if (message == WM_LBUTTONUP && view->listener_ != nullptr) {
+        // A header without buttons reports no clicks of its own.
+        const int index = headerItemAt(header, l);
+        if (index >= 0 && index == view->pressedHeader_) {
+            view->listener_->headerClicked(view->grid_->columns()[static_cast<std::size_t>(index)].key);
+        }
+        view->pressedHeader_ = -1;
+    }
+    return result;
+}

@@ -1,0 +1,188 @@
+#include "platform/win32/Win32GridView.h"
+
+#include <algorithm>
+
+#include "platform/win32/Scale.h"
+#include "platform/win32/WideText.h"
+
+void Win32GridView::createWindow(HWND parent, HWND tabControl, std::u16string_view name) {
+    tabControl_ = tabControl;
+    const DWORD style =
+        WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
+    window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, toWide(name).c_str(), style, 0, 0, 0, 0, parent, nullptr,
+                              GetModuleHandleW(nullptr), nullptr);
+    const DWORD extended = LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
+    HWND header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+    SetWindowLongPtrW(header, GWL_STYLE, GetWindowLongPtrW(header, GWL_STYLE) & ~static_cast<LONG_PTR>(HDS_BUTTONS));
+    SetWindowSubclass(window_, listProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    SetWindowSubclass(header, headerProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
+}
+
+int Win32GridView::border() const {
+    RECT outer{};
+    POINT inner{};
+    GetWindowRect(window_, &outer);
+    ClientToScreen(window_, &inner);
+    return static_cast<int>(inner.y - outer.top);
+}
+
+void Win32GridView::attach(Grid& grid, GridListener& listener) {
+    grid_ = &grid;
+    listener_ = &listener;
+    for (int column = columnCount() + 1; column <= static_cast<int>(grid.columns().size()); ++column) {
+        columnAdded(column);
+    }
+    afterReset();
+}
+
+int Win32GridView::columnCount() const {
+    return static_cast<int>(SendMessageW(reinterpret_cast<HWND>(send(LVM_GETHEADER)), HDM_GETITEMCOUNT, 0, 0));
+}
+
+void Win32GridView::columnAdded(int column) {
+    const Quiet quiet(quiet_);
+    const GridColumn& added = grid_->columns()[static_cast<std::size_t>(column - 1)];
+    std::wstring caption = toWide(added.caption);
+    LVCOLUMNW item{};
+    item.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+    item.pszText = caption.data();
+    item.cx = Scale(window_).pixels(added.width);
+    item.iSubItem = column - 1;
+    send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(column - 1), reinterpret_cast<LPARAM>(&item));
+}
+
+double Win32GridView::showColumnWidth(int column, double widthTwips) {
+    const Quiet quiet(quiet_);
+    const Scale scale(window_);
+    const auto index = static_cast<WPARAM>(column - 1);
+    send(LVM_SETCOLUMNWIDTH, index, scale.pixels(widthTwips));
+    return scale.twips(static_cast<int>(send(LVM_GETCOLUMNWIDTH, index)));
+}
+
+void Win32GridView::showWidthsAgain() {
+    const int shown = columnCount();
+    for (int column = 1; grid_ != nullptr && column <= shown; ++column) {
+        showColumnWidth(column, grid_->columns()[static_cast<std::size_t>(column - 1)].width);
+    }
+}
+
+void Win32GridView::showRowCount(DWORD flags) {
+    const Quiet quiet(quiet_);
+    send(LVM_SETITEMCOUNT, static_cast<WPARAM>(grid_->rowCount()), static_cast<LPARAM>(flags));
+}
+
+void Win32GridView::afterAppend(int) { showRowCount(LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL); }
+
+void Win32GridView::afterReset() {
+    showRowCount(LVSICF_NOSCROLL);
+    const Quiet quiet(quiet_);
+    setRowState(-1, 0, LVIS_SELECTED);
+    for (int row = 1; row <= grid_->rowCount(); ++row) {
+        if (grid_->isSelected(row)) {
+            setRowState(row - 1, LVIS_SELECTED, LVIS_SELECTED);
+        }
+    }
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+void Win32GridView::cellChanged(int row, int) {
+    send(LVM_REDRAWITEMS, static_cast<WPARAM>(row - 1), static_cast<LPARAM>(row - 1));
+}
+
+void Win32GridView::setRowState(int index, UINT state, UINT mask) {
+    LVITEMW item{};
+    item.state = state;
+    item.stateMask = mask;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+}
+
+RECT Win32GridView::rowBounds(int index) const {
+    RECT bounds{};
+    bounds.left = LVIR_BOUNDS;
+    send(LVM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&bounds));
+    return bounds;
+}
+
+GridGeometry Win32GridView::geometry(int row) {
+    const Scale scale(window_);
+    RECT outer{};
+    GetWindowRect(window_, &outer);
+    MapWindowPoints(nullptr, tabControl_, reinterpret_cast<POINT*>(&outer), 2);
+    GridGeometry result;
+    result.left = scale.twips(outer.left);
+    result.top = scale.twips(outer.top);
+    result.width = scale.twips(outer.right - outer.left);
+    result.height = scale.twips(outer.bottom - outer.top);
+    if (grid_ != nullptr && row >= 1 && row <= grid_->rowCount()) {
+        const Quiet quiet(quiet_);
+        send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row - 1), FALSE);
+        const RECT bounds = rowBounds(row - 1);
+        result.rowLeft = scale.twips(bounds.left);
+        result.rowTop = scale.twips(bounds.top);
+        result.rowHeight = scale.twips(bounds.bottom - bounds.top);
+    }
+    return result;
+}
+
+LRESULT Win32GridView::notified(const NMHDR& header) {
+    if (grid_ == nullptr) {
+        return 0;
+    }
+    switch (header.code) {
+        case LVN_GETDISPINFOW:
+            fillCell(*reinterpret_cast<NMLVDISPINFOW*>(const_cast<NMHDR*>(&header)));
+            return 0;
+        case LVN_ODFINDITEMW:
+            return findRow(reinterpret_cast<const NMLVFINDITEMW&>(header));
+        case LVN_ITEMCHANGED: {
+            const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
+            if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0) {
+                const int last = change.iItem < 0 ? grid_->rowCount() - 1 : change.iItem;
+                selectionChanged(std::max(change.iItem, 0), last, (change.uNewState & LVIS_SELECTED) != 0);
+            }
+            return 0;
+        }
+        case LVN_ODSTATECHANGED: {
+            const auto& change = reinterpret_cast<const NMLVODSTATECHANGE&>(header);
+            selectionChanged(change.iFrom, change.iTo, (change.uNewState & LVIS_SELECTED) != 0);
+            return 0;
+        }
+        default:
+            return 0;
+    }
+}
+
+void Win32GridView::selectionChanged(int first, int last, bool selected) {
+    for (int index = first; quiet_ == 0 && index <= last; ++index) {
+        grid_->setSelected(index + 1, selected);
+    }
+}
+
+void Win32GridView::fillCell(NMLVDISPINFOW& wanted) const {
+    if ((wanted.item.mask & LVIF_TEXT) == 0 || wanted.item.pszText == nullptr || wanted.item.cchTextMax <= 0) {
+        return;
+    }
+    const std::u16string_view text = grid_->text(wanted.item.iItem + 1, wanted.item.iSubItem + 1);
+    const auto length = std::min(text.size(), static_cast<std::size_t>(wanted.item.cchTextMax - 1));
+    std::copy_n(text.begin(), length, wanted.item.pszText);
+    wanted.item.pszText[length] = L'\0';
+}
+
+// Type-ahead: the first row from the start whose programme begins with what was typed, round the end.
+int Win32GridView::findRow(const NMLVFINDITEMW& wanted) const {
+    const int count = grid_->rowCount();
+    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr || count == 0) {
+        return -1;
+    }
+    const std::wstring typed = wanted.lvfi.psz;
+    const int start = std::clamp(wanted.iStart, 0, count - 1);
+    for (int i = 0; i < count; ++i) {
+        const int index = (start + i) % count;
+        const std::wstring beginning = toWide(grid_->text(index + 1, 1).substr(0, typed.size()));
+        if (CompareStringOrdinal(beginning.c_str(), -1, typed.c_str(), -1, TRUE) == CSTR_EQUAL) {
+            return index;
+        }
+    }
+    return -1;
+}

@@ -1,0 +1,77 @@
+// A station grid as the system's list view in report view. The rows stay in the Grid: the control owns no data,
+// it asks for the texts as it draws. Only the selection exists twice and is pushed into the Grid at each change.
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <string>
+
+#include "platform/Grid.h"
+#include "platform/GridView.h"
+
+class Win32GridView : public GridView {
+public:
+    // The name is what assistive programs read out.
+    void createWindow(HWND parent, HWND tabControl, std::u16string_view name);
+    HWND window() const { return window_; }
+    // Pixels between the window's outer edge and the rows and header.
+    int border() const;
+    // A WM_NOTIFY of the list view, which its parent receives.
+    LRESULT notified(const NMHDR& header);
+    // Font or resolution have changed: shows the same widths in twips again.
+    void showWidthsAgain();
+
+    void attach(Grid& grid, GridListener& listener) override;
+    void columnAdded(int column) override;
+    double showColumnWidth(int column, double widthTwips) override;
+    void beforeAppend(int) override {}
+    void afterAppend(int row) override;
+    void beforeReset() override {}
+    void afterReset() override;
+    void cellChanged(int row, int column) override;
+    GridGeometry geometry(int row) override;
+    void takeFocus() override { SetFocus(window_); }
+
+private:
+    // While one lives, changes come from the program and are not reported as the user's.
+    class Quiet {
+    public:
+        explicit Quiet(int& depth) : depth_(depth) { ++depth_; }
+        ~Quiet() { --depth_; }
+        Quiet(const Quiet&) = delete;
+        Quiet& operator=(const Quiet&) = delete;
+
+    private:
+        int& depth_;
+    };
+
+    static LRESULT CALLBACK listProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    static LRESULT CALLBACK headerProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    LRESULT listMessage(UINT message, WPARAM w, LPARAM l);
+    LRESULT keyMessage(UINT message, WPARAM w, LPARAM l);
+    void pointerAt(HWND source, LPARAM point);
+    void pressed(LPARAM point, bool twice);
+    void rightPressed(LPARAM point);
+    void contextMenu(LPARAM point);
+    void headerNotified(const NMHDR& header);
+    int rowAt(LPARAM point) const;  // 0-based, -1 for none
+
+    LRESULT send(UINT message, WPARAM w = 0, LPARAM l = 0) const { return SendMessageW(window_, message, w, l); }
+    RECT rowBounds(int index) const;
+    int columnCount() const;
+    void setRowState(int index, UINT state, UINT mask);
+    void showRowCount(DWORD flags);
+    void selectionChanged(int first, int last, bool selected);
+    void fillCell(NMLVDISPINFOW& wanted) const;
+    int findRow(const NMLVFINDITEMW& wanted) const;
+    void reportViewChange();
+
+    HWND window_ = nullptr;
+    HWND tabControl_ = nullptr;
+    Grid* grid_ = nullptr;
+    GridListener* listener_ = nullptr;
+    int quiet_ = 0;
+    int pressedHeader_ = -1;
+    bool rightDown_ = false;
+};

@@ -1,0 +1,58 @@
+// The main window: owns the controls, lays them out and hands the system's messages to them.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+
+#include "platform/MainWindow.h"
+#include "platform/win32/SystemFont.h"
+#include "platform/win32/Win32EditBox.h"
+#include "platform/win32/Win32GridView.h"
+#include "platform/win32/Win32PopupMenu.h"
+#include "platform/win32/Win32StatusBar.h"
+#include "platform/win32/Win32TabControl.h"
+
+class Win32MainWindow : public MainWindow {
+public:
+    // Creates the window with all its controls, hidden, at its design size.
+    explicit Win32MainWindow(const WindowDesign& design);
+    ~Win32MainWindow() override;
+    Win32MainWindow(const Win32MainWindow&) = delete;
+    Win32MainWindow& operator=(const Win32MainWindow&) = delete;
+
+    HWND window() const { return window_; }
+    void show(int command);
+    // Keys that work wherever the focus is. True: the message has been used.
+    bool usesKey(const MSG& message);
+
+    void setListener(MainWindowListener& listener) override { listener_ = &listener; }
+    void setEnabled(bool enabled) override { EnableWindow(window_, enabled ? TRUE : FALSE); }
+    void close() override { SendMessageW(window_, WM_CLOSE, 0, 0); }
+
+    std::array<Win32GridView, 4> grids;  // by tab
+    Win32TabControl tabs;
+    Win32EditBox editBox;
+    Win32StatusBar statusBar;
+    Win32PopupMenu popupMenu;
+
+private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
+    LRESULT handle(UINT message, WPARAM w, LPARAM l);
+    void createFrame(const WindowDesign& design);
+    void createControls(const WindowDesign& design);
+    void setFonts();
+    void layOut();
+    LRESULT notified(const NMHDR& header);
+    void activated(WORD state, HWND other);
+    void restoreFocus();
+    void resolutionChanged(const RECT& suggested);
+    void reportClosing();
+
+    double gridTopInset_;
+    HWND window_ = nullptr;
+    SystemFont font_;
+    HWND lastFocus_ = nullptr;
+    bool closing_ = false;
+    MainWindowListener* listener_ = nullptr;
+};

@@ -1,0 +1,29 @@
+// PMenu as a system popup menu over one of the grids.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <string>
+
+#include "platform/PopupMenu.h"
+
+class Win32PopupMenu : public PopupMenu {
+public:
+    Win32PopupMenu() = default;
+    ~Win32PopupMenu() override;
+    Win32PopupMenu(const Win32PopupMenu&) = delete;
+    Win32PopupMenu& operator=(const Win32PopupMenu&) = delete;
+
+    void create(HWND owner, const std::array<std::u16string, 8>& captions, const std::array<HWND, 4>& grids);
+
+    void setListener(MenuListener& listener) override { listener_ = &listener; }
+    void setEnabled(MenuItem item, bool enabled) override;
+    void show(int tab, double x, double y) override;
+
+private:
+    HMENU menu_ = nullptr;
+    HWND owner_ = nullptr;
+    std::array<HWND, 4> grids_{};
+    MenuListener* listener_ = nullptr;
+};

@@ -1,0 +1,47 @@
+#include "platform/win32/Win32SingleInstance.h"
+
+#include <cstdint>
+
+#include "platform/win32/WideText.h"
+
+namespace {
+
+// FNV-1a: a mutex's name can hold no path, and a hash of it is short enough.
+std::wstring hashOf(std::wstring_view text) {
+    std::uint64_t hash = 0xCBF29CE484222325U;
+    for (const wchar_t unit : text) {
+        hash = (hash ^ unit) * 0x100000001B3U;
+    }
+    std::wstring digits;
+    for (int shift = 60; shift >= 0; shift -= 4) {
+        digits += L"0123456789abcdef"[(hash >> static_cast<unsigned>(shift)) & 0xFU];
+    }
+    return digits;
+}
+
+}  // namespace
+
+Win32SingleInstance::Win32SingleInstance(std::u16string_view programFolder) {
+    std::wstring folder = toWide(programFolder);
+    CharLowerBuffW(folder.data(), static_cast<DWORD>(folder.size()));
+    name_ = L"Local\\Halcyon_K7-" + hashOf(folder);
+}
+
+Win32SingleInstance::~Win32SingleInstance() {
+    if (mutex_ != nullptr) {
+        CloseHandle(mutex_);
+    }
+}
+
+bool Win32SingleInstance::previousInstance() {
+    if (mutex_ != nullptr) {
+        return false;  // this process has the place already
+    }
+    mutex_ = CreateMutexW(nullptr, FALSE, name_.c_str());
+    if (mutex_ != nullptr && GetLastError() == ERROR_ALREADY_EXISTS) {
+        CloseHandle(mutex_);
+        mutex_ = nullptr;
+        return true;
+    }
+    return false;
+}

@@ -1,0 +1,22 @@
+// A named mutex for each program folder; the system drops it when the process ends, however it ends.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "platform/SingleInstance.h"
+
+class Win32SingleInstance : public SingleInstance {
+public:
+    explicit Win32SingleInstance(std::u16string_view programFolder);
+    ~Win32SingleInstance() override;
+    Win32SingleInstance(const Win32SingleInstance&) = delete;
+    Win32SingleInstance& operator=(const Win32SingleInstance&) = delete;
+
+    bool previousInstance() override;
+
+private:
+    std::wstring name_;
+    HANDLE mutex_ = nullptr;
+};

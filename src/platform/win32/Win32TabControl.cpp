@@ -1,0 +1,81 @@
+#include "platform/win32/Win32TabControl.h"
+
+#include <commctrl.h>
+
+#include "platform/win32/Scale.h"
+#include "platform/win32/WideText.h"
+
+void Win32TabControl::createWindow(HWND parent, const std::array<std::u16string, 4>& captions) {
+    // A click must not move the focus: the edit box would take its loss for a commit.
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | TCS_FOCUSNEVER;
+    window_ = CreateWindowExW(0, WC_TABCONTROLW, L"SSTab1", style, 0, 0, 0, 0, parent, nullptr,
+                              GetModuleHandleW(nullptr), nullptr);
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        std::wstring caption = toWide(captions[i]);
+        TCITEMW item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = caption.data();
+        SendMessageW(window_, TCM_INSERTITEMW, i, reinterpret_cast<LPARAM>(&item));
+    }
+    SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+}
+
+LRESULT CALLBACK Win32TabControl::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR self) {
+    const LRESULT result = DefSubclassProc(window, message, w, l);
+    const auto* tabs = reinterpret_cast<Win32TabControl*>(self);
+    if (message == WM_SETFOCUS && tabs->listener_ != nullptr) {
+        tabs->listener_->tabGotFocus();
+    }
+    return result;
+}
+
+HWND Win32TabControl::currentPage() const {
+    const int tab = currentTab();
+    return tab >= 0 && tab < static_cast<int>(pages_.size()) ? pages_[static_cast<std::size_t>(tab)] : nullptr;
+}
+
+RECT Win32TabControl::bounds() const {
+    RECT area{};
+    GetWindowRect(window_, &area);
+    MapWindowPoints(nullptr, GetParent(window_), reinterpret_cast<POINT*>(&area), 2);
+    return area;
+}
+
+RECT Win32TabControl::displayArea() const {
+    RECT area = bounds();
+    SendMessageW(window_, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
+    return area;
+}
+
+int Win32TabControl::currentTab() const { return static_cast<int>(SendMessageW(window_, TCM_GETCURSEL, 0, 0)); }
+
+double Win32TabControl::left() const { return Scale(window_).twips(bounds().left); }
+
+void Win32TabControl::step(int steps) {
+    const int count = static_cast<int>(pages_.size());
+    const int next = (currentTab() + steps % count + count) % count;
+    SendMessageW(window_, TCM_SETCURSEL, static_cast<WPARAM>(next), 0);
+    selectionChanged();
+}
+
+void Win32TabControl::selectionChanged() {
+    const int previous = shown_;
+    shown_ = currentTab();
+    if (shown_ == previous) {
+        return;
+    }
+    // The listener closes an open edit first; only then may the focus move.
+    if (listener_ != nullptr) {
+        listener_->tabClicked(previous);
+    }
+    HWND page = currentPage();
+    ShowWindow(page, SW_SHOWNA);
+    if (GetFocus() != window_) {
+        SetFocus(page);
+    }
+    for (HWND other : pages_) {
+        if (other != page) {
+            ShowWindow(other, SW_HIDE);
+        }
+    }
+}

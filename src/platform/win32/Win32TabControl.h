@@ -1,0 +1,35 @@
+// SSTab1 as the system's tab control; its pages are sibling windows laid over its display area.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <string>
+
+#include "platform/TabControl.h"
+
+class Win32TabControl : public TabControl {
+public:
+    void createWindow(HWND parent, const std::array<std::u16string, 4>& captions);
+    void setPages(const std::array<HWND, 4>& pages) { pages_ = pages; }
+    HWND window() const { return window_; }
+    HWND currentPage() const;
+    // Within the parent's client area.
+    RECT displayArea() const;
+    // As a click on the tab `steps` to the right of the current one, round the ends.
+    void step(int steps);
+    void selectionChanged();  // TCN_SELCHANGE
+
+    void setListener(TabListener& listener) override { listener_ = &listener; }
+    int currentTab() const override;
+    double left() const override;
+
+private:
+    static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    RECT bounds() const;
+
+    HWND window_ = nullptr;
+    std::array<HWND, 4> pages_{};
+    int shown_ = 0;
+    TabListener* listener_ = nullptr;
+};

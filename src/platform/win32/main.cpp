@@ -1,0 +1,72 @@
+#include <windows.h>
+#include <commctrl.h>
+
+#include "platform/Platform.h"
+#include "platform/win32/ProgramFolder.h"
+#include "platform/win32/Win32AddForm.h"
+#include "platform/win32/Win32CodePages.h"
+#include "platform/win32/Win32Downloader.h"
+#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32MainWindow.h"
+#include "platform/win32/Win32MessageBox.h"
+#include "platform/win32/Win32SingleInstance.h"
+#include "platform/win32/Win32TextCompare.h"
+#include "platform/win32/Win32Volumes.h"
+#include "platform/win32/Win32WindowHook.h"
+#include "shell/Design.h"
+#include "shell/MainForm.h"
+
+namespace {
+
+int runEvents(Win32MainWindow& window, Win32AddForm& dialog) {
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (!dialog.usesMessage(message) && !window.usesKey(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    return static_cast<int>(message.wParam);
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int showCommand) {
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
+
+    Win32MainWindow window(mainWindowDesign());
+    Win32AddForm dialog(window.window());
+    Win32MessageBox messageBox(window.window());
+    Win32WindowHook hook;
+    Win32Files files;
+    Win32Volumes volumes;
+    Win32Downloader downloader(files);
+    Win32CodePages codePages;
+    Win32TextCompare textCompare;
+    const std::u16string folder = programFolder();
+    Win32SingleInstance singleInstance(folder);
+
+    Platform platform{{&window.grids[0], &window.grids[1], &window.grids[2], &window.grids[3]},
+                      window.tabs,
+                      window.editBox,
+                      window.statusBar,
+                      window.popupMenu,
+                      messageBox,
+                      hook,
+                      dialog,
+                      window,
+                      files,
+                      volumes,
+                      downloader,
+                      codePages,
+                      textCompare,
+                      singleInstance,
+                      folder};
+    MainForm form(platform);
+    if (!form.Form_Load()) {
+        return 0;
+    }
+    window.show(showCommand);
+    return runEvents(window, dialog);
+}
