@@ -1,0 +1,73 @@
+// Four grids, files in memory and all that loads and saves them.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "fakes/FakeCodePages.h"
+#include "fakes/FakeFiles.h"
+#include "fakes/FakeGridView.h"
+#include "fakes/Text.h"
+#include "storage/ListLoader.h"
+#include "storage/ListSaver.h"
+#include "storage/RowStore.h"
+#include "storage/Utf16Bytes.h"
+
+// A file of the profile functions: UTF-16LE with its mark.
+inline std::string utf16File(std::u16string_view text) {
+    std::string bytes = "\xFF\xFE";
+    appendBytes(bytes, text, ByteOrder::Little);
+    return bytes;
+}
+
+class StorageTest : public testing::Test {
+protected:
+    using Rows = std::vector<std::vector<std::u16string>>;
+
+    void loadAll(bool setUpColumns = true) {
+        loader.LoadDrmList(setUpColumns);
+        loader.LoadAmList(setUpColumns);
+        loader.LoadFmList(setUpColumns);
+        loader.LoadFavList(setUpColumns);
+    }
+    void clearAll() {
+        for (RowStore* grid : {&drm, &am, &fm, &favourites}) {
+            grid->clear();
+        }
+    }
+    static Rows rowsOf(const RowStore& grid, int columns) {
+        Rows rows;
+        for (int row = 1; row <= grid.rowCount(); ++row) {
+            auto& cells = rows.emplace_back();
+            for (int column = 1; column <= columns; ++column) {
+                cells.emplace_back(grid.text(row, column));
+            }
+        }
+        return rows;
+    }
+    long countOf(const std::string& access) const {
+        return std::count(files.accesses.begin(), files.accesses.end(), access);
+    }
+    bool onlyWorkingCopiesExist() const {
+        return std::all_of(files.files.begin(), files.files.end(), [this](const auto& file) {
+            return file.first == copies.ListFilePath || file.first == copies.UserFilePath;
+        });
+    }
+    std::string& listFile() { return files.files[copies.ListFilePath]; }
+    std::string& userFile() { return files.files[copies.UserFilePath]; }
+
+    FakeFiles files;
+    FakeCodePages codePages;
+    FakeGridView drmView, amView, fmView, favouriteView;
+    RowStore drm{drmView}, am{amView}, fm{fmView}, favourites{favouriteView};
+    StationLists lists{{StationList{ListKind::Drm, drm, drmView}, StationList{ListKind::Am, am, amView},
+                        StationList{ListKind::Fm, fm, fmView},
+                        StationList{ListKind::Favourite, favourites, favouriteView}}};
+    WorkingCopies copies{u"/k7/List.ini", u"/k7/User.ini"};
+    ReceiverSettings settings;
+    ListLoader loader{lists, copies, settings, files, codePages};
+    ListSaver saver{lists, copies, settings, files, codePages};
+};
