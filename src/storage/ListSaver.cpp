@@ -50,7 +50,7 @@ void appendFm(std::u16string& text, const Row& row) {
 void appendFavourite(std::u16string& text, const Row& row) {
     const std::u16string_view frequency = PtrToStrW(row.whole(2).substr(0, row.whole(2).size() - kUnitLength));
     appendProfileKey(text, ListFile::kProgramme, row.cell(1));
-    if (isFm(row.cell(3))) {
+    if (isFm(row.whole(3))) {
         appendProfileKey(text, ListFile::kFrequency, kilohertzText(frequency));
     } else {
         appendProfileKey(text, ListFile::kFrequency, frequency);

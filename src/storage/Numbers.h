@@ -21,6 +21,6 @@ int saturateToInt16(double value);
 
 std::u16string decimal(int value);
 
-// MHz in kHz without the product's binary noise: 64.001 gives 64001 and not 64000.99999999999, so that a station
+// MHz in kHz without the product's binary noise: 64.4 gives 64400 and not 64400.00000000001, so that a station
 // loaded and saved keeps its frequency.
 double kilohertzOf(double megahertz);

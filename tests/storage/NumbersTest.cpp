@@ -107,6 +107,7 @@ TEST(KilohertzOf, IsTheInverseOfTheDivisionOnLoading) {
         differing += kilohertzOf(kHz / 1000.0) == kHz ? 0 : 1;
     }
     EXPECT_EQ(differing, 0);
+    EXPECT_EQ(narrow(shortestDecimal(kilohertzOf(64.4))), "64400");
     EXPECT_EQ(narrow(shortestDecimal(kilohertzOf(64.001))), "64001");
     EXPECT_EQ(narrow(shortestDecimal(kilohertzOf(0.0041))), "4.1");
 }

@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+
+#include "fakes/FakeCodePages.h"
+#include "fakes/FakeFiles.h"
+#include "storage/WorkingCopies.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+class WorkingCopy : public testing::Test {
+protected:
+    bool convert(std::string bytes) {
+        files.files[kPath] = std::move(bytes);
+        return convertWorkingCopy(kPath, files, codePages);
+    }
+    static constexpr auto kPath = u"/k7/List.ini";
+    FakeFiles files;
+    FakeCodePages codePages;
+};
+
+}  // namespace
+
+TEST_F(WorkingCopy, ANewOneHoldsOneBlank) {
+    createWorkingCopy(kPath, files, codePages);
+    EXPECT_EQ(files.files[kPath], "\xEF\xBB\xBF\x20");
+    EXPECT_TRUE(convertWorkingCopy(kPath, files, codePages));
+    EXPECT_EQ(files.files[kPath], "\xFF\xFE\x20\0"s);
+}
+
+TEST_F(WorkingCopy, Utf8IsConvertedWithAndWithoutMark) {
+    EXPECT_TRUE(convert("\xEF\xBB\xBF\xE4\xB8\xAD"));
+    EXPECT_EQ(files.files[kPath], "\xFF\xFE\x2D\x4E"s);
+    EXPECT_TRUE(convert("a\xC3\xA9\0b"s));
+    EXPECT_EQ(files.files[kPath],
+              "\xFF\xFE"
+              "a\0\xE9\0\0\0b\0"s);
+}
+
+TEST_F(WorkingCopy, TheEncodingIsNotGuessed) {
+    EXPECT_TRUE(
+        convert("\xFF\xFE"
+                "a\0"s));
+    EXPECT_EQ(files.files[kPath],
+              "\xFF\xFE\xFD\xFF\xFD\xFF"
+              "a\0\0\0"s);
+}
+
+TEST_F(WorkingCopy, AnEmptyFileBecomesAnEmptyText) {
+    EXPECT_TRUE(convert(""));
+    EXPECT_EQ(files.files[kPath], "\xFF\xFE");
+}
+
+TEST_F(WorkingCopy, AMissingFileStaysMissing) {
+    EXPECT_FALSE(convertWorkingCopy(kPath, files, codePages));
+    EXPECT_TRUE(files.files.empty());
+}
+
+TEST_F(WorkingCopy, AFaultLeavesTheFileAsItWas) {
+    files.failing = {kPath};
+    EXPECT_FALSE(convert("abc"));
+    EXPECT_EQ(files.files[kPath], "abc") << "could not be read";
+    files.failing = {u"/k7/List.ini.k7new"};
+    EXPECT_FALSE(convert("abc"));
+    EXPECT_EQ(files.files[kPath], "abc") << "could not be written";
+    EXPECT_EQ(files.files.size(), 1U);
+}
