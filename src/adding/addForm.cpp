@@ -1,5 +1,6 @@
 #include "adding/addForm.h"
 
+#include <cstddef>
 #include <vector>
 
 #include "storage/Numbers.h"
@@ -21,6 +22,7 @@ bool isStopTime(AddField field) { return field == AddField::eHourComb || field =
 
 std::vector<std::u16string> numbersBelow(int end) {
     std::vector<std::u16string> items;
+    items.reserve(static_cast<std::size_t>(end));
     for (int number = 0; number < end; ++number) {
         items.push_back(decimal(number));
     }

@@ -60,6 +60,7 @@ protected:
     }
     std::vector<std::u16string> texts() const {
         std::vector<std::u16string> result;
+        result.reserve(kAllFields.size());
         for (const AddField field : kAllFields) {
             result.push_back(dialog.text(field));
         }
