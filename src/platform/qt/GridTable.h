@@ -1,0 +1,18 @@
+// The table widget of a grid: report look, whole rows, nothing editable, uniform row height.
+#pragma once
+
+#include <QTableView>
+
+class GridTable : public QTableView {
+public:
+    explicit GridTable(QWidget* parent);
+
+    // By the text of the first column, whichever cell was clicked last.
+    void keyboardSearch(const QString& search) override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void fitRowsToFont();
+};

@@ -1,0 +1,45 @@
+#include "platform/qt/InputBlock.h"
+
+#include <QEvent>
+#include <QCursor>
+#include <QGuiApplication>
+
+InputBlock::InputBlock() {
+    qApp->installEventFilter(this);
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+InputBlock::~InputBlock() { QGuiApplication::restoreOverrideCursor(); }
+
+bool InputBlock::eventFilter(QObject*, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::InputMethod:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::TabletPress:
+        case QEvent::TabletMove:
+        case QEvent::TabletRelease:
+        case QEvent::NativeGesture:
+            return true;
+        case QEvent::Close:
+            // The user's click on the close box; the program's own closing passes.
+            if (event->spontaneous()) {
+                event->ignore();
+                return true;
+            }
+            return false;
+        default:
+            return false;
+    }
+}

@@ -1,0 +1,63 @@
+#include "platform/qt/Keys.h"
+
+#include <QKeyEvent>
+#include <array>
+#include <utility>
+
+#include "platform/GridView.h"
+
+int classicKey(const QKeyEvent& event) {
+    static constexpr std::array<std::pair<int, int>, 14> kNamed{{{Qt::Key_Return, Key::Enter},
+                                                                 {Qt::Key_Enter, Key::Enter},
+                                                                 {Qt::Key_Left, Key::Left},
+                                                                 {Qt::Key_Right, Key::Right},
+                                                                 {Qt::Key_Delete, Key::Delete},
+                                                                 {Qt::Key_Backspace, 8},
+                                                                 {Qt::Key_Escape, 27},
+                                                                 {Qt::Key_Space, 32},
+                                                                 {Qt::Key_PageUp, 33},
+                                                                 {Qt::Key_PageDown, 34},
+                                                                 {Qt::Key_End, 35},
+                                                                 {Qt::Key_Home, 36},
+                                                                 {Qt::Key_Up, 38},
+                                                                 {Qt::Key_Down, 40}}};
+    const int key = event.key();
+    if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) {
+        return key;
+    }
+    for (const auto& [qtKey, code] : kNamed) {
+        if (key == qtKey) {
+            return code;
+        }
+    }
+    return 0;
+}
+
+int classicShift(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers();
+    int shift = Shift::None;
+    shift |= held.testFlag(Qt::ShiftModifier) ? Shift::ShiftKey : 0;
+    shift |= held.testFlag(Qt::ControlModifier) ? Shift::Ctrl : 0;
+    shift |= held.testFlag(Qt::AltModifier) || held.testFlag(Qt::GroupSwitchModifier) ? Shift::Alt : 0;
+    return shift;
+}
+
+int characterCode(const QKeyEvent& event) {
+    const int key = event.key();
+    // Qt gives these three a text although they type no character.
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Delete ||
+        event.modifiers().testFlag(Qt::AltModifier)) {
+        return 0;
+    }
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return 13;
+        case Qt::Key_Escape:
+            return 27;
+        case Qt::Key_Backspace:
+            return 8;
+        default:
+            return event.text().isEmpty() ? 0 : event.text().at(0).unicode();
+    }
+}

@@ -1,0 +1,29 @@
+// An open file of a POSIX system, closed by its destructor.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+class PosixFile {
+public:
+    // flags and permissions as for open(); the descriptor is never inherited by another program.
+    PosixFile(const std::string& path, int flags, unsigned permissions = 0);
+    ~PosixFile();
+    PosixFile(const PosixFile&) = delete;
+    PosixFile& operator=(const PosixFile&) = delete;
+
+    bool isOpen() const { return descriptor_ >= 0; }
+    int descriptor() const { return descriptor_; }
+    bool isRegular() const;
+    // From the current position to the end; nullopt on a read error.
+    std::optional<std::string> readAll() const;
+    bool writeAll(std::string_view bytes) const;
+    bool truncate() const;
+    bool flush() const;              // to the device
+    void forgetCachedPages() const;  // so that the next read comes from the device, where the system can do that
+    bool close();                    // false: what was written may be lost
+
+private:
+    int descriptor_;
+};

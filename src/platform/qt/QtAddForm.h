@@ -1,0 +1,50 @@
+// The window of the Add List dialog.
+#pragma once
+
+#include <QDialog>
+#include <QObject>
+#include <QPointer>
+#include <array>
+
+#include "platform/AddFormView.h"
+
+class QComboBox;
+
+class QGridLayout;
+class QLineEdit;
+class QWidget;
+
+class QtAddForm : public QObject, public AddFormView {
+public:
+    explicit QtAddForm(QWidget* mainWindow) : mainWindow_(mainWindow) {}
+    ~QtAddForm() override;
+
+    void create(const AddCaptions& captions, AddFormListener& listener) override;
+    void setTitle(std::u16string_view title) override;
+    void setCaption(AddControl control, std::u16string_view caption) override;
+    void setEnabled(AddField field, bool enabled) override;
+    void setItems(AddField combo, const std::vector<std::u16string>& items) override;
+    std::u16string text(AddField field) const override;
+    void takeFocus(AddField field) override;
+    void show() override;
+    void destroy() override;
+    bool isOpen() const override { return dialog_ != nullptr; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void makeControls(const AddCaptions& captions);
+    void layOut();
+    void nameFields(const AddCaptions& captions);
+    bool filterDialog(QEvent* event);
+    bool characterTyped(const QObject* field, int characterCode);
+    QWidget* field(AddField which) const { return fields_[static_cast<std::size_t>(which)]; }
+    QWidget* control(AddControl which) const { return controls_[static_cast<std::size_t>(which)]; }
+
+    QWidget* mainWindow_;
+    QPointer<QDialog> dialog_;
+    AddFormListener* listener_ = nullptr;
+    // Of the dialog that is open, owned by it.
+    std::array<QWidget*, kAddFieldCount> fields_{};
+    std::array<QWidget*, kAddControlCount> controls_{};
+};

@@ -1,0 +1,17 @@
+#include "platform/qt/QtDownloader.h"
+
+#include <QUrl>
+
+#include "platform/qt/HttpTransfer.h"
+#include "platform/qt/InputBlock.h"
+#include "platform/qt/Units.h"
+
+bool QtDownloader::download(std::u16string_view url, std::u16string_view path) {
+    const InputBlock block;
+    const std::optional<QByteArray> body = HttpTransfer(network_, QUrl(toQt(url)), idleLimit_).run();
+    if (body && files_.write(path, std::string_view(body->constData(), static_cast<std::size_t>(body->size())))) {
+        return true;
+    }
+    files_.remove(path);
+    return false;
+}

@@ -1,0 +1,89 @@
+#include "platform/qt/QtFiles.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <cstdio>
+
+#include "platform/qt/PosixFile.h"
+#include "platform/qt/Units.h"
+
+namespace {
+
+constexpr unsigned kDefaultPermissions = 0666;  // less what the user's mask takes away
+
+std::string native(std::u16string_view path) { return QFile::encodeName(toQt(path)).toStdString(); }
+
+// Makes a new name in the folder durable. Some file systems have no such notion; nothing is lost then.
+void flushFolderOf(const std::string& path) {
+    const std::size_t slash = path.find_last_of('/');
+    if (slash != std::string::npos) {
+        const PosixFile folder(path.substr(0, slash + 1), O_RDONLY | O_DIRECTORY);
+        if (folder.isOpen()) {
+            folder.flush();
+        }
+    }
+}
+
+bool writeTo(const std::string& path, std::string_view bytes, bool append) {
+    PosixFile file(path, O_WRONLY | O_CREAT | O_NOFOLLOW | (append ? O_APPEND : 0), kDefaultPermissions);
+    const bool written = file.isRegular() && (append || file.truncate()) && file.writeAll(bytes) && file.flush();
+    const bool closed = file.close();
+    if (written && closed) {
+        flushFolderOf(path);
+    }
+    return written && closed;
+}
+
+}  // namespace
+
+bool QtFiles::exists(std::u16string_view path) {
+    struct stat status {};
+    return ::lstat(native(path).c_str(), &status) == 0;
+}
+
+std::optional<std::uint64_t> QtFiles::size(std::u16string_view path) {
+    struct stat status {};
+    if (::stat(native(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint64_t>(status.st_size);
+}
+
+std::optional<std::string> QtFiles::read(std::u16string_view path) {
+    const PosixFile file(native(path), O_RDONLY);
+    return file.isRegular() ? file.readAll() : std::nullopt;
+}
+
+std::optional<std::string> QtFiles::readBack(std::u16string_view path) {
+    const PosixFile file(native(path), O_RDONLY);
+    if (!file.isRegular()) {
+        return std::nullopt;
+    }
+    file.forgetCachedPages();
+    return file.readAll();
+}
+
+bool QtFiles::write(std::u16string_view path, std::string_view bytes) { return writeTo(native(path), bytes, false); }
+
+bool QtFiles::append(std::u16string_view path, std::string_view bytes) { return writeTo(native(path), bytes, true); }
+
+bool QtFiles::rename(std::u16string_view from, std::u16string_view to) {
+    if (::rename(native(from).c_str(), native(to).c_str()) != 0) {
+        return false;
+    }
+    flushFolderOf(native(to));
+    return true;
+}
+
+bool QtFiles::remove(std::u16string_view path) { return ::unlink(native(path).c_str()) == 0; }
+
+bool QtFiles::clearAttributes(std::u16string_view path) {
+    const std::string name = native(path);
+    struct stat status {};
+    constexpr mode_t kPermissionBits = 07777;
+    return ::stat(name.c_str(), &status) == 0 &&
+           ::chmod(name.c_str(), (status.st_mode & kPermissionBits) | S_IWUSR) == 0;
+}

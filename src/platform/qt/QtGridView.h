@@ -1,0 +1,64 @@
+// A grid of the main window: the page of its tab, with the table inside.
+#pragma once
+
+#include <QItemSelection>
+#include <QObject>
+
+#include "platform/GridView.h"
+
+class GridModel;
+class GridTable;
+class QKeyEvent;
+class QMouseEvent;
+class QPoint;
+class QPointF;
+class QWidget;
+
+class QtGridView : public QObject, public GridView {
+public:
+    // Pixels between the page's outer edge and the table's first pixel.
+    static constexpr int kBorder = 3;
+
+    // The page belongs to the tab control once it has been added there; so does the table in it.
+    QtGridView(const QString& objectName, const QString& caption);
+
+    QWidget* page() const { return page_; }
+    GridTable* table() const { return table_; }
+    // From a position as GridListener gets it.
+    QPoint toGlobal(double x, double y) const;
+
+    void attach(Grid& grid, GridListener& listener) override;
+    void columnAdded(int column) override;
+    double showColumnWidth(int column, double widthTwips) override;
+    void beforeAppend(int row) override;
+    void afterAppend(int row) override;
+    void beforeReset() override;
+    void afterReset() override;
+    void cellChanged(int row, int column) override;
+    GridGeometry geometry(int row) override;
+    void takeFocus() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void connectSignals();
+    bool filterTable(QEvent* event);
+    bool filterViewport(QEvent* event);
+    bool keyPressed(const QKeyEvent& event);
+    void mousePressed(const QMouseEvent& event);
+    void reportPointer(const QPointF& position);
+    void reportMenuKey();
+    void pushSelection(const QItemSelection& selected, const QItemSelection& deselected);
+    void restoreSelection();
+    int headerHeight() const;
+
+    QWidget* page_;
+    GridTable* table_;
+    GridModel* model_;
+    Grid* grid_ = nullptr;
+    GridListener* listener_ = nullptr;
+    Qt::MouseButton pressedButton_ = Qt::NoButton;
+    bool ownChange_ = false;  // widths and selection set by the program, not by the user
+    int savedRow_ = -1;
+    int savedScroll_ = 0;
+};

@@ -1,0 +1,121 @@
+#include "platform/qt/QtMainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QLineEdit>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "platform/qt/QtEditBox.h"
+#include "platform/qt/QtPopupMenu.h"
+#include "platform/qt/QtStatusBar.h"
+#include "platform/qt/QtTabs.h"
+#include "platform/qt/Units.h"
+
+QtMainWindow::QtMainWindow(const WindowDesign& design)
+    : window_(std::make_unique<QWidget>()),
+      tabs_(std::make_unique<QtTabs>(design, window_.get())),
+      statusBar_(std::make_unique<QtStatusBar>(window_.get())),
+      editBox_(std::make_unique<QtEditBox>(window_.get(), [this] { tabs_->currentGrid().takeFocus(); })),
+      popupMenu_(std::make_unique<QtPopupMenu>(design, window_.get(), *tabs_)) {
+    window_->setObjectName("MainForm");
+    window_->setWindowTitle(toQt(design.caption));
+    connect(tabs_->widget(), &QTabWidget::currentChanged, this, &QtMainWindow::nameEditBox);
+    nameEditBox();
+    layOut(design);
+    // The program ends with this window, whatever else is open.
+    QApplication::setQuitOnLastWindowClosed(false);
+    qApp->installEventFilter(this);
+}
+
+// The widgets go before the adapters that they still use as they go.
+QtMainWindow::~QtMainWindow() { destroyWidgets(); }
+
+void QtMainWindow::destroyWidgets() { window_.reset(); }
+
+void QtMainWindow::layOut(const WindowDesign& design) {
+    constexpr int kMargin = 8;  // pixels
+    auto* outer = new QVBoxLayout(window_.get());
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setSpacing(0);
+    auto* inner = new QVBoxLayout;
+    inner->setContentsMargins(kMargin, toPixels(design.gridTopInset) - QtGridView::kBorder, kMargin, 0);
+    inner->addWidget(tabs_->widget());
+    outer->addLayout(inner, 1);
+    outer->addWidget(statusBar_->widget());
+    window_->resize(toPixels(design.width), toPixels(design.height));
+    // Qt lays tabs out when they are shown, and the columns' widths are asked for before that.
+    window_->setAttribute(Qt::WA_DontShowOnScreen);
+    window_->show();
+    QApplication::sendPostedEvents();
+    window_->hide();
+    window_->setAttribute(Qt::WA_DontShowOnScreen, false);
+}
+
+void QtMainWindow::nameEditBox() {
+    QTabWidget* tabs = tabs_->widget();
+    editBox_->widget()->setAccessibleName(tabs->tabText(tabs->currentIndex()));
+}
+
+void QtMainWindow::show() {
+    tabs_->currentGrid().takeFocus();
+    window_->show();
+}
+
+void QtMainWindow::setEnabled(bool enabled) {
+    if (enabled == window_->isEnabled()) {
+        return;
+    }
+    if (!enabled) {
+        focusBeforeDisabling_ = window_->focusWidget();
+    }
+    window_->setEnabled(enabled);
+    if (enabled && focusBeforeDisabling_ != nullptr) {
+        focusBeforeDisabling_->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void QtMainWindow::close() { window_->close(); }
+
+bool QtMainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == window_.get()) {
+        if (event->type() == QEvent::Close) {
+            closing(*static_cast<QCloseEvent*>(event));
+            return true;
+        }
+        if (event->type() == QEvent::WindowActivate) {
+            activated();
+        }
+    } else if (event->type() == QEvent::Show && qobject_cast<QDialog*>(watched) != nullptr) {
+        dialogWasActive_ = true;
+    }
+    return false;
+}
+
+// Coming back from a box of the program itself is not the user's coming to the window.
+void QtMainWindow::activated() {
+    const bool fromOwnDialog = std::exchange(dialogWasActive_, false);
+    if (!fromOwnDialog && listener_ != nullptr) {
+        listener_->windowGotFocus();
+    }
+}
+
+void QtMainWindow::closing(QCloseEvent& event) {
+    if (event.spontaneous() && !window_->isEnabled()) {
+        event.ignore();
+        return;
+    }
+    event.accept();
+    if (closed_) {
+        return;
+    }
+    closed_ = true;
+    if (listener_ != nullptr) {
+        listener_->windowClosing();
+    }
+    QMetaObject::invokeMethod(
+        qApp, [] { QApplication::exit(0); }, Qt::QueuedConnection);
+}

@@ -1,0 +1,55 @@
+// The main window MainForm: its frame, its closing, and the controls in its client area.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <memory>
+
+#include "platform/MainWindow.h"
+
+class QCloseEvent;
+class QWidget;
+class QtEditBox;
+class QtPopupMenu;
+class QtStatusBar;
+class QtTabs;
+
+class QtMainWindow : public QObject, public MainWindow {
+public:
+    // Built hidden and laid out at its design size.
+    explicit QtMainWindow(const WindowDesign& design);
+    ~QtMainWindow() override;
+
+    QWidget* widget() const { return window_.get(); }
+    QtTabs& tabs() { return *tabs_; }
+    QtEditBox& editBox() { return *editBox_; }
+    QtStatusBar& statusBar() { return *statusBar_; }
+    QtPopupMenu& popupMenu() { return *popupMenu_; }
+
+    void show();
+    // While the listeners still live, which the controls call until they are gone. Nothing is used afterwards.
+    void destroyWidgets();
+    bool isClosed() const { return closed_; }
+
+    void setListener(MainWindowListener& listener) override { listener_ = &listener; }
+    void setEnabled(bool enabled) override;
+    void close() override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void layOut(const WindowDesign& design);
+    void nameEditBox();
+    void activated();
+    void closing(QCloseEvent& event);
+
+    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<QtTabs> tabs_;
+    std::unique_ptr<QtStatusBar> statusBar_;
+    std::unique_ptr<QtEditBox> editBox_;
+    std::unique_ptr<QtPopupMenu> popupMenu_;
+    MainWindowListener* listener_ = nullptr;
+    QPointer<QWidget> focusBeforeDisabling_;
+    bool dialogWasActive_ = false;
+    bool closed_ = false;
+};

@@ -1,0 +1,17 @@
+// The system's requests to end (SIGTERM, SIGINT, SIGHUP, end of the session) close the main window as its
+// close box does.
+#pragma once
+
+#include <QObject>
+#include <array>
+
+class MainWindow;
+
+class QtSignals : public QObject {
+public:
+    explicit QtSignals(MainWindow& window);  // the window outlives this object
+    ~QtSignals() override;
+
+private:
+    std::array<int, 2> pipe_{-1, -1};
+};

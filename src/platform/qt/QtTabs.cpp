@@ -1,0 +1,62 @@
+#include "platform/qt/QtTabs.h"
+
+#include <QEvent>
+#include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "platform/MainWindow.h"
+#include "platform/qt/GridTable.h"
+#include "platform/qt/Units.h"
+
+QtTabs::QtTabs(const WindowDesign& design, QWidget* client) : tabs_(new QTabWidget(client)) {
+    static constexpr std::array kGridNames{"drmLV", "amLV", "fmLV", "favLV"};
+    tabs_->setObjectName("SSTab1");
+    for (std::size_t tab = 0; tab < grids_.size(); ++tab) {
+        const QString caption = toQt(design.tabCaptions[tab]);
+        grids_[tab] = std::make_unique<QtGridView>(kGridNames[tab], caption);
+        tabs_->addTab(grids_[tab]->page(), caption);
+    }
+    // A click on a tab must not take the focus from an open edit: the switch discards it.
+    tabs_->setFocusPolicy(Qt::NoFocus);
+    tabs_->tabBar()->setFocusPolicy(Qt::TabFocus);
+    tabs_->tabBar()->installEventFilter(this);
+    connect(tabs_, &QTabWidget::currentChanged, this, &QtTabs::tabShown);
+    addShortcuts(client);
+}
+
+// Shortcuts of the window, because the edit box is no child of the tab control.
+void QtTabs::addShortcuts(QWidget* client) {
+    const auto add = [&](const QList<QKeySequence>& keys, int step) {
+        for (const QKeySequence& key : keys) {
+            connect(new QShortcut(key, client), &QShortcut::activated, this, [this, step] {
+                const int count = tabs_->count();
+                tabs_->setCurrentIndex((tabs_->currentIndex() + count + step) % count);
+            });
+        }
+    };
+    add(QKeySequence::keyBindings(QKeySequence::NextChild) << QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1);
+    add(QKeySequence::keyBindings(QKeySequence::PreviousChild) << QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1);
+}
+
+void QtTabs::tabShown(int tab) {
+    const int previous = previous_;
+    previous_ = tab;
+    if (listener_ != nullptr) {
+        listener_->tabClicked(previous);
+    }
+    if (!tabs_->tabBar()->hasFocus()) {
+        currentGrid().takeFocus();
+    }
+}
+
+bool QtTabs::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn && listener_ != nullptr) {
+        listener_->tabGotFocus();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+int QtTabs::currentTab() const { return tabs_->currentIndex(); }
+
+double QtTabs::left() const { return toTwips(tabs_->mapTo(tabs_->window(), QPoint()).x()); }
