@@ -2,7 +2,7 @@
 
 #include "platform/SingleInstance.h"
 
-MainForm::MainForm(Platform& platform)
+MainForm::MainForm(const Platform& platform)
     : platform_(platform),
       workingCopies_{platform.programFolder + u"List.ini", platform.programFolder + u"User.ini"},
       drmLV_(*platform.gridViews[0]),
@@ -107,6 +107,7 @@ void MainForm::LV_RightButton(ListKind kind, double x, double y) {
 void MainForm::LV_DblClick(ListKind kind) { cellEditing_.startEdit(kind); }
 
 void MainForm::LV_HeaderClick(ListKind kind, std::u16string_view key) {
+    cellEditing_.viewChanged();  // a header takes no focus; the rows are about to move under the box
     sortListview_.headerClicked(stationLists()[kind], key);
 }
 

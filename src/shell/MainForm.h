@@ -35,8 +35,8 @@
 
 class MainForm : private MainWindowListener, private TabListener, private EditBoxListener, private MenuListener {
 public:
-    // The platform outlives the form. The window is built and hidden.
-    explicit MainForm(Platform& platform);
+    // What the bundle refers to outlives the form. The window is built and hidden.
+    explicit MainForm(const Platform& platform);
     MainForm(const MainForm&) = delete;
     MainForm& operator=(const MainForm&) = delete;
 
@@ -94,7 +94,7 @@ private:
     void AfterTabShown() {}  // a hook for what a tab may need once it is on screen; nothing so far
     StationLists stationLists();
 
-    Platform& platform_;
+    const Platform platform_;
     ReceiverSettings settings_;
     bool SkipSaveOnExit_ = false;
     std::u16string ReceiverRoot_;
