@@ -1,0 +1,212 @@
+// The portable profile engine against the system's profile functions: the same random calls on the same random
+// file must give the same reads and, up to blank lines and blanks at the ends of lines, the same file.
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fakes/Text.h"
+#include "platform/win32/WideText.h"
+#include "platform/win32/Win32CodePages.h"
+#include "storage/Profile.h"
+#include "storage/ProfileEdit.h"
+#include "storage/ProfileLines.h"
+#include "storage/Utf16Bytes.h"
+#include "win32/TemporaryFolder.h"
+
+namespace {
+
+constexpr int kBufferUnits = 255;
+constexpr unsigned kSequences = 1000;
+
+class Generator {
+public:
+    explicit Generator(unsigned seed) : engine_(seed) {}
+
+    int below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(engine_); }
+    bool chance(int percent) { return below(100) < percent; }
+
+    std::u16string section() {
+        static constexpr std::array<std::u16string_view, 7> kNames = {
+            u"Total",         u"DRMSchedule0", u"drmschedule0",  u"AMSchedule1",
+            u"FAVSchedule12", u"two words",    u"kvt update end"};
+        return std::u16string(kNames[static_cast<std::size_t>(below(kNames.size()))]);
+    }
+    std::u16string key() {
+        static constexpr std::array<std::u16string_view, 6> kNames = {u"Frequency", u"FREQUENCY", u"Programme",
+                                                                      u"UserDef",   u"a key",     u"TYPE"};
+        return std::u16string(kNames[static_cast<std::size_t>(below(kNames.size()))]);
+    }
+    std::u16string value() {
+        static constexpr std::u16string_view kUnits = u"aB19 ,.:-=;[]'\"/\\#%äЖ中\u00A0";
+        std::u16string text;
+        const int length = chance(5) ? 250 + below(10) : below(14);
+        for (int i = 0; i < length; ++i) {
+            text += kUnits[static_cast<std::size_t>(below(kUnits.size()))];
+        }
+        return text;
+    }
+    std::u16string blanks() { return std::u16string(chance(30) ? static_cast<std::size_t>(1 + below(2)) : 0, u' '); }
+    std::u16string line() {
+        switch (below(8)) {
+            case 0:
+            case 1:
+                return blanks() + u'[' + blanks() + section() + blanks() + u']' + blanks();
+            case 2:
+                return blanks();
+            case 3:
+                return blanks() + u"; a comment=1";
+            default:
+                return blanks() + key() + blanks() + u'=' + blanks() + value() + blanks();
+        }
+    }
+    std::u16string file() {
+        std::u16string text = chance(70) ? u" \r\n" : u"";
+        const int lines = below(20);
+        for (int i = 0; i < lines; ++i) {
+            text += line();
+            text += i + 1 < lines || chance(70) ? u"\r\n" : u"";
+        }
+        return text;
+    }
+
+private:
+    std::mt19937 engine_;
+};
+
+std::u16string trimmed(std::u16string_view text) {
+    const auto first = text.find_first_not_of(u" \t");
+    return first == text.npos ? std::u16string()
+                              : std::u16string(text.substr(first, text.find_last_not_of(u" \t") - first + 1));
+}
+
+// One entry for each line that is not blank, blanks around its parts dropped.
+std::vector<std::string> essence(std::u16string_view text) {
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const ProfileLineEnd lineEnd = findLineEnd(text, start);
+        const std::u16string_view whole = text.substr(start, lineEnd.end - start);
+        const ProfileLine line = parseProfileLine(whole);
+        if (line.kind == ProfileLineKind::Section) {
+            lines.push_back("[" + narrow(line.name) + "]");
+        } else if (line.kind == ProfileLineKind::Key) {
+            lines.push_back(narrow(line.name) + "=" + narrow(trimmed(line.value)));
+        } else if (!trimmed(whole).empty()) {
+            lines.push_back(narrow(trimmed(whole)));
+        }
+        start = lineEnd.next;
+    }
+    return lines;
+}
+
+std::string utf16File(std::u16string_view text) {
+    std::string bytes = "\xFF\xFE";
+    for (const char16_t unit : text) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>(unit >> 8);
+    }
+    return bytes;
+}
+
+std::size_t countSections(std::u16string_view text, std::u16string_view name) {
+    std::size_t count = 0;
+    for (std::size_t start = 0; start < text.size();) {
+        const ProfileLineEnd lineEnd = findLineEnd(text, start);
+        const ProfileLine line = parseProfileLine(text.substr(start, lineEnd.end - start));
+        count += line.kind == ProfileLineKind::Section && sameName(line.name, name) ? 1U : 0U;
+        start = lineEnd.next;
+    }
+    return count;
+}
+
+class ProfileDifferential : public testing::Test {
+protected:
+    std::u16string systemRead(const std::u16string& section, const std::u16string& key) const {
+        std::array<wchar_t, kBufferUnits> buffer{};
+        const DWORD length = GetPrivateProfileStringW(toWide(section).c_str(), toWide(key).c_str(), L"", buffer.data(),
+                                                      kBufferUnits, folder_.file("system.ini").c_str());
+        return fromWide({buffer.data(), length});
+    }
+    void systemWrite(const std::u16string& section, const std::u16string* key, const std::u16string* value) const {
+        const std::wstring wideKey = key != nullptr ? toWide(*key) : L"";
+        const std::wstring wideValue = value != nullptr ? toWide(*value) : L"";
+        WritePrivateProfileStringW(toWide(section).c_str(), key != nullptr ? wideKey.c_str() : nullptr,
+                                   value != nullptr ? wideValue.c_str() : nullptr, folder_.file("system.ini").c_str());
+    }
+    std::u16string systemFile() {
+        WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // flush
+        return decodeProfile(folder_.read("system.ini"), codePages_).text;
+    }
+    // A file as it stands with the mark FF FE, or one in the ANSI code page, which may lack characters of the text.
+    std::u16string fitting(const std::u16string& text, bool ansi) {
+        return ansi ? codePages_.decode(CodePage::Ansi, codePages_.encode(CodePage::Ansi, text)) : text;
+    }
+    void start(const std::u16string& text, bool ansi) {
+        folder_.write("system.ini", ansi ? codePages_.encode(CodePage::Ansi, text) : utf16File(text));
+        WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // forget
+    }
+
+    TemporaryFolder folder_;
+    Win32CodePages codePages_;
+};
+
+TEST_F(ProfileDifferential, ReadsTheSameValues) {
+    for (unsigned seed = 1; seed <= kSequences && !HasFailure(); ++seed) {
+        Generator generator(seed);
+        const bool ansi = generator.chance(30);
+        const std::u16string text = fitting(generator.file(), ansi);
+        start(text, ansi);
+        const Profile profile(text);
+        for (int i = 0; i < 12; ++i) {
+            const std::u16string section = generator.section();
+            const std::u16string key = generator.key();
+            EXPECT_EQ(narrow(profile.get(section, key)), narrow(systemRead(section, key)))
+                << "seed " << seed << " [" << narrow(section) << "] " << narrow(key) << "\n"
+                << narrow(text);
+        }
+    }
+}
+
+TEST_F(ProfileDifferential, WritesTheSameFile) {
+    for (unsigned seed = 1; seed <= kSequences && !HasFailure(); ++seed) {
+        Generator generator(seed);
+        const bool ansi = generator.chance(30);
+        const std::u16string text = fitting(generator.file(), ansi);
+        start(text, ansi);
+        ProfileEdit edit(text);
+        std::string calls;
+        for (int i = 1 + generator.below(10); i > 0; --i) {
+            const std::u16string section = generator.section();
+            const std::u16string key = generator.key();
+            const int kind = generator.below(10);
+            if (kind == 0) {
+                edit.removeSection(section);
+                systemWrite(section, nullptr, nullptr);
+                calls += "remove [" + narrow(section) + "]\n";
+            } else if (kind == 1) {
+                // Wine looks for a key to remove in every section of the name, though it reads and writes keys in
+                // the first one only, as the system does.
+                if (countSections(edit.compose(), section) > 1) {
+                    continue;
+                }
+                edit.removeKey(section, key);
+                systemWrite(section, &key, nullptr);
+                calls += "remove [" + narrow(section) + "] " + narrow(key) + "\n";
+            } else {
+                const std::u16string value = fitting(generator.value(), ansi);
+                edit.set(section, key, value);
+                systemWrite(section, &key, &value);
+                calls += "[" + narrow(section) + "] " + narrow(key) + "=" + narrow(value) + "\n";
+            }
+        }
+        EXPECT_EQ(essence(edit.compose()), essence(systemFile())) << "seed " << seed << "\n"
+                                                                  << narrow(text) << "\n---\n"
+                                                                  << calls;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,24 @@
+// A fresh folder of the system's for one test, removed with all it holds.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path file(std::string_view name) const { return path_ / name; }
+    void write(std::string_view name, std::string_view bytes) const;
+    std::string read(std::string_view name) const;  // empty when there is no such file
+
+private:
+    std::filesystem::path path_;
+};
