@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class Files {
 public:
@@ -28,5 +29,16 @@ public:
     virtual bool rename(std::u16string_view from, std::u16string_view to) = 0;
     virtual bool remove(std::u16string_view path) = 0;
     // Normal attributes: writable, not hidden, not system.
+    // A link is left as it is and gives false.
     virtual bool clearAttributes(std::u16string_view path) = 0;
+
+    // Paths of folders come without a trailing separator.
+    // True when a folder is there afterwards, new or not; a link to one is not. The folder above it must exist.
+    virtual bool createFolder(std::u16string_view path) = 0;
+    // Empty folders only.
+    virtual bool removeFolder(std::u16string_view path) = 0;
+    // The names of everything in a folder, in the order of their UTF-16 units; empty when it cannot be read.
+    virtual std::vector<std::u16string> list(std::u16string_view path) = 0;
+    // Bytes that files of this user can still take on the folder's volume; nullopt when that cannot be told.
+    virtual std::optional<std::uint64_t> freeSpace(std::u16string_view folder) = 0;
 };

@@ -19,6 +19,7 @@ class Downloader;
 class CodePages;
 class TextCompare;
 class SingleInstance;
+class Clock;
 
 // References stay valid for the life of the process's window.
 struct Platform {
@@ -37,5 +38,6 @@ struct Platform {
     CodePages& codePages;
     TextCompare& textCompare;
     SingleInstance& singleInstance;
+    Clock& clock;
     std::u16string programFolder;  // with its trailing separator
 };

@@ -1,5 +1,7 @@
 #include "fakes/FakeFiles.h"
 
+#include <algorithm>
+
 #include "fakes/Text.h"
 
 bool FakeFiles::allowed(std::string_view operation, std::u16string_view path) {
@@ -73,3 +75,34 @@ bool FakeFiles::clearAttributes(std::u16string_view path) {
     readOnly.erase(std::u16string(path));
     return true;
 }
+
+bool FakeFiles::createFolder(std::u16string_view path) {
+    const std::u16string key(path);
+    if (!allowed("createFolder", path) || files.contains(key)) {
+        return false;
+    }
+    folders.insert(key);
+    return true;
+}
+
+bool FakeFiles::removeFolder(std::u16string_view path) {
+    return allowed("removeFolder", path) && list(path).empty() && folders.erase(std::u16string(path)) > 0;
+}
+
+std::vector<std::u16string> FakeFiles::list(std::u16string_view path) {
+    const std::u16string start = std::u16string(path) + u'/';
+    std::vector<std::u16string> names;
+    const auto take = [&](const std::u16string& entry) {
+        if (entry.starts_with(start) && entry.find(u'/', start.size()) == entry.npos) {
+            names.push_back(entry.substr(start.size()));
+        }
+    };
+    for (const auto& [entry, content] : files) {
+        take(entry);
+    }
+    std::for_each(folders.begin(), folders.end(), take);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::optional<std::uint64_t> FakeFiles::freeSpace(std::u16string_view) { return free; }

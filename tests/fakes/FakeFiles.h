@@ -19,13 +19,18 @@ public:
     bool rename(std::u16string_view from, std::u16string_view to) override;
     bool remove(std::u16string_view path) override;
     bool clearAttributes(std::u16string_view path) override;
+    bool createFolder(std::u16string_view path) override;
+    bool removeFolder(std::u16string_view path) override;
+    std::vector<std::u16string> list(std::u16string_view path) override;
+    std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
 
-    // "read /x", "write /x" … in the order of the calls; size and exists are not recorded.
+    // "read /x", "write /x" … in the order of the calls; size, exists, list and freeSpace are not recorded.
     std::vector<std::string> accesses;
     std::map<std::u16string, std::string> files;
     std::set<std::u16string> folders;
     std::set<std::u16string> readOnly;              // cannot be written, renamed over or removed
     std::map<std::u16string, std::uint64_t> sizes;  // pretended sizes of files that are not held
+    std::optional<std::uint64_t> free;              // what freeSpace answers
     std::set<std::u16string> failing;               // every operation on such a path fails
 
 private:

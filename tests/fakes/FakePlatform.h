@@ -29,6 +29,7 @@ struct FakePlatform {
     FakeCodePages codePages;
     FakeTextCompare textCompare;
     FakeSingleInstance singleInstance;
+    FakeClock clock;
     Platform bundle{{&gridViews[0], &gridViews[1], &gridViews[2], &gridViews[3]},
                     tabs,
                     editBox,
@@ -44,6 +45,7 @@ struct FakePlatform {
                     codePages,
                     textCompare,
                     singleInstance,
+                    clock,
                     u"/app/"};
 
     // A receiver of the right capacity at this root (trailing separator included).

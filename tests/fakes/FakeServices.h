@@ -1,10 +1,11 @@
-// Volumes, single instance, text order and window hook as plain values.
+// Volumes, single instance, clock, text order and window hook as plain values.
 #pragma once
 
 #include <map>
 #include <string>
 #include <vector>
 
+#include "platform/Clock.h"
 #include "platform/SingleInstance.h"
 #include "platform/TextCompare.h"
 #include "platform/Volumes.h"
@@ -51,6 +52,13 @@ class FakeSingleInstance : public SingleInstance {
 public:
     bool previousInstance() override { return running; }
     bool running = false;
+};
+
+// Stands still until it is set.
+class FakeClock : public Clock {
+public:
+    UtcTime now() override { return time; }
+    UtcTime time{2026, 11, 20, 22, 45, 1};
 };
 
 // Compares by code after folding the letters A to Z.

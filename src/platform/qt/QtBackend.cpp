@@ -32,5 +32,6 @@ Platform QtBackend::platform() {
             codePages_,
             textCompare_,
             singleInstance_,
+            clock_,
             programFolder_};
 }

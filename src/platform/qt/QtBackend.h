@@ -5,6 +5,7 @@
 
 #include "platform/Platform.h"
 #include "platform/qt/QtAddForm.h"
+#include "platform/qt/QtClock.h"
 #include "platform/qt/QtCodePages.h"
 #include "platform/qt/QtDownloader.h"
 #include "platform/qt/QtFiles.h"
@@ -35,4 +36,5 @@ private:
     QtCodePages codePages_;
     QtTextCompare textCompare_;
     QtSingleInstance singleInstance_;
+    QtClock clock_;
 };

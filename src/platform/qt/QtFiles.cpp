@@ -1,11 +1,15 @@
 #include "platform/qt/QtFiles.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <QFile>
+#include <algorithm>
 #include <cstdio>
+#include <memory>
 
 #include "platform/qt/PosixFile.h"
 #include "platform/qt/Units.h"
@@ -13,6 +17,7 @@
 namespace {
 
 constexpr unsigned kDefaultPermissions = 0666;  // less what the user's mask takes away
+constexpr mode_t kFolderPermissions = 0777;
 
 std::string native(std::u16string_view path) { return QFile::encodeName(toQt(path)).toStdString(); }
 
@@ -84,6 +89,42 @@ bool QtFiles::clearAttributes(std::u16string_view path) {
     const std::string name = native(path);
     struct stat status {};
     constexpr mode_t kPermissionBits = 07777;
-    return ::stat(name.c_str(), &status) == 0 &&
+    return ::lstat(name.c_str(), &status) == 0 && !S_ISLNK(status.st_mode) &&
            ::chmod(name.c_str(), (status.st_mode & kPermissionBits) | S_IWUSR) == 0;
+}
+
+bool QtFiles::createFolder(std::u16string_view path) {
+    const std::string name = native(path);
+    if (::mkdir(name.c_str(), kFolderPermissions) == 0) {
+        flushFolderOf(name);
+        return true;
+    }
+    struct stat status {};
+    return ::lstat(name.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool QtFiles::removeFolder(std::u16string_view path) { return ::rmdir(native(path).c_str()) == 0; }
+
+std::vector<std::u16string> QtFiles::list(std::u16string_view path) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(native(path).c_str()), ::closedir);
+    std::vector<std::u16string> names;
+    if (folder == nullptr) {
+        return names;
+    }
+    while (const dirent* const entry = ::readdir(folder.get())) {
+        const std::string_view name = static_cast<const char*>(entry->d_name);
+        if (name != "." && name != "..") {
+            names.push_back(fromQt(QFile::decodeName(QByteArray(name.data(), static_cast<qsizetype>(name.size())))));
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::optional<std::uint64_t> QtFiles::freeSpace(std::u16string_view folder) {
+    struct statvfs volume {};
+    if (::statvfs(native(folder).c_str(), &volume) != 0) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint64_t>(volume.f_bavail) * volume.f_frsize;
 }

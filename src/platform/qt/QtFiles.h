@@ -14,4 +14,8 @@ public:
     bool rename(std::u16string_view from, std::u16string_view to) override;
     bool remove(std::u16string_view path) override;
     bool clearAttributes(std::u16string_view path) override;
+    bool createFolder(std::u16string_view path) override;
+    bool removeFolder(std::u16string_view path) override;
+    std::vector<std::u16string> list(std::u16string_view path) override;
+    std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
 };

@@ -78,6 +78,10 @@ HANDLE openForWriting(std::u16string_view path, DWORD access) {
     return file;
 }
 
+bool isLink(DWORD attributes) {
+    return attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+}
+
 }  // namespace
 
 bool Win32Files::exists(std::u16string_view path) {
@@ -120,5 +124,43 @@ bool Win32Files::rename(std::u16string_view from, std::u16string_view to) {
 bool Win32Files::remove(std::u16string_view path) { return DeleteFileW(toWide(path).c_str()) != 0; }
 
 bool Win32Files::clearAttributes(std::u16string_view path) {
-    return SetFileAttributesW(toWide(path).c_str(), FILE_ATTRIBUTE_NORMAL) != 0;
+    const std::wstring name = toWide(path);
+    return !isLink(GetFileAttributesW(name.c_str())) && SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL) != 0;
+}
+
+bool Win32Files::createFolder(std::u16string_view path) {
+    const std::wstring name = toWide(path);
+    if (CreateDirectoryW(name.c_str(), nullptr) != 0) {
+        return true;
+    }
+    const DWORD attributes = GetFileAttributesW(name.c_str());
+    return !isLink(attributes) && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool Win32Files::removeFolder(std::u16string_view path) { return RemoveDirectoryW(toWide(path).c_str()) != 0; }
+
+std::vector<std::u16string> Win32Files::list(std::u16string_view path) {
+    std::vector<std::u16string> names;
+    WIN32_FIND_DATAW found{};
+    HANDLE search = FindFirstFileW((toWide(path) + L"\\*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return names;
+    }
+    do {
+        const std::wstring_view name = static_cast<const wchar_t*>(found.cFileName);
+        if (name != L"." && name != L"..") {
+            names.push_back(fromWide(name));
+        }
+    } while (FindNextFileW(search, &found) != 0);
+    FindClose(search);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::optional<std::uint64_t> Win32Files::freeSpace(std::u16string_view folder) {
+    ULARGE_INTEGER available{};
+    if (GetDiskFreeSpaceExW(toWide(folder).c_str(), &available, nullptr, nullptr) == 0) {
+        return std::nullopt;
+    }
+    return available.QuadPart;
 }

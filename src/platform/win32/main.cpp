@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "platform/win32/ProgramFolder.h"
 #include "platform/win32/Win32AddForm.h"
+#include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32CodePages.h"
 #include "platform/win32/Win32Downloader.h"
 #include "platform/win32/Win32Files.h"
@@ -46,6 +47,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int showCommand) {
     Win32TextCompare textCompare;
     const std::u16string folder = programFolder();
     Win32SingleInstance singleInstance(folder);
+    Win32Clock clock;
 
     Platform platform{{&window.grids[0], &window.grids[1], &window.grids[2], &window.grids[3]},
                       window.tabs,
@@ -62,6 +64,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int showCommand) {
                       codePages,
                       textCompare,
                       singleInstance,
+                      clock,
                       folder};
     MainForm form(platform);
     if (!form.Form_Load()) {

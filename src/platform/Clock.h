@@ -1,0 +1,18 @@
+// The time of day, for names of kept files.
+#pragma once
+
+// Coordinated universal time by the Gregorian calendar.
+struct UtcTime {
+    int year = 1970;
+    int month = 1;  // from 1
+    int day = 1;    // from 1
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    virtual UtcTime now() = 0;
+};
