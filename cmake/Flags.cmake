@@ -7,3 +7,9 @@ if(HALCYON_SANITIZE)
   target_compile_options(halcyon_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(halcyon_flags INTERFACE -fsanitize=address,undefined)
 endif()
+
+# What the system offers against exploited faults, in the programs that are given away.
+if(NOT WIN32 AND NOT HALCYON_SANITIZE)
+  target_compile_options(halcyon_flags INTERFACE -fstack-protector-strong $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
+  target_link_options(halcyon_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()

@@ -1,0 +1,11 @@
+# Read by CPack for each kind of package: a .deb has the layout of the system, every other is one folder.
+set(layout portable)
+set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY TRUE)
+if(CPACK_GENERATOR STREQUAL "DEB")
+  set(layout system)
+  set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY FALSE)
+  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+endif()
+list(GET CPACK_INSTALL_CMAKE_PROJECTS 0 build_folder)
+list(GET CPACK_INSTALL_CMAKE_PROJECTS 1 project)
+set(CPACK_INSTALL_CMAKE_PROJECTS "${build_folder};${project};${layout};/")

@@ -1,0 +1,112 @@
+# What is installed, and how it is packed: a .deb and a portable .tar.gz of the Qt program, a .zip of the Windows one.
+# There are two layouts: "system" spreads over the folders of a Unix system, "portable" is one folder that holds all.
+set(HALCYON_HOMEPAGE "https://halcyon-k7.example.org" CACHE STRING "Where the project and its pictures are on the web")
+set(HALCYON_ID org.halcyon_k7.halcyon_k7)
+set(program halcyon_k7)
+if(WIN32)
+  set(program Halcyon_K7)
+endif()
+install(TARGETS ${program} RUNTIME DESTINATION bin COMPONENT system)
+install(TARGETS ${program} RUNTIME DESTINATION . COMPONENT portable EXCLUDE_FROM_ALL)
+
+find_program(HALCYON_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH)
+find_program(HALCYON_RSVG_CONVERT rsvg-convert)
+find_program(HALCYON_CMARK cmark-gfm)
+if(NOT HALCYON_PYTHON OR NOT HALCYON_RSVG_CONVERT OR NOT HALCYON_CMARK)
+  message(STATUS "No packages from this build: scripts/setup package installs what they need")
+  return()
+endif()
+
+set(made ${CMAKE_BINARY_DIR}/packaging)
+set(source ${PROJECT_SOURCE_DIR}/packaging)
+file(MAKE_DIRECTORY ${made})
+
+# The change log dates the version; a version that it does not list cannot be packed.
+set(changelog ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${changelog} ${source}/releases ${PROJECT_SOURCE_DIR}/LICENSE)
+foreach(form IN ITEMS date metainfo debian)
+  execute_process(COMMAND ${HALCYON_PYTHON} ${source}/releases ${changelog} ${PROJECT_VERSION} ${form}
+    OUTPUT_VARIABLE releases_${form} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+set(HALCYON_RELEASE_DATE ${releases_date})
+set(HALCYON_RELEASES "${releases_metainfo}")
+file(WRITE ${made}/changelog "${releases_debian}")
+file(READ ${PROJECT_SOURCE_DIR}/LICENSE HALCYON_LICENSE_TEXT)
+string(REGEX REPLACE "^.*authors\n\n" "" HALCYON_LICENSE_TEXT "${HALCYON_LICENSE_TEXT}")
+string(REGEX REPLACE "\n$" "" HALCYON_LICENSE_TEXT "${HALCYON_LICENSE_TEXT}")
+string(REPLACE "\n\n" "\n.\n" HALCYON_LICENSE_TEXT "${HALCYON_LICENSE_TEXT}")
+string(REPLACE "\n" "\n " HALCYON_LICENSE_TEXT " ${HALCYON_LICENSE_TEXT}")
+configure_file(${source}/copyright.in ${made}/copyright @ONLY)
+configure_file(${source}/halcyon_k7.1.in ${made}/halcyon_k7.1 @ONLY)
+configure_file(${source}/${HALCYON_ID}.metainfo.xml.in ${made}/${HALCYON_ID}.metainfo.xml @ONLY)
+
+set(outputs)
+macro(make name)
+  add_custom_command(OUTPUT ${made}/${name} ${ARGN} WORKING_DIRECTORY ${made} VERBATIM)
+  list(APPEND outputs ${made}/${name})
+endmacro()
+foreach(guide IN ITEMS user-guide formats)
+  make(${guide}.html DEPENDS ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${source}/page
+    COMMAND ${source}/page ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${guide}.html)
+endforeach()
+if(NOT WIN32)
+  make(${HALCYON_ID}.png DEPENDS ${source}/halcyon_k7.svg
+    COMMAND ${HALCYON_RSVG_CONVERT} -w 48 -h 48 ${source}/halcyon_k7.svg -o ${HALCYON_ID}.png)
+  make(halcyon_k7.1.gz DEPENDS ${made}/halcyon_k7.1 COMMAND gzip -9nkf halcyon_k7.1)
+  make(changelog.gz DEPENDS ${made}/changelog COMMAND gzip -9nkf changelog)
+endif()
+add_custom_target(packaging_files ALL DEPENDS ${outputs})
+
+set(samples ${PROJECT_SOURCE_DIR}/samples/List.ini ${PROJECT_SOURCE_DIR}/samples/User.ini
+  ${PROJECT_SOURCE_DIR}/samples/DRMSchedule.txt)
+set(guides ${made}/user-guide.html ${made}/formats.html)
+set(pictures ${PROJECT_SOURCE_DIR}/docs/pictures)
+
+# One folder
+set(one COMPONENT portable EXCLUDE_FROM_ALL)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION . RENAME LICENSE.txt ${one})
+install(FILES ${guides} DESTINATION guide ${one})
+install(DIRECTORY ${pictures} DESTINATION guide OPTIONAL ${one})
+install(FILES ${samples} DESTINATION samples ${one})
+
+# The folders of a Unix system
+set(doc share/doc/halcyon-k7)
+if(NOT WIN32)
+  install(FILES ${source}/${HALCYON_ID}.desktop DESTINATION share/applications COMPONENT system)
+  install(FILES ${made}/${HALCYON_ID}.metainfo.xml DESTINATION share/metainfo COMPONENT system)
+  install(FILES ${source}/halcyon_k7.svg DESTINATION share/icons/hicolor/scalable/apps RENAME ${HALCYON_ID}.svg COMPONENT system)
+  install(FILES ${made}/${HALCYON_ID}.png DESTINATION share/icons/hicolor/48x48/apps COMPONENT system)
+  install(FILES ${made}/halcyon_k7.1.gz DESTINATION share/man/man1 COMPONENT system)
+  install(FILES ${guides} ${made}/changelog.gz ${made}/copyright DESTINATION ${doc} COMPONENT system)
+  install(DIRECTORY ${pictures} DESTINATION ${doc} COMPONENT system OPTIONAL)
+  install(FILES ${samples} DESTINATION ${doc}/examples COMPONENT system)
+endif()
+
+set(CPACK_PACKAGE_NAME ${program})
+set(CPACK_PACKAGE_VENDOR "The Halcyon_K7 authors")
+set(CPACK_PACKAGE_CONTACT "The Halcyon_K7 authors <authors@halcyon-k7.example.org>")
+set(CPACK_PACKAGE_HOMEPAGE_URL ${HALCYON_HOMEPAGE})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "station memory manager for a DRM shortwave receiver")
+set(CPACK_STRIP_FILES TRUE)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/packages)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/PackageLayout.cmake)
+set(system_name linux)
+if(WIN32)
+  set(system_name windows)
+endif()
+string(TOLOWER "${program}-${PROJECT_VERSION}-${system_name}-${CMAKE_SYSTEM_PROCESSOR}" CPACK_PACKAGE_FILE_NAME)
+set(CPACK_GENERATOR DEB TGZ)
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+endif()
+set(CPACK_DEBIAN_PACKAGE_NAME halcyon-k7)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION hamradio)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-translations-l10n)
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"Halcyon_K7 shows the four station lists of a DRM shortwave receiver, DRM, AM,
+FM and Favourite, in the four tabs of one window. The receiver is found as a
+disk when it is plugged in; the lists are loaded from it, edited in place,
+extended, sorted, rebuilt from a published broadcast schedule, and saved back.")
+include(CPack)
