@@ -1,7 +1,7 @@
 #include "platform/qt/InputBlock.h"
 
-#include <QEvent>
 #include <QCursor>
+#include <QEvent>
 #include <QGuiApplication>
 
 InputBlock::InputBlock() {

@@ -17,6 +17,7 @@ QComboBox* timeCombo(QWidget* dialog) {
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setCompleter(nullptr);  // a typed text is taken as it stands
     combo->setMinimumContentsLength(3);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMaxVisibleItems(12);
     return combo;
 }

@@ -1,0 +1,81 @@
+// What a backend must make for the cases that every backend passes. Each backend's test program links one
+// implementation of makeBackend().
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/CodePages.h"
+#include "platform/Downloader.h"
+#include "platform/EditBox.h"
+#include "platform/Files.h"
+#include "platform/GridView.h"
+#include "platform/SingleInstance.h"
+#include "platform/TextCompare.h"
+
+// A folder for one test, emptied and removed with the object.
+class TestFolder {
+public:
+    virtual ~TestFolder() = default;
+    virtual std::u16string path() const = 0;  // with its trailing separator
+    virtual void makeFolder(std::u16string_view path) = 0;
+    virtual void makeReadOnly(std::u16string_view path) = 0;
+    virtual bool isReadOnly(std::u16string_view path) const = 0;
+    virtual std::vector<std::u16string> names() const = 0;  // of the entries, sorted
+};
+
+// A grid view with access to what it shows. Rows and columns are 1-based.
+class GridViewProbe {
+public:
+    virtual ~GridViewProbe() = default;
+    virtual GridView& view() = 0;
+    virtual int shownRows() = 0;
+    virtual std::u16string shownText(int row, int column) = 0;
+    virtual bool shownSelected(int row) = 0;
+    virtual void userSelects(int row) = 0;  // as the only row
+    virtual void userExtendsTo(int row) = 0;
+};
+
+// An edit box on screen, with a user in front of it.
+class EditBoxProbe {
+public:
+    virtual ~EditBoxProbe() = default;
+    virtual EditBox& box() = 0;
+    virtual void type(std::u16string_view text) = 0;
+    virtual void paste(std::u16string_view text) = 0;
+    virtual void pressEnd() = 0;  // caret behind the text, nothing selected
+    virtual void pressBackspace() = 0;
+};
+
+// Another process that has taken the place of the running program in a folder.
+class OtherProcess {
+public:
+    virtual ~OtherProcess() = default;
+    virtual bool gotThePlace() = 0;  // waits until it knows
+    virtual void kill() = 0;         // without a chance to clean up; returns when it is gone
+};
+
+class Backend {
+public:
+    virtual ~Backend() = default;
+    virtual std::unique_ptr<TestFolder> folder() = 0;
+    virtual Files& files() = 0;
+    virtual std::unique_ptr<CodePages> codePages() = 0;
+    // One for each language setting worth testing.
+    virtual std::vector<std::unique_ptr<TextCompare>> textCompares() = 0;
+    virtual std::unique_ptr<GridViewProbe> gridView() = 0;
+
+    // Null where the backend is a fake.
+    virtual std::unique_ptr<EditBoxProbe> editBox() = 0;
+    virtual std::unique_ptr<SingleInstance> singleInstance(std::u16string_view folder) = 0;
+    virtual std::unique_ptr<OtherProcess> otherProcess(std::u16string_view folder) = 0;
+    virtual std::unique_ptr<Downloader> downloader(std::chrono::milliseconds idleLimit) = 0;
+};
+
+std::unique_ptr<Backend> makeBackend();
+
+// Address of the test's own HTTP server, without a trailing slash; from the argument --http=ADDRESS.
+const std::u16string& httpServer();
+void readArguments(int argc, char** argv);

@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "contract/Backend.h"
+#include "fakes/Text.h"
+
+namespace {
+
+class DownloaderContract : public testing::Test {
+protected:
+    std::unique_ptr<Downloader> downloader(std::chrono::milliseconds idleLimit = std::chrono::seconds(30)) {
+        return backend->downloader(idleLimit);
+    }
+    bool get(std::u16string_view resource) {
+        return downloader()->download(httpServer() + std::u16string(resource), target);
+    }
+    std::optional<std::string> bytes() { return backend->files().read(target); }
+    void expectFailure(std::u16string_view resource) {
+        EXPECT_FALSE(get(resource)) << narrow(resource);
+        EXPECT_FALSE(backend->files().exists(target)) << narrow(resource);
+    }
+
+    std::unique_ptr<Backend> backend = makeBackend();
+    std::unique_ptr<TestFolder> folder = backend->folder();
+    std::u16string target = folder->path() + u"DRMSchedule.ini";
+};
+
+TEST_F(DownloaderContract, ASchedulesBytesArriveUnchanged) {
+    ASSERT_FALSE(httpServer().empty()) << "run through http_server.py";
+    for (const auto* resource : {u"/schedule-lf", u"/schedule-crlf"}) {
+        ASSERT_TRUE(get(resource));
+        const std::string text = bytes().value_or("");
+        EXPECT_TRUE(text.starts_with("[DRMSchedule]"));
+        const auto lines = std::count(text.begin(), text.end(), '\n');
+        EXPECT_EQ(lines, 1 + 300 * 9);
+        const bool crLf = std::u16string_view(resource).ends_with(u"crlf");
+        EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), crLf ? lines : 0);
+    }
+}
+
+TEST_F(DownloaderContract, EveryWayOfSendingABodyIsUnderstood) {
+    for (const auto* resource : {u"/no-length", u"/chunked", u"/gzip", u"/redirect", u"/slow-start"}) {
+        EXPECT_TRUE(get(resource)) << narrow(resource);
+        EXPECT_EQ(bytes(), "[DRMSchedule]\nplain\n") << narrow(resource);
+        backend->files().remove(target);
+    }
+}
+
+TEST_F(DownloaderContract, AnEmptyBodyIsAnEmptyFile) {
+    EXPECT_TRUE(get(u"/empty"));
+    EXPECT_EQ(bytes(), "");
+}
+
+TEST_F(DownloaderContract, AnErrorStatusIsAFailure) {
+    expectFailure(u"/404");
+    expectFailure(u"/500");
+}
+
+TEST_F(DownloaderContract, RedirectsLeadOnlyToTheWebAndToAnEnd) {
+    expectFailure(u"/redirect-to-file");
+    expectFailure(u"/redirect-loop");
+}
+
+TEST_F(DownloaderContract, ABodyCutShortIsAFailure) {
+    expectFailure(u"/cut-short");
+    expectFailure(u"/cut-short-chunked");
+}
+
+TEST_F(DownloaderContract, ABodyOfMoreThan16MiBIsAFailure) {
+    EXPECT_TRUE(get(u"/bytes/16777216"));
+    EXPECT_EQ(backend->files().size(target), 16'777'216U);
+    expectFailure(u"/bytes/16777217");
+    expectFailure(u"/bytes/67108864");
+}
+
+TEST_F(DownloaderContract, ASilentServerIsGivenUp) {
+    const auto impatient = downloader(std::chrono::milliseconds(300));
+    EXPECT_FALSE(impatient->download(httpServer() + u"/stall", target));
+    EXPECT_FALSE(impatient->download(httpServer() + u"/stall-in-body", target));
+    EXPECT_FALSE(backend->files().exists(target));
+}
+
+TEST_F(DownloaderContract, AFailureLeavesNoOlderFileBehind) {
+    ASSERT_TRUE(backend->files().write(target, "[DRMSchedule] of yesterday"));
+    expectFailure(u"/404");
+}
+
+TEST_F(DownloaderContract, AnAnswerIsNeverTakenFromACache) {
+    ASSERT_TRUE(get(u"/count"));
+    const auto first = bytes();
+    ASSERT_TRUE(get(u"/count"));
+    EXPECT_NE(bytes(), first);
+}
+
+TEST_F(DownloaderContract, OtherAddressesAreRefused) {
+    ASSERT_TRUE(backend->files().write(folder->path() + u"local", "x"));
+    EXPECT_FALSE(downloader()->download(u"file://" + folder->path() + u"local", target));
+    EXPECT_FALSE(downloader()->download(u"http://127.0.0.1:1/", target));
+    EXPECT_FALSE(downloader()->download(u"", target));
+    EXPECT_FALSE(backend->files().exists(target));
+}
+
+TEST_F(DownloaderContract, AFileThatCannotBeWrittenIsAFailure) {
+    folder->makeFolder(target);
+    EXPECT_FALSE(get(u"/schedule-lf"));
+}
+
+}  // namespace

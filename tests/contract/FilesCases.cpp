@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include "contract/Backend.h"
+
+namespace {
+
+using Names = std::vector<std::u16string>;
+
+class FilesContract : public testing::Test {
+protected:
+    std::u16string at(std::u16string_view name) const { return folder->path() + std::u16string(name); }
+
+    std::unique_ptr<Backend> backend = makeBackend();
+    std::unique_ptr<TestFolder> folder = backend->folder();
+    Files& files = backend->files();
+};
+
+TEST_F(FilesContract, WhatIsWrittenIsRead) {
+    const std::string bytes("\0\xFF\xFE line\r\n\n\x1A end\0", 17);
+    ASSERT_TRUE(files.write(at(u"List.ini"), bytes));
+    EXPECT_EQ(files.read(at(u"List.ini")), bytes);
+    EXPECT_EQ(files.readBack(at(u"List.ini")), bytes);
+    EXPECT_EQ(files.size(at(u"List.ini")), bytes.size());
+    EXPECT_TRUE(files.exists(at(u"List.ini")));
+}
+
+TEST_F(FilesContract, LargeFilesAreReadToTheirEnd) {
+    std::string bytes;
+    for (int i = 0; i < 300'000; ++i) {
+        bytes.push_back(static_cast<char>(i % 251));
+    }
+    ASSERT_TRUE(files.write(at(u"large"), bytes));
+    EXPECT_TRUE(files.read(at(u"large")) == bytes);
+    EXPECT_TRUE(files.readBack(at(u"large")) == bytes);
+}
+
+TEST_F(FilesContract, WritingReplacesALongerFile) {
+    ASSERT_TRUE(files.write(at(u"a"), "a long text"));
+    ASSERT_TRUE(files.write(at(u"a"), "short"));
+    EXPECT_EQ(files.read(at(u"a")), "short");
+    ASSERT_TRUE(files.write(at(u"a"), ""));
+    EXPECT_EQ(files.read(at(u"a")), "");
+    EXPECT_EQ(files.size(at(u"a")), 0U);
+}
+
+TEST_F(FilesContract, NamesMayHoldAnyLetters) {
+    ASSERT_TRUE(files.write(at(u"电台 – Réseau.ini"), "x"));
+    EXPECT_EQ(files.read(at(u"电台 – Réseau.ini")), "x");
+    EXPECT_EQ(folder->names(), (Names{u"电台 – Réseau.ini"}));
+}
+
+TEST_F(FilesContract, AMissingFileHasNothing) {
+    EXPECT_FALSE(files.exists(at(u"none")));
+    EXPECT_EQ(files.size(at(u"none")), std::nullopt);
+    EXPECT_EQ(files.read(at(u"none")), std::nullopt);
+    EXPECT_EQ(files.readBack(at(u"none")), std::nullopt);
+    EXPECT_FALSE(files.remove(at(u"none")));
+    EXPECT_FALSE(files.clearAttributes(at(u"none")));
+    EXPECT_FALSE(files.rename(at(u"none"), at(u"other")));
+    EXPECT_EQ(folder->names(), Names{});
+}
+
+TEST_F(FilesContract, AFolderExistsButIsNoFile) {
+    folder->makeFolder(at(u"sub"));
+    EXPECT_TRUE(files.exists(at(u"sub")));
+    EXPECT_EQ(files.size(at(u"sub")), std::nullopt);
+    EXPECT_EQ(files.read(at(u"sub")), std::nullopt);
+    EXPECT_FALSE(files.write(at(u"sub"), "x"));
+    EXPECT_FALSE(files.append(at(u"sub"), "x"));
+    EXPECT_FALSE(files.remove(at(u"sub")));
+    ASSERT_TRUE(files.write(at(u"a"), "x"));
+    EXPECT_FALSE(files.rename(at(u"a"), at(u"sub")));
+    EXPECT_EQ(folder->names(), (Names{u"a", u"sub"}));
+}
+
+TEST_F(FilesContract, AppendingCreatesAndContinues) {
+    ASSERT_TRUE(files.append(at(u"a"), "one"));
+    ASSERT_TRUE(files.append(at(u"a"), "two"));
+    EXPECT_EQ(files.read(at(u"a")), "onetwo");
+}
+
+TEST_F(FilesContract, RenamingTakesThePlaceOfTheOtherFile) {
+    ASSERT_TRUE(files.write(at(u"new"), "new"));
+    ASSERT_TRUE(files.write(at(u"old"), "old"));
+    EXPECT_TRUE(files.rename(at(u"new"), at(u"old")));
+    EXPECT_EQ(files.read(at(u"old")), "new");
+    EXPECT_TRUE(files.rename(at(u"old"), at(u"nowhere yet")));
+    EXPECT_EQ(folder->names(), (Names{u"nowhere yet"}));
+}
+
+TEST_F(FilesContract, RemovingLeavesTheOthers) {
+    ASSERT_TRUE(files.write(at(u"a"), "a"));
+    ASSERT_TRUE(files.write(at(u"b"), "b"));
+    EXPECT_TRUE(files.remove(at(u"a")));
+    EXPECT_FALSE(files.exists(at(u"a")));
+    EXPECT_EQ(folder->names(), (Names{u"b"}));
+}
+
+TEST_F(FilesContract, AReadOnlyFileCanBeMadeWritable) {
+    ASSERT_TRUE(files.write(at(u"List.ini"), "old"));
+    folder->makeReadOnly(at(u"List.ini"));
+    ASSERT_TRUE(folder->isReadOnly(at(u"List.ini")));
+    EXPECT_TRUE(files.clearAttributes(at(u"List.ini")));
+    EXPECT_FALSE(folder->isReadOnly(at(u"List.ini")));
+    EXPECT_TRUE(files.write(at(u"List.ini"), "new"));
+    EXPECT_EQ(files.read(at(u"List.ini")), "new");
+}
+
+}  // namespace
