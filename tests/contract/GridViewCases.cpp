@@ -17,6 +17,9 @@ protected:
         rows.addColumn(u"Frequency(kHz)", u"FREQ", 2000);
     }
 
+    // A view goes before its grid and its listener.
+    ~GridViewContract() override { probe.reset(); }
+
     // What the view shows must be what the grid holds.
     void expectSame() {
         ASSERT_EQ(probe->shownRows(), rows.rowCount());

@@ -11,7 +11,7 @@ class TextCompareContract : public testing::Test {
 protected:
     // Short texts over few letters, so that equal and nearly equal ones are common.
     static std::vector<std::u16string> randomTexts(std::size_t count) {
-        static constexpr std::u16string_view kLetters = u"aAbBéÉzZ09 -.ßÖö中电\u0001\uD800";
+        static constexpr std::u16string_view kLetters = u"aAbBéÉzZ09 -.ßÖö中电\u0001\uFFFD";
         std::mt19937 random(7);
         std::vector<std::u16string> texts{u""};
         while (texts.size() < count) {

@@ -1,6 +1,7 @@
 // A grid view that draws nothing, records what it is told and reports events on demand.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,14 @@ public:
     void cellChanged(int, int) override { calls.emplace_back("cellChanged"); }
     GridGeometry geometry(int row) override {
         GridGeometry result = shape;
-        result.rowTop += row > 0 ? (row - 1) * shape.rowHeight : 0;
+        if (row < 1) {
+            result.rowLeft = result.rowTop = result.rowHeight = 0;
+            return result;
+        }
+        const int page = static_cast<int>((shape.height - shape.rowTop) / shape.rowHeight);
+        topRow = std::min(topRow, row);
+        topRow = std::max(topRow, row - page + 1);
+        result.rowTop += (row - topRow) * shape.rowHeight;
         return result;
     }
     void takeFocus() override { ++focusCount; }
@@ -31,6 +39,7 @@ public:
     GridListener* listener = nullptr;
     std::vector<std::string> calls;
     int focusCount = 0;
+    int topRow = 1;  // the first row in sight
     // A grid of 6,000 by 4,000 twips, 60 right of and 300 below the tab control's corner.
     GridGeometry shape{60, 300, 6000, 4000, 0, 285, 255};
 };

@@ -15,7 +15,7 @@ QNetworkRequest requestFor(const QUrl& url) {
     // The transfer itself says which redirects it follows.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::UserVerifiedRedirectPolicy);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    request.setMaximumRedirectsAllowed(kMostRedirects);
+    request.setMaximumRedirectsAllowed(kMostRedirects + 1);
     return request;
 }
 
@@ -42,19 +42,21 @@ std::optional<QByteArray> HttpTransfer::run() {
     if (!reply_->isFinished()) {
         loop_.exec();
     }
-    idle_.stop();
     if (!reply_->isFinished()) {  // the program is ending
         reply_->disconnect();
         reply_->abort();
         return std::nullopt;
     }
     takeBytes();
+    idle_.stop();
     return succeeded() ? std::optional(body_) : std::nullopt;
 }
 
 void HttpTransfer::takeBytes() {
     idle_.start();
-    body_ += reply_->readAll();
+    if (reply_->isOpen()) {
+        body_ += reply_->readAll();
+    }
     if (body_.size() > kMostBytes && !refused_) {
         refused_ = true;
         reply_->abort();
@@ -62,7 +64,8 @@ void HttpTransfer::takeBytes() {
 }
 
 void HttpTransfer::redirected(const QUrl& target) {
-    if (isHttp(target)) {
+    // Qt ends a chain that is too long as if the last redirect were the document.
+    if (isHttp(target) && ++redirects_ <= kMostRedirects) {
         Q_EMIT reply_->redirectAllowed();
     } else {
         refused_ = true;

@@ -28,5 +28,6 @@ private:
     QTimer idle_;
     QEventLoop loop_;
     QByteArray body_;
+    int redirects_ = 0;
     bool refused_ = false;
 };
