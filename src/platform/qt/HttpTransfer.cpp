@@ -7,76 +7,74 @@ namespace {
 
 constexpr qsizetype kMostBytes = 16 * 1024 * 1024;
 constexpr int kMostRedirects = 20;
+constexpr int kFirstRedirectStatus = 300;
+constexpr int kFirstErrorStatus = 400;
 
 bool isHttp(const QUrl& url) { return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"); }
 
 QNetworkRequest requestFor(const QUrl& url) {
     QNetworkRequest request(url);
-    // The transfer itself says which redirects it follows.
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::UserVerifiedRedirectPolicy);
+    // Qt's own following ends a long chain as if the last redirect were the document.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    request.setMaximumRedirectsAllowed(kMostRedirects + 1);
     return request;
 }
 
 }  // namespace
 
-HttpTransfer::HttpTransfer(QNetworkAccessManager& network, const QUrl& url, std::chrono::milliseconds idleLimit)
-    : reply_(network.get(requestFor(url))), refused_(!isHttp(url)) {
+HttpTransfer::HttpTransfer(QNetworkAccessManager& network, std::chrono::milliseconds idleLimit) : network_(network) {
     idle_.setSingleShot(true);
     idle_.setInterval(idleLimit);
-    QNetworkReply* reply = reply_.get();
-    const auto alive = [this] { idle_.start(); };
-    QObject::connect(reply, &QNetworkReply::metaDataChanged, &idle_, alive);
-    QObject::connect(reply, &QNetworkReply::readyRead, &idle_, [this] { takeBytes(); });
-    QObject::connect(reply, &QNetworkReply::redirected, &idle_, [this](const QUrl& target) { redirected(target); });
-    QObject::connect(reply, &QNetworkReply::finished, &loop_, &QEventLoop::quit);
-    QObject::connect(&idle_, &QTimer::timeout, reply, &QNetworkReply::abort);
 }
 
-std::optional<QByteArray> HttpTransfer::run() {
-    if (refused_) {
-        return std::nullopt;
+std::optional<QByteArray> HttpTransfer::run(const QUrl& url) {
+    QUrl next = url;
+    for (int redirects = 0; redirects <= kMostRedirects && isHttp(next); ++redirects) {
+        const int status = exchange(next);
+        if (status == 0 || status >= kFirstErrorStatus) {
+            return std::nullopt;
+        }
+        const QVariant target = reply_->attribute(QNetworkRequest::RedirectionTargetAttribute);
+        if (status < kFirstRedirectStatus || !target.isValid()) {
+            return body_;
+        }
+        next = next.resolved(target.toUrl());
     }
+    return std::nullopt;
+}
+
+int HttpTransfer::exchange(const QUrl& url) {
+    body_.clear();
+    reply_.reset(network_.get(requestFor(url)));
+    QNetworkReply* reply = reply_.get();
+    QObject::connect(reply, &QNetworkReply::metaDataChanged, &idle_, qOverload<>(&QTimer::start));
+    QObject::connect(reply, &QNetworkReply::readyRead, &idle_, [this] { takeBytes(); });
+    QObject::connect(reply, &QNetworkReply::finished, &loop_, &QEventLoop::quit);
+    QObject::connect(&idle_, &QTimer::timeout, reply, &QNetworkReply::abort);
     idle_.start();
-    if (!reply_->isFinished()) {
+    if (!reply->isFinished()) {
         loop_.exec();
     }
-    if (!reply_->isFinished()) {  // the program is ending
-        reply_->disconnect();
-        reply_->abort();
-        return std::nullopt;
+    idle_.stop();
+    // Unfinished: the program is ending.
+    if (!reply->isFinished() || reply->error() != QNetworkReply::NoError) {
+        return 0;
     }
     takeBytes();
     idle_.stop();
-    return succeeded() ? std::optional(body_) : std::nullopt;
+    return isWhole() ? reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() : 0;
 }
 
 void HttpTransfer::takeBytes() {
     idle_.start();
-    if (reply_->isOpen()) {
-        body_ += reply_->readAll();
-    }
-    if (body_.size() > kMostBytes && !refused_) {
-        refused_ = true;
+    body_ += reply_->readAll();
+    if (body_.size() > kMostBytes) {
         reply_->abort();
     }
 }
 
-void HttpTransfer::redirected(const QUrl& target) {
-    // Qt ends a chain that is too long as if the last redirect were the document.
-    if (isHttp(target) && ++redirects_ <= kMostRedirects) {
-        Q_EMIT reply_->redirectAllowed();
-    } else {
-        refused_ = true;
-        reply_->abort();
-    }
-}
-
-bool HttpTransfer::succeeded() const {
-    constexpr int kFirstError = 400;
-    const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (refused_ || reply_->error() != QNetworkReply::NoError || status >= kFirstError) {
+bool HttpTransfer::isWhole() const {
+    if (body_.size() > kMostBytes) {
         return false;
     }
     // An announced length counts the bytes as sent, so it can be held only against a body sent plain.

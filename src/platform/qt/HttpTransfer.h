@@ -1,4 +1,4 @@
-// One HTTP GET, from its request to the last byte of its body.
+// One HTTP GET, from its request to the last byte of the document, over its redirects.
 #pragma once
 
 #include <QByteArray>
@@ -14,20 +14,21 @@ class QUrl;
 
 class HttpTransfer {
 public:
-    HttpTransfer(QNetworkAccessManager& network, const QUrl& url, std::chrono::milliseconds idleLimit);
+    // idleLimit: how long the server may stay silent.
+    HttpTransfer(QNetworkAccessManager& network, std::chrono::milliseconds idleLimit);
 
     // Runs the event loop until the end; nullopt when the transfer failed.
-    std::optional<QByteArray> run();
+    std::optional<QByteArray> run(const QUrl& url);
 
 private:
+    // The answer's status, 0 when there is none that can be used; the document is in body_ then.
+    int exchange(const QUrl& url);
     void takeBytes();
-    void redirected(const QUrl& target);
-    bool succeeded() const;
+    bool isWhole() const;
 
-    std::unique_ptr<QNetworkReply> reply_;
+    QNetworkAccessManager& network_;
     QTimer idle_;
     QEventLoop loop_;
+    std::unique_ptr<QNetworkReply> reply_;
     QByteArray body_;
-    int redirects_ = 0;
-    bool refused_ = false;
 };

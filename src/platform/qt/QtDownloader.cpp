@@ -8,7 +8,7 @@
 
 bool QtDownloader::download(std::u16string_view url, std::u16string_view path) {
     const InputBlock block;
-    const std::optional<QByteArray> body = HttpTransfer(network_, QUrl(toQt(url)), idleLimit_).run();
+    const std::optional<QByteArray> body = HttpTransfer(network_, idleLimit_).run(QUrl(toQt(url)));
     if (body && files_.write(path, std::string_view(body->constData(), static_cast<std::size_t>(body->size())))) {
         return true;
     }
