@@ -218,7 +218,7 @@ class Sort(ProgramCase):
 
 class KeyboardOnly(ProgramCase):
     def first_row(self, program):
-        program.keys("Home")
+        program.keys("Down")
         program.wait(lambda: program.selected_rows() == [1], "the first row selected")
 
     def edit_here(self, program, text):

@@ -17,7 +17,7 @@ BINARY = pathlib.Path(os.environ.get("HALCYON_PROGRAM", pathlib.Path(__file__).p
 PICTURES = pathlib.Path(os.environ.get("HALCYON_PICTURES", SESSION.folder / "pictures"))
 CAPTION = "Halcyon_K7"
 TABS = ("DRM List", "AM List", "FM List", "Favourite")
-DIALOGS = (Atspi.Role.DIALOG, Atspi.Role.ALERT, Atspi.Role.FRAME)
+BOXES = (Atspi.Role.DIALOG, Atspi.Role.ALERT)
 
 # Answers are asked of the program each time: what was true a moment ago does not count.
 Atspi.init()
@@ -188,9 +188,8 @@ class Program:
         return next((w for w in self.windows() if w.get_name() == title), None)
 
     def main_window(self):
-        """The widest window of the program's caption: a message box may carry the same one."""
-        candidates = [w for w in self.windows() if w.get_name() == CAPTION]
-        return max(candidates, key=lambda w: w.get_component_iface().get_extents(Atspi.CoordType.SCREEN).width)
+        """The window of the program's caption that is no message box: those may carry the same one."""
+        return next(w for w in self.windows() if w.get_name() == CAPTION and w.get_role() not in BOXES)
 
     def find(self, role, name=None, within=None):
         """The first showing one of that role, and of that name when given; None when there is none."""
@@ -225,14 +224,8 @@ class Program:
         return [node.get_name() for node in self.header_nodes()]
 
     def header_nodes(self):
-        grid = self.grid()
-        found = []
-        for i in range(grid.get_child_count()):
-            child = grid.get_child_at_index(i)
-            if child.get_role() != Atspi.Role.TABLE_COLUMN_HEADER:
-                break
-            found.append(child)
-        return found
+        table = self.grid().get_table_iface()
+        return [table.get_column_header(c) for c in range(table.get_n_columns())]
 
     def click_header(self, caption):
         self.click(next(node for node in self.header_nodes() if node.get_name() == caption))
@@ -302,11 +295,8 @@ class Program:
         return texts[0] if texts else None
 
     def message_box(self, title=CAPTION):
-        main = self.main_window()
-        for window in self.windows():
-            if window != main and window.get_name() == title and self.buttons(window):
-                return window
-        return None
+        found = (w for w in self.windows() if w.get_name() == title and w.get_role() in BOXES)
+        return next((w for w in found if self.buttons(w)), None)
 
     def buttons(self, window):
         return [n.get_name() for n in tree(window) if n.get_role() == Atspi.Role.PUSH_BUTTON and showing(n)]
