@@ -4,7 +4,7 @@ import unittest
 import listfiles
 from case import ProgramCase
 from listfiles import DRM_CELLS, FAVOURITE_CELLS, SAMPLE_USER, list_ini, user_ini
-from program import Atspi, has_state, text_of
+from program import Atspi, box_of, has_state, text_of
 from session import SESSION
 
 EDIT_HINT = "Press 'Enter' Key To Save Modify"
@@ -18,8 +18,8 @@ class Cells(ProgramCase):
             box = program.open_edit(2, column)
             self.assertEqual(text_of(box), DRM_CELLS[1][column - 1])
             self.assert_totals(program, EDIT_HINT)
-            shown = box.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
-            cell = program.cell(2, column).get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+            shown = box_of(box)
+            cell = box_of(program.cell(2, column))
             self.assertLess(abs(shown.x - cell.x), 12, (shown.x, cell.x))
             self.assertLess(abs(shown.y + shown.height / 2 - cell.y - cell.height / 2), 12, (shown.y, cell.y))
             program.keys("Return")
@@ -92,11 +92,11 @@ class Cells(ProgramCase):
         self.assertEqual(text_of(program.open_edit(1, 2)), "6095")
         program.keys("Return")
         program.wait(lambda: program.edit_box() is None, "the edit box hidden")
-        program.edit(2, 2, "101.25")
-        self.assert_cells(program, [FAVOURITE_CELLS[0], ("City FM", "101.25  MHz", "FM")])
+        program.edit(2, 2, "101.5")
+        self.assert_cells(program, [FAVOURITE_CELLS[0], ("City FM", "101.5  MHz", "FM")])
         self.assert_closes(program)
         self.assertEqual(program.read("User.ini"),
-                         user_ini([listfiles.FAVOURITES[0], ("City FM", "101250", "FM")]))
+                         user_ini([listfiles.FAVOURITES[0], ("City FM", "101500", "FM")]))
 
 
 class Delete(ProgramCase):
@@ -218,7 +218,7 @@ class Sort(ProgramCase):
 
 class KeyboardOnly(ProgramCase):
     def first_row(self, program):
-        program.keys("Down")
+        program.keys("Home", "space")
         program.wait(lambda: program.selected_rows() == [1], "the first row selected")
 
     def edit_here(self, program, text):

@@ -12,7 +12,7 @@ def finished(lines):
     return (text + "\0" * (units % 2) + END).encode("utf-8")
 
 
-def section(name, **values):
+def section(name, /, **values):
     return [f"[{name}]", *(f"{key}={value}" for key, value in values.items())]
 
 

@@ -43,13 +43,22 @@ def has_state(node, state):
 
 
 def text_of(node):
-    interface = node.get_text_iface()
-    return Atspi.Text.get_text(interface, 0, -1) if interface else node.get_name()
+    return Atspi.Text.get_text(node, 0, -1) if "Text" in node.get_interfaces() else node.get_name()
+
+
+def box_of(node):
+    """Where it stands on the screen."""
+    return Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
 
 
 def middle_of(node):
-    box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+    box = box_of(node)
     return box.x + box.width // 2, box.y + box.height // 2
+
+
+def cell_at(grid, row, column):
+    """A cell of a grid, both numbers 0-based."""
+    return Atspi.Table.get_accessible_at(grid, row, column)
 
 
 class FocusWatch:
@@ -91,6 +100,7 @@ class Program:
             if content is not None:
                 (self.folder / name).write_bytes(content)
         self.process = None
+        self.header_clicks = 0
 
     # Life
 
@@ -167,13 +177,14 @@ class Program:
             raise Timeout(f"{error}\npicture: {picture}\n{self.describe()}") from None
 
     def describe(self):
+        """What is showing, for the report of a failure."""
         lines = []
 
         def walk(node, depth):
-            lines.append(f"{'  ' * depth}{node.get_role_name()} {node.get_name()!r} {'' if showing(node) else '(hidden)'}")
-            for i in range(min(node.get_child_count(), 12)):
+            lines.append(f"{'  ' * depth}{node.get_role_name()} {node.get_name()!r}")
+            for i in range(min(node.get_child_count(), 30)):
                 child = node.get_child_at_index(i)
-                if child is not None:
+                if child is not None and showing(child):
                     walk(child, depth + 1)
         self.ask(lambda application: walk(application, 0))
         return "\n".join(lines)
@@ -209,34 +220,37 @@ class Program:
     def grid(self):
         """The table of the tab shown."""
         for node in tree(self.main_window()):
-            if node.get_table_iface() is not None and showing(node):
+            if "Table" in node.get_interfaces() and showing(node):
                 return node
         raise AssertionError("no grid is showing:\n" + self.describe())
 
     def cells(self):
         """Every row of the grid shown, as tuples of texts."""
-        table = self.grid().get_table_iface()
-        rows, columns = table.get_n_rows(), table.get_n_columns()
-        return [tuple(table.get_accessible_at(r, c).get_name() for c in range(columns)) for r in range(rows)]
+        grid = self.grid()
+        rows, columns = Atspi.Table.get_n_rows(grid), Atspi.Table.get_n_columns(grid)
+        return [tuple(cell_at(grid, r, c).get_name() for c in range(columns)) for r in range(rows)]
 
     def headers(self):
         """The captions of the grid shown."""
         return [node.get_name() for node in self.header_nodes()]
 
     def header_nodes(self):
-        table = self.grid().get_table_iface()
-        return [table.get_column_header(c) for c in range(table.get_n_columns())]
+        grid = self.grid()
+        return [Atspi.Table.get_column_header(grid, c) for c in range(Atspi.Table.get_n_columns(grid))]
 
     def click_header(self, caption):
-        self.click(next(node for node in self.header_nodes() if node.get_name() == caption))
+        # Each click stands apart from the one before, or two would make a double-click.
+        self.header_clicks += 1
+        node = next(node for node in self.header_nodes() if node.get_name() == caption)
+        self.click(node, offset=(20 * (self.header_clicks % 3 - 1), 0))
 
     def row_count(self):
-        return self.grid().get_table_iface().get_n_rows()
+        return Atspi.Table.get_n_rows(self.grid())
 
     def selected_rows(self):
-        table = self.grid().get_table_iface()
-        return [r + 1 for r in range(table.get_n_rows())
-                if has_state(table.get_accessible_at(r, 0), Atspi.StateType.SELECTED)]
+        grid = self.grid()
+        return [r + 1 for r in range(Atspi.Table.get_n_rows(grid))
+                if has_state(cell_at(grid, r, 0), Atspi.StateType.SELECTED)]
 
     def edit_box(self):
         """The in-place edit box while it is shown."""
@@ -257,7 +271,7 @@ class Program:
 
     def cell(self, row, column):
         """The cell of a row and column, both 1-based."""
-        return self.grid().get_table_iface().get_accessible_at(row - 1, column - 1)
+        return cell_at(self.grid(), row - 1, column - 1)
 
     def select_row(self, row, column=1):
         self.click(self.cell(row, column))
@@ -324,7 +338,7 @@ class Program:
         """A right click on a row, or on empty space; the menu's items by their captions."""
         FOCUS.forget()
         if row is None:
-            box = self.grid().get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+            box = box_of(self.grid())
             SESSION.xdotool("mousemove", box.x + box.width // 2, box.y + box.height - 20, "click", 3)
         else:
             self.click(self.cell(row, 1), button=3)
@@ -382,7 +396,7 @@ class AddDialog:
         walk(self.program.window(self.title))
 
         def place(node):
-            box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+            box = box_of(node)
             return box.y // 8, box.x
         return sorted(found, key=place)
 
@@ -397,7 +411,7 @@ class AddDialog:
     def click(self, name):
         # The left part of a combo is its text, the right its arrow.
         node = self.field(name)
-        box = node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        box = box_of(node)
         SESSION.xdotool("mousemove", box.x + 8, box.y + box.height // 2, "click", 1)
         self.program.wait(lambda: self.has_focus(self.field(name)), f"the focus in {name}")
 

@@ -30,7 +30,8 @@ def unmount_strangers():
         return
     for line in pathlib.Path("/proc/self/mounts").read_text(encoding="utf-8").splitlines():
         device, folder = line.split()[:2]
-        if device.startswith("/dev/") and capacity(folder.encode().decode("unicode_escape")) == CAPACITY:
+        own = folder.startswith(str(SESSION.folder))
+        if device.startswith("/dev/") and not own and capacity(folder.encode().decode("unicode_escape")) == CAPACITY:
             as_root(["umount", "-l", folder])
 
 

@@ -94,6 +94,9 @@ class Session:
         os.close(writer)
         with os.fdopen(reader, "rb") as stream:
             self.environment["DISPLAY"] = ":" + read_line(stream, "Xvfb")
+        # The first key of the test device changes the keyboard's map, and a window manager that takes its shortcuts
+        # anew then would miss one pressed meanwhile: have it change before there is any.
+        self.xdotool("key", "Shift_L")
 
     def start_bus(self):
         bus = self.start([need("dbus-daemon"), "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)

@@ -89,6 +89,8 @@ class OneInstance(ProgramCase):
         program = self.sample_program()
         program.kill()
         self.assertEqual(program.process.returncode, -signal.SIGKILL)
+        # Killed, it has left the files in the form it works on, which no start reads.
+        (program.folder / "List.ini").write_bytes(SAMPLE_LIST)
         program.start()
         self.assert_cells(program, listfiles.DRM_CELLS)
         self.assert_closes(program)

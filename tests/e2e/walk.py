@@ -29,7 +29,7 @@ TABS = ("DRM List", "AM List", "FM List", "Favourite")
 
 class SampleServer(http.server.BaseHTTPRequestHandler):
     def do_GET(self):
-        content = (samples / "DRMSchedule.ini").read_bytes()
+        content = (samples / "DRMSchedule.txt").read_bytes()
         self.send_response(200)
         self.send_header("Content-Length", str(len(content)))
         self.end_headers()
