@@ -267,7 +267,7 @@ class KeyboardOnly(ProgramCase):
         program.keys("ctrl+Tab")
         self.assert_totals(program, "Total Number Of FM List: 2")
         self.first_row(program)
-        program.keys("Left")  # from the band, which is not edited
+        program.keys("Left", "Left")  # from the band, which is not edited, to the programme
         program.popup_by_key()
         program.keys("e")
         program.wait(program.edit_box, "the edit box")
