@@ -33,13 +33,12 @@ int countOf(const Profile& profile, ListKind kind) {
 // One record's section.
 class Record {
 public:
-    Record(const Profile& profile, std::u16string_view section) : profile_(profile), section_(section) {}
-    std::u16string_view text(std::u16string_view key) const { return PtrToStrW(profile_.get(section_, key)); }
+    Record(const Profile& profile, std::u16string_view section) : keys_(profile.section(section)) {}
+    std::u16string_view text(std::u16string_view key) const { return PtrToStrW(keys_.get(key)); }
     double frequency() const { return leadingNumber(text(ListFile::kFrequency)); }
 
 private:
-    const Profile& profile_;
-    std::u16string_view section_;
+    Profile::SectionKeys keys_;
 };
 
 void addFavouriteCells(Cells& cells, const Record& record) {

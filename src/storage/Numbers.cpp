@@ -60,7 +60,7 @@ std::u16string shortestDecimal(double value) {
     if (std::isinf(value)) {
         value = std::copysign(kLargest, value);
     }
-    std::array<char, 800> text{};  // the smallest double has over 320 zeros behind the point
+    std::array<char, 800> text;  // the smallest double has over 320 zeros behind the point
     const auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     return widen({text.data(), result.ptr});
 }

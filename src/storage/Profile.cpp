@@ -65,12 +65,17 @@ const Profile::Section* Profile::find(std::u16string_view name) const {
     return nullptr;
 }
 
+Profile::SectionKeys Profile::section(std::u16string_view name) const { return {*this, find(name)}; }
+
 std::u16string_view Profile::get(std::u16string_view section, std::u16string_view key) const {
-    const Section* found = find(section);
-    for (std::uint32_t i = 0; found != nullptr && i < found->keyCount; ++i) {
-        const Key& candidate = keys_[found->firstKey + i];
-        if (sameName(textOf(candidate.name), key)) {
-            return profileValue(textOf(candidate.value));
+    return this->section(section).get(key);
+}
+
+std::u16string_view Profile::SectionKeys::get(std::u16string_view key) const {
+    for (std::uint32_t i = 0; section_ != nullptr && i < section_->keyCount; ++i) {
+        const Key& candidate = profile_.keys_[section_->firstKey + i];
+        if (candidate.name.length == key.size() && sameName(profile_.textOf(candidate.name), key)) {
+            return profileValue(profile_.textOf(candidate.value));
         }
     }
     return {};
@@ -85,6 +90,10 @@ ProfileText decodeProfile(std::string_view bytes, CodePages& codePages) {
 }
 
 Profile readProfile(std::u16string_view path, Files& files, CodePages& codePages) {
+    constexpr std::uint64_t kLargestSize = 0x7FFFFFFF;  // bytes; the offsets of the index have 32 bits
+    if (files.size(path).value_or(0) > kLargestSize) {
+        return {};
+    }
     const auto bytes = files.read(path);
-    return bytes ? Profile(decodeProfile(*bytes, codePages).text) : Profile();
+    return bytes && bytes->size() <= kLargestSize ? Profile(decodeProfile(*bytes, codePages).text) : Profile();
 }

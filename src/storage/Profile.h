@@ -19,6 +19,10 @@ public:
     // Valid as long as the profile is neither moved nor destroyed.
     std::u16string_view get(std::u16string_view section, std::u16string_view key) const;
 
+    // For several keys of one section. Valid as long as the texts of the profile are.
+    class SectionKeys;
+    SectionKeys section(std::u16string_view name) const;
+
 private:
     // Offsets and lengths in UTF-16 units of text_.
     struct Part {
@@ -46,6 +50,19 @@ private:
     std::vector<Key> keys_;
     std::vector<Section> sections_;
     std::vector<std::uint32_t> slots_;  // open addressing: number of a section plus 1, 0 where free
+};
+
+class Profile::SectionKeys {
+public:
+    // As Profile::get; empty for every key of a section that there is not.
+    std::u16string_view get(std::u16string_view key) const;
+
+private:
+    friend class Profile;
+    SectionKeys(const Profile& profile, const Section* section) : profile_(profile), section_(section) {}
+
+    const Profile& profile_;
+    const Section* section_;
 };
 
 struct ProfileText {

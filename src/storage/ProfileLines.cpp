@@ -41,7 +41,8 @@ ProfileLine parseProfileLine(std::u16string_view line) {
 
 ProfileLineEnd findLineEnd(std::u16string_view text, std::size_t start) {
     std::size_t end = start;
-    while (end < text.size() && text[end] != u'\r' && text[end] != u'\n') {
+    // Nearly every unit is above both, so one comparison mostly decides.
+    while (end < text.size() && (text[end] > u'\r' || (text[end] != u'\r' && text[end] != u'\n'))) {
         ++end;
     }
     if (end == text.size()) {
