@@ -89,13 +89,15 @@ bool QtGridView::keyPressed(const QKeyEvent& event) {
 bool QtGridView::filterViewport(QEvent* event) {
     switch (event->type()) {
         case QEvent::MouseMove:
-        case QEvent::MouseButtonRelease:
             reportPointer(static_cast<QMouseEvent*>(event)->position());
             return false;
+        case QEvent::MouseButtonRelease:
+            reportPointer(static_cast<QMouseEvent*>(event)->position());
+            return isRightButtonBesideRows(*static_cast<QMouseEvent*>(event));
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
             mousePressed(*static_cast<QMouseEvent*>(event));
-            return false;
+            return isRightButtonBesideRows(*static_cast<QMouseEvent*>(event));
         case QEvent::Wheel:
         case QEvent::Resize:
             listener_->viewChanged();
@@ -108,6 +110,11 @@ bool QtGridView::filterViewport(QEvent* event) {
         default:
             return false;
     }
+}
+
+// Kept from the table, which would clear the selection.
+bool QtGridView::isRightButtonBesideRows(const QMouseEvent& event) const {
+    return event.button() == Qt::RightButton && !table_->indexAt(event.position().toPoint()).isValid();
 }
 
 void QtGridView::mousePressed(const QMouseEvent& event) {

@@ -45,6 +45,7 @@ private:
     bool filterTable(QEvent* event);
     bool filterViewport(QEvent* event);
     bool keyPressed(const QKeyEvent& event);
+    bool isRightButtonBesideRows(const QMouseEvent& event) const;
     void mousePressed(const QMouseEvent& event);
     void reportPointer(const QPointF& position);
     void reportMenuKey();

@@ -1,0 +1,119 @@
+#include <QtTest/qtestspontaneevent.h>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <csignal>
+
+#include "platform/StatusBar.h"
+#include "platform/qt/QtSignals.h"
+#include "qt/RecordingWindow.h"
+
+namespace {
+
+class FakeWindow : public MainWindow {
+public:
+    void setListener(MainWindowListener&) override {}
+    void setEnabled(bool) override {}
+    void close() override { ++closed; }
+    int closed = 0;
+};
+
+class WindowTest : public RecordingWindow {
+protected:
+    QLabel* panel(const char* name) { return backend.window().widget()->findChild<QLabel*>(name); }
+    QMenu* menu() { return backend.window().widget()->findChild<QMenu*>("PMenu"); }
+    bool userCloses() {
+        QCloseEvent event;
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        qApp->notify(backend.window().widget(), &event);  // sendEvent would make it the program's own
+        return event.isAccepted();
+    }
+};
+
+TEST_F(WindowTest, HasItsDesignSizeAndCaptions) {
+    EXPECT_EQ(backend.window().widget()->size(), QSize(600, 400));
+    EXPECT_EQ(backend.window().widget()->windowTitle(), "Window");
+    EXPECT_EQ(tabs()->tabText(3), "Four");
+    EXPECT_EQ(tabs()->objectName(), "SSTab1");
+}
+
+TEST_F(WindowTest, TheStatusBarShowsMessageDateAndTime) {
+    platform.statusBar.setMessage(u"Total <b>");
+    EXPECT_EQ(panel("Panel1")->text(), "Total <b>");
+    EXPECT_EQ(panel("Panel1")->textFormat(), Qt::PlainText);
+    EXPECT_EQ(panel("Panel2")->text(), QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
+    EXPECT_FALSE(panel("Panel3")->text().isEmpty());
+    EXPECT_LE(panel("Panel3")->text().count(':'), 1);
+    EXPECT_EQ(panel("Panel2")->width(), panel("Panel3")->width());
+    EXPECT_GT(panel("Panel1")->width(), 2 * panel("Panel2")->width());
+}
+
+TEST_F(WindowTest, ALongMessageDoesNotWidenTheWindow) {
+    platform.statusBar.setMessage(std::u16string(1000, u'x'));
+    QTest::qWait(0);
+    EXPECT_EQ(backend.window().widget()->width(), 600);
+    EXPECT_LT(backend.window().widget()->minimumSizeHint().width(), 600);
+}
+
+TEST_F(WindowTest, MenuItemsReportAfterTheMenuHasClosed) {
+    platform.popupMenu.setEnabled(MenuItem::AddTo, false);
+    platform.popupMenu.show(0, 1500, 900);
+    ASSERT_TRUE(menu()->isVisible());
+    EXPECT_EQ(menu()->pos(), view(0).toGlobal(1500, 900));
+    EXPECT_EQ(menu()->actions().at(1)->text(), "Delete(&D)");
+    EXPECT_FALSE(menu()->actions().at(3)->isEnabled());
+    QTest::keyClick(menu(), Qt::Key_D);
+    EXPECT_FALSE(menu()->isVisible());
+    EXPECT_EQ(recorder.take(), Events{});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(recorder.take(), (Events{"menu 1"}));
+}
+
+TEST_F(WindowTest, ClosesOnce) {
+    EXPECT_TRUE(userCloses());
+    backend.window().close();
+    EXPECT_TRUE(backend.window().isClosed());
+    EXPECT_EQ(recorder.take(), (Events{"closing"}));
+}
+
+TEST_F(WindowTest, ADisabledWindowIsClosedByTheProgramOnly) {
+    backend.window().setEnabled(false);
+    EXPECT_FALSE(userCloses());
+    EXPECT_EQ(recorder.take(), Events{});
+    backend.window().close();
+    EXPECT_EQ(recorder.take(), (Events{"closing"}));
+}
+
+TEST_F(WindowTest, EverySignalToEndClosesTheWindow) {
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+        FakeWindow window;
+        const QtSignals signals(window);
+        std::raise(number);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.closed == 1; })) << number;
+    }
+}
+
+TEST_F(WindowTest, ComingBackFromAnOwnBoxIsNoComingToTheWindow) {
+    QWidget elsewhere;
+    elsewhere.show();
+    elsewhere.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
+    recorder.take();
+    backend.window().widget()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(backend.window().widget()));
+    EXPECT_EQ(recorder.take(), (Events{"window focus"}));
+    {
+        QDialog own(backend.window().widget());
+        own.show();
+        own.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&own));
+    }
+    backend.window().widget()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(backend.window().widget()));
+    EXPECT_EQ(recorder.take(), Events{});
+}
+
+}  // namespace
