@@ -48,7 +48,7 @@ protected:
         }
         return rows;
     }
-    long countOf(const std::string& access) const {
+    auto countOf(const std::string& access) const {
         return std::count(files.accesses.begin(), files.accesses.end(), access);
     }
     bool onlyWorkingCopiesExist() const {

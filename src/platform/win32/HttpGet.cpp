@@ -1,21 +1,27 @@
 #include "platform/win32/HttpGet.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
-#include "platform/win32/WinHttp.h"
+#include "platform/win32/WinInet.h"
 
 namespace {
 
-constexpr int kTimeoutMilliseconds = 30'000;
 constexpr std::size_t kMostBytes = 16U * 1024 * 1024;
+constexpr int kMostRedirects = 10;
+constexpr DWORD kFirstRedirectStatus = 300;
 constexpr DWORD kFirstErrorStatus = 400;
+// Redirects are followed here, as the system's own following is not limited to the web.
+constexpr DWORD kFlags = INTERNET_FLAG_NO_AUTO_REDIRECT | INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE |
+                         INTERNET_FLAG_PRAGMA_NOCACHE | INTERNET_FLAG_NO_COOKIES | INTERNET_FLAG_NO_UI;
 
 class InternetHandle {
 public:
-    InternetHandle(const WinHttp& http, HINTERNET handle) : http_(http), handle_(handle) {}
+    InternetHandle(const WinInet& net, HINTERNET handle) : net_(net), handle_(handle) {}
     ~InternetHandle() {
         if (handle_ != nullptr) {
-            http_.closeHandle(handle_);
+            net_.closeHandle(handle_);
         }
     }
     InternetHandle(const InternetHandle&) = delete;
@@ -24,53 +30,56 @@ public:
     HINTERNET get() const { return handle_; }
 
 private:
-    const WinHttp& http_;
+    const WinInet& net_;
     HINTERNET handle_;
 };
 
-struct Address {
-    std::wstring host;
-    std::wstring pathAndQuery;
-    INTERNET_PORT port = 0;
-    bool secure = false;
-};
-
-std::optional<Address> split(const WinHttp& http, const std::wstring& url) {
-    URL_COMPONENTS parts{};
-    parts.dwStructSize = sizeof parts;
-    parts.dwHostNameLength = static_cast<DWORD>(-1);
-    parts.dwUrlPathLength = static_cast<DWORD>(-1);
-    parts.dwExtraInfoLength = static_cast<DWORD>(-1);
-    if (http.crackUrl(url.c_str(), 0, 0, &parts) == 0) {
-        return std::nullopt;  // also every scheme but http and https
-    }
-    Address address;
-    address.host.assign(parts.lpszHostName, parts.dwHostNameLength);
-    address.pathAndQuery.assign(parts.lpszUrlPath, parts.dwUrlPathLength);
-    if (parts.dwExtraInfoLength > 0 && parts.lpszExtraInfo[0] == L'?') {
-        address.pathAndQuery.append(parts.lpszExtraInfo, parts.dwExtraInfoLength);
-    }
-    address.port = parts.nPort;
-    address.secure = parts.nScheme == INTERNET_SCHEME_HTTPS;
-    return address;
+bool isWebAddress(const std::wstring& url) {
+    const auto startsWith = [&url](std::wstring_view scheme) {
+        return CompareStringOrdinal(url.c_str(), static_cast<int>(std::min(url.size(), scheme.size())), scheme.data(),
+                                    static_cast<int>(scheme.size()), TRUE) == CSTR_EQUAL;
+    };
+    return startsWith(L"http://") || startsWith(L"https://");
 }
 
-std::optional<DWORD> numberHeader(const WinHttp& http, HINTERNET request, DWORD header) {
+void setNumber(const WinInet& net, HINTERNET handle, DWORD option, DWORD value) {
+    net.setOption(handle, option, &value, sizeof value);
+}
+
+std::optional<DWORD> numberHeader(const WinInet& net, HINTERNET request, DWORD header) {
     DWORD value = 0;
     DWORD size = sizeof value;
-    if (http.queryHeaders(request, header | WINHTTP_QUERY_FLAG_NUMBER, WINHTTP_HEADER_NAME_BY_INDEX, &value, &size,
-                          WINHTTP_NO_HEADER_INDEX) == 0) {
+    if (net.queryInfo(request, header | HTTP_QUERY_FLAG_NUMBER, &value, &size, nullptr) == 0) {
         return std::nullopt;
     }
     return value;
 }
 
-std::optional<std::string> readBody(const WinHttp& http, HINTERNET request) {
+std::optional<std::wstring> textHeader(const WinInet& net, HINTERNET request, DWORD header) {
+    std::array<wchar_t, INTERNET_MAX_URL_LENGTH> text{};
+    DWORD size = sizeof text;
+    if (net.queryInfo(request, header, text.data(), &size, nullptr) == 0) {
+        return std::nullopt;
+    }
+    return text.data();
+}
+
+std::optional<std::wstring> redirectTarget(const WinInet& net, HINTERNET request, const std::wstring& from) {
+    const auto location = textHeader(net, request, HTTP_QUERY_LOCATION);
+    std::array<wchar_t, INTERNET_MAX_URL_LENGTH> target{};
+    auto size = static_cast<DWORD>(target.size());
+    if (!location || net.combineUrl(from.c_str(), location->c_str(), target.data(), &size, 0) == 0) {
+        return std::nullopt;
+    }
+    return target.data();
+}
+
+std::optional<std::string> readBody(const WinInet& net, HINTERNET request, std::atomic<unsigned>& signs) {
     std::string body;
-    std::array<char, 16 * 1024> part{};
+    std::vector<char> part(16U * 1024);
     for (;;) {
         DWORD got = 0;
-        if (http.readData(request, part.data(), static_cast<DWORD>(part.size()), &got) == 0) {
+        if (net.readFile(request, part.data(), static_cast<DWORD>(part.size()), &got) == 0) {
             return std::nullopt;
         }
         if (got == 0) {
@@ -80,21 +89,15 @@ std::optional<std::string> readBody(const WinHttp& http, HINTERNET request) {
             return std::nullopt;
         }
         body.append(part.data(), got);
+        ++signs;
     }
 }
 
-std::optional<std::string> receive(const WinHttp& http, HINTERNET request) {
-    if (http.sendRequest(request, WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0, 0, 0) == 0 ||
-        http.receiveResponse(request, nullptr) == 0) {
-        return std::nullopt;
-    }
-    const auto status = numberHeader(http, request, WINHTTP_QUERY_STATUS_CODE);
-    if (!status || *status >= kFirstErrorStatus) {
-        return std::nullopt;
-    }
-    auto body = readBody(http, request);
-    const auto announced = numberHeader(http, request, WINHTTP_QUERY_CONTENT_LENGTH);
-    if (body && announced && *announced != body->size()) {
+std::optional<std::string> receive(const WinInet& net, HINTERNET request, std::atomic<unsigned>& signs) {
+    const auto announced = numberHeader(net, request, HTTP_QUERY_CONTENT_LENGTH);
+    const bool isEncoded = textHeader(net, request, HTTP_QUERY_CONTENT_ENCODING).has_value();
+    auto body = readBody(net, request, signs);
+    if (body && announced && !isEncoded && *announced != body->size()) {
         return std::nullopt;  // cut short
     }
     return body;
@@ -102,33 +105,35 @@ std::optional<std::string> receive(const WinHttp& http, HINTERNET request) {
 
 }  // namespace
 
-std::optional<std::string> httpGet(const std::wstring& url) {
-    const WinHttp http;
-    if (!http.isLoaded()) {
+std::optional<std::string> httpGet(const std::wstring& url, std::chrono::milliseconds idleLimit,
+                                   std::atomic<unsigned>& signs) {
+    const WinInet net;
+    if (!net.isLoaded()) {
         return std::nullopt;
     }
-    const auto address = split(http, url);
-    if (!address) {
-        return std::nullopt;
-    }
-    const InternetHandle session(http, http.open(L"Halcyon_K7", WINHTTP_ACCESS_TYPE_AUTOMATIC_PROXY,
-                                                 WINHTTP_NO_PROXY_NAME, WINHTTP_NO_PROXY_BYPASS, 0));
+    const InternetHandle session(net, net.open(L"Halcyon_K7", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
     if (!session) {
         return std::nullopt;
     }
-    http.setTimeouts(session.get(), kTimeoutMilliseconds, kTimeoutMilliseconds, kTimeoutMilliseconds,
-                     kTimeoutMilliseconds);
-    const InternetHandle connection(http, http.connect(session.get(), address->host.c_str(), address->port, 0));
-    if (!connection) {
-        return std::nullopt;
+    for (const DWORD option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
+                               INTERNET_OPTION_RECEIVE_TIMEOUT, INTERNET_OPTION_DATA_RECEIVE_TIMEOUT}) {
+        setNumber(net, session.get(), option, static_cast<DWORD>(idleLimit.count()));
     }
-    const InternetHandle request(
-        http, http.openRequest(connection.get(), L"GET", address->pathAndQuery.c_str(), nullptr, WINHTTP_NO_REFERER,
-                               WINHTTP_DEFAULT_ACCEPT_TYPES, address->secure ? WINHTTP_FLAG_SECURE : 0));
-    if (!request) {
-        return std::nullopt;
+    setNumber(net, session.get(), INTERNET_OPTION_CONNECT_RETRIES, 1);
+    setNumber(net, session.get(), INTERNET_OPTION_HTTP_DECODING, TRUE);
+
+    std::wstring address = url;
+    for (int i = 0; i <= kMostRedirects && isWebAddress(address); ++i) {
+        const InternetHandle request(net, net.openUrl(session.get(), address.c_str(), nullptr, 0, kFlags, 0));
+        ++signs;
+        const auto status = request ? numberHeader(net, request.get(), HTTP_QUERY_STATUS_CODE) : std::nullopt;
+        if (!status || *status >= kFirstErrorStatus) {
+            return std::nullopt;
+        }
+        if (*status < kFirstRedirectStatus) {
+            return receive(net, request.get(), signs);
+        }
+        address = redirectTarget(net, request.get(), address).value_or(L"");
     }
-    DWORD policy = WINHTTP_OPTION_REDIRECT_POLICY_ALWAYS;
-    http.setOption(request.get(), WINHTTP_OPTION_REDIRECT_POLICY, &policy, sizeof policy);
-    return receive(http, request.get());
+    return std::nullopt;
 }

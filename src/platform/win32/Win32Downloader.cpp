@@ -2,23 +2,33 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/win32/Handle.h"
 #include "platform/win32/HttpGet.h"
 #include "platform/win32/WideText.h"
+#include "platform/win32/WinInet.h"
 
 namespace {
 
+// Shared by both threads; whoever leaves last drops it.
 struct Fetch {
     std::wstring url;
-    std::optional<std::string> body;
+    std::chrono::milliseconds idleLimit;
+    std::atomic<unsigned> signs = 0;
+    std::optional<std::string> body;  // of the fetching thread until it has ended
 };
 
 DWORD WINAPI runFetch(void* parameter) {
-    auto* fetch = static_cast<Fetch*>(parameter);
-    fetch->body = httpGet(fetch->url);
+    const std::unique_ptr<std::shared_ptr<Fetch>> held(static_cast<std::shared_ptr<Fetch>*>(parameter));
+    Fetch& fetch = **held;
+    fetch.body = httpGet(fetch.url, fetch.idleLimit, fetch.signs);
     return 0;
 }
 
@@ -49,43 +59,57 @@ void keepPainted() {
     }
 }
 
+// False: the server has been silent for too long. The fetching thread is then left alone with its share, since
+// nothing ends a wait inside the system's client on every version of the system.
+bool waitFor(HANDLE thread, const Fetch& fetch) {
+    using Clock = std::chrono::steady_clock;
+    unsigned seen = fetch.signs;
+    Clock::time_point deadline = Clock::now() + fetch.idleLimit;
+    for (;;) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        const DWORD patience = static_cast<DWORD>(std::max<std::chrono::milliseconds::rep>(left.count(), 0));
+        if (MsgWaitForMultipleObjects(1, &thread, FALSE, patience, QS_ALLINPUT) == WAIT_OBJECT_0) {
+            return true;
+        }
+        keepPainted();
+        if (const unsigned now = fetch.signs; now != seen) {
+            seen = now;
+            deadline = Clock::now() + fetch.idleLimit;
+        } else if (Clock::now() >= deadline) {
+            return false;
+        }
+    }
+}
+
+std::optional<std::string> fetchPainting(std::wstring url, std::chrono::milliseconds idleLimit) {
+    const auto fetch = std::make_shared<Fetch>();
+    fetch->url = std::move(url);
+    fetch->idleLimit = idleLimit;
+    auto share = std::make_unique<std::shared_ptr<Fetch>>(fetch);
+    const Handle thread(CreateThread(nullptr, 0, runFetch, share.get(), 0, nullptr));
+    if (!thread) {
+        return std::nullopt;
+    }
+    static_cast<void>(share.release());  // the thread's now
+    const bool ended = waitFor(thread.get(), *fetch);
+    keepPainted();  // what was typed until now is thrown away too
+    return ended ? std::move(fetch->body) : std::nullopt;
+}
+
 }  // namespace
 
 bool Win32Downloader::download(std::u16string_view url, std::u16string_view path) {
-    Fetch fetch{toWide(url), std::nullopt};
-    {
-        const Handle thread(CreateThread(nullptr, 0, runFetch, &fetch, 0, nullptr));
-        if (!thread) {
-            return false;
-        }
-        HANDLE ended = thread.get();
-        while (MsgWaitForMultipleObjects(1, &ended, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
-            keepPainted();
-        }
-        keepPainted();  // what was typed until the end is thrown away too
-        WaitForSingleObject(ended, INFINITE);
+    const std::optional<std::string> body = fetchPainting(toWide(url), idleLimit_);
+    if (body && files_.write(path, *body)) {
+        return true;
     }
-    if (!fetch.body) {
-        files_.remove(path);
-        return false;
-    }
-    if (!files_.write(path, *fetch.body)) {
-        files_.remove(path);
-        return false;
-    }
-    return true;
+    files_.remove(path);
+    return false;
 }
 
 void Win32Downloader::forgetCached(std::u16string_view url) {
-    HMODULE library = LoadLibraryExW(L"wininet.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (library == nullptr) {
-        return;
+    const WinInet net;
+    if (net.isLoaded()) {
+        net.deleteCacheEntry(toWide(url).c_str());
     }
-    using DeleteEntry = BOOL(WINAPI*)(const wchar_t*);
-    const auto deleteEntry =
-        reinterpret_cast<DeleteEntry>(reinterpret_cast<void*>(GetProcAddress(library, "DeleteUrlCacheEntryW")));
-    if (deleteEntry != nullptr) {
-        deleteEntry(toWide(url).c_str());
-    }
-    FreeLibrary(library);
 }

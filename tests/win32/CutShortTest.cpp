@@ -1,0 +1,17 @@
+#include <gtest/gtest.h>
+
+#include "contract/Backend.h"
+
+namespace {
+
+// The half of the contract's case that holds on Wine too.
+TEST(Win32Downloader, ABodyShorterThanAnnouncedIsAFailure) {
+    const auto backend = makeBackend();
+    const auto folder = backend->folder();
+    const std::u16string target = folder->path() + u"DRMSchedule.ini";
+    ASSERT_FALSE(httpServer().empty()) << "run through http_server.py";
+    EXPECT_FALSE(backend->downloader(std::chrono::seconds(30))->download(httpServer() + u"/cut-short", target));
+    EXPECT_FALSE(backend->files().exists(target));
+}
+
+}  // namespace
