@@ -134,6 +134,7 @@ void addForm::save() {
             break;
     }
     if (added) {
+        added_();
         close();
     }
 }

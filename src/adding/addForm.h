@@ -1,8 +1,10 @@
 // The Add List dialog: types in one new record and appends it to the DRM, AM or FM list.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "adding/FieldRules.h"
 #include "platform/AddFormView.h"
@@ -17,6 +19,9 @@ public:
     addForm(AddFormView& view, MainWindow& mainWindow, TabControl& tabs, StationLists lists, Totals& totals,
             mMsgBox& messages)
         : view_(view), mainWindow_(mainWindow), tabs_(tabs), lists_(lists), totals_(totals), messages_(messages) {}
+
+    // Called after each record added, while the dialog is still open.
+    void onAdded(std::function<void()> listener) { added_ = std::move(listener); }
 
     // Refreshes the total, then opens the dialog for the list shown and disables the main window; a full list,
     // or the Favourite list whatever its size, gets a message instead. Nothing when the dialog is open already.
@@ -49,4 +54,5 @@ private:
     StationLists lists_;
     Totals& totals_;
     mMsgBox& messages_;
+    std::function<void()> added_ = [] {};
 };

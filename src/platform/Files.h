@@ -27,6 +27,7 @@ public:
     virtual bool append(std::u16string_view path, std::string_view bytes) = 0;
     // Puts `from` in the place of `to` (which may exist) in one step, in the same folder, and makes it durable.
     virtual bool rename(std::u16string_view from, std::u16string_view to) = 0;
+    // Files only, links themselves; durable as a rename is.
     virtual bool remove(std::u16string_view path) = 0;
     // Normal attributes: writable, not hidden, not system.
     // A link is left as it is and gives false.

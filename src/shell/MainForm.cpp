@@ -18,7 +18,9 @@ MainForm::MainForm(const Platform& platform)
       saver_(stationLists(), workingCopies_, settings_, platform.files, platform.codePages),
       receiverCopies_(stationLists(), workingCopies_, ReceiverRoot_, loader_, saver_, findDiskDriver_, msgBox_, totals_,
                       platform.files, platform.codePages),
-      startUp_(workingCopies_, receiverCopies_, loader_, findDiskDriver_, platform.files, platform.codePages),
+      recovery_(platform.programFolder, platform.files),
+      startUp_(workingCopies_, receiverCopies_, loader_, saver_, recovery_, findDiskDriver_, platform.files,
+               platform.codePages),
       validation_(stationLists(), platform.tabs, editState_, msgBox_),
       cellEditing_(stationLists(), platform.tabs, platform.editBox, platform.statusBar, validation_, editState_),
       deleteCommands_(stationLists(), platform.tabs, msgBox_, totals_),
@@ -52,6 +54,9 @@ bool MainForm::Form_Load() {
     platform_.editBox.setListener(*this);
     platform_.popupMenu.setListener(*this);
     startUp_.run();
+    keptChanges_ = changes();
+    addForm_.onAdded([this] { keepLists(); });
+    scheduleSync_.onRebuilt([this] { keepLists(); });
     totals_.ShowTotals();
     SetCurrentTab(platform_.tabs.currentTab());
     AfterTabShown();
@@ -62,16 +67,38 @@ void MainForm::Form_GotFocus() { totals_.ShowTotals(); }
 
 void MainForm::Form_Unload() {
     if (!SkipSaveOnExit_) {
+        keepLists();
         saver_.SaveLists();
         if (cellEditing_.isEditing()) {
             // The close box takes no focus: what was typed is committed here. The lists are safe already,
             // should the system end the program while a refused text has its message on screen.
-            cellEditing_.lostFocus();
+            lostFocus();
             saver_.SaveLists();
         }
+        endRecovery();
     }
     findDiskDriver_.ClearFileAttributes(workingCopies_.UserFilePath);
     platform_.addFormView.destroy();
+}
+
+// What could not be saved waits for the next start.
+void MainForm::endRecovery() {
+    if (saver_.ListsSaved()) {
+        recovery_.discard();
+    } else {
+        recovery_.keep(saver_.compose());
+    }
+}
+
+void MainForm::keepLists() {
+    const std::uint64_t now = changes();
+    if (now != keptChanges_ && recovery_.keep(saver_.compose())) {
+        keptChanges_ = now;
+    }
+}
+
+std::uint64_t MainForm::changes() const {
+    return drmLV_.changes() + amLV_.changes() + fmLV_.changes() + favLV_.changes();
 }
 
 void MainForm::QuitApplication() {
@@ -79,7 +106,10 @@ void MainForm::QuitApplication() {
     addForm_.close();
 }
 
-void MainForm::AddSelectedToFavourites() { addToFavourites_.AddSelectedToFavourites(); }
+void MainForm::AddSelectedToFavourites() {
+    addToFavourites_.AddSelectedToFavourites();
+    keepLists();
+}
 
 void MainForm::tabClicked(int) {
     if (cellEditing_.isEditing()) {
@@ -94,8 +124,24 @@ void MainForm::tabGotFocus() {
     SetCurrentTab(platform_.tabs.currentTab());
 }
 
+void MainForm::enterPressed() {
+    cellEditing_.enterPressed();
+    keepLists();
+}
+
+void MainForm::lostFocus() {
+    cellEditing_.lostFocus();
+    keepLists();
+}
+
+void MainForm::viewChanged() {
+    cellEditing_.viewChanged();
+    keepLists();
+}
+
 bool MainForm::LV_KeyDown(ListKind kind, int key, int shift) {
     run(commandForKey(kind, stationLists().grid(kind), key, shift), kind);
+    keepLists();
     return keepsKeyFromGrid(key, shift);
 }
 
@@ -104,11 +150,15 @@ void MainForm::LV_RightButton(ListKind kind, double x, double y) {
     showPopup(kind, x, y);
 }
 
-void MainForm::LV_DblClick(ListKind kind) { cellEditing_.startEdit(kind); }
+void MainForm::LV_DblClick(ListKind kind) {
+    cellEditing_.startEdit(kind);
+    keepLists();
+}
 
 void MainForm::LV_HeaderClick(ListKind kind, std::u16string_view key) {
     cellEditing_.viewChanged();  // a header takes no focus; the rows are about to move under the box
     sortListview_.headerClicked(stationLists()[kind], key);
+    keepLists();
 }
 
 void MainForm::showPopup(ListKind kind, double x, double y) {
@@ -177,6 +227,7 @@ void MainForm::menuChosen(MenuItem item) {
             DeleteAll_Click();
             break;
     }
+    keepLists();
 }
 
 void MainForm::Edt_Click() {

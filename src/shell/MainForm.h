@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -28,6 +29,7 @@
 #include "storage/ListSaver.h"
 #include "storage/ReceiverCopies.h"
 #include "storage/ReceiverSettings.h"
+#include "storage/Recovery.h"
 #include "storage/RowStore.h"
 #include "storage/StationLists.h"
 #include "storage/WorkingCopies.h"
@@ -60,7 +62,7 @@ private:
         void itemClicked() override { form_.cellEditing_.itemClicked(); }
         void itemDoubleClicked() override { form_.LV_DblClick(kind_); }
         void headerClicked(std::u16string_view key) override { form_.LV_HeaderClick(kind_, key); }
-        void viewChanged() override { form_.cellEditing_.viewChanged(); }
+        void viewChanged() override { form_.viewChanged(); }
 
     private:
         MainForm& form_;
@@ -71,14 +73,15 @@ private:
     void windowClosing() override { Form_Unload(); }
     void tabClicked(int previousTab) override;
     void tabGotFocus() override;
-    void enterPressed() override { cellEditing_.enterPressed(); }
-    void lostFocus() override { cellEditing_.lostFocus(); }
+    void enterPressed() override;
+    void lostFocus() override;
     void menuChosen(MenuItem item) override;
 
     bool LV_KeyDown(ListKind kind, int key, int shift);
     void LV_RightButton(ListKind kind, double x, double y);
     void LV_DblClick(ListKind kind);
     void LV_HeaderClick(ListKind kind, std::u16string_view key);
+    void viewChanged();
 
     void Edt_Click();
     void Del_Click();
@@ -90,6 +93,10 @@ private:
     void DeleteAll_Click();
 
     void run(Command command, ListKind kind);
+    // After each command, so that a run that ends in the middle loses none.
+    void keepLists();
+    void endRecovery();
+    std::uint64_t changes() const;
     void showPopup(ListKind kind, double x, double y);
     void AfterTabShown() {}  // a hook for what a tab may need once it is on screen; nothing so far
     StationLists stationLists();
@@ -113,6 +120,8 @@ private:
     ListLoader loader_;
     ListSaver saver_;
     ReceiverCopies receiverCopies_;
+    Recovery recovery_;
+    std::uint64_t keptChanges_ = 0;  // what changes() was when the lists were kept last
     StartUp startUp_;
     FieldValidation validation_;
     CellEditing cellEditing_;

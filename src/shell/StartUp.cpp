@@ -1,19 +1,65 @@
 #include "shell/StartUp.h"
 
+#include "storage/SafeFile.h"
+
 void StartUp::run(std::u16string_view RunMode) {
+    restore();
     if (RunMode == u"NormalRun") {
         prepareFromReceiver();
     } else {
         prepareLocal();
     }
-    // The loaders read UTF-16, so that programme names in any script come through.
-    for (const std::u16string& path : {workingCopies_.ListFilePath, workingCopies_.UserFilePath}) {
-        convertWorkingCopy(path, files_, codePages_);
-    }
+    const WorkingCopyBytes bytes{present(workingCopies_.ListFilePath, restored_.list),
+                                 present(workingCopies_.UserFilePath, restored_.user)};
+    // A run that is killed leaves UTF-16 behind, which the next start could not read: it needs these bytes then.
+    const bool kept = recovery_.keep(bytes);
+    loader_.loadFrom({convert(workingCopies_.ListFilePath, bytes.list, kept),
+                      convert(workingCopies_.UserFilePath, bytes.user, kept)});
     loader_.LoadDrmList(true);
     loader_.LoadAmList(true);
     loader_.LoadFmList(true);
     loader_.LoadFavList(true);
+}
+
+void StartUp::restore() {
+    restored_ = recovery_.find().value_or(WorkingCopyBytes());
+    const auto putBack = [this](std::u16string_view path, std::optional<std::string>& bytes) {
+        removeLeftover(files_, path);
+        if (!bytes) {
+            return;
+        }
+        if (files_.exists(path)) {
+            findDiskDriver_.ClearFileAttributes(path);
+        }
+        if (files_.read(path) == bytes || replaceFile(files_, path, *bytes)) {
+            bytes.reset();
+        }
+    };
+    putBack(workingCopies_.ListFilePath, restored_.list);
+    putBack(workingCopies_.UserFilePath, restored_.user);
+}
+
+std::optional<std::string> StartUp::present(std::u16string_view path, const std::optional<std::string>& restored) {
+    if (restored) {
+        return restored;
+    }
+    auto bytes = readWorkingCopy(path, files_);
+    if (!bytes && files_.size(path)) {
+        saver_.leave(path);
+    }
+    return bytes;
+}
+
+// The loaders read UTF-16, so that programme names in any script come through.
+std::string StartUp::convert(std::u16string_view path, const std::optional<std::string>& bytes, bool onDisk) {
+    if (!bytes) {
+        return std::string();  // no list
+    }
+    std::string converted = convertedWorkingCopy(*bytes, codePages_);
+    if (onDisk) {
+        replaceFile(files_, path, converted);
+    }
+    return converted;
 }
 
 void StartUp::prepareLocal() {
@@ -27,6 +73,7 @@ void StartUp::prepareLocal() {
 }
 
 void StartUp::prepareFromReceiver() {
+    restored_ = {};
     for (const std::u16string& path : {workingCopies_.ListFilePath, workingCopies_.UserFilePath}) {
         if (files_.exists(path)) {
             findDiskDriver_.ClearFileAttributes(path);

@@ -87,17 +87,19 @@ void ListLoader::loadFromListFile(ListKind kind, bool setUpColumns) {
     if (setUpColumns) {
         addListColumns(lists_[kind]);
     }
-    if (!files_.exists(copies_.ListFilePath)) {
+    if (!given_.list && !files_.exists(copies_.ListFilePath)) {
         return;
     }
     if (!listFile_ || (served_ & bitOf(kind)) != 0) {
-        listFile_ = readProfile(copies_.ListFilePath, files_, codePages_);
+        listFile_ = read(given_.list, copies_.ListFilePath);
         served_ = 0;
     }
     appendRecords(kind, *listFile_);
     served_ |= bitOf(kind);
     if (served_ == kListFileKinds) {
-        forgetFiles();
+        listFile_.reset();
+        served_ = 0;
+        given_.list.reset();
     }
 }
 
@@ -105,10 +107,11 @@ void ListLoader::LoadFavList(bool setUpColumns) {
     if (setUpColumns) {
         addListColumns(lists_[ListKind::Favourite]);
     }
-    if (!files_.exists(copies_.UserFilePath)) {
+    if (!given_.user && !files_.exists(copies_.UserFilePath)) {
         return;
     }
-    const Profile profile = readProfile(copies_.UserFilePath, files_, codePages_);
+    const Profile profile = read(given_.user, copies_.UserFilePath);
+    given_.user.reset();
     readSettings(profile);
     appendRecords(ListKind::Favourite, profile);
 }
@@ -134,7 +137,17 @@ void ListLoader::appendRecords(ListKind kind, const Profile& profile) {
     }
 }
 
+Profile ListLoader::read(const std::optional<std::string>& given, std::u16string_view path) {
+    return given ? Profile(decodeProfile(*given, codePages_).text) : readProfile(path, files_, codePages_);
+}
+
+void ListLoader::loadFrom(WorkingCopyBytes bytes) {
+    forgetFiles();
+    given_ = std::move(bytes);
+}
+
 void ListLoader::forgetFiles() {
     listFile_.reset();
     served_ = 0;
+    given_ = {};
 }

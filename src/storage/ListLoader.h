@@ -28,11 +28,15 @@ public:
     void LoadFmList(bool setUpColumns) { loadFromListFile(ListKind::Fm, setUpColumns); }
     void LoadFavList(bool setUpColumns);
 
+    // What the next loaders take for the content of the files, instead of reading them; for whoever knows it better
+    // than a disk that may fail. nullopt: the file itself is read. Kept until each list has been loaded once.
+    void loadFrom(WorkingCopyBytes bytes);
     // The next loader reads its file anew; for whoever has changed the working copies.
     void forgetFiles();
 
 private:
     void loadFromListFile(ListKind kind, bool setUpColumns);
+    Profile read(const std::optional<std::string>& given, std::u16string_view path);
     void appendRecords(ListKind kind, const Profile& profile);
     void readSettings(const Profile& profile);
 
@@ -41,6 +45,7 @@ private:
     ReceiverSettings& settings_;
     Files& files_;
     CodePages& codePages_;
+    WorkingCopyBytes given_;
     std::optional<Profile> listFile_;  // between the first and the last of its three lists
     unsigned served_ = 0;              // bit per ListKind: loaded from listFile_
 };

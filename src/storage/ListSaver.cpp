@@ -83,12 +83,34 @@ bool hasUnits(const Grid& favourites) {
 }  // namespace
 
 void ListSaver::SaveLists() {
-    const bool listSaved = saveListFile();
-    const bool userSaved = saveUserFile();
+    const bool listSaved = save(copies_.ListFilePath, composeListFile());
+    const bool userSaved = save(copies_.UserFilePath, composeUserFile());
     listsSaved_ = listSaved && userSaved;
 }
 
-bool ListSaver::saveListFile() {
+WorkingCopyBytes ListSaver::compose() { return {composeListFile(), composeUserFile()}; }
+
+void ListSaver::leave(std::u16string_view path) {
+    leavesListFile_ = leavesListFile_ || path == copies_.ListFilePath;
+    leavesUserFile_ = leavesUserFile_ || path == copies_.UserFilePath;
+}
+
+void ListSaver::leaveNone() { leavesListFile_ = leavesUserFile_ = false; }
+
+bool ListSaver::save(std::u16string_view path, const std::optional<std::string>& bytes) {
+    if (!bytes) {
+        return false;
+    }
+    if (files_.exists(path)) {
+        files_.clearAttributes(path);
+    }
+    return replaceFile(files_, path, *bytes);
+}
+
+std::optional<std::string> ListSaver::composeListFile() {
+    if (leavesListFile_) {
+        return std::nullopt;
+    }
     std::u16string text = startOf(copies_.ListFilePath);
     appendProfileSection(text, ListFile::kTotal);
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
@@ -97,15 +119,15 @@ bool ListSaver::saveListFile() {
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
         appendRecords(text, kind);
     }
-    return finish(copies_.ListFilePath, text);
+    return finish(text);
 }
 
-bool ListSaver::saveUserFile() {
+std::optional<std::string> ListSaver::composeUserFile() {
     const Grid& favourites = lists_.grid(ListKind::Favourite);
     // A frequency too short to end in its unit cannot be told from a damaged one. Writing the others
     // would lose it, so the file stays as it is; the loaders and the favourites command never make such a cell.
-    if (!hasUnits(favourites)) {
-        return false;
+    if (leavesUserFile_ || !hasUnits(favourites)) {
+        return std::nullopt;
     }
     std::u16string text = startOf(copies_.UserFilePath);
     appendProfileSection(text, ListFile::kVersion);
@@ -118,7 +140,7 @@ bool ListSaver::saveUserFile() {
     appendProfileSection(text, ListFile::kTotal);
     appendProfileKey(text, ListFile::countKey(ListKind::Favourite), decimal(favourites.rowCount()));
     appendRecords(text, ListKind::Favourite);
-    return finish(copies_.UserFilePath, text);
+    return finish(text);
 }
 
 void ListSaver::appendRecords(std::u16string& text, ListKind kind) {
@@ -140,14 +162,11 @@ std::u16string ListSaver::startOf(std::u16string_view path) { return files_.exis
 // What is left of a UTF-16 file of `text` after it has been re-encoded and the marker appended: reading such a file
 // yields its text, as many NULs and one more; of these units half are kept, which are one too many when the
 // length is odd. The receiver has always been given that byte.
-bool ListSaver::finish(std::u16string_view path, std::u16string& text) {
+std::string ListSaver::finish(std::u16string& text) {
     text.append(text.size() % 2, u'\0');
     text += u"\r\n";
     appendProfileSection(text, ListFile::kEnd);
-    if (files_.exists(path)) {
-        files_.clearAttributes(path);
-    }
-    return replaceFile(files_, path, codePages_.encode(CodePage::Utf8, text));
+    return codePages_.encode(CodePage::Utf8, text);
 }
 
 void ListSaver::ResetContentOfINI() { resetContent(copies_.ListFilePath, {ListKind::Drm, ListKind::Am, ListKind::Fm}); }

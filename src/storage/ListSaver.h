@@ -2,6 +2,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,13 @@ public:
     void SaveLists();
     // True when the last SaveLists has written both files.
     bool ListsSaved() const { return listsSaved_; }
+    // What SaveLists would write now; nullopt for a file that it would leave as it is.
+    WorkingCopyBytes compose();
+
+    // The saver leaves a working copy that could not be loaded as it is: the grids never held what is in it.
+    void leave(std::u16string_view path);
+    // Both have been loaded.
+    void leaveNone();
 
     // Removes the record sections and the end marker from a working copy; the counts stay.
     void ResetContentOfINI();
@@ -29,10 +37,11 @@ public:
 
 private:
     void appendRecords(std::u16string& text, ListKind kind);
-    bool saveListFile();
-    bool saveUserFile();
+    std::optional<std::string> composeListFile();
+    std::optional<std::string> composeUserFile();
     std::u16string startOf(std::u16string_view path);
-    bool finish(std::u16string_view path, std::u16string& text);
+    std::string finish(std::u16string& text);
+    bool save(std::u16string_view path, const std::optional<std::string>& bytes);
     void resetContent(std::u16string_view path, std::initializer_list<ListKind> kinds);
 
     StationLists lists_;
@@ -41,4 +50,6 @@ private:
     Files& files_;
     CodePages& codePages_;
     bool listsSaved_ = false;
+    bool leavesListFile_ = false;
+    bool leavesUserFile_ = false;
 };

@@ -1,5 +1,7 @@
 #include "storage/ReceiverCopies.h"
 
+#include <utility>
+
 #include "storage/SafeFile.h"
 
 namespace {
@@ -44,11 +46,11 @@ void ReceiverCopies::ReloadFromReceiver() {
     if (!fetch(kListFile, copies_.ListFilePath) || !fetch(kUserFile, copies_.UserFilePath)) {
         return;
     }
-    const bool listConverted = convertWorkingCopy(copies_.ListFilePath, files_, codePages_);
-    const bool userConverted = convertWorkingCopy(copies_.UserFilePath, files_, codePages_);
+    WorkingCopyBytes converted{convertWorkingCopy(copies_.ListFilePath, files_, codePages_),
+                               convertWorkingCopy(copies_.UserFilePath, files_, codePages_)};
     // Grids filled from a file in the wrong encoding would be saved over the right one later.
-    if (listConverted && userConverted) {
-        reloadGrids();
+    if (converted.list && converted.user) {
+        reloadGrids(std::move(converted));
     }
 }
 
@@ -62,12 +64,13 @@ bool ReceiverCopies::fetch(std::u16string_view name, std::u16string_view working
     return bytes && replaceFile(files_, workingCopy, *bytes);
 }
 
-void ReceiverCopies::reloadGrids() {
+void ReceiverCopies::reloadGrids(WorkingCopyBytes bytes) {
     totals_.ShowTotals();
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm, ListKind::Favourite}) {
         lists_.grid(kind).clear();
     }
-    loader_.forgetFiles();
+    loader_.loadFrom(std::move(bytes));
+    saver_.leaveNone();
     loader_.LoadDrmList(false);
     loader_.LoadAmList(false);
     loader_.LoadFmList(false);

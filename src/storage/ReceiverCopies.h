@@ -33,7 +33,7 @@ public:
 private:
     bool findDisk();
     void copyToReceiver(std::u16string_view workingCopy, std::u16string_view name);
-    void reloadGrids();
+    void reloadGrids(WorkingCopyBytes bytes);
 
     StationLists lists_;
     const WorkingCopies& copies_;

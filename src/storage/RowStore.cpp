@@ -36,6 +36,7 @@ void RowStore::setText(int row, int column, std::u16string text) {
         return;
     }
     rows_[at(row)].cells[at(column)] = std::move(text);
+    ++changes_;
     if (notifies()) {
         view_->cellChanged(row, column);
     }
@@ -46,6 +47,7 @@ void RowStore::appendRow(std::vector<std::u16string> cells) {
     if (notifies()) {
         view_->beforeAppend(row);
     }
+    ++changes_;
     Row& added = rows_.emplace_back();
     const std::size_t count = std::min(cells.size(), added.cells.size());
     std::move(cells.begin(), cells.begin() + static_cast<std::ptrdiff_t>(count), added.cells.begin());
@@ -56,11 +58,13 @@ void RowStore::appendRow(std::vector<std::u16string> cells) {
 
 void RowStore::removeSelectedRows() {
     const GridUpdate update(*this);
+    ++changes_;
     std::erase_if(rows_, [](const Row& row) { return row.selected; });
 }
 
 void RowStore::clear() {
     const GridUpdate update(*this);
+    ++changes_;
     rows_.clear();
 }
 

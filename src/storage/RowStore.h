@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "platform/Grid.h"
 #include "platform/GridView.h"
@@ -29,6 +30,9 @@ public:
     void setSelected(int row, bool selected) override;
     int firstSelected() const override;
 
+    // Grows with every change of a row, not with selections and columns.
+    std::uint64_t changes() const { return changes_; }
+
     void beginUpdate() override;
     void endUpdate() override;
 
@@ -50,4 +54,5 @@ private:
     std::vector<GridColumn> columns_;
     std::vector<Row> rows_;
     int updates_ = 0;
+    std::uint64_t changes_ = 0;
 };

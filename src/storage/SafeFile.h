@@ -6,6 +6,9 @@
 
 #include "platform/Files.h"
 
+// Removes what a run that was ended in the middle of a write may have left beside the file.
+void removeLeftover(Files& files, std::u16string_view path);
+
 // Writes beside the file, flushes, puts the new file in its place in one step. On failure the old file
 // stays and nothing is left beside it.
 bool replaceFile(Files& files, std::u16string_view path, std::string_view bytes);

@@ -1,5 +1,9 @@
 #include "storage/WorkingCopies.h"
 
+#include <cstdint>
+
+#include "storage/SafeFile.h"
+#include "storage/Utf16Bytes.h"
 #include "storage/mTextUTF.h"
 
 void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages) {
@@ -7,18 +11,36 @@ void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePa
     mTextUTF(files, codePages).WriteTextFile(path, u" ", false, format, format, true, false);
 }
 
-bool convertWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages) {
-    const auto size = files.size(path);
-    if (!size) {
-        return false;
+std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& files) {
+    constexpr std::uint64_t kLargestSize = 0x7FFFFFFF;
+    constexpr int kAttempts = 3;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        const auto size = files.size(path);
+        if (!size || *size > kLargestSize) {
+            return std::nullopt;
+        }
+        if (auto bytes = files.read(path)) {
+            return bytes;
+        }
     }
-    mTextUTF textFiles(files, codePages);
-    TextFormat format = TextFormat::Utf8;
-    const std::u16string text = textFiles.ReadTextFile(path, format);
-    // No text of a file that holds more than a mark: it could not be read, and rewriting it would empty it.
-    if (text.empty() && *size > TextFormatBom(TextFormat::Utf8).size()) {
-        return false;
+    return std::nullopt;
+}
+
+std::string convertedWorkingCopy(std::string_view bytes, CodePages& codePages) {
+    const std::string_view mark = TextFormatBom(TextFormat::Utf8);
+    if (bytes.starts_with(mark)) {
+        bytes.remove_prefix(mark.size());
     }
-    format = TextFormat::Utf16Le;
-    return textFiles.WriteTextFile(path, text, false, format, format, true, false);
+    std::string converted(TextFormatBom(TextFormat::Utf16Le));
+    appendBytes(converted, codePages.decode(CodePage::Utf8, bytes), ByteOrder::Little);
+    return converted;
+}
+
+std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages) {
+    const auto bytes = readWorkingCopy(path, files);
+    if (!bytes) {
+        return std::nullopt;
+    }
+    std::string converted = convertedWorkingCopy(*bytes, codePages);
+    return replaceFile(files, path, converted) ? std::optional(std::move(converted)) : std::nullopt;
 }

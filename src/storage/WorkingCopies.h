@@ -1,6 +1,7 @@
 // The two working copies: where they lie, and how they come to be what the loaders read.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,9 +14,24 @@ struct WorkingCopies {
     std::u16string UserFilePath;
 };
 
+// The content of both files; nullopt: of this one nothing is known.
+struct WorkingCopyBytes {
+    std::optional<std::string> list;
+    std::optional<std::string> user;
+
+    friend bool operator==(const WorkingCopyBytes&, const WorkingCopyBytes&) = default;
+};
+
 // A new one holds a single blank, in UTF-8 with its mark: EF BB BF 20. A failure is silent.
 void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);
 
+// The whole file, tried again when it fails: the lists shown are what the next save writes over it.
+// nullopt when there is no such file, when it cannot be read or when its size in bytes needs more than 31 bits.
+std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& files);
+
 // From the receiver's UTF-8 (never guessed, a mark is accepted) to UTF-16LE with its mark.
-// False when the file is missing or cannot be read or written; then it is as it was.
-bool convertWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);
+std::string convertedWorkingCopy(std::string_view bytes, CodePages& codePages);
+
+// The same of the file itself. Returns what the file holds then; nullopt when it is missing or cannot be read or
+// written, and then it is as it was.
+std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);

@@ -38,6 +38,7 @@ void ScheduleSync::SyncDrmSchedule() {
         return;
     }
     const int added = rebuildList(schedule);
+    rebuilt_();
     finish(added == 0 ? u"No new station" : u"The number of new station is: " + decimal(added));
 }
 

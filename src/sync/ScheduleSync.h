@@ -1,6 +1,7 @@
 // Rebuilds the DRM list from the broadcast schedule that a server publishes.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,6 +32,9 @@ public:
           messages_(messages),
           programFolder_(std::move(programFolder)) {}
 
+    // Called once the list has been rebuilt, before the user is told.
+    void onRebuilt(std::function<void()> listener) { rebuilt_ = std::move(listener); }
+
     // Downloads, checks and reads the schedule; blocks until all is done. The list is emptied only once the
     // download has proved to be a schedule. Every outcome but an empty "config.ini" is told in one message.
     void SyncDrmSchedule();
@@ -52,4 +56,5 @@ private:
     Totals& totals_;
     mMsgBox& messages_;
     std::u16string programFolder_;
+    std::function<void()> rebuilt_ = [] {};
 };

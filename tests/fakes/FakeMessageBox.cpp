@@ -45,5 +45,6 @@ int FakeMessageBox::show(std::u16string_view text, int style, std::u16string_vie
     EXPECT_EQ(box.style, style);
     EXPECT_TRUE(hasButton(style, box.answer)) << "the box has no such button: " << box.answer;
     shown.back().answer = box.answer;
+    whileShown();
     return box.answer;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@ public:
     int show(std::u16string_view text, int style, std::u16string_view title) override;
 
     std::vector<Box> shown;
+    std::function<void()> whileShown = [] {};  // what happens before the box is answered
 
 private:
     std::deque<Box> expected_;

@@ -30,7 +30,8 @@ protected:
     ListSaver saver{lists, copies, settings, platform.files, platform.codePages};
     ReceiverCopies receiverCopies{lists,  copies, receiverRoot, loader,         saver,
                                   driver, msgBox, totals,       platform.files, platform.codePages};
-    StartUp startUp{copies, receiverCopies, loader, driver, platform.files, platform.codePages};
+    Recovery recovery{u"/app/", platform.files};
+    StartUp startUp{copies, receiverCopies, loader, saver, recovery, driver, platform.files, platform.codePages};
 };
 
 TEST_F(StartUpTest, ALocalRunMakesMissingFilesAndLeavesTheReceiverAlone) {

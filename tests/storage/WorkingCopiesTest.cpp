@@ -12,7 +12,7 @@ class WorkingCopy : public testing::Test {
 protected:
     bool convert(std::string bytes) {
         files.files[kPath] = std::move(bytes);
-        return convertWorkingCopy(kPath, files, codePages);
+        return convertWorkingCopy(kPath, files, codePages).has_value();
     }
     static constexpr auto kPath = u"/k7/List.ini";
     FakeFiles files;

@@ -83,7 +83,14 @@ bool QtFiles::rename(std::u16string_view from, std::u16string_view to) {
     return true;
 }
 
-bool QtFiles::remove(std::u16string_view path) { return ::unlink(native(path).c_str()) == 0; }
+bool QtFiles::remove(std::u16string_view path) {
+    const std::string name = native(path);
+    if (::unlink(name.c_str()) != 0) {
+        return false;
+    }
+    flushFolderOf(name);
+    return true;
+}
 
 bool QtFiles::clearAttributes(std::u16string_view path) {
     const std::string name = native(path);

@@ -1,0 +1,226 @@
+// Runs that end in the middle: the form goes away without the window having been closed.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "fakes/FakePlatform.h"
+#include "shell/MainForm.h"
+
+namespace {
+
+constexpr const char16_t* kList = u"/app/List.ini";
+constexpr const char16_t* kUser = u"/app/User.ini";
+constexpr const char16_t* kRecovery = u"/app/Recovery";
+
+const std::string kTwoStations =
+    " \r\n[Total]\r\ndrmnumber=2\r\namnumber=0\r\nfmnumber=0\r\n"
+    "[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=\xE4\xB8\xAD\r\nStartStopTimeUTC=06:00-07:00\r\nTarget=EU\r\n"
+    "UserDef=0\r\n[DRMSchedule1]\r\nFrequency=7000\r\nProgramme=BB\r\nStartStopTimeUTC=06:00-07:00\r\nTarget=EU\r\n"
+    "UserDef=0\r\n\r\n[kvt update end]\r\n";
+
+class MainFormRecoveryTest : public testing::Test {
+protected:
+    MainFormRecoveryTest() { platform->files.files[kList] = kTwoStations; }
+    ~MainFormRecoveryTest() override { SetCurrentTab(0); }
+
+    void start() {
+        form = std::make_unique<MainForm>(platform->bundle);
+        ASSERT_TRUE(form->Form_Load());
+    }
+    // A new process on the files as they are.
+    void killAndRestart() {
+        const FakeFiles files = platform->files;
+        form.reset();
+        platform = std::make_unique<FakePlatform>();
+        platform->files = files;
+        platform->files.failing.clear();
+        start();
+    }
+    void close() {
+        platform->mainWindow.close();
+        form.reset();
+    }
+    std::u16string programme(int row) { return std::u16string(platform->rows(0).text(row, 1)); }
+    void select(int tab, int row) { platform->gridViews[static_cast<std::size_t>(tab)].grid->setSelected(row, true); }
+    void choose(MenuItem item) { platform->popupMenu.listener->menuChosen(item); }
+    void edit(const std::u16string& text) {
+        select(0, 1);
+        platform->grid(0).itemDoubleClicked();
+        ASSERT_TRUE(platform->editBox.visible);
+        platform->editBox.content = text;
+        platform->editBox.listener->enterPressed();
+    }
+
+    std::unique_ptr<FakePlatform> platform = std::make_unique<FakePlatform>();
+    std::unique_ptr<MainForm> form;
+};
+
+}  // namespace
+
+TEST_F(MainFormRecoveryTest, ANormalEndLeavesNothingBehind) {
+    start();
+    EXPECT_TRUE(platform->files.folders.contains(kRecovery));
+    edit(u"Edited");
+    close();
+    EXPECT_TRUE(platform->files.folders.empty());
+    EXPECT_EQ(platform->files.files.size(), 2U);
+}
+
+TEST_F(MainFormRecoveryTest, TheUtf16FilesOfAKilledRunAreReadAsTheyWereMeant) {
+    start();
+    ASSERT_TRUE(platform->files.files[kList].starts_with("\xFF\xFE"));
+    killAndRestart();
+    EXPECT_EQ(programme(1), u"中");
+    close();
+    EXPECT_EQ(platform->files.files[kList], kTwoStations);
+}
+
+TEST_F(MainFormRecoveryTest, EveryCommandIsKept) {
+    start();
+    edit(u"Edited");
+    killAndRestart();
+    EXPECT_EQ(programme(1), u"Edited");
+
+    platform->grid(0).headerClicked(u"FREQ");
+    const std::u16string first = programme(1);
+    killAndRestart();
+    EXPECT_EQ(programme(1), first);
+
+    select(0, 1);
+    choose(MenuItem::AddTo);
+    killAndRestart();
+    EXPECT_EQ(platform->rows(3).text(1, 1), first);
+
+    select(0, 1);
+    EXPECT_TRUE(platform->grid(0).keyDown(Key::Delete, 0));
+    killAndRestart();
+    EXPECT_EQ(platform->rows(0).rowCount(), 1);
+    EXPECT_NE(programme(1), first);
+
+    platform->messageBox.expect(
+        {u"All list will be deleted and can't be recovered", u"Delete all List", BoxStyle::OkCancel, BoxAnswer::Ok});
+    choose(MenuItem::DeleteAll);
+    killAndRestart();
+    EXPECT_EQ(platform->rows(0).rowCount(), 0);
+    EXPECT_EQ(platform->rows(3).rowCount(), 1);
+}
+
+TEST_F(MainFormRecoveryTest, AnAddedRecordIsKept) {
+    start();
+    platform->tabs.click(1);
+    choose(MenuItem::AddNew);
+    platform->addFormView.at(AddField::txtLabel).text = u"Added";
+    platform->addFormView.at(AddField::txtFreq).text = u"198";
+    platform->addFormView.listener->saveClicked();
+    killAndRestart();
+    EXPECT_EQ(platform->rows(1).text(1, 1), u"Added");
+}
+
+TEST_F(MainFormRecoveryTest, ASyncIsKeptBeforeTheUserIsTold) {
+    start();
+    platform->downloader.bytes = "[DRMSchedule]\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\n";
+    platform->messageBox.expect({u"No new station"});
+    platform->messageBox.whileShown = [this] {
+        EXPECT_NE(platform->files.files[u"/app/Recovery/Snapshot2"].find("drmnumber=0"), std::string::npos);
+    };
+    choose(MenuItem::SyncInternet);
+    killAndRestart();
+    EXPECT_EQ(platform->rows(0).rowCount(), 0);
+}
+
+TEST_F(MainFormRecoveryTest, ALoadFromTheReceiverIsKept) {
+    platform->connectReceiver(u"/media/rx/");
+    platform->files.files[u"/media/rx/List.ini"] = "[Total]\r\namnumber=1\r\n[AMSchedule0]\r\nProgramme=R\r\n";
+    platform->files.files[u"/media/rx/User.ini"] = "";
+    start();
+    choose(MenuItem::LoadFromReceiver);
+    killAndRestart();
+    EXPECT_EQ(platform->rows(1).text(1, 1), u"R");
+    EXPECT_EQ(platform->rows(0).rowCount(), 0);
+}
+
+TEST_F(MainFormRecoveryTest, AFailedSaveAtTheEndWaitsForTheNextStart) {
+    start();
+    edit(u"Edited");
+    platform->files.failing = {u"/app/List.ini.k7new", u"/app/User.ini.k7new"};
+    platform->mainWindow.close();
+    killAndRestart();
+    EXPECT_EQ(programme(1), u"Edited");
+}
+
+TEST_F(MainFormRecoveryTest, ATextTypedAtTheEndIsKeptWhenItCannotBeSaved) {
+    start();
+    select(0, 1);
+    platform->grid(0).itemDoubleClicked();
+    platform->editBox.content = u"Typed last";
+    platform->files.failing = {u"/app/List.ini.k7new"};
+    platform->mainWindow.close();
+    killAndRestart();
+    EXPECT_EQ(programme(1), u"Typed last");
+}
+
+TEST_F(MainFormRecoveryTest, WithoutRoomForASnapshotTheFilesStayReadableForTheNextRun) {
+    platform->files.failing = {kRecovery};
+    start();
+    EXPECT_EQ(programme(1), u"中");
+    EXPECT_EQ(platform->files.files[kList], kTwoStations);
+    killAndRestart();
+    EXPECT_EQ(programme(1), u"中");
+}
+
+TEST_F(MainFormRecoveryTest, AFileThatCannotBeConvertedIsShownAsItIsMeant) {
+    platform->files.failing = {u"/app/List.ini.k7new"};
+    start();
+    EXPECT_EQ(programme(1), u"中");
+}
+
+TEST_F(MainFormRecoveryTest, AFileThatCannotBeReadIsNeverWrittenOver) {
+    platform->connectReceiver(u"/media/rx/");
+    platform->files.files[u"/media/rx/List.ini"] = "the receiver's";
+    platform->files.failing = {kList};
+    start();
+    EXPECT_EQ(platform->rows(0).rowCount(), 0);
+    platform->files.failing.clear();
+    choose(MenuItem::SaveToReceiver);
+    EXPECT_EQ(platform->files.files[u"/media/rx/List.ini"], "the receiver's");
+    close();
+    EXPECT_EQ(platform->files.files[kList], kTwoStations);
+    start();
+    EXPECT_EQ(programme(1), u"中");
+}
+
+TEST_F(MainFormRecoveryTest, ALoadFromTheReceiverEndsTheProtectionOfAnUnreadFile) {
+    platform->connectReceiver(u"/media/rx/");
+    platform->files.files[u"/media/rx/List.ini"] = "[Total]\r\namnumber=1\r\n[AMSchedule0]\r\nProgramme=R\r\n";
+    platform->files.files[u"/media/rx/User.ini"] = "";
+    platform->files.failing = {kList};
+    start();
+    platform->files.failing.clear();
+    choose(MenuItem::LoadFromReceiver);
+    close();
+    EXPECT_NE(platform->files.files[kList].find("Programme=R\r\n"), std::string::npos);
+}
+
+TEST_F(MainFormRecoveryTest, LeftoversOfAKilledSaveAreRemovedAtTheNextStart) {
+    platform->files.files[u"/app/List.ini.k7new"] = "half";
+    platform->files.files[u"/app/User.ini.k7new"] = "half";
+    start();
+    EXPECT_FALSE(platform->files.files.contains(u"/app/List.ini.k7new"));
+    EXPECT_FALSE(platform->files.files.contains(u"/app/User.ini.k7new"));
+    EXPECT_EQ(programme(1), u"中");
+}
+
+TEST_F(MainFormRecoveryTest, WhatCannotBePutBackIsShownAndKeptAllTheSame) {
+    start();
+    edit(u"Edited");
+    const FakeFiles files = platform->files;
+    form.reset();
+    platform = std::make_unique<FakePlatform>();
+    platform->files = files;
+    platform->files.failing = {u"/app/List.ini.k7new"};
+    start();
+    EXPECT_EQ(programme(1), u"Edited");
+    platform->files.failing.clear();
+    close();
+    EXPECT_NE(platform->files.files[kList].find("Programme=Edited\r\n"), std::string::npos);
+}
