@@ -106,4 +106,30 @@ TEST_F(FilesContract, AReadOnlyFileCanBeMadeWritable) {
     EXPECT_EQ(files.read(at(u"List.ini")), "new");
 }
 
+TEST_F(FilesContract, FoldersAreMadeListedAndRemoved) {
+    EXPECT_TRUE(files.createFolder(at(u"Recovery")));
+    EXPECT_TRUE(files.createFolder(at(u"Recovery"))) << "is there already";
+    EXPECT_EQ(files.list(at(u"Recovery")), Names{});
+    for (const std::u16string_view name : {u"b", u"a", u"\u96FB.ini", u"C"}) {
+        ASSERT_TRUE(files.write(at(u"Recovery") + folder->path().back() + std::u16string(name), "x"));
+    }
+    EXPECT_EQ(files.list(at(u"Recovery")), (Names{u"C", u"a", u"b", u"\u96FB.ini"}));
+    EXPECT_FALSE(files.removeFolder(at(u"Recovery"))) << "is not empty";
+    for (const std::u16string& name : files.list(at(u"Recovery"))) {
+        EXPECT_TRUE(files.remove(at(u"Recovery") + folder->path().back() + name));
+    }
+    EXPECT_TRUE(files.removeFolder(at(u"Recovery")));
+    EXPECT_FALSE(files.removeFolder(at(u"Recovery")));
+    EXPECT_EQ(folder->names(), Names{});
+}
+
+TEST_F(FilesContract, AFileIsNoFolder) {
+    ASSERT_TRUE(files.write(at(u"a"), "x"));
+    EXPECT_FALSE(files.createFolder(at(u"a")));
+    EXPECT_FALSE(files.removeFolder(at(u"a")));
+    EXPECT_EQ(files.list(at(u"a")), Names{});
+    EXPECT_EQ(files.list(at(u"none")), Names{});
+    EXPECT_EQ(files.read(at(u"a")), "x");
+}
+
 }  // namespace
