@@ -1,6 +1,8 @@
 // Loading and saving all four lists, each of as many records as the argument says. 256 is what the receiver holds.
 #include <benchmark/benchmark.h>
 
+#include <cstdint>
+#include <map>
 #include <string>
 
 #include "fakes/FakeCodePages.h"

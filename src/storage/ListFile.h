@@ -1,6 +1,7 @@
 // Names of the sections and keys of "List.ini" and "User.ini", as the receiver spells them.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 

@@ -1,7 +1,9 @@
 #include "storage/ListLoader.h"
 
 #include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "storage/ListColumns.h"
 #include "storage/ListFile.h"

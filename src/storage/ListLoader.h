@@ -2,8 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <string_view>
-#include <vector>
 
 #include "platform/CodePages.h"
 #include "platform/Files.h"

@@ -1,5 +1,7 @@
 #include "storage/ListSaver.h"
 
+#include <cstddef>
+
 #include "storage/IniFile.h"
 #include "storage/ListFile.h"
 #include "storage/Numbers.h"
