@@ -78,6 +78,11 @@ void GridTable::changeEvent(QEvent* event) {
     }
 }
 
+QModelIndex GridTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const bool toEnd = action == MoveHome || action == MoveEnd;
+    return QTableView::moveCursor(action, toEnd ? modifiers | Qt::ControlModifier : modifiers);
+}
+
 void GridTable::fitRowsToFont() {
     const int height = fontMetrics().height() + kRowPadding;
     verticalHeader()->setMinimumSectionSize(height);

@@ -12,6 +12,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    // Home and End go to the first and the last row, as in a list.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
     void fitRowsToFont();

@@ -1,0 +1,83 @@
+#!/usr/bin/python3
+"""The .deb and the portable archive, each in a bare Debian: installed, started by a plain user, removed.
+
+usage: linux_packages_test.py PACKAGES VERSION
+"""
+import pathlib
+import shutil
+import subprocess
+import sys
+import unittest
+
+from clean_system import USER, CleanSystem
+from visit import Visit, drm_programmes
+
+packages, version = pathlib.Path(sys.argv.pop(1)).resolve(), sys.argv.pop(1)
+DEB = packages / f"halcyon-k7_{version}_amd64.deb"
+ARCHIVE = packages / f"halcyon_k7-{version}-linux-x86_64.tar.gz"
+DESKTOP_FILE = "usr/share/applications/org.halcyon_k7.halcyon_k7.desktop"
+EMPTY = ([], True)
+
+
+class LinuxPackages(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.system = CleanSystem()
+        # The first installation brings what the program needs from Debian; removing leaves that in place.
+        cls.system.apt_install(cls.system.bring(DEB))
+        cls.system.run("apt-get", "-qy", "purge", "halcyon-k7")
+        cls.without = cls.system.snapshot()
+
+    def visit(self, *command):
+        visit = Visit(self.system.as_user(*command))
+        self.addCleanup(visit.end)
+        return visit
+
+    def desktop_entry(self, key):
+        lines = (self.system.root / DESKTOP_FILE).read_text(encoding="utf-8").splitlines()
+        return next(line.split("=", 1)[1] for line in lines if line.startswith(key + "="))
+
+    def user_owns(self, *paths):
+        for path in paths:
+            self.system.run("chown", "-R", f"{USER}:", "/" + str(path.relative_to(self.system.root)))
+
+    def work(self, command, files, samples, window_class=None):
+        """A start with nothing, and one with the samples in which a station is deleted."""
+        visit = self.visit(command)
+        if window_class:
+            self.assertTrue(visit.has_class(window_class), f"the window is not of class {window_class}")
+        self.assertEqual(visit.close(), 0)
+        self.assertEqual(drm_programmes(files / "List.ini"), EMPTY)
+        for name in ("List.ini", "User.ini"):
+            shutil.copy(samples / name, files / name)
+        self.user_owns(files)
+        before, _ = drm_programmes(files / "List.ini")
+        visit = self.visit(command)
+        visit.keys("Home", "Delete")
+        self.assertEqual(visit.close(), 0)
+        self.assertEqual(drm_programmes(files / "List.ini"), (before[1:], True))
+        self.assertEqual((files / "User.ini").read_bytes(), (samples / "User.ini").read_bytes())
+
+    def test_deb(self):
+        self.system.run("dpkg", "--install", self.system.bring(DEB))
+        with_it = self.system.snapshot()
+        data = self.system.home / ".local/share/Halcyon_K7"
+        self.work(self.desktop_entry("Exec"), data, self.system.root / "usr/share/doc/halcyon-k7/examples",
+                  window_class=self.desktop_entry("StartupWMClass"))
+        self.assertEqual(self.system.snapshot(), with_it, "the program wrote outside the user's home")
+        self.system.run("dpkg", "--purge", "halcyon-k7")
+        self.assertEqual(self.system.snapshot(), self.without, "the package left a trace")
+
+    def test_portable_archive(self):
+        subprocess.run(["tar", "-xzf", ARCHIVE, "-C", self.system.home], check=True)
+        folder = self.system.home / f"halcyon_k7-{version}-linux-x86_64"
+        self.user_owns(folder)
+        shutil.rmtree(self.system.home / ".local", ignore_errors=True)
+        self.work(f"/home/{USER}/{folder.name}/halcyon_k7", folder, folder / "samples")
+        self.assertFalse((self.system.home / ".local/share/Halcyon_K7").exists())
+        self.assertTrue((folder / "LICENSE.txt").is_file())
+        self.assertTrue((folder / "guide/user-guide.html").is_file())
+        self.assertEqual(self.system.snapshot(), self.without, "the program wrote outside its folder")
+
+
+unittest.main(verbosity=2)

@@ -1,0 +1,71 @@
+#!/usr/bin/python3
+"""What a distribution asks of a package, by its own checkers.
+
+usage: metadata_test.py PACKAGES VERSION
+"""
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+packages, version = pathlib.Path(sys.argv.pop(1)).resolve(), sys.argv.pop(1)
+ID = "org.halcyon_k7.halcyon_k7"
+
+
+def run(*command):
+    result = subprocess.run(list(map(str, command)), capture_output=True, text=True, check=False,
+                            env={**os.environ, "LC_ALL": "C.UTF-8"})
+    return result.returncode, result.stdout + result.stderr
+
+
+class Metadata(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.deb = packages / f"halcyon-k7_{version}_amd64.deb"
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.root = pathlib.Path(folder.name)
+        subprocess.run(["dpkg-deb", "-x", cls.deb, cls.root], check=True)
+
+    def assert_clean(self, *command):
+        code, output = run(*command)
+        self.assertEqual(code, 0, output)
+        return output
+
+    def test_desktop_file(self):
+        self.assertEqual(self.assert_clean("desktop-file-validate", self.root / f"usr/share/applications/{ID}.desktop"),
+                         "")
+
+    def test_metainfo(self):
+        path = self.root / f"usr/share/metainfo/{ID}.metainfo.xml"
+        self.assert_clean("appstreamcli", "validate", "--no-net", "--pedantic", path)
+        self.assertIn(f'<release version="{version}"', path.read_text(encoding="utf-8"))
+
+    def test_manual_page(self):
+        page = self.root / "usr/share/man/man1/halcyon_k7.1.gz"
+        self.assertEqual(self.assert_clean("man", "--warnings", "--encoding=utf8", "--local-file", "--pager=true", page), "")
+        self.assertIn(f"Halcyon_K7 {version}", self.assert_clean("zcat", page))
+
+    def test_lintian(self):
+        self.assertEqual(self.assert_clean("lintian", "--fail-on", "error,warning", "--allow-root", self.deb), "")
+
+    def test_what_the_metadata_name_is_there(self):
+        entries = dict(line.split("=", 1) for line in
+                       (self.root / f"usr/share/applications/{ID}.desktop").read_text(encoding="utf-8").splitlines()
+                       if "=" in line)
+        self.assertTrue(os.access(self.root / "usr/bin" / entries["Exec"], os.X_OK))
+        icons = self.root / "usr/share/icons/hicolor"
+        self.assertTrue((icons / f"scalable/apps/{entries['Icon']}.svg").is_file())
+        code, size = run("identify", "-format", "%wx%h", icons / f"48x48/apps/{entries['Icon']}.png")
+        self.assertEqual((code, size), (0, "48x48"))
+
+    def test_guide_shows_its_pictures(self):
+        folder = self.root / "usr/share/doc/halcyon-k7"
+        shown = [part.split('"')[0] for part in (folder / "user-guide.html").read_text(encoding="utf-8").split('src="')[1:]]
+        self.assertGreater(len(shown), 0)
+        self.assertEqual([name for name in shown if not (folder / name).is_file()], [])
+
+
+unittest.main()

@@ -1,0 +1,55 @@
+"""One visit to a program that a package brought: its window comes, does a job, and closes."""
+import pathlib
+import subprocess
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "e2e"))
+from session import SESSION, wait_until  # noqa: E402
+
+START = 120.0  # seconds that a first start may take, on a machine that does other things
+
+
+class Visit:
+    """The program, started by a command, with its window up."""
+
+    def __init__(self, command, environment=None):
+        log = SESSION.folder / "visit.txt"
+        with open(log, "wb") as stream:
+            self.process = subprocess.Popen(list(map(str, command)), cwd="/", stdin=subprocess.DEVNULL, stdout=stream,
+                                            stderr=stream, env={**SESSION.environment, **(environment or {})})
+
+        def window():
+            if self.process.poll() is not None:
+                raise AssertionError(f"the program ended with {self.process.returncode}: {log.read_text()}")
+            return next(iter(SESSION.ask_xdotool("search", "--onlyvisible", "--name", "^Halcyon_K7$")), None)
+        self.window = wait_until(window, "the window", START)
+        wait_until(lambda: SESSION.ask_xdotool("getactivewindow") == [self.window], "the window active")
+
+    def has_class(self, name):
+        """Whether a desktop takes the window for that class, by which it finds the entry of the menu."""
+        return self.window in SESSION.ask_xdotool("search", "--onlyvisible", "--class", f"^{name}$")
+
+    def keys(self, *keys):
+        SESSION.xdotool("key", "--clearmodifiers", *keys)
+
+    def picture(self, path):
+        SESSION.picture(path)
+
+    def close(self):
+        """As a click on the close box; the exit code."""
+        self.keys("alt+F4")
+        return self.process.wait(START)
+
+    def end(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+
+
+def drm_programmes(path):
+    """The programmes of the DRM list in a saved file, and whether the file is whole."""
+    text = path.read_bytes().decode("utf-8")
+    programmes = []
+    for part in text.split("[DRMSchedule")[1:]:
+        programmes.append(part.split("Programme=")[1].split("\r\n")[0])
+    return programmes, text.endswith("\r\n[kvt update end]\r\n")
