@@ -1,0 +1,70 @@
+#!/usr/bin/python3
+"""The Windows zip, unpacked and started in a Wine prefix made for it.
+
+usage: zip_test.py PACKAGES VERSION
+"""
+import pathlib
+import shutil
+import subprocess
+import sys
+import unittest
+import zipfile
+
+import windows
+from visit import SESSION, drm_programmes
+
+packages, version = pathlib.Path(sys.argv.pop(1)).resolve(), sys.argv.pop(1)
+NAME = f"halcyon_k7-{version}-windows-x86_64"
+EMPTY = ([], True)
+
+class WindowsZip(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        windows.make_prefix()
+
+    def unpack(self, where):
+        with zipfile.ZipFile(packages / f"{NAME}.zip") as archive:
+            archive.extractall(where)
+        return where / NAME
+
+    def visit(self, folder):
+        visit = windows.visit(folder / "Halcyon_K7.exe")
+        self.addCleanup(visit.end)
+        return visit
+
+    def test_holds_all_that_a_listener_needs(self):
+        with zipfile.ZipFile(packages / f"{NAME}.zip") as archive:
+            names = set(archive.namelist())
+        for name in ("Halcyon_K7.exe", "LICENSE.txt", "guide/user-guide.html", "guide/formats.html",
+                     "guide/pictures/windows-drm-list.png", "samples/List.ini", "samples/User.ini"):
+            self.assertIn(f"{NAME}/{name}", names)
+
+    def test_works_in_its_folder(self):
+        folder = self.unpack(SESSION.folder)
+        self.addCleanup(shutil.rmtree, folder)
+        self.assertEqual(self.visit(folder).close(), 0)
+        self.assertEqual(drm_programmes(folder / "List.ini"), EMPTY)
+        for name in ("List.ini", "User.ini"):
+            shutil.copy(folder / "samples" / name, folder / name)
+        before, _ = drm_programmes(folder / "List.ini")
+        visit = self.visit(folder)
+        visit.keys("End", "Home", "Delete")
+        self.assertEqual(visit.close(), 0)
+        self.assertEqual(drm_programmes(folder / "List.ini"), (before[1:], True))
+        self.assertEqual((folder / "User.ini").read_bytes(), (folder / "samples/User.ini").read_bytes())
+
+    def test_works_in_a_folder_that_cannot_be_written(self):
+        """The lists then go to the user's application data."""
+        if not SESSION.private_mounts:
+            self.skipTest("a folder that nobody can write needs a mount, which needs root")
+        folder = self.unpack(SESSION.folder / "installed")
+        subprocess.run(["mount", "--bind", folder, folder], check=True)
+        self.addCleanup(subprocess.run, ["umount", "--lazy", folder], check=True)
+        subprocess.run(["mount", "-o", "remount,bind,ro", folder], check=True)
+        self.assertEqual(self.visit(folder).close(), 0)
+        data = next(pathlib.Path(windows.WINE["WINEPREFIX"], "drive_c/users").glob("*/AppData/Roaming/Halcyon_K7"))
+        self.assertEqual(drm_programmes(data / "List.ini"), EMPTY)
+        self.assertFalse((folder / "List.ini").exists())
+
+
+unittest.main(verbosity=2)
