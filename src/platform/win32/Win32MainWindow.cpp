@@ -106,6 +106,10 @@ void Win32MainWindow::layOut() {
 
 void Win32MainWindow::show(int command) {
     ShowWindow(window_, command);
+    // A window that became active while it was built had no list to give the keyboard to.
+    if (GetActiveWindow() == window_) {
+        restoreFocus();
+    }
     UpdateWindow(window_);
 }
 
