@@ -24,5 +24,15 @@ def make_prefix():
                    env={**SESSION.environment, **WINE}, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
+def link_fonts():
+    """Scripts that the font of the windows lacks are drawn from the fonts of this machine, as Windows itself does."""
+    fonts = r"wqy-zenhei.ttc,WenQuanYi Zen Hei\0Lohit-Devanagari.ttf,Lohit Devanagari"
+    for face in ("Tahoma", "DejaVu Sans"):
+        subprocess.run([installed("wine64", "/usr/lib/wine/wine64"), "reg", "add",
+                        r"HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink", "/f",
+                        "/v", face, "/t", "REG_MULTI_SZ", "/d", fonts],
+                       env={**SESSION.environment, **WINE}, check=True, stdout=subprocess.DEVNULL)
+
+
 def visit(program):
     return Visit([installed("wine64", "/usr/lib/wine/wine64"), program], WINE)
