@@ -54,7 +54,9 @@ void Win32MainWindow::createFrame(const WindowDesign& design) {
     const Scale scale(window_);
     RECT area{0, 0, scale.pixels(design.width), scale.pixels(design.height)};
     AdjustWindowRectExForDpi(&area, WS_OVERLAPPEDWINDOW, FALSE, 0, static_cast<UINT>(scale.dpi()));
-    SetWindowPos(window_, nullptr, 0, 0, area.right - area.left, area.bottom - area.top, SWP_NOMOVE | SWP_NOZORDER);
+    // Not activated yet: nothing stands in it that could take the focus.
+    SetWindowPos(window_, nullptr, 0, 0, area.right - area.left, area.bottom - area.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Win32MainWindow::createControls(const WindowDesign& design) {

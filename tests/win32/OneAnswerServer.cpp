@@ -1,0 +1,47 @@
+#include "win32/OneAnswerServer.h"
+
+#include <array>
+#include <utility>
+
+OneAnswerServer::OneAnswerServer(std::string body)
+    : answer_("HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\nConnection: close\r\nContent-Length: " +
+              std::to_string(body.size()) + "\r\n\r\n" + body) {
+    WSADATA data{};
+    WSAStartup(MAKEWORD(2, 2), &data);
+    listener_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    sockaddr_in any{};
+    any.sin_family = AF_INET;
+    any.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    bind(listener_, reinterpret_cast<const sockaddr*>(&any), sizeof any);
+    listen(listener_, SOMAXCONN);
+    thread_ = std::thread([this] { serve(); });
+}
+
+OneAnswerServer::~OneAnswerServer() {
+    closesocket(listener_);  // ends accept
+    thread_.join();
+    WSACleanup();
+}
+
+std::string OneAnswerServer::address() const {
+    sockaddr_in bound{};
+    int size = sizeof bound;
+    getsockname(listener_, reinterpret_cast<sockaddr*>(&bound), &size);
+    return "http://127.0.0.1:" + std::to_string(ntohs(bound.sin_port));
+}
+
+void OneAnswerServer::serve() {
+    for (SOCKET client = INVALID_SOCKET; (client = accept(listener_, nullptr, nullptr)) != INVALID_SOCKET;) {
+        std::string request;
+        std::array<char, 1024> part{};
+        while (request.find("\r\n\r\n") == std::string::npos) {
+            const int got = recv(client, part.data(), static_cast<int>(part.size()), 0);
+            if (got <= 0) {
+                break;
+            }
+            request.append(part.data(), static_cast<std::size_t>(got));
+        }
+        send(client, answer_.data(), static_cast<int>(answer_.size()), 0);
+        closesocket(client);
+    }
+}

@@ -1,0 +1,62 @@
+// The real program in a folder of its own, driven from outside through messages and the keyboard.
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "win32/TemporaryFolder.h"
+
+// Asks again and again until it holds; false when it does not within a time that no healthy run needs.
+bool eventually(const std::function<bool()>& holds);
+
+// Column and row numbers are 1-based, pixels are those of the window named.
+class Program {
+public:
+    // Copies the program into the folder, starts it and waits for its window.
+    explicit Program(const TemporaryFolder& folder);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    HWND window() const { return window_; }
+    HWND list(const wchar_t* tabCaption) const { return FindWindowExW(window_, nullptr, L"SysListView32", tabCaption); }
+    HWND box() const { return FindWindowExW(window_, nullptr, L"Edit", nullptr); }
+    bool boxIsOpen() const { return IsWindowVisible(box()) != 0; }
+    // A dialog or message box of the program with this title; waits for it, null when none comes.
+    HWND dialog(const wchar_t* title) const;
+    bool hasMenu() const;
+    HWND focus() const;
+    bool hasEnded() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0; }
+    // Closes the window as a user does and waits for the end.
+    bool close();
+
+    int rowCount(HWND list) const { return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)); }
+    std::wstring cell(HWND list, int row, int column) const;
+    std::vector<std::wstring> columnTexts(HWND list, int column) const;
+    RECT cellBounds(HWND list, int row, int column) const;
+    std::wstring status() const;
+
+    void click(HWND list, int row, int column) const;
+    void doubleClick(HWND list, int row, int column) const;
+    void rightClick(HWND list, int row, int column) const;
+    void clickHeader(HWND list, int column) const;
+
+private:
+    HWND findOwnWindow(const wchar_t* className, const wchar_t* title) const;
+    LPARAM middleOf(HWND list, int row, int column) const;
+
+    PROCESS_INFORMATION process_{};
+    HWND window_ = nullptr;
+};
+
+// Keys as the keyboard gives them, to whatever has the focus.
+void pressKey(WORD key);
+void pressWithCtrl(WORD key);
+void typeInto(HWND window, std::wstring_view text);
+std::wstring textOf(HWND window);
+std::wstring messageOf(HWND messageBox);                          // an icon's label has no text
+HWND childOf(HWND dialog, const wchar_t* className, int number);  // 1-based, in the dialog's order
