@@ -3,6 +3,7 @@
 
 usage: walk.py PROGRAM SAMPLES OUTPUT    exits 0 only if the files that the program leaves are right
 """
+import configparser
 import http.server
 import os
 import pathlib
@@ -24,7 +25,7 @@ from program import Program  # noqa: E402
 from receiver import Receiver  # noqa: E402
 from session import SESSION  # noqa: E402
 
-TABS = ("DRM List", "AM List", "FM List", "Favourite")
+EDITED = "999"
 
 
 class SampleServer(http.server.BaseHTTPRequestHandler):
@@ -75,9 +76,9 @@ class Walk:
     def edit(self):
         self.program.show_tab("AM List")
         before = self.program.cells()[0]
-        self.program.edit(1, 2, "999")
-        self.program.wait(lambda: self.program.cells()[0] == (before[0], "999", "MW"), "the edited row")
-        self.step(f"Edited the first AM station from {before[1]} to 999 kHz; its band became MW")
+        self.program.edit(1, 2, EDITED)
+        self.program.wait(lambda: self.program.cells()[0] == (before[0], EDITED, "MW"), "the edited row")
+        self.step(f"Edited the first AM station from {before[1]} to {EDITED} kHz; its band became MW")
 
     def sync(self, address):
         (self.program.folder / "config.ini").write_text(address + "\n", encoding="utf-8")
@@ -102,16 +103,23 @@ class Walk:
         self.step(f"Saved to {folder}")
 
     def expected_files(self):
-        """What the grids show, as the receiver wants it."""
-        rows = []
-        for tab in TABS:
-            self.program.show_tab(tab)
-            rows.append(self.program.cells())
-        drm, am, fm, favourites = rows
-        khz = lambda mhz: f"{round(float(mhz) * 1000)}"  # noqa: E731
-        return (list_ini(drm, [row[:2] for row in am], [(row[0], khz(row[1])) for row in fm]),
-                user_ini([(name, khz(text[:-5]) if "FM" in system else text[:-5], system)
-                          for name, text, system in favourites]))
+        """Composed from the samples alone: what was loaded, the edited frequency, the stations synchronized."""
+        def records(name, prefix, count, *keys):
+            parser = configparser.RawConfigParser()
+            parser.read_string((samples / name).read_text(encoding="utf-8"))
+            return [tuple(parser[f"{prefix}Schedule{i}"][key] for key in keys)
+                    for i in range(parser.getint("Total", count))]
+        drm = []
+        lines = (samples / "DRMSchedule.txt").read_text(encoding="utf-8").split("[DRMSchedule]\n")[1].splitlines()
+        for start in range(0, len(lines), 9):
+            record = dict(line.split("=", 1) for line in lines[start:start + 9])
+            time = record["StartStopTimeUTC"]
+            drm.append((record["Programme"], record["Frequency"], f"{time[:2]}:{time[2:4]}-{time[5:7]}:{time[7:]}",
+                        record["Target"]))
+        am = records("List.ini", "AM", "amnumber", "Programme", "Frequency")
+        am[0] = (am[0][0], EDITED)
+        return (list_ini(drm, am, records("List.ini", "FM", "fmnumber", "Programme", "Frequency")),
+                user_ini(records("User.ini", "FAV", "favnumber", "Programme", "Frequency", "TYPE")))
 
     def finish(self):
         folder = self.receiver.folder if self.receiver else self.program.folder
