@@ -3,8 +3,9 @@
 #include <commctrl.h>
 
 #include <array>
-#include <chrono>
 #include <stdexcept>
+
+#include "win32/Poll.h"
 
 namespace {
 
@@ -77,17 +78,6 @@ std::filesystem::path builtProgram() {
 }
 
 }  // namespace
-
-bool eventually(const std::function<bool()>& holds) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!holds()) {
-        if (std::chrono::steady_clock::now() > deadline) {
-            return false;
-        }
-        Sleep(5);
-    }
-    return true;
-}
 
 Program::Program(const TemporaryFolder& folder) {
     const std::filesystem::path program = folder.file("Halcyon_K7.exe");

@@ -4,14 +4,10 @@
 #include <windows.h>
 #include <commctrl.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "win32/TemporaryFolder.h"
-
-// Asks again and again until it holds; false when it does not within a time that no healthy run needs.
-bool eventually(const std::function<bool()>& holds);
 
 // Column and row numbers are 1-based, pixels are those of the window named.
 class Program {

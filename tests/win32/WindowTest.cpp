@@ -5,6 +5,7 @@
 
 #include "platform/win32/Win32CodePages.h"
 #include "win32/OneAnswerServer.h"
+#include "win32/Poll.h"
 #include "win32/Program.h"
 #include "win32/TemporaryFolder.h"
 
