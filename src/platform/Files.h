@@ -12,7 +12,7 @@ class Files {
 public:
     virtual ~Files() = default;
 
-    // Anything by that name, whatever its attributes; folders too.
+    // Anything by that name, whatever its attributes; folders too. True also when that cannot be told.
     virtual bool exists(std::u16string_view path) = 0;
     // Bytes; nullopt when there is no such regular file.
     virtual std::optional<std::uint64_t> size(std::u16string_view path) = 0;

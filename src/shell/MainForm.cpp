@@ -16,8 +16,9 @@ MainForm::MainForm(const Platform& platform)
       totals_(platform.tabs, platform.statusBar, {&drmLV_, &amLV_, &fmLV_, &favLV_}),
       loader_(stationLists(), workingCopies_, settings_, platform.files, platform.codePages),
       saver_(stationLists(), workingCopies_, settings_, platform.files, platform.codePages),
+      backup_(platform.programFolder, platform.files, platform.clock),
       receiverCopies_(stationLists(), workingCopies_, ReceiverRoot_, loader_, saver_, findDiskDriver_, msgBox_, totals_,
-                      platform.files, platform.codePages),
+                      platform.files, platform.codePages, backup_),
       recovery_(platform.programFolder, platform.files),
       startUp_(workingCopies_, receiverCopies_, loader_, saver_, recovery_, findDiskDriver_, platform.files,
                platform.codePages),
@@ -53,6 +54,7 @@ bool MainForm::Form_Load() {
     platform_.tabs.setListener(*this);
     platform_.editBox.setListener(*this);
     platform_.popupMenu.setListener(*this);
+    backup_.removeLeftovers();
     startUp_.run();
     keptChanges_ = changes();
     addForm_.onAdded([this] { keepLists(); });

@@ -25,6 +25,7 @@
 #include "shell/Totals.h"
 #include "shell/mFindDiskDriver.h"
 #include "shell/mMsgBox.h"
+#include "storage/Backup.h"
 #include "storage/ListLoader.h"
 #include "storage/ListSaver.h"
 #include "storage/ReceiverCopies.h"
@@ -119,6 +120,7 @@ private:
     Totals totals_;
     ListLoader loader_;
     ListSaver saver_;
+    Backup backup_;
     ReceiverCopies receiverCopies_;
     Recovery recovery_;
     std::uint64_t keptChanges_ = 0;  // what changes() was when the lists were kept last

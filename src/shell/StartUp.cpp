@@ -44,7 +44,7 @@ std::optional<std::string> StartUp::present(std::u16string_view path, const std:
         return restored;
     }
     auto bytes = readWorkingCopy(path, files_);
-    if (!bytes && files_.size(path)) {
+    if (!bytes && files_.exists(path)) {
         saver_.leave(path);
     }
     return bytes;

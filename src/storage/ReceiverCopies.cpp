@@ -1,19 +1,28 @@
 #include "storage/ReceiverCopies.h"
 
 #include <utility>
+#include <vector>
 
+#include "storage/Profile.h"
 #include "storage/SafeFile.h"
+#include "storage/VerifiedFiles.h"
 
 namespace {
 
 constexpr std::u16string_view kListFile = u"List.ini";
 constexpr std::u16string_view kUserFile = u"User.ini";
 
+// A backup is to be put in the place of a list file, which start-up and the receiver read as UTF-8.
+std::string withoutUtf16(const std::string& bytes, CodePages& codePages) {
+    const ProfileText file = decodeProfile(bytes, codePages);
+    return file.isUtf16 ? codePages.encode(CodePage::Utf8, file.text) : bytes;
+}
+
 }  // namespace
 
 ReceiverCopies::ReceiverCopies(StationLists lists, const WorkingCopies& copies, std::u16string& receiverRoot,
                                ListLoader& loader, ListSaver& saver, mFindDiskDriver& driver, mMsgBox& messages,
-                               Totals& totals, Files& files, CodePages& codePages)
+                               Totals& totals, Files& files, CodePages& codePages, Backup& backup)
     : lists_(lists),
       copies_(copies),
       receiverRoot_(receiverRoot),
@@ -23,7 +32,8 @@ ReceiverCopies::ReceiverCopies(StationLists lists, const WorkingCopies& copies, 
       messages_(messages),
       totals_(totals),
       files_(files),
-      codePages_(codePages) {}
+      codePages_(codePages),
+      backup_(backup) {}
 
 bool ReceiverCopies::findDisk() {
     receiverRoot_ = driver_.FindReceiverDisk();
@@ -43,7 +53,8 @@ void ReceiverCopies::ReloadFromReceiver() {
             driver_.ClearFileAttributes(path);
         }
     }
-    if (!fetch(kListFile, copies_.ListFilePath) || !fetch(kUserFile, copies_.UserFilePath)) {
+    const WorkingCopyBytes shown = saver_.compose();
+    if (!fetch(kListFile, copies_.ListFilePath, shown.list) || !fetch(kUserFile, copies_.UserFilePath, shown.user)) {
         return;
     }
     WorkingCopyBytes converted{convertWorkingCopy(copies_.ListFilePath, files_, codePages_),
@@ -55,13 +66,28 @@ void ReceiverCopies::ReloadFromReceiver() {
 }
 
 bool ReceiverCopies::fetch(std::u16string_view name, std::u16string_view workingCopy) {
+    return fetch(name, workingCopy, std::nullopt);
+}
+
+// shown: the file as a save would write it; it goes too, and the working copy may not hold it yet.
+bool ReceiverCopies::fetch(std::u16string_view name, std::u16string_view workingCopy,
+                           const std::optional<std::string>& shown) {
     const std::u16string source = receiverRoot_ + std::u16string(name);
     if (!files_.exists(source)) {
         messages_.show(u"Can't find any file: " + source + u"!" + u"Please confirm whether the file is exist");
         return false;
     }
     const auto bytes = files_.read(source);
-    return bytes && replaceFile(files_, workingCopy, *bytes);
+    if (!bytes) {
+        return false;
+    }
+    if (const auto present = files_.read(workingCopy)) {
+        backup_.keep(name, withoutUtf16(*present, codePages_));
+    }
+    if (shown) {
+        backup_.keep(name, *shown);
+    }
+    return replaceFile(files_, workingCopy, *bytes);
 }
 
 void ReceiverCopies::reloadGrids(WorkingCopyBytes bytes) {
@@ -82,13 +108,22 @@ void ReceiverCopies::SaveToReceiver() {
     saver_.SaveLists();
     // A save that failed has left a working copy in UTF-16 or of an earlier state: nothing for the receiver.
     if (findDisk() && saver_.ListsSaved()) {
-        copyToReceiver(copies_.ListFilePath, kListFile);
-        copyToReceiver(copies_.UserFilePath, kUserFile);
+        copyToReceiver();
     }
 }
 
-void ReceiverCopies::copyToReceiver(std::u16string_view workingCopy, std::u16string_view name) {
-    if (const auto bytes = files_.read(workingCopy)) {
-        replaceVerified(files_, receiverRoot_ + std::u16string(name), *bytes);
+void ReceiverCopies::copyToReceiver() {
+    std::vector<NewFile> copies;
+    for (const auto& [name, workingCopy] :
+         {std::pair(kListFile, &copies_.ListFilePath), std::pair(kUserFile, &copies_.UserFilePath)}) {
+        auto bytes = readWorkingCopy(*workingCopy, files_);
+        if (!bytes) {
+            return;
+        }
+        copies.push_back({receiverRoot_ + std::u16string(name), std::move(*bytes)});
+        if (const auto old = files_.read(copies.back().path)) {
+            backup_.keep(name, *old);
+        }
     }
+    replaceVerified(files_, copies);
 }

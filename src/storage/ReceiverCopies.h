@@ -1,6 +1,7 @@
 // The files on the receiver's disk: "Load From Receiver" and "Save To Receiver".
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,7 @@
 #include "shell/Totals.h"
 #include "shell/mFindDiskDriver.h"
 #include "shell/mMsgBox.h"
+#include "storage/Backup.h"
 #include "storage/ListLoader.h"
 #include "storage/ListSaver.h"
 #include "storage/StationLists.h"
@@ -19,12 +21,14 @@ public:
     // All references outlive this object. receiverRoot is set by every search for the disk.
     ReceiverCopies(StationLists lists, const WorkingCopies& copies, std::u16string& receiverRoot, ListLoader& loader,
                    ListSaver& saver, mFindDiskDriver& driver, mMsgBox& messages, Totals& totals, Files& files,
-                   CodePages& codePages);
+                   CodePages& codePages, Backup& backup);
 
-    // Replaces the working copies by the receiver's files and shows them. A missing disk or file gives a message; then,
-    // and when a file cannot be copied or converted (silently), the grids stay as they are.
+    // Replaces the working copies by the receiver's files and shows them; what is replaced is backed up. A missing disk
+    // or file gives a message; then, and when a file cannot be copied or converted (silently), the grids stay as they
+    // are.
     void ReloadFromReceiver();
-    // Saves the grids into the working copies, then copies these to the receiver.
+    // Saves the grids into the working copies, then copies these to the receiver: both files or neither. The
+    // receiver's old files are backed up.
     void SaveToReceiver();
     // Copies one file from the receiver's root, as found last, over a working copy. A file missing there gives
     // a message; false when nothing has been copied.
@@ -32,7 +36,8 @@ public:
 
 private:
     bool findDisk();
-    void copyToReceiver(std::u16string_view workingCopy, std::u16string_view name);
+    bool fetch(std::u16string_view name, std::u16string_view workingCopy, const std::optional<std::string>& shown);
+    void copyToReceiver();
     void reloadGrids(WorkingCopyBytes bytes);
 
     StationLists lists_;
@@ -45,4 +50,5 @@ private:
     Totals& totals_;
     Files& files_;
     CodePages& codePages_;
+    Backup& backup_;
 };

@@ -10,7 +10,7 @@ Recovery::Recovery(std::u16string_view programFolder, Files& files)
 
 std::optional<WorkingCopyBytes> Recovery::find() {
     for (std::size_t slot = 0; slot < kSlots; ++slot) {
-        const auto file = readWorkingCopy(slots_[slot], files_);
+        const auto file = files_.exists(slots_[slot]) ? readWorkingCopy(slots_[slot], files_) : std::nullopt;
         auto snapshot = file ? decodeSnapshot(*file) : std::nullopt;
         if (snapshot && (!kept_ || snapshot->number > number_)) {
             newest_ = slot;
@@ -33,7 +33,9 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
     }
     // Never the slot of the newest whole one.
     const std::size_t slot = kept_ ? (newest_ + 1) % kSlots : newest_;
-    if (!files_.createFolder(folder_) || !files_.write(slots_[slot], encodeSnapshot(number_ + 1, bytes))) {
+    const std::string snapshot = encodeSnapshot(number_ + 1, bytes);
+    const auto write = [&] { return files_.createFolder(folder_) && files_.write(slots_[slot], snapshot); };
+    if (!write() && !write()) {
         return false;
     }
     newest_ = slot;

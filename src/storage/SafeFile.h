@@ -2,9 +2,13 @@
 // All failures are silent; the result says them.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/Files.h"
+
+// Where the new file is written before it takes the place of the old one.
+std::u16string besideOf(std::u16string_view path);
 
 // Removes what a run that was ended in the middle of a write may have left beside the file.
 void removeLeftover(Files& files, std::u16string_view path);
@@ -12,8 +16,3 @@ void removeLeftover(Files& files, std::u16string_view path);
 // Writes beside the file, flushes, puts the new file in its place in one step. On failure the old file
 // stays and nothing is left beside it.
 bool replaceFile(Files& files, std::u16string_view path, std::string_view bytes);
-
-// The same for the receiver's disk, which is small and can be pulled out at any time: what has been written is read
-// back from the device before it replaces the old file and again after that. Where the disk has no room for both,
-// the file is overwritten in place. On failure the old bytes are put back.
-bool replaceVerified(Files& files, std::u16string_view path, std::string_view bytes);

@@ -16,10 +16,11 @@ std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& file
     constexpr int kAttempts = 3;
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         const auto size = files.size(path);
-        if (!size || *size > kLargestSize) {
+        if (size && *size > kLargestSize) {
             return std::nullopt;
         }
-        if (auto bytes = files.read(path)) {
+        auto bytes = size ? files.read(path) : std::nullopt;
+        if (bytes) {
             return bytes;
         }
     }

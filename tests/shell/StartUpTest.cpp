@@ -28,8 +28,9 @@ protected:
                         StationList{ListKind::Favourite, rows[3], platform.gridViews[3]}}};
     ListLoader loader{lists, copies, settings, platform.files, platform.codePages};
     ListSaver saver{lists, copies, settings, platform.files, platform.codePages};
-    ReceiverCopies receiverCopies{lists,  copies, receiverRoot, loader,         saver,
-                                  driver, msgBox, totals,       platform.files, platform.codePages};
+    Backup backup{u"/app/", platform.files, platform.clock};
+    ReceiverCopies receiverCopies{lists,  copies,         receiverRoot,       loader, saver, driver, msgBox,
+                                  totals, platform.files, platform.codePages, backup};
     Recovery recovery{u"/app/", platform.files};
     StartUp startUp{copies, receiverCopies, loader, saver, recovery, driver, platform.files, platform.codePages};
 };

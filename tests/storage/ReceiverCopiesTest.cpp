@@ -26,6 +26,10 @@ protected:
         drm.appendRow({u"shown"});
     }
     bool gridsAreUntouched() const { return rowsOf(drm, 1) == Rows{{u"shown"}} && favourites.rowCount() == 0; }
+    bool nothingIsLeftBeside() const {
+        return std::none_of(files.files.begin(), files.files.end(),
+                            [](const auto& file) { return file.first.ends_with(u".k7new"); });
+    }
 
     FakeVolumes volumes;
     FakeWindowHook hook;
@@ -36,7 +40,10 @@ protected:
     mFindDiskDriver driver{volumes, files};
     Totals totals{tabs, statusBar, {&drm, &am, &fm, &favourites}};
     std::u16string receiverRoot;
-    ReceiverCopies receiver{lists, copies, receiverRoot, loader, saver, driver, messages, totals, files, codePages};
+    FakeClock clock;
+    Backup backup{u"/k7/", files, clock};
+    ReceiverCopies receiver{lists,    copies, receiverRoot, loader,    saver, driver,
+                            messages, totals, files,        codePages, backup};
 };
 
 }  // namespace
@@ -135,7 +142,7 @@ TEST_F(ReceiverCopiesTest, SaveCopiesTheSavedListsToTheReceiver) {
     EXPECT_EQ(files.files[u"/disk/User.ini"], userFile());
     EXPECT_NE(listFile().find("Programme=shown"), std::string::npos);
     EXPECT_NE(userFile().find("[kvt update end]"), std::string::npos);
-    EXPECT_EQ(files.files.size(), 4U) << "a temporary file is left";
+    EXPECT_TRUE(nothingIsLeftBeside());
 }
 
 TEST_F(ReceiverCopiesTest, SaveWithoutDiskStillSavesTheWorkingCopies) {
@@ -154,12 +161,40 @@ TEST_F(ReceiverCopiesTest, SaveWorksOnADiskWithoutFiles) {
     EXPECT_EQ(files.files[u"/disk/User.ini"], userFile());
 }
 
-TEST_F(ReceiverCopiesTest, AFailedCopyLeavesTheReceiversFileAndStillTriesTheOther) {
-    files.readOnly = {u"/disk/List.ini"};
+TEST_F(ReceiverCopiesTest, AFailedCopyOfEitherFileLeavesBothFilesOfTheReceiver) {
+    for (const std::u16string_view fault :
+         {u"/disk/List.ini", u"/disk/User.ini", u"/disk/List.ini.k7new", u"/disk/User.ini.k7new"}) {
+        files.readOnly = {std::u16string(fault)};
+        receiver.SaveToReceiver();
+        EXPECT_EQ(files.files[u"/disk/List.ini"], kList) << narrow(fault);
+        EXPECT_EQ(files.files[u"/disk/User.ini"], kUser) << narrow(fault);
+        EXPECT_TRUE(nothingIsLeftBeside()) << narrow(fault);
+    }
+    files.readOnly.clear();
     receiver.SaveToReceiver();
-    EXPECT_EQ(files.files[u"/disk/List.ini"], kList);
+    EXPECT_EQ(files.files[u"/disk/List.ini"], listFile());
     EXPECT_EQ(files.files[u"/disk/User.ini"], userFile());
-    EXPECT_EQ(files.files.size(), 4U);
+}
+
+TEST_F(ReceiverCopiesTest, SavingKeepsTheReceiversOldFiles) {
+    receiver.SaveToReceiver();
+    EXPECT_EQ(files.files[u"/k7/Backup/List-20261120T224501Z.ini"], kList);
+    EXPECT_EQ(files.files[u"/k7/Backup/User-20261120T224501Z.ini"], kUser);
+}
+
+TEST_F(ReceiverCopiesTest, LoadingKeepsTheWorkingCopiesAndTheListsShown) {
+    listFile() = utf16File(u"\u4E2D");
+    receiver.ReloadFromReceiver();
+    EXPECT_EQ(files.files[u"/k7/Backup/List-20261120T224501Z.ini"], "\xE4\xB8\xAD") << "in the receiver's encoding";
+    EXPECT_NE(files.files[u"/k7/Backup/List-20261120T224501Z-2.ini"].find("Programme=shown"), std::string::npos);
+    EXPECT_EQ(files.files[u"/k7/Backup/User-20261120T224501Z.ini"], "old user");
+}
+
+TEST_F(ReceiverCopiesTest, ABackupThatCannotBeMadeStopsNothing) {
+    files.failing = {u"/k7/Backup"};
+    receiver.SaveToReceiver();
+    EXPECT_EQ(files.files[u"/disk/List.ini"], listFile());
+    EXPECT_EQ(files.files[u"/disk/User.ini"], userFile());
 }
 
 TEST_F(ReceiverCopiesTest, AFailedSaveGivesTheReceiverNothing) {

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "fakes/FakeFiles.h"
 #include "storage/SafeFile.h"
+#include "storage/VerifiedFiles.h"
 
 namespace {
 
@@ -35,9 +38,21 @@ public:
         return bytes;
     }
 
+    std::optional<std::uint64_t> freeSpace(std::u16string_view) override {
+        std::size_t used = 0;
+        for (const auto& [name, content] : files) {
+            used += content.size();
+        }
+        return room > used ? room - used : 0;
+    }
+
     std::size_t room = 1000;
     std::u16string losing;
 };
+
+bool replaceVerified(Files& files, std::u16string_view path, std::string_view bytes) {
+    return replaceVerified(files, {NewFile{std::u16string(path), std::string(bytes)}});
+}
 
 class SafeFile : public testing::Test {
 protected:
@@ -140,4 +155,63 @@ TEST_F(SafeFile, VerifiedDoesNotTouchAFileThatCannotBeKept) {
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
     EXPECT_EQ(disk.accesses, std::vector<std::string>{"read /disk/List.ini"});
+}
+
+namespace {
+
+constexpr auto kOther = u"/disk/User.ini";
+
+class VerifiedPair : public SafeFile {
+protected:
+    VerifiedPair() { disk.files = old; }
+    bool replace() { return ::replaceVerified(disk, {NewFile{kPath, "new list"}, NewFile{kOther, "new user"}}); }
+
+    const std::map<std::u16string, std::string> old{{kPath, "old list"}, {kOther, "old user"}};
+    const std::map<std::u16string, std::string> both{{kPath, "new list"}, {kOther, "new user"}};
+};
+
+}  // namespace
+
+TEST_F(VerifiedPair, BothAreReplaced) {
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(disk.files, both);
+}
+
+TEST_F(VerifiedPair, ADamagedSecondFileBringsTheFirstOneBack) {
+    for (const auto* const fault : {kPath, kOther, kBeside, u"/disk/User.ini.k7new"}) {
+        disk.losing = fault;
+        EXPECT_FALSE(replace());
+        EXPECT_EQ(disk.files, old);
+    }
+}
+
+TEST_F(VerifiedPair, LeftoversOfAnEarlierAttemptAreInNobodysWay) {
+    disk.files[kBeside] = "half";
+    disk.files[u"/disk/User.ini.k7new"] = "half";
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(disk.files, both);
+}
+
+TEST_F(VerifiedPair, EachTakesTheRoomThatTheOtherLeaves) {
+    for (std::size_t room = 16; room < 40; ++room) {
+        disk.files = old;
+        disk.room = room;
+        EXPECT_TRUE(replace()) << room;
+        EXPECT_EQ(disk.files, both) << room;
+    }
+}
+
+TEST_F(VerifiedPair, ADiskThatFailsWithRoomLeftIsNotWrittenInPlace) {
+    disk.room = 1'000'000;
+    disk.failing = {kBeside};
+    EXPECT_FALSE(replace());
+    EXPECT_EQ(disk.files, old);
+    EXPECT_EQ(std::count(disk.accesses.begin(), disk.accesses.end(), "write /disk/List.ini"), 0);
+}
+
+TEST_F(VerifiedPair, WithoutOldFilesNothingIsLeftOfAFailure) {
+    disk.files.clear();
+    disk.losing = kOther;
+    EXPECT_FALSE(replace());
+    EXPECT_TRUE(disk.files.empty());
 }

@@ -8,6 +8,7 @@
 
 #include <QFile>
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <memory>
 
@@ -46,7 +47,7 @@ bool writeTo(const std::string& path, std::string_view bytes, bool append) {
 
 bool QtFiles::exists(std::u16string_view path) {
     struct stat status {};
-    return ::lstat(native(path).c_str(), &status) == 0;
+    return ::lstat(native(path).c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 
 std::optional<std::uint64_t> QtFiles::size(std::u16string_view path) {

@@ -85,7 +85,20 @@ bool isLink(DWORD attributes) {
 }  // namespace
 
 bool Win32Files::exists(std::u16string_view path) {
-    return GetFileAttributesW(toWide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    if (GetFileAttributesW(toWide(path).c_str()) != INVALID_FILE_ATTRIBUTES) {
+        return true;
+    }
+    switch (GetLastError()) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_NAME:
+        case ERROR_INVALID_DRIVE:
+        case ERROR_NOT_READY:
+        case ERROR_BAD_NETPATH:
+            return false;
+        default:
+            return true;
+    }
 }
 
 std::optional<std::uint64_t> Win32Files::size(std::u16string_view path) {

@@ -1,0 +1,41 @@
+// Copies of list files that are about to be replaced, in the folder "Backup" beside the program.
+// Nobody is told when one cannot be made: the command that replaces the file goes on.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Clock.h"
+#include "platform/Files.h"
+
+class Backup {
+public:
+    // programFolder ends with its separator. The references outlive this object.
+    Backup(std::u16string_view programFolder, Files& files, Clock& clock);
+
+    // "List.ini" at 22:45:01 UTC becomes "List-20261120T224501Z.ini", or "...Z-2.ini" when there is one already.
+    // Nothing is written when the newest copy of that name holds the same. Only the newest kCopies stay.
+    void keep(std::u16string_view name, std::string_view bytes);
+
+    // Of copies that a run ended in the middle did not finish; for the start.
+    void removeLeftovers();
+
+    static constexpr std::size_t kCopies = 30;  // of each name
+
+private:
+    struct Copy {
+        std::u16string stamp;  // "20261120T224501Z"; its order is that of time
+        int count = 1;         // of the copies of one second
+        std::u16string name;
+    };
+
+    std::vector<Copy> copiesOf(std::u16string_view stem, std::u16string_view extension);
+    std::u16string pathOf(std::u16string_view copy) const;
+
+    std::u16string folder_;
+    char16_t separator_;
+    Files& files_;
+    Clock& clock_;
+};

@@ -1,0 +1,302 @@
+// The whole program on files whose n-th operation fails, for every n until a run meets no fault: once, for good, and
+// once more later. After each run the process is gone and a sound one starts on what is left.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <set>
+
+#include "fakes/FakePlatform.h"
+#include "fakes/Text.h"
+#include "fault/FaultyFiles.h"
+#include "shell/MainForm.h"
+#include "storage/ListFile.h"
+#include "storage/Profile.h"
+
+namespace {
+
+using Texts = std::vector<std::u16string>;  // the programmes of the four lists
+
+constexpr const char16_t* kList = u"/app/List.ini";
+constexpr const char16_t* kUser = u"/app/User.ini";
+constexpr const char16_t* kReceiverList = u"/rx/List.ini";
+constexpr const char16_t* kReceiverUser = u"/rx/User.ini";
+
+const std::string kEnd = "\r\n[kvt update end]\r\n";
+
+std::string listFile(const std::string& programme) {
+    return " \r\n[Total]\r\ndrmnumber=1\r\namnumber=1\r\nfmnumber=0\r\n[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=" +
+           programme +
+           "\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\nUserDef=0\r\n[AMSchedule0]\r\nFrequency=198\r\n"
+           "Programme=\xE4\xB8\xAD\r\nUserDef=0\r\n" +
+           kEnd;
+}
+
+std::string userFile(const std::string& programme) {
+    return " \r\n[Version]\r\nmajor=1\r\n[LAST]\r\nTYPE=DRM\r\nStation=21000\r\nname=ZORPA "
+           "TEST\r\nIndex=1\r\n[Total]\r\n"
+           "favnumber=1\r\n[FAVSchedule0]\r\nProgramme=" +
+           programme + "\r\nFrequency=198\r\nTYPE=AM\r\nUserDef=0\r\n" + kEnd;
+}
+
+// The downloads of a server go through the same files.
+class FileDownloader : public Downloader {
+public:
+    FileDownloader(Files& files, std::string bytes) : files_(files), bytes_(std::move(bytes)) {}
+    bool download(std::u16string_view, std::u16string_view path) override {
+        if (files_.write(path, bytes_)) {
+            return true;
+        }
+        files_.remove(path);
+        return false;
+    }
+    void forgetCached(std::u16string_view) override {}
+
+private:
+    Files& files_;
+    std::string bytes_;
+};
+
+// Any box is answered with OK: faults may change which one appears.
+class AnyMessageBox : public StandardMessageBox {
+public:
+    int show(std::u16string_view, int, std::u16string_view) override { return BoxAnswer::Ok; }
+};
+
+// One process, from its start until it is gone.
+class Process {
+public:
+    Process(const FakeFiles& disk, const FaultPlan& plan) {
+        platform_.files = disk;
+        platform_.connectReceiver(u"/rx/");
+        files_.plan(plan);
+        form_ = std::make_unique<MainForm>(bundle());
+        form_->Form_Load();
+    }
+    ~Process() { SetCurrentTab(0); }
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    void edit() {
+        if (platform_.rows(0).rowCount() == 0) {
+            return;
+        }
+        platform_.gridViews[0].grid->setSelected(1, true);
+        platform_.grid(0).itemDoubleClicked();
+        platform_.editBox.content = u"Edited";
+        platform_.editBox.listener->enterPressed();
+    }
+    void choose(MenuItem item) { platform_.popupMenu.listener->menuChosen(item); }
+    void close() { platform_.mainWindow.close(); }
+
+    FakeFiles& disk() { return platform_.files; }
+    const FaultyFiles& files() const { return files_; }
+    Texts programmes() {
+        Texts texts(kListCount);
+        for (int tab = 0; tab < kListCount; ++tab) {
+            for (int row = 1; row <= platform_.rows(tab).rowCount(); ++row) {
+                texts[static_cast<std::size_t>(tab)] += std::u16string(platform_.rows(tab).text(row, 1)) + u';';
+            }
+        }
+        return texts;
+    }
+
+private:
+    Platform bundle() {
+        const Platform& p = platform_.bundle;
+        return {p.gridViews,  p.tabs,        p.editBox,        p.statusBar, p.popupMenu,    box_,
+                p.windowHook, p.addFormView, p.mainWindow,     files_,      p.volumes,      downloader_,
+                p.codePages,  p.textCompare, p.singleInstance, p.clock,     p.programFolder};
+    }
+
+    FakePlatform platform_;
+    FaultyFiles files_{platform_.files};
+    FileDownloader downloader_{files_,
+                               "[DRMSchedule]\r\nFrequency=7000\r\nProgramme=x\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\n"};
+    AnyMessageBox box_;
+    std::unique_ptr<MainForm> form_;
+};
+
+struct Scenario {
+    const char* name;
+    std::function<void(Process&)> run;
+    bool closes;
+    // What a sound start may show afterwards; the first is what it shows when the run met no fault.
+    std::vector<Texts> outcomes;
+    // When a single operation failed, and only once, the first outcome is the only one.
+    bool survivesOneFault;
+};
+
+const Texts kOld = {u"Old;", u"中;", u"", u"Favourite;"};
+const Texts kEdited = {u"Edited;", u"中;", u"", u"Favourite;"};
+const Texts kLoaded = {u"Receiver;", u"中;", u"", u"Other;"};
+const Texts kSynced = {u"", u"中;", u"", u"Favourite;"};
+
+const std::vector<Scenario>& scenarios() {
+    static const std::vector<Scenario> all = {
+        {"start", [](Process&) {}, false, {kOld}, true},
+        {"start and close", [](Process& p) { p.close(); }, true, {kOld}, true},
+        {"edit", [](Process& p) { p.edit(); }, false, {kEdited, kOld}, true},
+        {"edit and close", [](Process& p) { p.edit(), p.close(); }, true, {kEdited, kOld}, true},
+        {"save", [](Process& p) { p.edit(), p.choose(MenuItem::SaveToReceiver); }, false, {kEdited, kOld}, true},
+        {"save and close",
+         [](Process& p) { p.edit(), p.choose(MenuItem::SaveToReceiver), p.close(); },
+         true,
+         {kEdited, kOld},
+         true},
+        {"load", [](Process& p) { p.choose(MenuItem::LoadFromReceiver); }, false, {kLoaded, kOld}, false},
+        {"load and close",
+         [](Process& p) { p.choose(MenuItem::LoadFromReceiver), p.close(); },
+         true,
+         {kLoaded, kOld},
+         false},
+        {"sync", [](Process& p) { p.choose(MenuItem::SyncInternet); }, false, {kSynced, kOld}, false},
+        {"sync and close",
+         [](Process& p) { p.choose(MenuItem::SyncInternet), p.close(); },
+         true,
+         {kSynced, kOld},
+         false},
+    };
+    return all;
+}
+
+FakeFiles soundDisk() {
+    FakeFiles disk;
+    disk.files = {{kList, listFile("Old")},
+                  {kUser, userFile("Favourite")},
+                  {kReceiverList, listFile("Receiver")},
+                  {kReceiverUser, userFile("Other")}};
+    return disk;
+}
+
+// A killed run leaves UTF-16 working copies and its snapshots.
+FakeFiles diskOfAKilledRun() {
+    Process killed(soundDisk(), {});
+    return killed.disk();
+}
+
+// A list file is whole when it begins as one and ends with its mark, and holds every record that it announces.
+bool isWhole(const std::string& bytes) {
+    FakeCodePages codePages;
+    std::u16string text = decodeProfile(bytes, codePages).text;
+    if (!bytes.starts_with("\xFF\xFE")) {
+        text = codePages.decode(CodePage::Utf8, bytes);
+    }
+    const Profile profile(text);
+    const auto holds = [&](ListKind kind) {
+        const bool announced = profile.get(ListFile::kTotal, ListFile::countKey(kind)) == u"1";
+        return !announced || !profile.get(RecordSection(kind).of(0), ListFile::kUserDef).empty();
+    };
+    return text.starts_with(u" \r\n[") && text.ends_with(u"\r\n[kvt update end]\r\n") && holds(ListKind::Drm) &&
+           holds(ListKind::Am) && holds(ListKind::Favourite);
+}
+
+bool nothingBeside(const FakeFiles& disk, std::u16string_view folder) {
+    return std::none_of(disk.files.begin(), disk.files.end(), [&](const auto& file) {
+        return file.first.starts_with(folder) && file.first.ends_with(u".k7new");
+    });
+}
+
+class FaultLoop : public testing::TestWithParam<Fault> {
+protected:
+    // False: the plan's last fault has not been reached.
+    bool run(const Scenario& scenario, const FakeFiles& disk, const FaultPlan& plan) {
+        ++runs;
+        SCOPED_TRACE(std::string(scenario.name) + ": " + nameOf(plan.fault) + " at " + std::to_string(plan.first) +
+                     (plan.forGood ? " for good" : "") + ", again after " + std::to_string(plan.second));
+        FakeFiles left;
+        bool reached = false;
+        {
+            Process process(disk, plan);
+            scenario.run(process);
+            left = process.disk();
+            reached = plan.second > 0 ? process.files().secondFailed() : process.files().firstFailed();
+        }
+        checkFiles(left);
+        const bool sound = !reached && plan.second == 0;
+        const bool first = sound || (scenario.survivesOneFault && !plan.forGood && plan.second == 0);
+        checkRestart(scenario, left, first, sound);
+        return reached;
+    }
+
+    static void checkFiles(const FakeFiles& left) {
+        for (const char16_t* const path : {kList, kUser, kReceiverList, kReceiverUser}) {
+            const auto found = left.files.find(path);
+            ASSERT_NE(found, left.files.end()) << narrow(path) << " is gone";
+            EXPECT_TRUE(isWhole(found->second)) << narrow(path) << ": " << found->second;
+        }
+    }
+
+    static void checkRestart(const Scenario& scenario, const FakeFiles& left, bool first, bool sound) {
+        FakeFiles afterwards;
+        {
+            Process next(left, {});
+            const auto shown = next.programmes();
+            const auto end = first ? scenario.outcomes.begin() + 1 : scenario.outcomes.end();
+            EXPECT_NE(std::find(scenario.outcomes.begin(), end, shown), end)
+                << narrow(shown[0]) << narrow(shown[1]) << narrow(shown[3]);
+            if (sound && scenario.closes) {
+                EXPECT_FALSE(left.folders.contains(u"/app/Recovery"));
+            }
+            EXPECT_TRUE(nothingBeside(next.disk(), u"/app/"));
+            next.choose(MenuItem::SaveToReceiver);
+            EXPECT_EQ(next.disk().files[kReceiverList], next.disk().files[kList]);
+            EXPECT_EQ(next.disk().files[kReceiverUser], next.disk().files[kUser]);
+            next.close();
+            afterwards = next.disk();
+        }
+        EXPECT_TRUE(nothingBeside(afterwards, u"/rx/"));
+        EXPECT_FALSE(afterwards.folders.contains(u"/app/Recovery"));
+        for (const char16_t* const path : {kList, kUser, kReceiverList, kReceiverUser}) {
+            EXPECT_TRUE(isWhole(afterwards.files[path]));
+        }
+    }
+
+    int runs = 0;
+};
+
+}  // namespace
+
+TEST_P(FaultLoop, EveryOperationFailsOnce) {
+    for (const Scenario& scenario : scenarios()) {
+        for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, 0, false}) && !HasFailure(); ++n) {
+        }
+    }
+    RecordProperty("runs", runs);
+}
+
+TEST_P(FaultLoop, EveryOperationAndAllAfterItFail) {
+    for (const Scenario& scenario : scenarios()) {
+        for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, 0, true}) && !HasFailure(); ++n) {
+        }
+    }
+    RecordProperty("runs", runs);
+}
+
+TEST_P(FaultLoop, AStartAfterAKilledRunFails) {
+    for (const bool forGood : {false, true}) {
+        for (const Scenario& scenario : scenarios()) {
+            for (int n = 1; run(scenario, diskOfAKilledRun(), {GetParam(), n, 0, forGood}) && !HasFailure(); ++n) {
+            }
+        }
+    }
+    RecordProperty("runs", runs);
+}
+
+TEST_P(FaultLoop, ASecondOneFailsWhileTheFirstIsBeingMended) {
+    constexpr int kMendingOperations = 12;
+    for (const Scenario& scenario : scenarios()) {
+        for (int second = 1; second <= kMendingOperations; ++second) {
+            for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, second, false}) && !HasFailure(); ++n) {
+            }
+        }
+    }
+    RecordProperty("runs", runs);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, FaultLoop, testing::ValuesIn(kFaults), [](const auto& kind) {
+    std::string name = nameOf(kind.param);
+    std::erase_if(name, [](char c) { return std::isalpha(static_cast<unsigned char>(c)) == 0; });
+    return name;
+});

@@ -1,0 +1,56 @@
+// Files whose n-th operation fails, as a system would make it fail.
+#pragma once
+
+#include <string_view>
+
+#include "platform/Files.h"
+
+enum class Fault { NoSpace, InputOutput, ReadOnly, NoDevice, ShortWrite, FailedFlush, FailedClose, FailedRename };
+inline constexpr Fault kFaults[] = {Fault::NoSpace,    Fault::InputOutput, Fault::ReadOnly,    Fault::NoDevice,
+                                    Fault::ShortWrite, Fault::FailedFlush, Fault::FailedClose, Fault::FailedRename};
+const char* nameOf(Fault fault);
+
+struct FaultPlan {
+    Fault fault = Fault::NoSpace;
+    int first = 0;         // number of the operation that fails, from 1; 0: none
+    int second = 0;        // of another one, counted from the one after the first; 0: none
+    bool forGood = false;  // the first one and all after it
+};
+
+// Forwards to other files. Only operations that the kind of fault can hit are counted.
+class FaultyFiles : public Files {
+public:
+    explicit FaultyFiles(Files& files) : files_(files) {}
+
+    void plan(const FaultPlan& faults) {
+        plan_ = faults;
+        count_ = 0;
+    }
+    // How many operations could have failed so far.
+    int counted() const { return count_; }
+    bool firstFailed() const { return plan_.first > 0 && count_ >= plan_.first; }
+    bool secondFailed() const { return plan_.second > 0 && count_ >= plan_.first + plan_.second; }
+
+    bool exists(std::u16string_view path) override { return files_.exists(path); }
+    std::optional<std::uint64_t> size(std::u16string_view path) override;
+    std::optional<std::string> read(std::u16string_view path) override;
+    std::optional<std::string> readBack(std::u16string_view path) override;
+    bool write(std::u16string_view path, std::string_view bytes) override;
+    bool append(std::u16string_view path, std::string_view bytes) override;
+    bool rename(std::u16string_view from, std::u16string_view to) override;
+    bool remove(std::u16string_view path) override;
+    bool clearAttributes(std::u16string_view path) override;
+    bool createFolder(std::u16string_view path) override;
+    bool removeFolder(std::u16string_view path) override;
+    std::vector<std::u16string> list(std::u16string_view path) override;
+    std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override { return files_.freeSpace(folder); }
+
+private:
+    enum class Kind { Read, Write, Rename, Change };
+    bool canHit(Kind kind) const;
+    bool fails(Kind kind);
+
+    Files& files_;
+    FaultPlan plan_;
+    int count_ = 0;
+};
