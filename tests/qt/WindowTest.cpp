@@ -72,11 +72,12 @@ TEST_F(WindowTest, MenuItemsReportAfterTheMenuHasClosed) {
     EXPECT_EQ(recorder.take(), (Events{"menu 1"}));
 }
 
-TEST_F(WindowTest, ClosesOnce) {
+TEST_F(WindowTest, ClosesOnceAndEndsTheProgram) {
     EXPECT_TRUE(userCloses());
     backend.window().close();
     EXPECT_TRUE(backend.window().isClosed());
     EXPECT_EQ(recorder.take(), (Events{"closing"}));
+    EXPECT_EQ(QApplication::exec(), 0);  // the program ends
 }
 
 TEST_F(WindowTest, ADisabledWindowIsClosedByTheProgramOnly) {
@@ -85,6 +86,7 @@ TEST_F(WindowTest, ADisabledWindowIsClosedByTheProgramOnly) {
     EXPECT_EQ(recorder.take(), Events{});
     backend.window().close();
     EXPECT_EQ(recorder.take(), (Events{"closing"}));
+    EXPECT_EQ(QApplication::exec(), 0);
 }
 
 TEST_F(WindowTest, EverySignalToEndClosesTheWindow) {
