@@ -43,7 +43,11 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (grid_ == nullptr || orientation != Qt::Horizontal || section < 0 || section >= columns_) {
+    if (orientation == Qt::Vertical) {
+        // Not on screen; what a screen reader says of the row.
+        return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
+    }
+    if (grid_ == nullptr || section < 0 || section >= columns_) {
         return {};
     }
     if (role == Qt::TextAlignmentRole) {

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr qsizetype kMostBytes = 16 * 1024 * 1024;
+constexpr qsizetype kMostBytes = 16'777'216;  // 16 MiB
 constexpr int kMostRedirects = 20;
 constexpr int kFirstRedirectStatus = 300;
 constexpr int kFirstErrorStatus = 400;

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -16,7 +17,7 @@
 #include "platform/qt/Units.h"
 
 QtMainWindow::QtMainWindow(const WindowDesign& design)
-    : window_(std::make_unique<QWidget>()),
+    : window_(std::make_unique<QMainWindow>()),
       tabs_(std::make_unique<QtTabs>(design, window_.get())),
       statusBar_(std::make_unique<QtStatusBar>(window_.get())),
       editBox_(std::make_unique<QtEditBox>(window_.get(), [this] { tabs_->currentGrid().takeFocus(); })),
@@ -36,16 +37,16 @@ QtMainWindow::~QtMainWindow() { destroyWidgets(); }
 
 void QtMainWindow::destroyWidgets() { window_.reset(); }
 
+QWidget* QtMainWindow::widget() const { return window_.get(); }
+
 void QtMainWindow::layOut(const WindowDesign& design) {
     constexpr int kMargin = 8;  // pixels
-    auto* outer = new QVBoxLayout(window_.get());
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->setSpacing(0);
-    auto* inner = new QVBoxLayout;
-    inner->setContentsMargins(kMargin, toPixels(design.gridTopInset) - QtGridView::kBorder, kMargin, 0);
-    inner->addWidget(tabs_->widget());
-    outer->addLayout(inner, 1);
-    outer->addWidget(statusBar_->widget());
+    auto* middle = new QWidget;
+    auto* layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(kMargin, toPixels(design.gridTopInset) - QtGridView::kBorder, kMargin, 0);
+    layout->addWidget(tabs_->widget());
+    window_->setCentralWidget(middle);
+    window_->setStatusBar(statusBar_->widget());
     window_->resize(toPixels(design.width), toPixels(design.height));
     // Qt lays tabs out when they are shown, and the columns' widths are asked for before that.
     window_->setAttribute(Qt::WA_DontShowOnScreen);

@@ -8,6 +8,7 @@
 #include "platform/MainWindow.h"
 
 class QCloseEvent;
+class QMainWindow;
 class QWidget;
 class QtEditBox;
 class QtPopupMenu;
@@ -20,7 +21,7 @@ public:
     explicit QtMainWindow(const WindowDesign& design);
     ~QtMainWindow() override;
 
-    QWidget* widget() const { return window_.get(); }
+    QWidget* widget() const;
     QtTabs& tabs() { return *tabs_; }
     QtEditBox& editBox() { return *editBox_; }
     QtStatusBar& statusBar() { return *statusBar_; }
@@ -43,7 +44,7 @@ private:
     void activated();
     void closing(QCloseEvent& event);
 
-    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<QMainWindow> window_;
     std::unique_ptr<QtTabs> tabs_;
     std::unique_ptr<QtStatusBar> statusBar_;
     std::unique_ptr<QtEditBox> editBox_;
