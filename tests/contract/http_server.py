@@ -119,10 +119,6 @@ class Handler(BaseHTTPRequestHandler):
         elif path == "/cut-short":
             self.answer(PLAIN, length=len(PLAIN) + 100)
             self.hang_up()
-        elif path == "/cut-short-chunked":
-            self.start_chunks()
-            self.chunk(PLAIN)
-            self.hang_up()
         elif path == "/stall":
             ENDING.wait()
         elif path == "/stall-in-body":

@@ -17,7 +17,13 @@ QtAddForm::~QtAddForm() { delete dialog_; }
 void QtAddForm::create(const AddCaptions& captions, AddFormListener& listener) {
     destroy();
     listener_ = &listener;
-    dialog_ = new QDialog(mainWindow_);
+    auto* dialog = new QDialog(mainWindow_);
+    dialog_ = dialog;
+    connect(dialog, &QObject::destroyed, this, [this, dialog] {
+        if (dialog_ == dialog) {
+            dialog_ = nullptr;
+        }
+    });
     dialog_->setObjectName("addForm");
     makeControls(captions);
     nameFields(captions);

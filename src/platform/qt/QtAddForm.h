@@ -1,14 +1,13 @@
 // The window of the Add List dialog.
 #pragma once
 
-#include <QDialog>
 #include <QObject>
-#include <QPointer>
 #include <array>
 
 #include "platform/AddFormView.h"
 
 class QComboBox;
+class QDialog;
 
 class QGridLayout;
 class QLineEdit;
@@ -42,7 +41,7 @@ private:
     QWidget* control(AddControl which) const { return controls_[static_cast<std::size_t>(which)]; }
 
     QWidget* mainWindow_;
-    QPointer<QDialog> dialog_;
+    QDialog* dialog_ = nullptr;  // belongs to the main window; null when none is open
     AddFormListener* listener_ = nullptr;
     // Of the dialog that is open, owned by it.
     std::array<QWidget*, kAddFieldCount> fields_{};
