@@ -17,7 +17,10 @@ class ProgramCase(unittest.TestCase):
         return program
 
     def sample_program(self):
-        return self.program(SAMPLE_LIST, SAMPLE_USER).start()
+        return self.sample_program_with({})
+
+    def sample_program_with(self, environment):
+        return self.program(SAMPLE_LIST, SAMPLE_USER).start(environment)
 
     def receiver(self, *arguments, **options):
         receiver = Receiver(*arguments, **options)

@@ -13,7 +13,7 @@ import subprocess
 import tempfile
 import time
 
-WIDTH, HEIGHT = 1024, 768
+WIDTH, HEIGHT = map(int, os.environ.get("HALCYON_SCREEN", "1024x768").split("x"))
 PATIENCE = 20.0  # seconds that a condition may take at most; a sound program needs a small part of one
 CLONE_NEWNS = 0x00020000
 

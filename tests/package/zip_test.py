@@ -3,6 +3,7 @@
 
 usage: zip_test.py PACKAGES VERSION
 """
+import os
 import pathlib
 import shutil
 import subprocess
@@ -55,7 +56,7 @@ class WindowsZip(unittest.TestCase):
 
     def test_works_in_a_folder_that_cannot_be_written(self):
         """The lists then go to the user's application data."""
-        if not SESSION.private_mounts:
+        if os.geteuid() != 0:
             self.skipTest("a folder that nobody can write needs a mount, which needs root")
         folder = self.unpack(SESSION.folder / "installed")
         subprocess.run(["mount", "--bind", folder, folder], check=True)

@@ -53,7 +53,11 @@ void QtAddForm::nameFields(const AddCaptions& captions) {
     const auto name = [&](AddControl label, AddField first, AddField last) {
         qobject_cast<QLabel*>(control(label))->setBuddy(field(first));
         for (auto i = static_cast<std::size_t>(first); i <= static_cast<std::size_t>(last); ++i) {
-            fields_[i]->setAccessibleName(toQt(captions[static_cast<std::size_t>(label)]));
+            const QString caption = toQt(captions[static_cast<std::size_t>(label)]);
+            fields_[i]->setAccessibleName(caption);
+            if (const auto* combo = qobject_cast<QComboBox*>(fields_[i])) {
+                combo->lineEdit()->setAccessibleName(caption);  // it is the one that has the focus
+            }
         }
     };
     name(AddControl::Label1, AddField::txtLabel, AddField::txtLabel);

@@ -1,0 +1,159 @@
+"""Can it be read: contrast in the palettes of a desktop, and nothing cut off at the scales of a screen."""
+import os
+import subprocess
+import unittest
+
+os.environ["HALCYON_SCREEN"] = "2048x1536"  # a window at 200 % has to fit
+
+from case import ProgramCase  # noqa: E402
+from program import PICTURES, Atspi, showing, text_of, tree  # noqa: E402
+from session import SESSION  # noqa: E402
+
+ENOUGH = 4.5  # to 1: level AA of the web's content guidelines for text of this size
+# As the settings of a KDE desktop hold them: text, ground of lists, ground of windows, selected text and its ground.
+PALETTES = {
+    "light": ("35,38,41", "255,255,255", "239,240,241", "255,255,255", "41,111,159"),
+    "dark": ("252,252,252", "27,30,32", "42,46,50", "252,252,252", "29,99,143"),
+    "high-contrast": ("255,255,255", "0,0,0", "0,0,0", "0,0,0", "255,255,0"),
+}
+
+
+def settings(palette):
+    text, view, window, selected, highlight = PALETTES[palette]
+    sections = {"Colors:View": (view, text), "Colors:Window": (window, text), "Colors:Button": (window, text),
+                "Colors:Tooltip": (window, text), "Colors:Selection": (highlight, selected)}
+    return "".join(f"[{name}]\nBackgroundNormal={ground}\nForegroundNormal={ink}\n\n"
+                   for name, (ground, ink) in sections.items())
+
+
+def luminance(colour):
+    parts = [value / 255 for value in colour]
+    parts = [value / 12.92 if value <= 0.04045 else ((value + 0.055) / 1.055) ** 2.4 for value in parts]
+    return 0.2126 * parts[0] + 0.7152 * parts[1] + 0.0722 * parts[2]
+
+
+def ratio(one, other):
+    low, high = sorted((luminance(one), luminance(other)))
+    return (high + 0.05) / (low + 0.05)
+
+
+def extents(node):
+    return node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+
+
+def width_on_screen(program):
+    window = SESSION.ask_xdotool("search", "--onlyvisible", "--all", "--pid", program.process.pid,
+                                 "--name", "^Halcyon_K7$")
+    lines = SESSION.ask_xdotool("getwindowgeometry", "--shell", window[0])
+    return next(int(line.split("=")[1]) for line in lines if line.startswith("WIDTH="))
+
+
+class Picture:
+    """What the screen shows now."""
+
+    def __init__(self, name):
+        self.path = SESSION.picture(PICTURES / f"looks-{name}.png")
+
+    def contrast(self, node, inset=3):
+        """Between the ground of a control, its commonest colour, and the colour in it that differs most."""
+        box = extents(node)
+        area = f"{box.width - 2 * inset}x{box.height - 2 * inset}+{box.x + inset}+{box.y + inset}"
+        pixels = subprocess.run(["convert", self.path, "-crop", area, "+repage", "-alpha", "off", "-depth", "8",
+                                 "rgb:-"], check=True, capture_output=True).stdout
+        counts = {}
+        for i in range(0, len(pixels), 3):
+            counts[pixels[i:i + 3]] = counts.get(pixels[i:i + 3], 0) + 1
+        ground = max(counts, key=counts.get)
+        return max(ratio(ground, colour) for colour in counts), tuple(ground)
+
+
+class Contrast(ProgramCase):
+    def start(self, palette):
+        configuration = SESSION.folder / palette
+        configuration.mkdir(exist_ok=True)
+        (configuration / "kdeglobals").write_text(settings(palette), encoding="ascii")
+        program = self.sample_program_with({"XDG_CONFIG_HOME": str(configuration), "XDG_CURRENT_DESKTOP": "KDE",
+                                            "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"})
+        return program
+
+    def check(self, palette, named):
+        picture = Picture(palette)
+        for what, node in named.items():
+            found, ground = picture.contrast(node)
+            self.assertGreaterEqual(found, ENOUGH, f"{what} in the {palette} palette, on {ground}: {picture.path}")
+
+    def test_every_text_of_the_window(self):
+        for palette, (_, view, _, _, highlight) in PALETTES.items():
+            with self.subTest(palette):
+                program = self.start(palette)
+                program.select_row(1)
+                bar = program.find(Atspi.Role.STATUS_BAR)
+                self.check(palette, {
+                    "a cell": program.cell(2, 1), "a selected cell": program.cell(1, 1),
+                    "a header": program.header_nodes()[0],
+                    "the tab shown": program.find(Atspi.Role.PAGE_TAB, "DRM List"),
+                    "another tab": program.find(Atspi.Role.PAGE_TAB, "AM List"), "the status line": program.find(Atspi.Role.LABEL, within=bar)})
+                # The palette is really the one asked for.
+                picture = Picture(palette)
+                self.assertEqual(picture.contrast(program.cell(2, 1))[1], tuple(map(int, view.split(","))))
+                self.assertEqual(picture.contrast(program.cell(1, 1))[1], tuple(map(int, highlight.split(","))))
+                self.check(palette + "-edit", {"the edit box": program.open_edit(2, 1)})
+                program.keys("Return")
+                self.assert_closes(program)
+
+    def test_every_text_of_the_dialog(self):
+        for palette in PALETTES:
+            with self.subTest(palette):
+                program = self.start(palette)
+                program.keys("ctrl+n")
+                dialog = program.dialog("Add List--[DRM List]")
+                dialog.type("programme", "Radio")
+                window = program.window(dialog.title)
+                named = {text_of(node): node for node in tree(window)
+                         if node.get_role() in (Atspi.Role.LABEL, Atspi.Role.PUSH_BUTTON, Atspi.Role.TEXT)
+                         and showing(node) and text_of(node) not in ("", "--")}
+                self.assertGreaterEqual(len(named), 8, list(named))
+                self.check(palette + "-dialog", named)
+                dialog.cancel()
+                self.assert_closes(program)
+
+
+class Scale(ProgramCase):
+    def test_nothing_is_cut_off(self):
+        for percent in (100, 150, 200):
+            with self.subTest(f"{percent} %"):
+                program = self.sample_program_with({"QT_SCALE_FACTOR": str(percent / 100)})
+                # Accessibility tells places in the units before scaling; the pointer is left out for that.
+                self.assertAlmostEqual(width_on_screen(program), 760 * percent / 100, delta=2)
+                self.assert_holds(program.main_window(), Atspi.Role.PAGE_TAB, Atspi.Role.TABLE)
+                program.keys("End", "Home", "Right", "Return")
+                box = extents(program.wait(program.edit_box, "the edit box"))
+                cell = extents(program.cell(1, 2))
+                for side in ("x", "y", "width", "height"):
+                    self.assertAlmostEqual(getattr(box, side), getattr(cell, side), delta=8, msg=side)
+                Picture(f"{percent}-edit")
+                program.keys("Return", "ctrl+n")
+                title = program.dialog("Add List--[DRM List]").title
+                self.assert_holds(program.window(title), Atspi.Role.PUSH_BUTTON, Atspi.Role.TEXT, Atspi.Role.COMBO_BOX)
+                Picture(f"{percent}-dialog")
+                program.keys("alt+F4")
+                program.wait(lambda: program.window(title) is None, "the dialog gone")
+                self.assert_closes(program)
+
+    def assert_holds(self, window, *roles):
+        """Labels and controls of these roles stand whole within their window."""
+        outer = extents(window)
+        inner = [node for node in tree(window) if showing(node) and node.get_role() in (Atspi.Role.LABEL, *roles)]
+        self.assertGreater(len(inner), 4)
+        for node in inner:
+            self.assert_inside(extents(node), outer, node.get_name())
+
+    def assert_inside(self, inner, outer, what):
+        self.assertTrue(inner.x >= outer.x and inner.y >= outer.y and
+                        inner.x + inner.width <= outer.x + outer.width and
+                        inner.y + inner.height <= outer.y + outer.height, what)
+        self.assertGreater(inner.width * inner.height, 0, what)
+
+
+if __name__ == "__main__":
+    unittest.main()
