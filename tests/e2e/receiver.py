@@ -1,6 +1,7 @@
 """Volumes to stand for the receiver: real ext2 file systems on loop devices."""
 import os
 import pathlib
+import shutil
 import subprocess
 
 from session import SESSION, need
@@ -12,7 +13,9 @@ CAPACITY = 999 * BLOCK  # what the receiver's disk has
 def as_root(command):
     command = [need(command[0]), *map(str, command[1:])]
     if os.geteuid() != 0:
-        command = [need("sudo"), "-n", *command]
+        if shutil.which("sudo") is None:
+            raise AssertionError(f"{' '.join(command)}: these tests mount volumes, which needs root or sudo")
+        command = ["sudo", "-n", *command]
     result = subprocess.run(command, capture_output=True, text=True, check=False)
     if result.returncode != 0:
         raise AssertionError(f"{' '.join(command)} failed; these tests need root, or sudo without a password, "
