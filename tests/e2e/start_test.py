@@ -85,15 +85,24 @@ class OneInstance(ProgramCase):
         self.assertIsNone(first.process.poll())
         self.assert_closes(first)
 
-    def test_a_killed_program_blocks_nothing(self):
+    def test_a_killed_program_blocks_and_loses_nothing(self):
         program = self.sample_program()
+        program.edit(2, 2, "7000")
+        edited = [listfiles.DRM[0], ("Second", "7000", *listfiles.DRM[1][2:]), listfiles.DRM[2]]
+        self.assert_cells(program, edited)
         program.kill()
         self.assertEqual(program.process.returncode, -signal.SIGKILL)
-        # Killed, it has left the files in the form it works on, which no start reads.
-        (program.folder / "List.ini").write_bytes(SAMPLE_LIST)
         program.start()
-        self.assert_cells(program, listfiles.DRM_CELLS)
+        self.assert_cells(program, edited)
+        program.kill()
+        program.start()
+        self.assert_cells(program, edited)
         self.assert_closes(program)
+        self.assertEqual(program.read("List.ini"), list_ini(edited, listfiles.AM, listfiles.FM))
+        self.assertEqual(program.read("User.ini"), SAMPLE_USER)
+        # Nothing of ours is left but the two files.
+        left = {path.name for path in program.folder.iterdir()} - {"halcyon_k7", "stderr.txt"}
+        self.assertEqual(left, {"List.ini", "User.ini"})
 
 
 class End(ProgramCase):
