@@ -92,7 +92,8 @@ class Contrast(ProgramCase):
                     "a cell": program.cell(2, 1), "a selected cell": program.cell(1, 1),
                     "a header": program.header_nodes()[0],
                     "the tab shown": program.find(Atspi.Role.PAGE_TAB, "DRM List"),
-                    "another tab": program.find(Atspi.Role.PAGE_TAB, "AM List"), "the status line": program.find(Atspi.Role.LABEL, within=bar)})
+                    "another tab": program.find(Atspi.Role.PAGE_TAB, "AM List"),
+                    "the status line": program.find(Atspi.Role.LABEL, within=bar)})
                 # The palette is really the one asked for.
                 picture = Picture(palette)
                 self.assertEqual(picture.contrast(program.cell(2, 1))[1], tuple(map(int, view.split(","))))

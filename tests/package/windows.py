@@ -21,7 +21,8 @@ def make_prefix():
     atexit.register(subprocess.run, [installed("wineserver", "/usr/lib/wine/wineserver64"), "-k"],
                     env={**os.environ, **WINE}, check=False)
     subprocess.run([installed("wine64", "/usr/lib/wine/wine64"), "wineboot", "--init"],
-                   env={**SESSION.environment, **WINE}, check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                   env={**SESSION.environment, **WINE}, check=True, stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL)
 
 
 def link_fonts():
