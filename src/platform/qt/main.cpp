@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QScopeGuard>
@@ -15,6 +16,7 @@ int main(int argc, char** argv) {
     const QApplication app(argc, argv);
     const WindowDesign design = mainWindowDesign();
     QApplication::setApplicationName(toQt(design.caption));
+    QApplication::setWindowIcon(QIcon(":/halcyon_k7.ico"));
     QApplication::setDesktopFileName("org.halcyon_k7.halcyon_k7");  // how a desktop finds the name and the icon
     QTranslator standardTexts;  // the toolkit's own: captions of standard buttons, menus of edit boxes
     if (standardTexts.load(QLocale::system(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
