@@ -1,6 +1,5 @@
 // The Qt backend before the contract cases, on Qt's offscreen platform.
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,6 +11,7 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <csignal>
 
 #include "contract/Backend.h"
 #include "platform/MainWindow.h"
@@ -105,7 +105,7 @@ private:
 };
 
 // A forked child that reports through a pipe and then waits to be killed.
-class QtOtherProcess : public OtherProcess {
+class QtOtherProcess final : public OtherProcess {
 public:
     explicit QtOtherProcess(std::u16string_view folder) {
         int ends[2] = {-1, -1};
@@ -114,9 +114,8 @@ public:
         if (child_ == 0) {
             QtSingleInstance instance{std::u16string(folder)};
             const char answer = instance.previousInstance() ? 'n' : 'y';
-            const bool told = ::write(ends[1], &answer, 1) == 1;
-            while (told) {
-                ::pause();
+            if (::write(ends[1], &answer, 1) == 1) {
+                ::pause();  // until killed
             }
             ::_exit(1);
         }
