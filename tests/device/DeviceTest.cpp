@@ -1,0 +1,199 @@
+// The receiver's files and the working copies on real volumes: full ones, read-only ones, and one that is pulled out
+// in the middle of a save.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <functional>
+
+#include "device/Volume.h"
+#include "platform/qt/QtFiles.h"
+#include "storage/Recovery.h"
+#include "storage/SafeFile.h"
+#include "storage/VerifiedFiles.h"
+
+namespace {
+
+constexpr std::size_t kCluster = 1024;
+
+// Calls back before each operation that reaches the device.
+class WatchedFiles : public QtFiles {
+public:
+    std::optional<std::string> read(std::u16string_view path) override { return step(), QtFiles::read(path); }
+    std::optional<std::string> readBack(std::u16string_view path) override { return step(), QtFiles::readBack(path); }
+    bool write(std::u16string_view path, std::string_view bytes) override {
+        return step(), QtFiles::write(path, bytes);
+    }
+    bool rename(std::u16string_view from, std::u16string_view to) override { return step(), QtFiles::rename(from, to); }
+    bool remove(std::u16string_view path) override { return step(), QtFiles::remove(path); }
+
+    std::function<void(int)> before = [](int) {};
+
+private:
+    void step() { before(++count_); }
+    int count_ = 0;
+};
+
+std::string text(std::size_t size, char letter) { return std::string(size, letter) + "\r\n[kvt update end]\r\n"; }
+
+class Device : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!Volume::isPossible()) {
+            GTEST_SKIP() << "needs root and loop devices";
+        }
+    }
+    void putOld(const Volume& volume) {
+        ASSERT_TRUE(files.write(volume.at(u"List.ini"), oldList));
+        ASSERT_TRUE(files.write(volume.at(u"User.ini"), oldUser));
+    }
+    bool save(Files& through, const Volume& volume) const {
+        return replaceVerified(through, {{volume.at(u"List.ini"), newList}, {volume.at(u"User.ini"), newUser}});
+    }
+    void expectWhole(const Volume& volume) {
+        const auto list = files.read(volume.at(u"List.ini"));
+        const auto user = files.read(volume.at(u"User.ini"));
+        EXPECT_TRUE(list == oldList || list == newList) << "List.ini: " << (list ? list->size() : 0);
+        EXPECT_TRUE(user == oldUser || user == newUser) << "User.ini: " << (user ? user->size() : 0);
+    }
+    void expectBoth(const Volume& volume, bool isNew) {
+        EXPECT_TRUE(files.read(volume.at(u"List.ini")) == (isNew ? newList : oldList));
+        EXPECT_TRUE(files.read(volume.at(u"User.ini")) == (isNew ? newUser : oldUser));
+    }
+    static bool nothingBeside(const Volume& volume) {
+        return !std::filesystem::exists(volume.folder() + "/List.ini.k7new") &&
+               !std::filesystem::exists(volume.folder() + "/User.ini.k7new");
+    }
+
+    QtFiles files;
+    const std::string oldList = text(20 * kCluster, 'o');
+    const std::string oldUser = text(5 * kCluster, 'p');
+    const std::string newList = text(24 * kCluster, 'n');
+    const std::string newUser = text(6 * kCluster, 'm');
+};
+
+}  // namespace
+
+TEST_F(Device, PulledOutAtAnyOperationKeepsWholeFilesAndTheNextSaveMakesThePairWhole) {
+    int pulled = 0;
+    for (bool reached = true; reached; ++pulled) {
+        reached = false;
+        std::string medium;
+        {
+            Volume volume;
+            putOld(volume);
+            ::sync();
+            WatchedFiles watched;
+            watched.before = [&](int number) {
+                if (number == pulled + 1) {
+                    reached = true;
+                    medium = volume.pull();
+                }
+            };
+            const bool saved = save(watched, volume);
+            EXPECT_EQ(saved, !reached);
+        }
+        if (reached) {
+            const Volume volume(medium);
+            std::filesystem::remove(medium);
+            expectWhole(volume);
+            EXPECT_TRUE(save(files, volume));
+            expectBoth(volume, true);
+            EXPECT_TRUE(nothingBeside(volume));
+        }
+        ASSERT_FALSE(HasFailure()) << "pulled at operation " << pulled + 1;
+    }
+    EXPECT_GT(pulled, 8);
+    RecordProperty("pulled", pulled - 1);
+}
+
+TEST_F(Device, AnyFreeSpaceGivesBothFilesOrNeither) {
+    const Volume volume;
+    int saved = 0;
+    int refused = 0;
+    for (std::size_t free = 0; free <= newList.size() + newUser.size() + kCluster; free += kCluster / 2) {
+        putOld(volume);
+        volume.leaveFree(free);
+        const bool done = save(files, volume);
+        (done ? saved : refused)++;
+        expectBoth(volume, done);
+        EXPECT_TRUE(nothingBeside(volume));
+        volume.empty();
+        ASSERT_FALSE(HasFailure()) << free << " bytes free";
+    }
+    EXPECT_GT(saved, 0);
+    EXPECT_GT(refused, 0);
+    RecordProperty("saved", saved);
+    RecordProperty("refused", refused);
+}
+
+TEST_F(Device, AnyFreeSpaceLeavesWholeWorkingCopiesAndSnapshots) {
+    const Volume volume;
+    const std::u16string programFolder = volume.at(u"");
+    for (std::size_t free = 0; free <= newList.size() + newUser.size() + 2 * kCluster; free += kCluster / 2) {
+        putOld(volume);
+        Recovery recovery(programFolder, files);
+        ASSERT_TRUE(recovery.keep({oldList, oldUser}));
+        volume.leaveFree(free);
+        const bool kept = recovery.keep({newList, newUser});
+        const auto found = Recovery(programFolder, files).find();
+        EXPECT_TRUE(found == (kept ? WorkingCopyBytes{newList, newUser} : WorkingCopyBytes{oldList, oldUser}));
+        const bool list = replaceFile(files, volume.at(u"List.ini"), newList);
+        EXPECT_TRUE(files.read(volume.at(u"List.ini")) == (list ? newList : oldList));
+        const bool user = replaceFile(files, volume.at(u"User.ini"), newUser);
+        EXPECT_TRUE(files.read(volume.at(u"User.ini")) == (user ? newUser : oldUser));
+        EXPECT_TRUE(nothingBeside(volume));
+        recovery.discard();
+        volume.empty();
+        ASSERT_FALSE(HasFailure()) << free << " bytes free";
+    }
+    EXPECT_FALSE(std::filesystem::exists(volume.folder() + "/Recovery"));
+}
+
+TEST_F(Device, AReadOnlyVolumeStaysAsItIs) {
+    const Volume volume;
+    putOld(volume);
+    volume.makeReadOnly();
+    EXPECT_FALSE(save(files, volume));
+    EXPECT_FALSE(replaceFile(files, volume.at(u"List.ini"), newList));
+    EXPECT_FALSE(Recovery(volume.at(u""), files).keep({newList, newUser}));
+    expectBoth(volume, false);
+    EXPECT_TRUE(nothingBeside(volume));
+}
+
+TEST(Links, AreNotFollowedForWriting) {
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("halcyon-links-" + std::to_string(::getpid()));
+    std::filesystem::create_directory(folder);
+    const auto at = [&](const char* name) { return (folder / name).u16string(); };
+    const std::filesystem::path victim = folder / "victim";
+    QtFiles files;
+    ASSERT_TRUE(files.write(at("victim"), "precious"));
+    std::filesystem::permissions(victim, std::filesystem::perms::owner_read);
+    std::filesystem::create_directory(folder / "elsewhere");
+    std::filesystem::create_symlink("victim", folder / "link");
+    std::filesystem::create_hard_link(victim, folder / "List.ini.k7new");
+    std::filesystem::create_symlink("victim", folder / "List.ini");
+    std::filesystem::create_symlink("elsewhere", folder / "Recovery");
+
+    EXPECT_FALSE(files.write(at("link"), "evil"));
+    EXPECT_FALSE(files.append(at("link"), "evil"));
+    EXPECT_FALSE(files.clearAttributes(at("link")));
+    EXPECT_TRUE(replaceFile(files, at("List.ini"), "new")) << "the link itself is replaced";
+    EXPECT_FALSE(std::filesystem::is_symlink(folder / "List.ini"));
+    EXPECT_FALSE(Recovery(folder.u16string() + u'/', files).keep({"list", "user"}));
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "elsewhere"));
+    EXPECT_EQ(files.read(at("victim")), "precious");
+    EXPECT_EQ(std::filesystem::status(victim).permissions(), std::filesystem::perms::owner_read);
+    std::filesystem::remove_all(folder);
+}
+
+TEST_F(Device, FreeSpaceIsWhatFilesCanTake) {
+    const Volume volume;
+    volume.leaveFree(10 * kCluster);
+    const auto free = files.freeSpace(volume.at(u"").substr(0, volume.folder().size()));
+    ASSERT_TRUE(free);
+    EXPECT_GE(*free, 10 * kCluster);
+    EXPECT_LE(*free, 11 * kCluster);
+    EXPECT_EQ(files.freeSpace(volume.at(u"none")), std::nullopt);
+}
