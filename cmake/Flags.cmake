@@ -12,8 +12,14 @@ if(HALCYON_SANITIZE)
   target_link_options(halcyon_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(HALCYON_FUZZ)
+  # The tests' own compiler decides about warnings.
+  target_compile_options(halcyon_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -Wno-error)
+  target_link_options(halcyon_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
 # What the system offers against exploited faults, in the programs that are given away.
-if(NOT WIN32 AND NOT HALCYON_SANITIZE)
+if(NOT WIN32 AND NOT HALCYON_SANITIZE AND NOT HALCYON_FUZZ)
   target_compile_options(halcyon_flags INTERFACE -fstack-protector-strong $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
   target_link_options(halcyon_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
 endif()

@@ -1,0 +1,26 @@
+// What the fuzz targets share. A broken promise ends the process, which the fuzzer reports with its input.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "fakes/FakeCodePages.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+inline void promise(bool kept, const char* what) {
+    if (!kept) {
+        std::fprintf(stderr, "broken promise: %s\n", what);
+        std::abort();
+    }
+}
+
+inline std::string bytesOf(const std::uint8_t* data, std::size_t size) {
+    return {reinterpret_cast<const char*>(data), size};
+}
+
+inline std::u16string textOf(std::string_view bytes) { return FakeCodePages().decode(CodePage::Utf8, bytes); }
