@@ -4,7 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 
 PosixFile::PosixFile(const std::string& path, int flags, unsigned permissions)
@@ -19,16 +19,20 @@ bool PosixFile::isRegular() const {
 }
 
 std::optional<std::string> PosixFile::readAll() const {
-    constexpr std::size_t kBlock = 65'536;
-    std::array<char, kBlock> block;  // NOLINT: filled by read
-    std::string bytes;
+    constexpr std::size_t kMore = 4096;  // the file may grow while it is read
+    struct stat status {};
+    const bool sized = ::fstat(descriptor_, &status) == 0;
+    std::string bytes((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, '\0');
+    std::size_t length = 0;
     while (true) {
-        const ssize_t count = ::read(descriptor_, block.data(), block.size());
+        const ssize_t count = ::read(descriptor_, bytes.data() + length, bytes.size() - length);
         if (count == 0) {
+            bytes.resize(length);
             return bytes;
         }
         if (count > 0) {
-            bytes.append(block.data(), static_cast<std::size_t>(count));
+            length += static_cast<std::size_t>(count);
+            bytes.resize(std::max(bytes.size(), length + kMore));
         } else if (errno != EINTR) {
             return std::nullopt;
         }

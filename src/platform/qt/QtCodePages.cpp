@@ -103,9 +103,10 @@ std::u16string decodeUtf8(std::string_view bytes) {
 }
 
 std::string encodeUtf8(std::u16string_view text) {
-    std::string bytes;
-    bytes.reserve(text.size());
-    const auto put = [&bytes](char32_t value) { bytes.push_back(static_cast<char>(value)); };
+    constexpr std::size_t kMostBytesOfUnit = 3;
+    std::string bytes(text.size() * kMostBytesOfUnit, '\0');
+    char* end = bytes.data();
+    const auto put = [&end](char32_t value) { *end++ = static_cast<char>(value); };
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t c = text[i];
         if ((c & 0xFC00) == 0xD800 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00) {
@@ -130,6 +131,7 @@ std::string encodeUtf8(std::u16string_view text) {
         }
         put(0x80 | (c & 0x3F));
     }
+    bytes.resize(static_cast<std::size_t>(end - bytes.data()));
     return bytes;
 }
 
