@@ -63,7 +63,7 @@ void SortListview::headerClicked(StationList& list, std::u16string_view key) {
 
 void SortListview::sort(StationList& list, int column, SortKeyType type, Direction direction) {
     const int columnCount = columnCountOf(list.kind);
-    fillScratch(list.grid, columnCount);
+    fillScratch(list.grid);
     // Once, so that no text is read and no number parsed again at each comparison.
     std::vector<SortRow> rows = keysOf(tmpLV_, column, type);
     sorter_.sort(rows, type);
@@ -82,17 +82,13 @@ void SortListview::sort(StationList& list, int column, SortKeyType type, Directi
     tmpLV_.clear();
 }
 
-void SortListview::fillScratch(const Grid& grid, int columnCount) {
+void SortListview::fillScratch(const Grid& grid) {
     while (tmpLV_.columns().size() < kScratchColumns) {
         tmpLV_.addColumn({}, {}, kScratchWidth);
     }
     tmpLV_.clear();
     for (int row = 1; row <= grid.rowCount(); ++row) {
-        std::vector<std::u16string> cells;
-        for (int column = 1; column <= columnCount; ++column) {
-            cells.emplace_back(grid.text(row, column));
-        }
-        tmpLV_.appendRow(std::move(cells));
+        tmpLV_.appendRow({grid.text(row, 1), grid.text(row, 2), grid.text(row, 3), grid.text(row, 4)});
     }
 }
 

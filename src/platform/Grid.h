@@ -2,6 +2,7 @@
 // Implemented once, in portable code; a backend reads it to draw and reports selection into it.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,7 +30,7 @@ public:
     virtual std::u16string_view text(int row, int column) const = 0;
     virtual void setText(int row, int column, std::u16string text) = 0;
     // Appends one row; missing trailing cells are empty.
-    virtual void appendRow(std::vector<std::u16string> cells) = 0;
+    virtual void appendRow(std::initializer_list<std::u16string_view> cells) = 0;
     virtual void removeSelectedRows() = 0;
     virtual void clear() = 0;
 

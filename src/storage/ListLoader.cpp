@@ -12,8 +12,6 @@
 
 namespace {
 
-using Cells = std::vector<std::u16string>;
-
 constexpr unsigned bitOf(ListKind kind) { return 1U << static_cast<unsigned>(kind); }
 constexpr unsigned kListFileKinds = bitOf(ListKind::Drm) | bitOf(ListKind::Am) | bitOf(ListKind::Fm);
 
@@ -43,38 +41,31 @@ private:
     Profile::SectionKeys keys_;
 };
 
-void addFavouriteCells(Cells& cells, const Record& record) {
+void appendFavourite(Grid& grid, const Record& record) {
     const std::u16string_view type = record.text(ListFile::kType);
     const bool isFm = type.find(ListFile::kFm) != type.npos;
     std::u16string frequency = shortestDecimal(isFm ? record.frequency() / 1000 : record.frequency());
     frequency += isFm ? ListFile::kMegahertz : ListFile::kKilohertz;
-    cells.push_back(std::move(frequency));
-    cells.emplace_back(type);
+    grid.appendRow({record.text(ListFile::kProgramme), frequency, type});
 }
 
-Cells cellsOf(ListKind kind, const Record& record) {
-    Cells cells;
-    cells.reserve(4);
-    cells.emplace_back(record.text(ListFile::kProgramme));
+void appendRecord(Grid& grid, ListKind kind, const Record& record) {
+    const std::u16string_view programme = record.text(ListFile::kProgramme);
+    const std::u16string_view frequency = record.text(ListFile::kFrequency);
     switch (kind) {
         case ListKind::Drm:
-            cells.emplace_back(record.text(ListFile::kFrequency));
-            cells.emplace_back(record.text(ListFile::kTime));
-            cells.emplace_back(record.text(ListFile::kTarget));
+            grid.appendRow({programme, frequency, record.text(ListFile::kTime), record.text(ListFile::kTarget)});
             break;
         case ListKind::Am:
-            cells.emplace_back(record.text(ListFile::kFrequency));
-            cells.emplace_back(bandOf(record.frequency()));
+            grid.appendRow({programme, frequency, bandOf(record.frequency())});
             break;
         case ListKind::Fm:
-            cells.push_back(shortestDecimal(record.frequency() / 1000));
-            cells.emplace_back(u"VHF");
+            grid.appendRow({programme, shortestDecimal(record.frequency() / 1000), u"VHF"});
             break;
         case ListKind::Favourite:
-            addFavouriteCells(cells, record);
+            appendFavourite(grid, record);
             break;
     }
-    return cells;
 }
 
 void keepUnlessEmpty(std::u16string& remembered, std::u16string_view read) {
@@ -135,7 +126,7 @@ void ListLoader::appendRecords(ListKind kind, const Profile& profile) {
     const GridUpdate update(grid);
     RecordSection section(kind);
     for (int index = 0; index < count; ++index) {
-        grid.appendRow(cellsOf(kind, Record(profile, section.of(index))));
+        appendRecord(grid, kind, Record(profile, section.of(index)));
     }
 }
 

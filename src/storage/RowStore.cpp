@@ -24,33 +24,60 @@ void RowStore::columnDragged(int column, double widthTwips) {
     }
 }
 
+std::u16string_view RowStore::Row::text(std::size_t cell) const {
+    return std::u16string_view(texts).substr(start(cell), ends[cell] - start(cell));
+}
+
+void RowStore::Row::setText(std::size_t cell, std::u16string_view text) {
+    const auto oldLength = static_cast<std::uint32_t>(ends[cell] - start(cell));
+    texts.replace(start(cell), oldLength, text);
+    for (std::size_t i = cell; i < ends.size(); ++i) {
+        ends[i] += static_cast<std::uint32_t>(text.size()) - oldLength;
+    }
+}
+
+RowStore::Row RowStore::rowOf(std::initializer_list<std::u16string_view> cells) {
+    Row row;
+    std::size_t length = 0;
+    for (const std::u16string_view cell : cells) {
+        length += cell.size();
+    }
+    row.texts.reserve(length);
+    const auto* cell = cells.begin();
+    for (std::uint32_t& end : row.ends) {
+        if (cell != cells.end()) {
+            row.texts += *cell++;
+        }
+        end = static_cast<std::uint32_t>(row.texts.size());
+    }
+    return row;
+}
+
 std::u16string_view RowStore::text(int row, int column) const {
     if (!hasRow(row) || !hasCell(column)) {
         return {};
     }
-    return rows_[at(row)].cells[at(column)];
+    return rows_[at(row)].text(at(column));
 }
 
 void RowStore::setText(int row, int column, std::u16string text) {
     if (!hasRow(row) || !hasCell(column)) {
         return;
     }
-    rows_[at(row)].cells[at(column)] = std::move(text);
+    rows_[at(row)].setText(at(column), text);
     ++changes_;
     if (notifies()) {
         view_->cellChanged(row, column);
     }
 }
 
-void RowStore::appendRow(std::vector<std::u16string> cells) {
+void RowStore::appendRow(std::initializer_list<std::u16string_view> cells) {
     const int row = rowCount() + 1;
     if (notifies()) {
         view_->beforeAppend(row);
     }
     ++changes_;
-    Row& added = rows_.emplace_back();
-    const std::size_t count = std::min(cells.size(), added.cells.size());
-    std::move(cells.begin(), cells.begin() + static_cast<std::ptrdiff_t>(count), added.cells.begin());
+    rows_.push_back(rowOf(cells));
     if (notifies()) {
         view_->afterAppend(row);
     }

@@ -22,7 +22,7 @@ public:
     int rowCount() const override { return static_cast<int>(rows_.size()); }
     std::u16string_view text(int row, int column) const override;
     void setText(int row, int column, std::u16string text) override;
-    void appendRow(std::vector<std::u16string> cells) override;
+    void appendRow(std::initializer_list<std::u16string_view> cells) override;
     void removeSelectedRows() override;
     void clear() override;
 
@@ -39,11 +39,18 @@ public:
 private:
     static constexpr int kMaxColumns = 4;
 
+    // The cells one behind the other in one text, so that a row is one piece of memory and not five.
     struct Row {
-        std::array<std::u16string, kMaxColumns> cells;
+        std::u16string texts;
+        std::array<std::uint32_t, kMaxColumns> ends{};  // of each cell, in UTF-16 units of `texts`
         bool selected = false;
+
+        std::size_t start(std::size_t cell) const { return cell == 0 ? 0 : ends[cell - 1]; }
+        std::u16string_view text(std::size_t cell) const;
+        void setText(std::size_t cell, std::u16string_view text);
     };
 
+    static Row rowOf(std::initializer_list<std::u16string_view> cells);
     bool hasRow(int row) const { return row >= 1 && row <= rowCount(); }
     bool hasColumn(int column) const { return column >= 1 && column <= static_cast<int>(columns_.size()); }
     static bool hasCell(int column) { return column >= 1 && column <= kMaxColumns; }

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "storage/Numbers.h"
 
@@ -97,20 +95,14 @@ bool AddScheduleRecord(Grid& drmLV, const ScheduleFields& fields, int existingRo
     if (programme.empty() || frequency.empty() || target.empty() || !isFrequency(frequency)) {
         return false;
     }
-    auto span = timeSpan(fields[ScheduleField::Time]);
+    const auto span = timeSpan(fields[ScheduleField::Time]);
     if (!span) {
         return false;
     }
     if (existingRowCount > 0 && isListed(drmLV, recordKey(frequency, *span, target), existingRowCount)) {
         return false;
     }
-    std::vector<std::u16string> cells;
-    cells.reserve(4);
-    cells.emplace_back(programme);
-    cells.emplace_back(frequency);
-    cells.push_back(std::move(*span));
-    cells.emplace_back(target);
-    drmLV.appendRow(std::move(cells));
+    drmLV.appendRow({programme, frequency, *span, target});
     return true;
 }
 

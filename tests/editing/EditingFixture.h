@@ -69,7 +69,7 @@ protected:
     RestlessGridView& view(ListKind kind) { return views[static_cast<std::size_t>(kind)]; }
 
     void showTab(ListKind kind) { tabs.tab = static_cast<int>(kind); }
-    void addRow(ListKind kind, std::vector<std::u16string> cells) { grid(kind).appendRow(std::move(cells)); }
+    void addRow(ListKind kind, std::initializer_list<std::u16string_view> cells) { grid(kind).appendRow(cells); }
     void select(ListKind kind, int row) { grid(kind).setSelected(row, true); }
 
     // The cells of a row, joined by "|".

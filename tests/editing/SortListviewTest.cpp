@@ -21,9 +21,8 @@ protected:
 
     void addColumnOf(ListKind kind, int columnToFill, const std::vector<std::u16string>& texts) {
         for (const std::u16string& text : texts) {
-            std::vector<std::u16string> cells(4);
-            cells[static_cast<std::size_t>(columnToFill - 1)] = text;
-            addRow(kind, std::move(cells));
+            addRow(kind, {});
+            grid(kind).setText(grid(kind).rowCount(), columnToFill, text);
         }
     }
 
