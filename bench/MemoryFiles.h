@@ -1,0 +1,32 @@
+// Files in memory that cost as little as files can: what is timed over them is the program's own work.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/Files.h"
+
+class MemoryFiles : public Files {
+public:
+    bool exists(std::u16string_view path) override { return find(path) != nullptr; }
+    std::optional<std::uint64_t> size(std::u16string_view path) override;
+    std::optional<std::string> read(std::u16string_view path) override;
+    std::optional<std::string> readBack(std::u16string_view path) override { return read(path); }
+    bool write(std::u16string_view path, std::string_view bytes) override;
+    bool append(std::u16string_view path, std::string_view bytes) override;
+    bool rename(std::u16string_view from, std::u16string_view to) override;
+    bool remove(std::u16string_view path) override { return files_.erase(std::u16string(path)) > 0; }
+    bool clearAttributes(std::u16string_view path) override { return exists(path); }
+    // The storage routines know no folders.
+    bool createFolder(std::u16string_view) override { return false; }
+    bool removeFolder(std::u16string_view) override { return false; }
+    std::vector<std::u16string> list(std::u16string_view) override { return {}; }
+    std::optional<std::uint64_t> freeSpace(std::u16string_view) override { return std::nullopt; }
+
+private:
+    std::string* find(std::u16string_view path);
+
+    std::unordered_map<std::u16string, std::string> files_;
+};

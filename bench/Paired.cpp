@@ -1,0 +1,55 @@
+#include "Paired.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+double microsecondsOf(const Work& work) {
+    work.prepare();
+    const auto start = std::chrono::steady_clock::now();
+    work.run();
+    return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
+}
+
+double medianOf(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+}  // namespace
+
+void measurePair(std::string_view name, const Work& ours, const Work& other, int rounds) {
+    microsecondsOf(ours);  // warm
+    microsecondsOf(other);
+    std::vector<double> first;
+    std::vector<double> second;
+    std::vector<double> ratios;
+    for (int round = 0; round < rounds; ++round) {
+        first.push_back(microsecondsOf(ours));
+        second.push_back(microsecondsOf(other));
+        ratios.push_back(first.back() / second.back());
+    }
+    std::printf("%s\t%.3f\t%.3f\t%.4f\n", std::string(name).c_str(), medianOf(first), medianOf(second),
+                medianOf(ratios));
+    std::fflush(stdout);
+}
+
+void measureAlone(std::string_view name, const Work& work, int rounds) {
+    microsecondsOf(work);
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        times.push_back(microsecondsOf(work));
+    }
+    std::printf("%s\t%.3f\t-\t-\n", std::string(name).c_str(), medianOf(times));
+    std::fflush(stdout);
+}
+
+void keep(std::size_t value) {
+    [[maybe_unused]] static volatile std::size_t sink = 0;
+    sink = value;
+}

@@ -1,0 +1,19 @@
+// Two ways of doing something, timed in turns so that a machine whose speed drifts treats both alike.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+struct Work {
+    std::function<void()> run;
+    std::function<void()> prepare = [] {};  // before each run, not timed
+};
+
+// Prints one line of tab-separated fields: name, microseconds of ours, microseconds of the other (medians), and the
+// median of the ratios ours / other of the pairs.
+void measurePair(std::string_view name, const Work& ours, const Work& other, int rounds);
+// The same for a single piece of work: its name, "-", and the median alone.
+void measureAlone(std::string_view name, const Work& work, int rounds);
+
+// Keeps the compiler from dropping what computed `value`.
+void keep(std::size_t value);

@@ -1,0 +1,138 @@
+// Loading and saving the four lists, held against reading the same files at all, against INI libraries and against
+// writing the same bytes. The argument is the number of records in each list.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "MemoryFiles.h"
+#include "Paired.h"
+#include "SampleLists.h"
+#include "peers/IniParsers.h"
+#include "platform/qt/QtCodePages.h"
+#include "platform/qt/QtFiles.h"
+#include "storage/ListLoader.h"
+#include "storage/ListSaver.h"
+
+namespace {
+
+constexpr int kRounds = 201;
+constexpr int kDiskRounds = 21;
+
+struct Sample {
+    explicit Sample(const std::filesystem::path& sampleFolder, int records)
+        : folder(sampleFolder), lists(folder.u16string() + u"/") {
+        lists.fill(records);
+    }
+    void load() {
+        ListLoader loader(lists.lists(), lists.copies(), lists.settings(), files, codePages);
+        loader.LoadDrmList(false);
+        loader.LoadAmList(false);
+        loader.LoadFmList(false);
+        loader.LoadFavList(false);
+    }
+    std::string listPath() const { return folder / "List.ini"; }
+    std::string userPath() const { return folder / "User.ini"; }
+
+    std::filesystem::path folder;
+    QtFiles files;
+    QtCodePages codePages;
+    SampleLists lists;
+};
+
+std::string rawRead(const std::string& path) {
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    struct stat status {};
+    ::fstat(descriptor, &status);
+    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    keep(static_cast<std::size_t>(::read(descriptor, bytes.data(), bytes.size())));
+    ::close(descriptor);
+    return bytes;
+}
+
+void writeAndFlush(const std::string& path, const std::string& bytes) {
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    keep(static_cast<std::size_t>(::write(descriptor, bytes.data(), bytes.size())));
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+// The libraries do not take the NUL that a saved file may hold before its end marker.
+std::string withoutNul(std::string bytes) {
+    std::erase(bytes, '\0');
+    return bytes;
+}
+
+void require(bool condition, const char* what) {
+    if (!condition) {
+        std::fprintf(stderr, "storage_pairs: %s\n", what);
+        std::exit(1);
+    }
+}
+
+void measureParsers(Sample& sample, const Work& load) {
+    const std::string listBytes = withoutNul(rawRead(sample.listPath()));
+    const std::string userBytes = withoutNul(rawRead(sample.userPath()));
+    require(parseWithInih(listBytes) == parseWithSimpleIni(listBytes), "the libraries disagree about the keys");
+    require(parseWithGKeyFile(listBytes) > 3, "GKeyFile has not parsed the file");
+    sample.lists.writeUtf16(sample.files, sample.codePages);
+    const auto both = [&](std::size_t (*parse)(const std::string&)) {
+        return Work{[&listBytes, &userBytes, parse] { keep(parse(listBytes) + parse(userBytes)); }};
+    };
+    measurePair("load / inih parsing both files", load, both(parseWithInih), kRounds);
+    measurePair("load / inih parsing List.ini", load, {[&] { keep(parseWithInih(listBytes)); }}, kRounds);
+    measurePair("load / GKeyFile parsing both files", load, both(parseWithGKeyFile), kRounds);
+    measurePair("load / SimpleIni parsing both files", load, both(parseWithSimpleIni), kRounds);
+    const std::string plainList = sample.folder / "plain-List.ini";
+    const std::string plainUser = sample.folder / "plain-User.ini";
+    writeAndFlush(plainList, listBytes);
+    writeAndFlush(plainUser, userBytes);
+    measurePair("load / QSettings reading both files", load,
+                {[&] { keep(parseWithQSettings(plainList) + parseWithQSettings(plainUser)); }}, kRounds / 5);
+}
+
+void measureSaves(Sample& sample) {
+    sample.lists.writeUtf8(sample.files, sample.codePages);
+    const std::string listBytes = rawRead(sample.listPath());
+    const std::string userBytes = rawRead(sample.userPath());
+    const SimpleIniFile list(withoutNul(listBytes));
+    const SimpleIniFile user(withoutNul(userBytes));
+    MemoryFiles memory;
+    sample.lists.writeUtf8(memory, sample.codePages);
+    ListSaver inMemory(sample.lists.lists(), sample.lists.copies(), sample.lists.settings(), memory, sample.codePages);
+    measurePair("save in memory / SimpleIni composing both files", {[&] { inMemory.SaveLists(); }},
+                {[&] { keep(list.compose().size() + user.compose().size()); }}, kRounds);
+
+    ListSaver saver(sample.lists.lists(), sample.lists.copies(), sample.lists.settings(), sample.files,
+                    sample.codePages);
+    const std::string list2 = sample.folder / "other-List.ini";
+    const std::string user2 = sample.folder / "other-User.ini";
+    measurePair("save / writing and flushing the same bytes", {[&] { saver.SaveLists(); }}, {[&] {
+                    writeAndFlush(list2, listBytes);
+                    writeAndFlush(user2, userBytes);
+                }},
+                kDiskRounds);
+    require(saver.ListsSaved(), "the lists could not be saved");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const int records = argc > 1 ? std::atoi(argv[1]) : kMaxRecords;
+    std::string folder = (std::filesystem::current_path() / "storage_pairs.XXXXXX").string();
+    require(::mkdtemp(folder.data()) != nullptr, "no temporary folder");
+    Sample sample(folder, records);
+    sample.lists.writeUtf8(sample.files, sample.codePages);
+    const Work load{[&] { sample.load(); }, [&] { sample.lists.clear(); }};
+    measureParsers(sample, load);
+    measurePair("load / raw read of both files", load,
+                {[&] { keep(rawRead(sample.listPath()).size() + rawRead(sample.userPath()).size()); }}, kRounds);
+    require(sample.lists.grid(ListKind::Favourite).rowCount() == records, "not every record was loaded");
+    measureSaves(sample);
+    std::filesystem::remove_all(folder);
+    return 0;
+}
