@@ -14,7 +14,7 @@ class RecoveryTest : public testing::Test {
 protected:
     // What the next run finds.
     std::optional<WorkingCopyBytes> found() { return Recovery(u"/app/", files).find(); }
-    long writes() const {
+    auto writes() const {
         return std::count_if(files.accesses.begin(), files.accesses.end(),
                              [](const std::string& access) { return access.starts_with("write "); });
     }

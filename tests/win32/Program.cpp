@@ -71,17 +71,17 @@ void sendKey(WORD key, DWORD flags) {
     SendInput(1, &input, sizeof input);
 }
 
-std::filesystem::path builtProgram() {
+std::filesystem::path ownFolder() {
     std::array<wchar_t, MAX_PATH> own{};
     GetModuleFileNameW(nullptr, own.data(), MAX_PATH);
-    return std::filesystem::path(own.data()).parent_path() / ".." / ".." / "Halcyon_K7.exe";
+    return std::filesystem::path(own.data()).parent_path();
 }
 
 }  // namespace
 
-Program::Program(const TemporaryFolder& folder) {
+Program::Program(const TemporaryFolder& folder, const wchar_t* built) {
     const std::filesystem::path program = folder.file("Halcyon_K7.exe");
-    std::filesystem::copy_file(builtProgram(), program, std::filesystem::copy_options::skip_existing);
+    std::filesystem::copy_file(ownFolder() / built, program, std::filesystem::copy_options::skip_existing);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     if (CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, folder.path().c_str(), &startup,

@@ -12,8 +12,9 @@
 // Column and row numbers are 1-based, pixels are those of the window named.
 class Program {
 public:
-    // Copies the program into the folder, starts it and waits for its window.
-    explicit Program(const TemporaryFolder& folder);
+    // Copies the program into the folder, starts it and waits for its window. The program's path is relative to
+    // the folder of this test.
+    explicit Program(const TemporaryFolder& folder, const wchar_t* program = LR"(..\..\Halcyon_K7.exe)");
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;

@@ -356,6 +356,20 @@ TEST_F(Window, AFailedDownloadLeavesTheList) {
     EXPECT_TRUE(statusBecomes(L"Total Number Of DRM List: 3"));
 }
 
+TEST_F(Window, SavesItsOwnCopiesWithoutAReceiver) {
+    start();
+    HWND drm = program().list(kDrm);
+    ASSERT_TRUE(opensBoxAt(drm, 1, 2));
+    typeInto(program().box(), L"7000\r");
+    ASSERT_TRUE(cellBecomes(drm, 1, 2, L"7000"));
+    pressWithCtrl('S');
+    HWND report = program().dialog(L"Halcyon_K7");
+    ASSERT_NE(report, nullptr);
+    EXPECT_EQ(messageOf(report), L"Can't find disk,please connect DRM receiver to PC");
+    EXPECT_NE(folder.read("List.ini").find("Frequency=7000\r\n"), std::string::npos);
+    pressButton(report, IDOK);
+}
+
 TEST_F(Window, ASecondStartShowsNothingAndTouchesNothing) {
     start();
     const std::string list = folder.read("List.ini");

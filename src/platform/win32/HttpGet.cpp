@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t kMostBytes = 16U * 1024 * 1024;
+constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
 constexpr int kMostRedirects = 10;
 constexpr DWORD kFirstRedirectStatus = 300;
 constexpr DWORD kFirstErrorStatus = 400;
@@ -76,7 +76,7 @@ std::optional<std::wstring> redirectTarget(const WinInet& net, HINTERNET request
 
 std::optional<std::string> readBody(const WinInet& net, HINTERNET request, std::atomic<unsigned>& signs) {
     std::string body;
-    std::vector<char> part(16U * 1024);
+    std::vector<char> part(std::size_t{16} * 1024);
     for (;;) {
         DWORD got = 0;
         if (net.readFile(request, part.data(), static_cast<DWORD>(part.size()), &got) == 0) {

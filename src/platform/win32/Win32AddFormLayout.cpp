@@ -28,7 +28,7 @@ constexpr int kRows = 5;
 std::wstring withMnemonic(std::u16string_view caption, std::wstring& used) {
     std::wstring marked = toWide(caption);
     for (std::size_t i = 0; i < marked.size(); ++i) {
-        const wchar_t letter = static_cast<wchar_t>(marked[i] | 0x20);
+        const auto letter = static_cast<wchar_t>(marked[i] | 0x20);
         if (letter >= L'a' && letter <= L'z' && used.find(letter) == std::wstring::npos) {
             used += letter;
             return marked.insert(i, 1, L'&');
