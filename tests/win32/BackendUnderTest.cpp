@@ -41,7 +41,7 @@ void dispatchPending() {
     }
 }
 
-class Win32TestFolder : public TestFolder {
+class Win32TestFolder final : public TestFolder {
 public:
     ~Win32TestFolder() override {
         for (const std::u16string& name : names()) {
@@ -146,7 +146,7 @@ private:
 };
 
 // This program once more, told by its command line to take the place and to answer through its standard output.
-class Win32OtherProcess : public OtherProcess {
+class Win32OtherProcess final : public OtherProcess {
 public:
     explicit Win32OtherProcess(std::u16string_view folder) {
         std::array<wchar_t, MAX_PATH> program{};

@@ -1,9 +1,9 @@
 #include "win32/OneAnswerServer.h"
 
 #include <array>
-#include <utility>
+#include <stdexcept>
 
-OneAnswerServer::OneAnswerServer(std::string body)
+OneAnswerServer::OneAnswerServer(const std::string& body)
     : answer_("HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\nConnection: close\r\nContent-Length: " +
               std::to_string(body.size()) + "\r\n\r\n" + body) {
     WSADATA data{};
@@ -12,8 +12,10 @@ OneAnswerServer::OneAnswerServer(std::string body)
     sockaddr_in any{};
     any.sin_family = AF_INET;
     any.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    bind(listener_, reinterpret_cast<const sockaddr*>(&any), sizeof any);
-    listen(listener_, SOMAXCONN);
+    if (bind(listener_, reinterpret_cast<const sockaddr*>(&any), sizeof any) != 0 ||
+        listen(listener_, SOMAXCONN) != 0) {
+        throw std::runtime_error("no port to listen on");
+    }
     thread_ = std::thread([this] { serve(); });
 }
 
@@ -31,7 +33,11 @@ std::string OneAnswerServer::address() const {
 }
 
 void OneAnswerServer::serve() {
-    for (SOCKET client = INVALID_SOCKET; (client = accept(listener_, nullptr, nullptr)) != INVALID_SOCKET;) {
+    for (;;) {
+        const SOCKET client = accept(listener_, nullptr, nullptr);
+        if (client == INVALID_SOCKET) {
+            return;
+        }
         std::string request;
         std::array<char, 1024> part{};
         while (request.find("\r\n\r\n") == std::string::npos) {

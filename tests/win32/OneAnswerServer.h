@@ -8,7 +8,7 @@
 
 class OneAnswerServer {
 public:
-    explicit OneAnswerServer(std::string body);
+    explicit OneAnswerServer(const std::string& body);
     ~OneAnswerServer();
     OneAnswerServer(const OneAnswerServer&) = delete;
     OneAnswerServer& operator=(const OneAnswerServer&) = delete;

@@ -50,7 +50,7 @@ public:
         }
         return text;
     }
-    std::u16string blanks() { return std::u16string(chance(30) ? static_cast<std::size_t>(1 + below(2)) : 0, u' '); }
+    std::u16string blanks() { return chance(70) ? u"" : chance(50) ? u" " : u"  "; }
     std::u16string line() {
         switch (below(8)) {
             case 0:
