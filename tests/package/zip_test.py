@@ -63,7 +63,7 @@ class WindowsZip(unittest.TestCase):
         self.addCleanup(subprocess.run, ["umount", "--lazy", folder], check=True)
         subprocess.run(["mount", "-o", "remount,bind,ro", folder], check=True)
         self.assertEqual(self.visit(folder).close(), 0)
-        data = next(pathlib.Path(windows.WINE["WINEPREFIX"], "drive_c/users").glob("*/AppData/Roaming/Halcyon_K7"))
+        data = next((windows.PREFIX / "drive_c/users").glob("*/AppData/Roaming/Halcyon_K7"))
         self.assertEqual(drm_programmes(data / "List.ini"), EMPTY)
         self.assertFalse((folder / "List.ini").exists())
 
