@@ -1,11 +1,10 @@
 """What the test cases share: programs, volumes and servers that end with the test."""
-import http.server
-import threading
 import unittest
 
 from listfiles import SAMPLE_LIST, SAMPLE_USER
 from program import Program
 from receiver import Receiver
+from web import WebServer
 
 
 class ProgramCase(unittest.TestCase):
@@ -32,24 +31,10 @@ class ProgramCase(unittest.TestCase):
 
     def serve(self, content, status=200):
         """Serves the content at every address of a server of its own; its address. `requests` records the paths."""
-        self.requests = requests = []
-
-        class Handler(http.server.BaseHTTPRequestHandler):
-            def do_GET(self):
-                requests.append(self.path)
-                self.send_response(status)
-                self.send_header("Content-Length", str(len(content)))
-                self.end_headers()
-                self.wfile.write(content)
-
-            def log_message(self, *_):
-                pass
-
-        server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
-        threading.Thread(target=server.serve_forever, daemon=True).start()
-        self.addCleanup(server.server_close)
-        self.addCleanup(server.shutdown)
-        return f"http://127.0.0.1:{server.server_port}/schedule"
+        server = WebServer(content, status)
+        self.addCleanup(server.stop)
+        self.requests = server.requests
+        return server.address
 
     def assert_cells(self, program, expected):
         """The grid shown comes to hold just these rows."""

@@ -4,12 +4,10 @@
 usage: walk.py PROGRAM SAMPLES OUTPUT    exits 0 only if the files that the program leaves are right
 """
 import configparser
-import http.server
 import os
 import pathlib
 import shutil
 import sys
-import threading
 
 if len(sys.argv) != 4:
     sys.exit(__doc__)
@@ -24,20 +22,9 @@ from listfiles import list_ini, user_ini  # noqa: E402
 from program import Program  # noqa: E402
 from receiver import Receiver  # noqa: E402
 from session import SESSION  # noqa: E402
+from web import WebServer  # noqa: E402
 
 EDITED = "999"
-
-
-class SampleServer(http.server.BaseHTTPRequestHandler):
-    def do_GET(self):
-        content = (samples / "DRMSchedule.txt").read_bytes()
-        self.send_response(200)
-        self.send_header("Content-Length", str(len(content)))
-        self.end_headers()
-        self.wfile.write(content)
-
-    def log_message(self, *_):
-        pass
 
 
 class Walk:
@@ -131,21 +118,20 @@ class Walk:
 
 
 def main():
-    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), SampleServer)
-    threading.Thread(target=server.serve_forever, daemon=True).start()
+    server = WebServer((samples / "DRMSchedule.txt").read_bytes())
     walk = Walk()
     try:
         walk.plug_in()
         walk.load()
         walk.edit()
-        walk.sync(f"http://127.0.0.1:{server.server_port}/schedule")
+        walk.sync(server.address)
         walk.save()
         walk.finish()
     finally:
         walk.program.kill()
         if walk.receiver:
             walk.receiver.remove()
-        server.shutdown()
+        server.stop()
     print(f"The files are right. Pictures are in {output}")
 
 

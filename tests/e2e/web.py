@@ -1,0 +1,29 @@
+"""A web server that gives one answer at every address."""
+import http.server
+import threading
+
+
+class WebServer:
+    """`address` is one of its addresses; `requests` are the paths asked for so far."""
+
+    def __init__(self, content, status=200):
+        self.requests = requests = []
+
+        class Handler(http.server.BaseHTTPRequestHandler):
+            def do_GET(self):
+                requests.append(self.path)
+                self.send_response(status)
+                self.send_header("Content-Length", str(len(content)))
+                self.end_headers()
+                self.wfile.write(content)
+
+            def log_message(self, *_):
+                pass
+
+        self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), Handler)
+        threading.Thread(target=self.server.serve_forever, daemon=True).start()
+        self.address = f"http://127.0.0.1:{self.server.server_port}/schedule"
+
+    def stop(self):
+        self.server.shutdown()
+        self.server.server_close()
