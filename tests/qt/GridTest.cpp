@@ -92,6 +92,23 @@ TEST_F(GridTest, AHeaderClickReportsTheColumnsKey) {
     EXPECT_FALSE(header->isSortIndicatorShown());
 }
 
+TEST_F(GridTest, TwoQuickHeaderClicksAreTwo) {
+    QHeaderView* header = table()->horizontalHeader();
+    const QPoint at(header->sectionViewportPosition(1) + 30, header->height() / 2);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(recorder.take(), (Events{"header FREQ", "header FREQ"}));
+}
+
+TEST_F(GridTest, TheFirstMoveByKeyboardSelectsARow) {
+    table()->setFocus();
+    ASSERT_EQ(selected(), (std::vector<int>{}));
+    QTest::keyClick(table(), Qt::Key_Home);
+    EXPECT_EQ(selected(), (std::vector{1}));
+    QTest::keyClick(table(), Qt::Key_Down);
+    EXPECT_EQ(selected(), (std::vector{2}));
+}
+
 TEST_F(GridTest, KeysAreReportedWithTheirClassicCodes) {
     QTest::keyClick(table(), Qt::Key_Return);
     QTest::keyClick(table(), Qt::Key_Enter, Qt::KeypadModifier);

@@ -2,8 +2,11 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <algorithm>
+#include <array>
 
 namespace {
 
@@ -75,6 +78,16 @@ void GridTable::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         fitRowsToFont();
+    }
+}
+
+void GridTable::keyPressEvent(QKeyEvent* event) {
+    QTableView::keyPressEvent(event);
+    static constexpr std::array kMoves = {Qt::Key_Up,  Qt::Key_Down,   Qt::Key_Home,
+                                          Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown};
+    const bool moves = std::find(kMoves.begin(), kMoves.end(), event->key()) != kMoves.end();
+    if (moves && event->modifiers() == Qt::NoModifier && !selectionModel()->hasSelection()) {
+        selectRow(currentIndex().row());
     }
 }
 

@@ -12,6 +12,8 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    // A list that is entered by keyboard has a focused row but no selected one: the first key selects a row.
+    void keyPressEvent(QKeyEvent* event) override;
     // Home and End go to the first and the last row, as in a list.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 

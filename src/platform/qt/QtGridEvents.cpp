@@ -16,8 +16,12 @@
 
 void QtGridView::connectSignals() {
     QHeaderView* header = table_->horizontalHeader();
-    connect(header, &QHeaderView::sectionClicked, this,
-            [this](int section) { listener_->headerClicked(grid_->columns()[static_cast<std::size_t>(section)].key); });
+    const auto clicked = [this](int section) {
+        listener_->headerClicked(grid_->columns()[static_cast<std::size_t>(section)].key);
+    };
+    connect(header, &QHeaderView::sectionClicked, this, clicked);
+    // Two quick clicks are two clicks; Qt reports the second one only so.
+    connect(header, &QHeaderView::sectionDoubleClicked, this, clicked);
     connect(header, &QHeaderView::sectionResized, this, [this](int section, int, int width) {
         if (!ownChange_) {
             grid_->columnDragged(section + 1, toTwips(width));
