@@ -40,6 +40,14 @@ class WindowsZip(unittest.TestCase):
                      "guide/pictures/windows-drm-list.png", "samples/List.ini", "samples/User.ini"):
             self.assertIn(f"{NAME}/{name}", names)
 
+    def test_the_program_tells_its_version(self):
+        """In its properties, which hold it in UTF-16."""
+        with zipfile.ZipFile(packages / f"{NAME}.zip") as archive:
+            program = archive.read(f"{NAME}/Halcyon_K7.exe")
+        resources = program.split("VS_VERSION_INFO".encode("utf-16-le"), 1)[1].decode("utf-16-le", errors="ignore")
+        for field in ("FileVersion", "ProductVersion"):
+            self.assertEqual(resources.split(field + "\0", 1)[1].strip("\0").split("\0")[0], version)
+
     def test_works_in_its_folder(self):
         folder = self.unpack(SESSION.folder)
         self.addCleanup(shutil.rmtree, folder)
