@@ -18,8 +18,16 @@ if(HALCYON_FUZZ)
   target_link_options(halcyon_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
-# What the system offers against exploited faults, in the programs that are given away.
-if(NOT WIN32 AND NOT HALCYON_SANITIZE AND NOT HALCYON_FUZZ)
+# What the system offers against exploited faults, in the programs that are given away. tests/hardening looks for it.
+if(NOT HALCYON_SANITIZE AND NOT HALCYON_FUZZ)
   target_compile_options(halcyon_flags INTERFACE -fstack-protector-strong $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
-  target_link_options(halcyon_flags INTERFACE -Wl,-z,relro -Wl,-z,now)
+  if(WIN32)
+    # The compiler knows no control-flow guard for Windows.
+    target_link_options(halcyon_flags INTERFACE -fstack-protector-strong -Wl,--dynamicbase -Wl,--high-entropy-va
+                                                -Wl,--nxcompat)
+  else()
+    include(CheckPIESupported)
+    check_pie_supported(LANGUAGES CXX)
+    target_link_options(halcyon_flags INTERFACE -Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
+  endif()
 endif()
