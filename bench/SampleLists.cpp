@@ -32,7 +32,10 @@ std::u16string_view bandOf(int kHz) { return kHz < 1710 ? u"MW" : u"SW"; }
 
 }  // namespace
 
-std::u16string sampleName(int number) {
+std::u16string sampleName(int number, Names names) {
+    if (names == Names::Latin) {
+        return u"Voice of Example " + decimal(number);
+    }
     const auto index = static_cast<std::size_t>(scattered(number, static_cast<int>(kStations.size())));
     return std::u16string(kStations[index]) + u' ' + decimal(number);
 }
@@ -53,8 +56,8 @@ std::u16string sampleSchedule(std::size_t units) {
     }
 }
 
-SampleLists::SampleLists(std::u16string_view folder)
-    : copies_{std::u16string(folder) + u"List.ini", std::u16string(folder) + u"User.ini"} {}
+SampleLists::SampleLists(std::u16string_view folder, Names names)
+    : names_(names), copies_{std::u16string(folder) + u"List.ini", std::u16string(folder) + u"User.ini"} {}
 
 StationLists SampleLists::lists() {
     return StationLists({StationList{ListKind::Drm, grids_[0], view_}, StationList{ListKind::Am, grids_[1], view_},
@@ -71,9 +74,9 @@ void SampleLists::clear() {
 void SampleLists::fill(int records) {
     clear();
     for (int number = 0; number < records; ++number) {
-        const std::u16string name = sampleName(number);
+        const std::u16string name = sampleName(number, names_);
         const int kHz = 531 + scattered(number, 25000);
-        const auto target = kTargets[static_cast<std::size_t>(scattered(number, 4))];
+        const auto target = kTargets[static_cast<std::size_t>(names_ == Names::Latin ? 0 : scattered(number, 4))];
         const auto system = kSystems[static_cast<std::size_t>(number % 3)];
         grid(ListKind::Drm).appendRow({name, decimal(kHz), sampleTime(number), std::u16string(target)});
         grid(ListKind::Am).appendRow({name, decimal(kHz), std::u16string(bandOf(kHz))});

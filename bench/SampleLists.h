@@ -13,11 +13,14 @@
 #include "storage/StationLists.h"
 #include "storage/WorkingCopies.h"
 
+// Latin: every name in the letters of English, so that any font has them.
+enum class Names { Mixed, Latin };
+
 // The grids and what the storage routines need around them; nothing draws them.
 class SampleLists {
 public:
     // The working copies lie in `folder`, which ends with its separator, by the names that the program gives them.
-    explicit SampleLists(std::u16string_view folder);
+    explicit SampleLists(std::u16string_view folder, Names names = Names::Mixed);
 
     // Empties the grids, then appends `records` to each.
     void fill(int records);
@@ -46,6 +49,7 @@ private:
         void takeFocus() override {}
     };
 
+    Names names_;
     NoView view_;
     std::array<RowStore, kListCount> grids_;
     WorkingCopies copies_;
@@ -53,6 +57,6 @@ private:
 };
 
 // A station's name, different for every number.
-std::u16string sampleName(int number);
+std::u16string sampleName(int number, Names names);
 // A schedule of at most `units` characters; as many whole records as fit, all of them valid.
 std::u16string sampleSchedule(std::size_t units);

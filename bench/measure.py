@@ -1,0 +1,281 @@
+#!/usr/bin/env python3
+"""Runs every measuring program once and writes docs/performance.md, or checks a run against it (--check)."""
+import contextlib
+import os
+import pathlib
+import re
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BENCH = ROOT / 'build/linux/bench'
+LINUX = ROOT / 'build/linux/halcyon_k7'
+WINDOWS = ROOT / 'build/windows'
+PAGE = ROOT / 'docs/performance.md'
+PLOT = ROOT / 'docs/growth.svg'
+START_ROUNDS = 11
+WORSE = 1.25  # a ratio past this many times the written one fails the check
+
+
+def lines_of(program, *arguments, **options):
+    run = subprocess.run([str(program), *map(str, arguments)], capture_output=True, text=True, check=True, **options)
+    return [line.split('\t') for line in run.stdout.splitlines() if '\t' in line]
+
+
+class Table:
+    """The rows of the page: what, ours, the other's, ratio, bound, and whether it is reached."""
+
+    def __init__(self):
+        self.rows = []
+
+    def add(self, what, ours, other, value, bound, unit=''):
+        """`bound`: the most that `value` may be; None for a figure without one. `unit`: of the value, none for a ratio."""
+        self.rows.append((what, ours, other, value, bound, unit))
+
+    def text(self):
+        page = ['| what | ours | the other | ratio | to reach | reached |', '|---|---|---|---|---|---|']
+        for what, ours, other, value, bound, unit in self.rows:
+            shown = f'{value:.3g}{unit}' if unit or value is not None else ''
+            goal = '' if bound is None else f'≤ {bound:g}{unit}'
+            reached = '' if bound is None else ('yes' if value <= bound else '**no**')
+            page.append(f'| {what} | {ours} | {other} | {shown} | {goal} | {reached} |')
+        return '\n'.join(page) + '\n'
+
+
+def micro(value):
+    value = float(value)
+    return f'{value:.3g} µs' if value < 1000 else f'{value / 1000:.3g} ms'
+
+
+# Bounds by the name that a measuring program prints; the names without one are figures to know.
+PAIR_BOUNDS = {
+    'load / inih parsing both files': 1,
+    'load / raw read of both files': 6,
+    'first load of a process / raw read of both files': 6,
+    'save in memory / SimpleIni composing both files': 0.5,
+    'save / writing and flushing the same bytes': 1.5,
+    'sort by name of 32767 rows / std::sort and copying': 3,
+    'sort by frequency of 32767 rows / std::sort and copying': 3,
+    'schedule merged / memchr from line end to line end': 10,
+    'schedule merged / memchr for a missing byte': 10,
+}
+
+
+def measure_pairs(table, folder):
+    for program in ('storage_pairs', 'list_pairs'):
+        for name, ours, other, ratio in lines_of(BENCH / program, cwd=folder):
+            if ratio != '-':
+                table.add(name, micro(ours), micro(other), float(ratio), PAIR_BOUNDS.get(name))
+
+
+# Milliseconds, by the rows in each list and what is done.
+RESPONSE_BOUNDS = {
+    (256, 'header click, names'): 16, (256, 'header click, frequencies'): 16,
+    (32767, 'scroll by a page'): 16, (32767, 'scroll from end to end'): 16,
+    (32767, 'select all'): 50, (32767, 'delete all'): 50,
+}
+
+
+def measure_window(table):
+    for rows in (256, 32767):
+        runs = [lines_of(BENCH / 'grid_response', rows) for _ in range(5)]
+        for index, (name, _) in enumerate(runs[0]):
+            value = statistics.median(float(run[index][1]) for run in runs)
+            table.add(f'{name}, {rows} rows, to the repaint', f'{value:.3g} ms', '', value,
+                      RESPONSE_BOUNDS.get((rows, name)), ' ms')
+
+
+def measure_growth(table):
+    data = {}
+    for name, rows, cost in lines_of(BENCH / 'growth'):
+        data.setdefault(name, []).append((int(rows), float(cost)))
+    for name, points in data.items():
+        growth = max(cost for _, cost in points[1:]) / points[0][1]
+        table.add(f'growth of {name}: cost per row, {points[0][0]} to {points[-1][0]} rows, the worst against the first',
+                  f'{max(cost for _, cost in points[1:]):.3g} ns', f'{points[0][1]:.3g} ns', growth, 1.2)
+    plot(data)
+
+
+def plot(data):
+    with tempfile.TemporaryDirectory() as folder:
+        parts = []
+        for name, points in data.items():
+            path = pathlib.Path(folder) / name
+            path.write_text(''.join(f'{rows} {cost}\n' for rows, cost in points))
+            parts.append(f"'{path}' with linespoints title '{name}'")
+        script = (f"set terminal svg size 720,420 background 'white'; set output '{PLOT}'; set logscale xy 2; "
+                  "set yrange [1:*]; set xlabel 'rows in a list'; set ylabel 'nanoseconds per row'; set grid; "
+                  'set key outside; plot ' + ', '.join(parts))
+        subprocess.run(['gnuplot', '-e', script], check=True)
+
+
+@contextlib.contextmanager
+def display():
+    read, write = os.pipe()
+    server = subprocess.Popen(['Xvfb', '-displayfd', str(write), '-screen', '0', '1280x1024x24'],
+                              pass_fds=[write], stderr=subprocess.DEVNULL)
+    os.close(write)
+    try:
+        with os.fdopen(read) as number:
+            yield {**os.environ, 'DISPLAY': ':' + number.readline().strip(), 'QT_LOGGING_RULES': '*=false'}
+    finally:
+        server.terminate()
+        server.wait()
+
+
+def start(command, environment):
+    """Milliseconds to the drawn window, resident kilobytes, private kilobytes, milliseconds of processor time."""
+    run = subprocess.run([BENCH / 'window_time', *map(str, command)], env=environment, capture_output=True, text=True,
+                         check=True)
+    return tuple(float(value) for value in run.stdout.split())
+
+
+def start_in_turns(commands, environment, rounds=START_ROUNDS):
+    """The figures of each command, one tuple for each round; the commands take turns. The first round warms up."""
+    runs = {name: [] for name in commands}
+    for _ in range(rounds + 1):
+        for name, command in commands.items():
+            runs[name].append(start(command, environment))
+    return {name: figures[1:] for name, figures in runs.items()}
+
+
+def compare_starts(table, runs, ours, other, bounds):
+    """`bounds`: most of the ratios of time and of resident memory; None for no bound."""
+    for index, (what, unit, scale) in enumerate((('process start to drawn window', 'ms', 1),
+                                                 ('resident memory after the start', 'MB', 1024))):
+        ratio = statistics.median(a[index] / b[index] for a, b in zip(runs[ours], runs[other]))
+        medians = [statistics.median(run[index] for run in runs[name]) / scale for name in (ours, other)]
+        table.add(f'{ours}: {what} / {other}', f'{medians[0]:.3g} {unit}', f'{medians[1]:.3g} {unit}', ratio,
+                  bounds[index])
+    processor = [statistics.median(run[3] for run in runs[name]) for name in (ours, other)]
+    table.add(f'{ours}: processor time from start to end / {other}', f'{processor[0]:.3g} ms', f'{processor[1]:.3g} ms',
+              statistics.median(a[3] / b[3] for a, b in zip(runs[ours], runs[other])), None)
+
+
+def measure_linux_start(table, folder):
+    program = pathlib.Path(folder) / 'start'
+    for lists in ('mixed', 'latin'):
+        shutil.rmtree(program, ignore_errors=True)
+        program.mkdir()
+        shutil.copy2(LINUX, program)
+        subprocess.run([BENCH / 'write_lists', f'{program}/', '256', lists], check=True)
+        with display() as environment:
+            commands = {f'four lists of 256, {lists} names': [program / LINUX.name],
+                        'empty Qt window': [BENCH / 'empty_window']}
+            if lists == 'mixed':
+                commands |= {'qdmr': ['qdmr'], 'CHIRP': ['chirpw']}
+            runs = start_in_turns(commands, environment)
+        ours = f'four lists of 256, {lists} names'
+        compare_starts(table, runs, ours, 'empty Qt window', (1.15, 1.10))
+        if lists == 'mixed':
+            compare_starts(table, runs, ours, 'qdmr', (0.7, None))
+            compare_starts(table, runs, ours, 'CHIRP', (0.3, None))
+            measure_idle(table, program / LINUX.name)
+
+
+def measure_idle(table, program):
+    """How often the threads of the program stop waiting within a minute that has the clock's change in it."""
+    with display() as environment:
+        process = subprocess.Popen([program], env=environment, stderr=subprocess.DEVNULL)
+        try:
+            subprocess.run(['sleep', '40'], check=True)  # the toolkit's own helper threads end after 30 s
+            before = wake_ups(process.pid)
+            subprocess.run(['sleep', '60'], check=True)
+            after = wake_ups(process.pid)
+        finally:
+            process.terminate()
+            process.wait()
+    woken = sum(count - before.get(thread, 0) for thread, count in after.items())
+    # The clock's change wakes the window's thread, and what that draws the thread that hears the X server.
+    table.add('idle: wake-ups of all threads in a minute', f'{woken}', '', woken, 6, ' wake-ups')
+
+
+def wake_ups(process):
+    counts = {}
+    for task in pathlib.Path(f'/proc/{process}/task').iterdir():
+        status = (task / 'status').read_text()
+        counts[task.name] = int(re.search(r'^voluntary_ctxt_switches:\s*(\d+)', status, re.M).group(1))
+    return counts
+
+
+def measure_windows(table, folder, saved_microseconds, loaded_microseconds):
+    size = (WINDOWS / 'Halcyon_K7.exe').stat().st_size
+    table.add('Windows program: size', f'{size / 1024:.0f} KB', '', size / 2**20, 1, ' MB')
+    program = pathlib.Path(folder) / 'windows'
+    program.mkdir()
+    shutil.copy2(WINDOWS / 'Halcyon_K7.exe', program)
+    subprocess.run([BENCH / 'write_lists', f'{program}/', '256', 'mixed'], check=True)
+    profiles = pathlib.Path(folder) / 'profiles'
+    profiles.mkdir()
+    with display() as environment:
+        environment = {**environment, 'WINEDEBUG': '-all', 'WINEPREFIX': f'{folder}/wine',
+                       'WINEDLLOVERRIDES': 'mscoree,mshtml,winemenubuilder.exe='}
+        wine = shutil.which('wine64') or '/usr/lib/wine/wine64'
+        keeper = subprocess.Popen([wine, 'explorer', '/desktop=none'], env=environment, stderr=subprocess.DEVNULL)
+        try:
+            subprocess.run([wine, 'wineboot', '-i'], env=environment, check=True, stderr=subprocess.DEVNULL)
+            runs = start_in_turns({'Windows program': [wine, program / 'Halcyon_K7.exe'],
+                                   'empty list-view window': [wine, WINDOWS / 'bench/empty_list_view.exe']},
+                                  environment)
+            compare_starts(table, runs, 'Windows program', 'empty list-view window', (1.15, 1.15))
+            written, read = map(float, lines_of(wine, WINDOWS / 'bench/profile_functions.exe', f'Z:{profiles}',
+                                                env=environment)[0])
+        finally:
+            keeper.terminate()
+            keeper.wait()
+            subprocess.run(['wineserver', '-k'], env=environment, check=False, stderr=subprocess.DEVNULL)
+    table.add('profile functions under Wine, one call a key, writing / SaveLists in memory',
+              micro(saved_microseconds), micro(written * 1000), saved_microseconds / (written * 1000), 0.001)
+    table.add('profile functions under Wine, one call a key, reading / load', micro(loaded_microseconds),
+              micro(read * 1000), loaded_microseconds / (read * 1000), None)
+
+
+def own_time(folder, name):
+    return next(float(ours) for line, ours, _, _ in lines_of(BENCH / 'storage_pairs', cwd=folder) if line == name)
+
+
+def write_page(table):
+    head, _, rest = PAGE.read_text().partition('<!-- figures -->\n')
+    _, _, tail = rest.partition('<!-- end of figures -->\n')
+    PAGE.write_text(f'{head}<!-- figures -->\n{table.text()}<!-- end of figures -->\n{tail}')
+
+
+def check(table):
+    written = {}
+    for line in PAGE.read_text().splitlines():
+        cells = [cell.strip() for cell in line.strip('|').split('|')]
+        if len(cells) == 6 and re.match(r'[\d.]', cells[3]):
+            written[cells[0]] = float(cells[3].split()[0])
+    failed = False
+    for what, _, _, value, _, unit in table.rows:
+        if unit == ' ms' or what not in written or written[what] == 0:
+            continue  # milliseconds are this machine's own
+        worse = value > written[what] * WORSE
+        failed = failed or worse
+        print(f'{"WORSE" if worse else "ok":5}  {value:.3g} ({written[what]:.3g} written)  {what}')
+    missing = written.keys() - {row[0] for row in table.rows}
+    for what in missing:
+        print(f'MISSING  {what}')
+    return 1 if failed or missing else 0
+
+
+def main(arguments):
+    table = Table()
+    with tempfile.TemporaryDirectory(dir=ROOT / 'build') as folder:
+        measure_pairs(table, folder)
+        measure_window(table)
+        measure_growth(table)
+        measure_linux_start(table, folder)
+        measure_windows(table, folder, own_time(folder, 'save in memory / SimpleIni composing both files'),
+                        own_time(folder, 'load / inih parsing both files'))
+    if arguments == ['--check']:
+        return check(table)
+    write_page(table)
+    return 0
+
+
+if __name__ == '__main__':
+    sys.exit(main(sys.argv[1:]))
