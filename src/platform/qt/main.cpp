@@ -1,7 +1,9 @@
 #include <QApplication>
 #include <QIcon>
+#include <QImageReader>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPixmap>
 #include <QScopeGuard>
 #include <QTranslator>
 
@@ -12,11 +14,28 @@
 #include "shell/Design.h"
 #include "shell/MainForm.h"
 
+namespace {
+
+// The small pictures only: decoding the large one, for file managers, would be a tenth of the start.
+QIcon windowIcon() {
+    constexpr int kLargest = 48;  // pixels
+    QIcon icon;
+    QImageReader reader(":/halcyon_k7.ico");
+    for (int picture = 0; reader.jumpToImage(picture); ++picture) {
+        if (reader.size().width() <= kLargest) {
+            icon.addPixmap(QPixmap::fromImageReader(&reader));
+        }
+    }
+    return icon;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     const QApplication app(argc, argv);
     const WindowDesign design = mainWindowDesign();
     QApplication::setApplicationName(toQt(design.caption));
-    QApplication::setWindowIcon(QIcon(":/halcyon_k7.ico"));
+    QApplication::setWindowIcon(windowIcon());
     QApplication::setDesktopFileName("org.halcyon_k7.halcyon_k7");  // how a desktop finds the name and the icon
     QTranslator standardTexts;  // the toolkit's own: captions of standard buttons, menus of edit boxes
     if (standardTexts.load(QLocale::system(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
