@@ -24,14 +24,20 @@ double medianOf(std::vector<double> values) {
 }  // namespace
 
 void measurePair(std::string_view name, const Work& ours, const Work& other, int rounds) {
-    microsecondsOf(ours);  // warm
-    microsecondsOf(other);
+    reportPairs(
+        name, rounds, [&] { return microsecondsOf(ours); }, [&] { return microsecondsOf(other); });
+}
+
+void reportPairs(std::string_view name, int rounds, const std::function<double()>& ours,
+                 const std::function<double()>& other) {
+    ours();  // warm
+    other();
     std::vector<double> first;
     std::vector<double> second;
     std::vector<double> ratios;
     for (int round = 0; round < rounds; ++round) {
-        first.push_back(microsecondsOf(ours));
-        second.push_back(microsecondsOf(other));
+        first.push_back(ours());
+        second.push_back(other());
         ratios.push_back(first.back() / second.back());
     }
     std::printf("%s\t%.3f\t%.3f\t%.4f\n", std::string(name).c_str(), medianOf(first), medianOf(second),

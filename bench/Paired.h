@@ -12,6 +12,9 @@ struct Work {
 // Prints one line of tab-separated fields: name, microseconds of ours, microseconds of the other (medians), and the
 // median of the ratios ours / other of the pairs.
 void measurePair(std::string_view name, const Work& ours, const Work& other, int rounds);
+// The same of two functions that measure by themselves, in microseconds.
+void reportPairs(std::string_view name, int rounds, const std::function<double()>& ours,
+                 const std::function<double()>& other);
 // The same for a single piece of work: its name, "-", and the median alone.
 void measureAlone(std::string_view name, const Work& work, int rounds);
 

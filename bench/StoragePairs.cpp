@@ -1,12 +1,15 @@
 // Loading and saving the four lists, held against reading the same files at all, against INI libraries and against
-// writing the same bytes. The argument is the number of records in each list.
+// writing the same bytes. Makes a folder of its own in the current one.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <string>
 
 #include "MemoryFiles.h"
@@ -21,7 +24,18 @@
 namespace {
 
 constexpr int kRounds = 201;
-constexpr int kDiskRounds = 21;
+constexpr int kDiskRounds = 41;
+constexpr int kFirstRounds = 41;
+
+std::string rawReadOf(const std::string& path) {
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    struct stat status {};
+    ::fstat(descriptor, &status);
+    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    keep(static_cast<std::size_t>(::read(descriptor, bytes.data(), bytes.size())));
+    ::close(descriptor);
+    return bytes;
+}
 
 struct Sample {
     explicit Sample(const std::filesystem::path& sampleFolder, int records)
@@ -35,6 +49,7 @@ struct Sample {
         loader.LoadFmList(false);
         loader.LoadFavList(false);
     }
+    void rawRead() const { keep(rawReadOf(listPath()).size() + rawReadOf(userPath()).size()); }
     std::string listPath() const { return folder / "List.ini"; }
     std::string userPath() const { return folder / "User.ini"; }
 
@@ -43,16 +58,6 @@ struct Sample {
     QtCodePages codePages;
     SampleLists lists;
 };
-
-std::string rawRead(const std::string& path) {
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    struct stat status {};
-    ::fstat(descriptor, &status);
-    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-    keep(static_cast<std::size_t>(::read(descriptor, bytes.data(), bytes.size())));
-    ::close(descriptor);
-    return bytes;
-}
 
 void writeAndFlush(const std::string& path, const std::string& bytes) {
     const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
@@ -75,8 +80,8 @@ void require(bool condition, const char* what) {
 }
 
 void measureParsers(Sample& sample, const Work& load) {
-    const std::string listBytes = withoutNul(rawRead(sample.listPath()));
-    const std::string userBytes = withoutNul(rawRead(sample.userPath()));
+    const std::string listBytes = withoutNul(rawReadOf(sample.listPath()));
+    const std::string userBytes = withoutNul(rawReadOf(sample.userPath()));
     require(parseWithInih(listBytes) == parseWithSimpleIni(listBytes), "the libraries disagree about the keys");
     require(parseWithGKeyFile(listBytes) > 3, "GKeyFile has not parsed the file");
     sample.lists.writeUtf16(sample.files, sample.codePages);
@@ -95,10 +100,31 @@ void measureParsers(Sample& sample, const Work& load) {
                 {[&] { keep(parseWithQSettings(plainList) + parseWithQSettings(plainUser)); }}, kRounds / 5);
 }
 
+double microsecondsOf(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
+}
+
+// In a process of its own, as at the program's start, when no memory has been touched yet.
+double firstOf(const std::string& self, const char* what, const Sample& sample) {
+    const std::string command = self + ' ' + what + ' ' + sample.folder.string();
+    const std::unique_ptr<FILE, decltype(&::pclose)> output(::popen(command.c_str(), "r"), &::pclose);
+    double value = 0;
+    require(output && std::fscanf(output.get(), "%lf", &value) == 1, "a first load has failed");
+    return value;
+}
+
+void measureFirstLoads(const std::string& self, const Sample& sample) {
+    reportPairs(
+        "first load of a process / raw read of both files", kFirstRounds,
+        [&] { return firstOf(self, "first-load", sample); }, [&] { return firstOf(self, "first-read", sample); });
+}
+
 void measureSaves(Sample& sample) {
     sample.lists.writeUtf8(sample.files, sample.codePages);
-    const std::string listBytes = rawRead(sample.listPath());
-    const std::string userBytes = rawRead(sample.userPath());
+    const std::string listBytes = rawReadOf(sample.listPath());
+    const std::string userBytes = rawReadOf(sample.userPath());
     const SimpleIniFile list(withoutNul(listBytes));
     const SimpleIniFile user(withoutNul(userBytes));
     MemoryFiles memory;
@@ -122,16 +148,22 @@ void measureSaves(Sample& sample) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const int records = argc > 1 ? std::atoi(argv[1]) : kMaxRecords;
+    if (argc == 3) {
+        Sample sample(argv[2], 0);
+        const bool loads = std::string(argv[1]) == "first-load";
+        std::printf("%.3f\n",
+                    loads ? microsecondsOf([&] { sample.load(); }) : microsecondsOf([&] { sample.rawRead(); }));
+        return 0;
+    }
     std::string folder = (std::filesystem::current_path() / "storage_pairs.XXXXXX").string();
     require(::mkdtemp(folder.data()) != nullptr, "no temporary folder");
-    Sample sample(folder, records);
+    Sample sample(folder, kMaxRecords);
     sample.lists.writeUtf8(sample.files, sample.codePages);
     const Work load{[&] { sample.load(); }, [&] { sample.lists.clear(); }};
     measureParsers(sample, load);
-    measurePair("load / raw read of both files", load,
-                {[&] { keep(rawRead(sample.listPath()).size() + rawRead(sample.userPath()).size()); }}, kRounds);
-    require(sample.lists.grid(ListKind::Favourite).rowCount() == records, "not every record was loaded");
+    measurePair("load / raw read of both files", load, {[&] { sample.rawRead(); }}, kRounds);
+    require(sample.lists.grid(ListKind::Favourite).rowCount() == kMaxRecords, "not every record was loaded");
+    measureFirstLoads(argv[0], sample);
     measureSaves(sample);
     std::filesystem::remove_all(folder);
     return 0;
