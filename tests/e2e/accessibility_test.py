@@ -4,11 +4,11 @@ import unittest
 import listfiles
 from case import ProgramCase
 from listfiles import SAMPLE_LIST, SAMPLE_USER, list_ini, user_ini
-from program import Atspi, has_state, showing, text_of, tree
+from nodes import Atspi, box_of, has_state, showing, text_of, tree
+from program import TABS
 from receiver import unmount_strangers
 
 FULL = 256
-TABS = ("DRM List", "AM List", "FM List", "Favourite")
 
 
 def full_lists():
@@ -73,7 +73,7 @@ class ByReader(ProgramCase):
                     self.assertNotEqual(cell.get_name(), "", f"{tab} {row} {column}")
                     self.assertEqual(grid.get_child_at_index(cell.get_index_in_parent()).get_name(), cell.get_name())
                     self.assertTrue(has_state(cell, Atspi.StateType.SELECTABLE))
-                    cell.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+                    box_of(cell)
             self.assertEqual(table.get_accessible_at(FULL - 1, 0).get_name().split()[-1], str(FULL - 1))
         self.assertIsNone(program.process.poll())
         self.assert_closes(program)

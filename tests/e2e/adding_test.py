@@ -4,7 +4,7 @@ import unittest
 import listfiles
 from case import ProgramCase
 from listfiles import SAMPLE_LIST, SAMPLE_USER, list_ini, user_ini
-from program import Atspi, has_state, text_of
+from nodes import Atspi, has_state, text_of
 
 FULL = "Max number of each list is 256!"
 

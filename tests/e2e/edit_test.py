@@ -4,7 +4,7 @@ import unittest
 import listfiles
 from case import ProgramCase
 from listfiles import DRM_CELLS, FAVOURITE_CELLS, SAMPLE_USER, list_ini, user_ini
-from program import Atspi, box_of, has_state, text_of
+from nodes import Atspi, box_of, has_state, text_of
 from session import SESSION
 
 EDIT_HINT = "Press 'Enter' Key To Save Modify"

@@ -10,7 +10,7 @@ import unittest
 from case import ProgramCase
 from listfiles import list_ini, user_ini
 from program import Program
-from session import SESSION, wait_until
+from session import wait_until
 
 KILLS = int(os.environ.get("HALCYON_KILLS", "50"))
 SEED = int(os.environ.get("HALCYON_SEED", str(random.randrange(1 << 30))))

@@ -6,7 +6,8 @@ import unittest
 os.environ["HALCYON_SCREEN"] = "2048x1536"  # a window at 200 % has to fit
 
 from case import ProgramCase  # noqa: E402
-from program import PICTURES, Atspi, showing, text_of, tree  # noqa: E402
+from nodes import Atspi, box_of, showing, text_of, tree  # noqa: E402
+from program import PICTURES  # noqa: E402
 from session import SESSION  # noqa: E402
 
 ENOUGH = 4.5  # to 1: level AA of the web's content guidelines for text of this size
@@ -37,10 +38,6 @@ def ratio(one, other):
     return (high + 0.05) / (low + 0.05)
 
 
-def extents(node):
-    return node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
-
-
 def width_on_screen(program):
     window = SESSION.ask_xdotool("search", "--onlyvisible", "--all", "--pid", program.process.pid,
                                  "--name", "^Halcyon_K7$")
@@ -56,7 +53,7 @@ class Picture:
 
     def contrast(self, node, inset=3):
         """Between the ground of a control, its commonest colour, and the colour in it that differs most."""
-        box = extents(node)
+        box = box_of(node)
         area = f"{box.width - 2 * inset}x{box.height - 2 * inset}+{box.x + inset}+{box.y + inset}"
         pixels = subprocess.run(["convert", self.path, "-crop", area, "+repage", "-alpha", "off", "-depth", "8",
                                  "rgb:-"], check=True, capture_output=True).stdout
@@ -128,8 +125,8 @@ class Scale(ProgramCase):
                 self.assertAlmostEqual(width_on_screen(program), 760 * percent / 100, delta=2)
                 self.assert_holds(program.main_window(), Atspi.Role.PAGE_TAB, Atspi.Role.TABLE)
                 program.keys("End", "Home", "Right", "Return")
-                box = extents(program.wait(program.edit_box, "the edit box"))
-                cell = extents(program.cell(1, 2))
+                box = box_of(program.wait(program.edit_box, "the edit box"))
+                cell = box_of(program.cell(1, 2))
                 for side in ("x", "y", "width", "height"):
                     self.assertAlmostEqual(getattr(box, side), getattr(cell, side), delta=8, msg=side)
                 Picture(f"{percent}-edit")
@@ -143,11 +140,11 @@ class Scale(ProgramCase):
 
     def assert_holds(self, window, *roles):
         """Labels and controls of these roles stand whole within their window."""
-        outer = extents(window)
+        outer = box_of(window)
         inner = [node for node in tree(window) if showing(node) and node.get_role() in (Atspi.Role.LABEL, *roles)]
         self.assertGreater(len(inner), 4)
         for node in inner:
-            self.assert_inside(extents(node), outer, node.get_name())
+            self.assert_inside(box_of(node), outer, node.get_name())
 
     def assert_inside(self, inner, outer, what):
         self.assertTrue(inner.x >= outer.x and inner.y >= outer.y and

@@ -6,89 +6,15 @@ import signal
 import subprocess
 import tempfile
 
+from add_dialog import AddDialog
+from nodes import Atspi, FOCUS, GLib, box_of, cell_at, has_state, middle_of, showing, text_of, tree
 from session import PATIENCE, SESSION, Timeout, wait_until
-
-import gi
-
-gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
 
 BINARY = pathlib.Path(os.environ.get("HALCYON_PROGRAM", pathlib.Path(__file__).parents[2] / "build/linux/halcyon_k7"))
 PICTURES = pathlib.Path(os.environ.get("HALCYON_PICTURES", SESSION.folder / "pictures"))
 CAPTION = "Halcyon_K7"
 TABS = ("DRM List", "AM List", "FM List", "Favourite")
 BOXES = (Atspi.Role.DIALOG, Atspi.Role.ALERT)
-
-# Answers are asked of the program each time: what was true a moment ago does not count.
-Atspi.init()
-
-
-def tree(node):
-    """The node and everything under it, except the cells of tables, of which there may be thousands."""
-    yield node
-    if node.get_role() in (Atspi.Role.TABLE, Atspi.Role.TREE_TABLE, Atspi.Role.TREE, Atspi.Role.LIST):
-        return
-    for i in range(node.get_child_count()):
-        child = node.get_child_at_index(i)
-        if child is not None:
-            yield from tree(child)
-
-
-def showing(node):
-    return node.get_state_set().contains(Atspi.StateType.SHOWING)
-
-
-def has_state(node, state):
-    return node.get_state_set().contains(state)
-
-
-def text_of(node):
-    return Atspi.Text.get_text(node, 0, -1) if "Text" in node.get_interfaces() else node.get_name()
-
-
-def box_of(node):
-    """Where it stands on the screen."""
-    return Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-
-
-def middle_of(node):
-    box = box_of(node)
-    return box.x + box.width // 2, box.y + box.height // 2
-
-
-def cell_at(grid, row, column):
-    """A cell of a grid, both numbers 0-based."""
-    return Atspi.Table.get_accessible_at(grid, row, column)
-
-
-class FocusWatch:
-    """Remembers what reported the focus last."""
-
-    def __init__(self):
-        self.last = None
-        self.listener = Atspi.EventListener.new(self.focused)
-        self.listener.register("object:state-changed:focused")
-
-    def focused(self, event):
-        if event.detail1:
-            self.last = event.source
-
-    def forget(self):
-        self.listen()
-        self.last = None
-
-    def listen(self):
-        while GLib.MainContext.default().iteration(False):
-            pass
-
-    def menu(self):
-        self.listen()
-        if self.last is not None and self.last.get_role() == Atspi.Role.MENU_ITEM:
-            return self.last.get_parent()
-        return None
-
-
-FOCUS = FocusWatch()
 
 
 class Program:
@@ -372,68 +298,3 @@ class Program:
         self.open_menu(row)
         self.click(self.menu_items()[caption])
         self.wait(lambda: not self.menu_items(), "the popup menu gone")
-
-
-class AddDialog:
-    """The Add List dialog; its fields are told apart by where they stand."""
-
-    BOXES = ("programme", "frequency", "target")
-    COMBOS = ("start hour", "start minute", "stop hour", "stop minute")
-
-    def __init__(self, program, title):
-        self.program = program
-        self.title = title
-
-    def fields(self, role):
-        found = []
-
-        def walk(node):
-            if node.get_role() == role:
-                found.append(node)
-            elif node.get_role() != Atspi.Role.COMBO_BOX:
-                for i in range(node.get_child_count()):
-                    walk(node.get_child_at_index(i))
-        walk(self.program.window(self.title))
-
-        def place(node):
-            box = box_of(node)
-            return box.y // 8, box.x
-        return sorted(found, key=place)
-
-    def field(self, name):
-        if name in self.BOXES:
-            return self.fields(Atspi.Role.TEXT)[self.BOXES.index(name)]
-        return self.fields(Atspi.Role.COMBO_BOX)[self.COMBOS.index(name)]
-
-    def labels(self):
-        return [text_of(node) for node in self.fields(Atspi.Role.LABEL)]
-
-    def click(self, name):
-        # The left part of a combo is its text, the right its arrow.
-        node = self.field(name)
-        box = box_of(node)
-        SESSION.xdotool("mousemove", box.x + 8, box.y + box.height // 2, "click", 1)
-        self.program.wait(lambda: self.has_focus(self.field(name)), f"the focus in {name}")
-
-    def has_focus(self, node):
-        return any(has_state(n, Atspi.StateType.FOCUSED) for n in tree(node))
-
-    def type(self, name, text):
-        self.click(name)
-        self.program.keys("ctrl+a", "BackSpace")
-        self.program.type(text)
-
-    def step(self, name, item):
-        """Goes down the items of a combo with the arrow key, from none to the item of that number."""
-        self.click(name)
-        self.program.keys(*["Down"] * (item + 1))
-
-    def save(self):
-        self.press("Save")
-
-    def cancel(self):
-        self.press("Cancel")
-
-    def press(self, caption):
-        button = self.program.find(Atspi.Role.PUSH_BUTTON, caption, within=self.program.window(self.title))
-        self.program.click(button)

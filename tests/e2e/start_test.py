@@ -7,7 +7,8 @@ import unittest
 import listfiles
 from case import ProgramCase
 from listfiles import SAMPLE_LIST, SAMPLE_USER, list_ini, user_ini
-from program import Atspi, TABS
+from nodes import Atspi
+from program import TABS
 from session import SESSION, need
 
 # Root reads and writes whatever the modes of a file say; without these capabilities it does not.
