@@ -20,7 +20,7 @@ public:
     bool remove(std::u16string_view path) override { return files_.erase(std::u16string(path)) > 0; }
     bool clearAttributes(std::u16string_view path) override { return exists(path); }
     // The storage routines know no folders.
-    bool createFolder(std::u16string_view) override { return false; }
+    bool createFolder(std::u16string_view) override { return true; }
     bool removeFolder(std::u16string_view) override { return false; }
     std::vector<std::u16string> list(std::u16string_view) override { return {}; }
     std::optional<std::uint64_t> freeSpace(std::u16string_view) override { return std::nullopt; }

@@ -20,7 +20,8 @@ public:
     virtual std::optional<std::string> read(std::u16string_view path) = 0;
     // As read, but from the device and not from the system's cache where the system can do that.
     virtual std::optional<std::string> readBack(std::u16string_view path) = 0;
-    // Creates or truncates, writes all, flushes to the device. On failure the file may hold a part.
+    // Creates or truncates, writes all, flushes to the device. On failure the file may hold a part, and
+    // behind it what it held before.
     // Never follows a link at the path.
     virtual bool write(std::u16string_view path, std::string_view bytes) = 0;
     // Creates the file when missing; writes at its end and flushes.

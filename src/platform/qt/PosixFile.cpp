@@ -51,7 +51,7 @@ bool PosixFile::writeAll(std::string_view bytes) const {
     return true;
 }
 
-bool PosixFile::truncate() const { return ::ftruncate(descriptor_, 0) == 0; }
+bool PosixFile::cutTo(std::size_t size) const { return ::ftruncate(descriptor_, static_cast<off_t>(size)) == 0; }
 
 bool PosixFile::flush() const {
 #ifdef F_FULLFSYNC  // where fsync alone stops at the drive's own cache

@@ -19,10 +19,10 @@ public:
     // From the current position to the end; nullopt on a read error.
     std::optional<std::string> readAll() const;
     bool writeAll(std::string_view bytes) const;
-    bool truncate() const;
-    bool flush() const;              // to the device
-    void forgetCachedPages() const;  // so that the next read comes from the device, where the system can do that
-    bool close();                    // false: what was written may be lost
+    bool cutTo(std::size_t size) const;  // what lies behind
+    bool flush() const;                  // to the device
+    void forgetCachedPages() const;      // so that the next read comes from the device, where the system can do that
+    bool close();                        // false: what was written may be lost
 
 private:
     int descriptor_;

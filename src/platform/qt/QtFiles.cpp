@@ -33,14 +33,23 @@ void flushFolderOf(const std::string& path) {
     }
 }
 
+// Writes over what is there and cuts the rest off: giving up the old blocks first would cost a journal a second flush.
+bool fill(PosixFile& file, std::string_view bytes, bool append) {
+    const bool written =
+        file.isRegular() && file.writeAll(bytes) && (append || file.cutTo(bytes.size())) && file.flush();
+    return file.close() && written;
+}
+
 bool writeTo(const std::string& path, std::string_view bytes, bool append) {
-    PosixFile file(path, O_WRONLY | O_CREAT | O_NOFOLLOW | (append ? O_APPEND : 0), kDefaultPermissions);
-    const bool written = file.isRegular() && (append || file.truncate()) && file.writeAll(bytes) && file.flush();
-    const bool closed = file.close();
-    if (written && closed) {
+    const int flags = O_WRONLY | O_NOFOLLOW | (append ? O_APPEND : 0);
+    PosixFile created(path, flags | O_CREAT | O_EXCL, kDefaultPermissions);
+    if (created.isOpen()) {
+        const bool written = fill(created, bytes, append);
         flushFolderOf(path);
+        return written;
     }
-    return written && closed;
+    PosixFile present(path, flags);
+    return fill(present, bytes, append);
 }
 
 }  // namespace

@@ -1,0 +1,53 @@
+// What a command pays so that a killed run does not lose it: composing both files of four lists and keeping them,
+// flushed, in the folder that TMPDIR names.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "MemoryFiles.h"
+#include "SampleLists.h"
+#include "platform/qt/QtCodePages.h"
+#include "platform/qt/QtFiles.h"
+#include "storage/ListSaver.h"
+#include "storage/Numbers.h"
+#include "storage/Recovery.h"
+
+namespace {
+
+void keepAfterEachEdit(benchmark::State& state, Files& files, const std::u16string& folder) {
+    QtCodePages codePages;
+    SampleLists sample(folder);
+    sample.fill(static_cast<int>(state.range(0)));
+    ListSaver saver(sample.lists(), sample.copies(), sample.settings(), files, codePages);
+    Recovery recovery(folder, files);
+    int edit = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        sample.grid(ListKind::Drm).setText(1, 2, decimal(++edit));
+        if (!recovery.keep(saver.compose())) {
+            state.SkipWithError("cannot write the snapshot");
+            break;
+        }
+    }
+    recovery.discard();
+}
+
+void SnapshotOnDisk(benchmark::State& state) {
+    const auto folder = std::filesystem::temp_directory_path() / ("halcyon-snapshot-" + std::to_string(::getpid()));
+    std::filesystem::create_directory(folder);
+    QtFiles files;
+    keepAfterEachEdit(state, files, folder.u16string() + u'/');
+    std::filesystem::remove_all(folder);
+}
+
+void SnapshotInMemory(benchmark::State& state) {
+    MemoryFiles files;
+    keepAfterEachEdit(state, files, u"/");
+}
+
+BENCHMARK(SnapshotInMemory)->Arg(256)->Arg(8192)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(SnapshotOnDisk)->Arg(256)->Arg(8192)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+}  // namespace
+
+BENCHMARK_MAIN();
