@@ -105,6 +105,14 @@ TEST_F(RecoveryTest, AFileOfWhichNothingIsKnownStaysAsKeptLast) {
     EXPECT_EQ(found(), (WorkingCopyBytes{"", ""})) << "empty is known";
 }
 
+TEST_F(RecoveryTest, AFolderThatCannotBeMadeAtFirstIsTriedAgain) {
+    files.failing = {u"/app/Recovery"};
+    EXPECT_FALSE(recovery.keep(one));
+    files.failing.clear();
+    EXPECT_TRUE(recovery.keep(one));
+    EXPECT_EQ(found(), one);
+}
+
 TEST_F(RecoveryTest, DiscardLeavesNothing) {
     recovery.keep(one);
     recovery.keep(two);
@@ -135,10 +143,34 @@ TEST_F(RecoveryTest, AFolderThatIsALinkIsNotWrittenInto) {
     EXPECT_EQ(files.files.size(), 1U);
 }
 
+namespace {
+
+std::string withChecksum(std::string file) {
+    std::uint64_t sum = 14695981039346656037U;
+    for (std::size_t i = 0; i + 8 < file.size(); ++i) {
+        sum = (sum ^ static_cast<unsigned char>(file[i])) * 1099511628211U;
+    }
+    for (std::size_t i = 0; i < 8; ++i) {
+        file[file.size() - 8 + i] = static_cast<char>((sum >> (8 * i)) & 0xFFU);
+    }
+    return file;
+}
+
+}  // namespace
+
 TEST(Snapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
     std::string file = encodeSnapshot(7, {"list", "user"});
     ASSERT_TRUE(decodeSnapshot(file));
     EXPECT_EQ(decodeSnapshot(file)->number, 7U);
+    EXPECT_EQ(withChecksum(file), file);
     EXPECT_EQ(decodeSnapshot(std::string(100, 'x')), std::nullopt);
     EXPECT_EQ(decodeSnapshot(file.substr(0, 8)), std::nullopt);
+    // The checksum is right, but the lengths are not those of the files.
+    for (const auto& [list, user] : {std::pair(5, 4), std::pair(4, 5), std::pair(3, 4), std::pair(4, 3)}) {
+        file[16] = static_cast<char>(list);
+        file[24] = static_cast<char>(user);
+        EXPECT_EQ(decodeSnapshot(withChecksum(file)), std::nullopt) << list << " and " << user;
+    }
+    file[16] = file[24] = 4;
+    EXPECT_TRUE(decodeSnapshot(withChecksum(file)));
 }

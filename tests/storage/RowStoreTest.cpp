@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <utility>
+
 #include "fakes/FakeGridView.h"
 #include "storage/RowStore.h"
 
@@ -20,6 +23,36 @@ TEST(RowStore, RowsAndColumnsAreOneBasedAndAnythingOutsideIsEmpty) {
     rows.setText(2, 1, u"lost");
     rows.setText(1, 5, u"lost");
     EXPECT_EQ(rows.rowCount(), 1);
+}
+
+TEST(RowStore, ColumnsThatAreNotThereAreNeitherWidenedNorDragged) {
+    RowStore rows;
+    rows.addColumn(u"Programme", u"PROG", 100);
+    rows.setColumnWidth(1, 150);
+    for (const int column : {0, 2}) {
+        rows.setColumnWidth(column, 300);
+        rows.columnDragged(column, 300);
+    }
+    ASSERT_EQ(rows.columns().size(), 1U);
+    EXPECT_EQ(rows.columns()[0].width, 150);
+    EXPECT_FALSE(rows.isSelected(1));
+}
+
+TEST(RowStore, EveryChangeOfARowIsCounted) {
+    RowStore rows;
+    std::uint64_t last = rows.changes();
+    const auto grew = [&] { return rows.changes() > std::exchange(last, rows.changes()); };
+    rows.appendRow({u"a"});
+    EXPECT_TRUE(grew());
+    rows.setText(1, 1, u"b");
+    EXPECT_TRUE(grew());
+    rows.setSelected(1, true);
+    rows.addColumn(u"Programme", u"PROG", 100);
+    EXPECT_FALSE(grew()) << "no row has changed";
+    rows.removeSelectedRows();
+    EXPECT_TRUE(grew());
+    rows.clear();
+    EXPECT_TRUE(grew());
 }
 
 TEST(RowStore, RemovingSelectedRowsKeepsTheOthersInOrder) {

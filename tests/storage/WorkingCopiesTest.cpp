@@ -65,3 +65,16 @@ TEST_F(WorkingCopy, AFaultLeavesTheFileAsItWas) {
     EXPECT_EQ(files.files[kPath], "abc") << "could not be written";
     EXPECT_EQ(files.files.size(), 1U);
 }
+
+TEST_F(WorkingCopy, AFileOfMoreThan31BitsIsNotRead) {
+    files.sizes[kPath] = 0x80000000U;
+    EXPECT_EQ(readWorkingCopy(kPath, files), std::nullopt);
+    EXPECT_TRUE(files.accesses.empty());
+}
+
+TEST_F(WorkingCopy, AFailedReadingIsTriedTwiceMore) {
+    files.files[kPath] = "x";
+    files.failing = {kPath};
+    EXPECT_EQ(readWorkingCopy(kPath, files), std::nullopt);
+    EXPECT_EQ(files.accesses.size(), 3U);
+}

@@ -268,3 +268,16 @@ TEST_F(TextFiles, AnsiWritesWhatTheCodePageHas) {
     EXPECT_TRUE(write(u"€é中", TextFormat::Ansi));
     EXPECT_EQ(bytes(), "\x80\xE9?");
 }
+
+TEST_F(TextFiles, AppendingWithoutAnyFormatIsAFailure) {
+    EXPECT_FALSE(append(u"a", TextFormat::Detect, TextFormat::Detect));
+    EXPECT_FALSE(append(u"a", TextFormat::Detect, static_cast<TextFormat>(6)));
+    EXPECT_TRUE(files.files.empty());
+    files.files[kPath] = "old";
+    files.failing.insert(kPath);
+    EXPECT_FALSE(append(u"a", TextFormat::Detect)) << "its format cannot be told";
+    files.failing.clear();
+    files.sizes[kPath] = 0x80000000U;
+    EXPECT_FALSE(append(u"a", TextFormat::Detect)) << "it is too large to look at";
+    EXPECT_EQ(bytes(), "old");
+}

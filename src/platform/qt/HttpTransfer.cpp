@@ -78,7 +78,12 @@ bool HttpTransfer::isWhole() const {
         return false;
     }
     // An announced length counts the bytes as sent, so it can be held only against a body sent plain.
-    const QVariant announced = reply_->header(QNetworkRequest::ContentLengthHeader);
     const bool plain = !reply_->hasRawHeader("Content-Encoding");
-    return !announced.isValid() || !plain || announced.toLongLong() == body_.size();
+    if (!plain || !reply_->hasRawHeader("Content-Length")) {
+        return true;
+    }
+    // One that is no number, or too large for one, cannot have been kept.
+    bool isNumber = false;
+    const qlonglong announced = reply_->rawHeader("Content-Length").trimmed().toLongLong(&isNumber);
+    return isNumber && announced == body_.size();
 }

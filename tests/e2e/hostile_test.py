@@ -1,0 +1,172 @@
+"""Servers that mean no good, and places where a download cannot go: a message, nothing left behind, the list as it was."""
+import gzip
+import os
+import pathlib
+import re
+import socket
+import threading
+import time
+import unittest
+
+from case import ProgramCase
+from listfiles import DRM_CELLS, SAMPLE_LIST, SAMPLE_USER
+
+FAILED = "Download failed,Please check the network"
+ILLEGAL = "Illegal file,sync failed"
+HEAD = b"HTTP/1.1 200 OK\r\n"
+MOST_MEMORY = int(os.environ.get("HALCYON_MOST_MEMORY", "400000"))  # kB at any time; the window alone needs a quarter of it
+RECORD = b"StartStopTimeUTC=0600-0700\nx\nFrequency=6000\nTarget=T\nx\nProgramme=P\nx\nx\nx\n"
+
+
+class RawServer:
+    """Answers every request with what `answer` sends over the bare connection."""
+
+    def __init__(self, answer):
+        self.answer = answer
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.url = f"http://127.0.0.1:{self.listener.getsockname()[1]}/schedule"
+        threading.Thread(target=self.run, daemon=True).start()
+
+    def run(self):
+        while True:
+            try:
+                connection, _ = self.listener.accept()
+            except OSError:
+                return
+            threading.Thread(target=self.serve, args=(connection,), daemon=True).start()
+
+    def serve(self, connection):
+        with connection:
+            try:
+                request = b""
+                while b"\r\n\r\n" not in request:
+                    request += connection.recv(4096)
+                self.answer(connection)
+                connection.shutdown(socket.SHUT_WR)
+                while connection.recv(4096):
+                    pass
+            except OSError:
+                pass  # the program has hung up
+
+    def close(self):
+        self.listener.close()
+
+
+def body(content, *headers):
+    length = b"Content-Length: %d\r\n" % len(content)
+    return HEAD + length + b"".join(h + b"\r\n" for h in headers) + b"\r\n" + content
+
+
+class Hostile(ProgramCase):
+    def sync(self, answer, expected, program=None, seconds=60.0):
+        server = RawServer(answer)
+        self.addCleanup(server.close)
+        program = program or self.program(SAMPLE_LIST, SAMPLE_USER)
+        (program.folder / "config.ini").write_text(server.url + "\n")
+        program.start()
+        program.keys("ctrl+i")
+        self.assertEqual(program.wait(program.message_now, "the message", seconds), expected)
+        program.answer("OK")
+        peak = int(re.search(r"VmHWM:\s+(\d+)", pathlib.Path(f"/proc/{program.process.pid}/status").read_text())[1])
+        self.assertLess(peak, MOST_MEMORY)
+        return program
+
+    def refused(self, answer, expected=FAILED, **options):
+        program = self.sync(answer, expected, **options)
+        self.assert_cells(program, DRM_CELLS)
+        self.assertFalse(os.path.lexists(program.folder / "DRMSchedule.ini"))
+        self.assert_closes(program)
+        self.assertEqual(program.read("List.ini"), SAMPLE_LIST)
+        return program
+
+    def test_an_endless_body(self):
+        def endless(connection):
+            connection.sendall(HEAD + b"Transfer-Encoding: chunked\r\n\r\n")
+            while True:
+                connection.sendall(b"10000\r\n" + b"x" * 65536 + b"\r\n")
+        self.refused(endless)
+
+    def test_a_body_that_unpacks_to_much_more(self):
+        bomb = gzip.compress(b"[DRMSchedule]\n" + b"\0" * (512 << 20), 9)
+        self.refused(lambda connection: connection.sendall(body(bomb, b"Content-Encoding: gzip")))
+
+    def test_endless_headers(self):
+        def endless(connection):
+            connection.sendall(HEAD)
+            for number in range(1 << 30):
+                connection.sendall(b"X-%d: " % number + b"x" * 60000 + b"\r\n")
+        self.refused(endless)
+
+    def test_one_endless_header(self):
+        def endless(connection):
+            connection.sendall(HEAD + b"X-Long: ")
+            while True:
+                connection.sendall(b"x" * 65536)
+        self.refused(endless)
+
+    def test_no_http_at_all(self):
+        self.refused(lambda connection: connection.sendall(b"\0\xff[DRMSchedule]\n" * 1000))
+
+    def test_hanging_up_at_once(self):
+        self.refused(lambda connection: None)
+
+    def test_a_slow_drip_is_waited_for(self):
+        content = b"[DRMSchedule]\n" + RECORD
+
+        def drip(connection):
+            connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+            for byte in body(content):
+                connection.sendall(bytes([byte]))
+                time.sleep(0.005)  # the server's own slowness, which is what is tested
+        program = self.sync(drip, "The number of new station is: 1")
+        self.assert_cells(program, [("P", "6000", "06:00-07:00", "T")])
+
+    def test_redirects_in_a_circle_and_to_a_file(self):
+        for target in (b"/schedule", b"file:///etc/passwd", b"ftp://127.0.0.1/x", b"//"):
+            with self.subTest(target):
+                self.refused(lambda connection, to=target: connection.sendall(
+                    b"HTTP/1.1 302 Found\r\nContent-Length: 0\r\nLocation: " + to + b"\r\n\r\n"))
+
+    def test_wrong_lengths(self):
+        for length in (b"1000000", b"-5", b"99999999999999999999"):
+            with self.subTest(length):
+                self.refused(lambda connection, said=length: connection.sendall(
+                    HEAD + b"Content-Length: " + said + b"\r\n\r\n[DRMSchedule]\n" + RECORD))
+
+    def test_nuls(self):
+        self.refused(lambda connection: connection.sendall(body(b"\0" * 5000)), ILLEGAL)
+
+    def test_the_longest_schedule_and_one_more(self):
+        start = b"[DRMSchedule]\n" + RECORD
+        longest = start + b"\n" * (32_767 - len(start))
+        self.sync(lambda connection: connection.sendall(body(longest)), "The number of new station is: 1")
+        self.refused(lambda connection: connection.sendall(body(longest + b"\n")), "Overflow")
+
+    def test_a_folder_in_the_place_of_the_download(self):
+        program = self.program(SAMPLE_LIST, SAMPLE_USER)
+        (program.folder / "DRMSchedule.ini").mkdir()
+        program = self.sync(lambda connection: connection.sendall(body(b"[DRMSchedule]\n")), FAILED, program)
+        self.assert_cells(program, DRM_CELLS)
+
+    def test_a_link_in_the_place_of_the_download(self):
+        program = self.program(SAMPLE_LIST, SAMPLE_USER)
+        victim = program.folder / "victim"
+        victim.write_text("precious")
+        (program.folder / "DRMSchedule.ini").symlink_to(victim)
+        self.refused(lambda connection: connection.sendall(body(b"[DRMSchedule]\n")), program=program)
+        self.assertEqual(victim.read_text(), "precious")
+
+    def test_a_disk_full_during_the_download(self):
+        disk = self.receiver("full", blocks=2000)
+        program = self.program(SAMPLE_LIST, SAMPLE_USER)
+        for entry in program.folder.iterdir():
+            os.link(entry, disk.folder / entry.name) if entry.stat().st_dev == disk.folder.stat().st_dev else \
+                (disk.folder / entry.name).write_bytes(entry.read_bytes())
+        (disk.folder / "halcyon_k7").chmod(0o755)
+        program = self.program(folder=disk.folder)
+        large = b"[DRMSchedule]\n" + b"x" * (4 << 20)
+        self.refused(lambda connection: connection.sendall(body(large)), program=program)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
