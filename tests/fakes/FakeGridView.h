@@ -27,7 +27,8 @@ public:
             result.rowLeft = result.rowTop = result.rowHeight = 0;
             return result;
         }
-        const int page = static_cast<int>((shape.height - shape.rowTop) / shape.rowHeight);
+        const double rowsInSight = shape.rowHeight > 0 ? (shape.height - shape.rowTop) / shape.rowHeight : 1;
+        const int page = static_cast<int>(rowsInSight);
         topRow = std::min(topRow, row);
         topRow = std::max(topRow, row - page + 1);
         result.rowTop += (row - topRow) * shape.rowHeight;
