@@ -53,7 +53,7 @@ std::optional<std::string> StartUp::present(std::u16string_view path, const std:
 // The loaders read UTF-16, so that programme names in any script come through.
 std::string StartUp::convert(std::u16string_view path, const std::optional<std::string>& bytes, bool onDisk) {
     if (!bytes) {
-        return std::string();  // no list
+        return {};  // no list
     }
     std::string converted = convertedWorkingCopy(*bytes, codePages_);
     if (onDisk) {

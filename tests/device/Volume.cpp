@@ -84,7 +84,7 @@ void Volume::leaveFree(std::uint64_t bytes) const {
 void Volume::empty() const { ::unlink((folder_ + "/filler").c_str()); }
 
 std::string Volume::pull() {
-    const std::string medium = base_ + "-medium";
+    std::string medium = base_ + "-medium";
     const std::string device = "$(losetup -n -O NAME -j " + image_ + " | head -1)";
     run("cp " + image_ + " " + medium);
     run("D=" + device + "; truncate -s 0 " + image_ + " && losetup -c $D");
