@@ -5,6 +5,7 @@ HALCYON_KILLS says how often (50), HALCYON_SEED with which choices; a failure na
 import os
 import random
 import threading
+import time
 import unittest
 
 from case import ProgramCase
@@ -43,6 +44,7 @@ class Kills(ProgramCase):
         self.pending = None  # what the command under way would make of the rows
         self.saved = {}  # all that the receiver's file may hold, and its rows
         self.finished = self.lost = 0
+        self.pace = 0.3  # seconds that a command takes on this machine
 
     def test_every_finished_edit_survives(self):
         self.disk = self.receiver(files={"List.ini": list_ini(ROWS), "User.ini": user_ini()})
@@ -74,7 +76,7 @@ class Kills(ProgramCase):
         self.assertEqual(self.disk.read("User.ini"), user_ini())
 
     def run_until_killed(self, program):
-        killer = program.kill_after(self.random.uniform(0.0, 1.2))
+        killer = program.kill_after(self.random.uniform(0.0, 4 * self.pace))
         try:
             while True:
                 self.command(program)
@@ -112,11 +114,13 @@ class Kills(ProgramCase):
 
     def do(self, program, action, after):
         self.pending = after
+        begun = time.monotonic()
         action()
         program.wait(lambda: program.cells() == after, "the cells as they are to be")
         self.rows = after
         self.pending = None
         self.finished += 1
+        self.pace = 0.8 * self.pace + 0.2 * (time.monotonic() - begun)
 
 
 if __name__ == "__main__":
