@@ -10,6 +10,7 @@ import unittest
 
 from case import ProgramCase
 from listfiles import DRM_CELLS, SAMPLE_LIST, SAMPLE_USER
+from program import BINARY
 
 FAILED = "Download failed,Please check the network"
 ILLEGAL = "Illegal file,sync failed"
@@ -90,16 +91,12 @@ class Hostile(ProgramCase):
         bomb = gzip.compress(b"[DRMSchedule]\n" + b"\0" * (512 << 20), 9)
         self.refused(lambda connection: connection.sendall(body(bomb, b"Content-Encoding: gzip")))
 
-    def test_endless_headers(self):
+    def test_headers_without_an_end(self):
         def endless(connection):
             connection.sendall(HEAD)
-            for number in range(1 << 30):
+            for number in range(1000):
                 connection.sendall(b"X-%d: " % number + b"x" * 60000 + b"\r\n")
-        self.refused(endless)
-
-    def test_one_endless_header(self):
-        def endless(connection):
-            connection.sendall(HEAD + b"X-Long: ")
+            connection.sendall(b"X-Long: ")
             while True:
                 connection.sendall(b"x" * 65536)
         self.refused(endless)
@@ -157,13 +154,8 @@ class Hostile(ProgramCase):
         self.assertEqual(victim.read_text(), "precious")
 
     def test_a_disk_full_during_the_download(self):
-        disk = self.receiver("full", blocks=2000)
-        program = self.program(SAMPLE_LIST, SAMPLE_USER)
-        for entry in program.folder.iterdir():
-            os.link(entry, disk.folder / entry.name) if entry.stat().st_dev == disk.folder.stat().st_dev else \
-                (disk.folder / entry.name).write_bytes(entry.read_bytes())
-        (disk.folder / "halcyon_k7").chmod(0o755)
-        program = self.program(folder=disk.folder)
+        disk = self.receiver("full", blocks=BINARY.stat().st_size // 1024 + 2000)
+        program = self.program(SAMPLE_LIST, SAMPLE_USER, disk.folder)
         large = b"[DRMSchedule]\n" + b"x" * (4 << 20)
         self.refused(lambda connection: connection.sendall(body(large)), program=program)
 
