@@ -59,6 +59,13 @@ struct Sample {
     SampleLists lists;
 };
 
+void require(bool condition, const char* what) {
+    if (!condition) {
+        std::fprintf(stderr, "storage_pairs: %s\n", what);
+        std::exit(1);
+    }
+}
+
 void writeAndFlush(const std::string& path, const std::string& bytes) {
     const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     keep(static_cast<std::size_t>(::write(descriptor, bytes.data(), bytes.size())));
@@ -66,17 +73,19 @@ void writeAndFlush(const std::string& path, const std::string& bytes) {
     ::close(descriptor);
 }
 
+// The least that leaves a whole file, whenever the power fails.
+void replaceByHand(const std::string& path, const std::string& bytes) {
+    writeAndFlush(path + "~", bytes);
+    require(::rename((path + "~").c_str(), path.c_str()) == 0, "a file could not be replaced");
+    const int folder = ::open(std::filesystem::path(path).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    ::fsync(folder);
+    ::close(folder);
+}
+
 // The libraries do not take the NUL that a saved file may hold before its end marker.
 std::string withoutNul(std::string bytes) {
     std::erase(bytes, '\0');
     return bytes;
-}
-
-void require(bool condition, const char* what) {
-    if (!condition) {
-        std::fprintf(stderr, "storage_pairs: %s\n", what);
-        std::exit(1);
-    }
 }
 
 void measureParsers(Sample& sample, const Work& load) {
@@ -140,6 +149,11 @@ void measureSaves(Sample& sample) {
     measurePair("save / writing and flushing the same bytes", {[&] { saver.SaveLists(); }}, {[&] {
                     writeAndFlush(list2, listBytes);
                     writeAndFlush(user2, userBytes);
+                }},
+                kDiskRounds);
+    measurePair("save / replacing both files safely by hand", {[&] { saver.SaveLists(); }}, {[&] {
+                    replaceByHand(list2, listBytes);
+                    replaceByHand(user2, userBytes);
                 }},
                 kDiskRounds);
     require(saver.ListsSaved(), "the lists could not be saved");

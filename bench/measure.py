@@ -38,7 +38,7 @@ class Table:
     def text(self):
         page = ['| what | ours | the other | ratio | to reach | reached |', '|---|---|---|---|---|---|']
         for what, ours, other, value, bound, unit in self.rows:
-            shown = f'{value:.3g}{unit}' if unit or value is not None else ''
+            shown = '' if unit == ' ms' else f'{value:.3g}{unit}'
             goal = '' if bound is None else f'≤ {bound:g}{unit}'
             reached = '' if bound is None else ('yes' if value <= bound else '**no**')
             page.append(f'| {what} | {ours} | {other} | {shown} | {goal} | {reached} |')
@@ -47,12 +47,16 @@ class Table:
 
 def micro(value):
     value = float(value)
-    return f'{value:.3g} µs' if value < 1000 else f'{value / 1000:.3g} ms'
+    for unit, scale in (('µs', 1), ('ms', 1e3)):
+        if value < 999 * scale:
+            return f'{value / scale:.3g} {unit}'
+    return f'{value / 1e6:.3g} s'
 
 
 # Bounds by the name that a measuring program prints; the names without one are figures to know.
 PAIR_BOUNDS = {
     'load / inih parsing both files': 1,
+    'load / inih parsing List.ini': 1,
     'load / raw read of both files': 6,
     'first load of a process / raw read of both files': 6,
     'save in memory / SimpleIni composing both files': 0.5,
@@ -65,10 +69,14 @@ PAIR_BOUNDS = {
 
 
 def measure_pairs(table, folder):
+    """Returns the microseconds of ours by name."""
+    ours_by_name = {}
     for program in ('storage_pairs', 'list_pairs'):
         for name, ours, other, ratio in lines_of(BENCH / program, cwd=folder):
+            ours_by_name[name] = float(ours)
             if ratio != '-':
                 table.add(name, micro(ours), micro(other), float(ratio), PAIR_BOUNDS.get(name))
+    return ours_by_name
 
 
 # Milliseconds, by the rows in each list and what is done.
@@ -166,11 +174,14 @@ def measure_linux_start(table, folder):
             commands = {f'four lists of 256, {lists} names': [program / LINUX.name],
                         'empty Qt window': [BENCH / 'empty_window']}
             if lists == 'mixed':
-                commands |= {'qdmr': ['qdmr'], 'CHIRP': ['chirpw']}
+                commands |= {'empty Qt window with Qt Network': ['env', 'LD_PRELOAD=libQt6Network.so.6',
+                                                                 BENCH / 'empty_window'],
+                             'qdmr': ['qdmr'], 'CHIRP': ['chirpw']}
             runs = start_in_turns(commands, environment)
         ours = f'four lists of 256, {lists} names'
         compare_starts(table, runs, ours, 'empty Qt window', (1.15, 1.10))
         if lists == 'mixed':
+            compare_starts(table, runs, 'empty Qt window with Qt Network', 'empty Qt window', (None, None))
             compare_starts(table, runs, ours, 'qdmr', (0.7, None))
             compare_starts(table, runs, ours, 'CHIRP', (0.3, None))
             measure_idle(table, program / LINUX.name)
@@ -233,14 +244,20 @@ def measure_windows(table, folder, saved_microseconds, loaded_microseconds):
               micro(read * 1000), loaded_microseconds / (read * 1000), None)
 
 
-def own_time(folder, name):
-    return next(float(ours) for line, ours, _, _ in lines_of(BENCH / 'storage_pairs', cwd=folder) if line == name)
+def machine():
+    processor = re.search(r'^model name\s*: (.*)', pathlib.Path('/proc/cpuinfo').read_text(), re.M).group(1)
+    versions = [subprocess.run(command, capture_output=True, text=True, check=True).stdout.splitlines()[0]
+                for command in (['g++', '--version'], ['dpkg-query', '-Wf', 'Qt ${Version}', 'libqt6core6'],
+                                ['dpkg-query', '-Wf', 'Wine ${Version}', 'wine64'])]
+    load = os.getloadavg()[0]
+    return (f'{processor}, {os.cpu_count()} processors, Linux {os.uname().release}, {", ".join(versions)}; '
+            f'load average before the run {load:.1f}.\n\n')
 
 
-def write_page(table):
+def write_page(table, conditions):
     head, _, rest = PAGE.read_text().partition('<!-- figures -->\n')
     _, _, tail = rest.partition('<!-- end of figures -->\n')
-    PAGE.write_text(f'{head}<!-- figures -->\n{table.text()}<!-- end of figures -->\n{tail}')
+    PAGE.write_text(f'{head}<!-- figures -->\n{conditions}{table.text()}<!-- end of figures -->\n{tail}')
 
 
 def check(table):
@@ -264,16 +281,17 @@ def check(table):
 
 def main(arguments):
     table = Table()
+    conditions = machine()
     with tempfile.TemporaryDirectory(dir=ROOT / 'build') as folder:
-        measure_pairs(table, folder)
+        ours = measure_pairs(table, folder)
         measure_window(table)
         measure_growth(table)
         measure_linux_start(table, folder)
-        measure_windows(table, folder, own_time(folder, 'save in memory / SimpleIni composing both files'),
-                        own_time(folder, 'load / inih parsing both files'))
+        measure_windows(table, folder, ours['save in memory / SimpleIni composing both files'],
+                        ours['load / inih parsing both files'])
     if arguments == ['--check']:
         return check(table)
-    write_page(table)
+    write_page(table, conditions)
     return 0
 
 
