@@ -7,8 +7,9 @@ constexpr ListKind kFavourite = ListKind::Favourite;
 
 class Favourites : public AddingFixture {
 protected:
-    void addStation(ListKind kind, std::u16string programme, std::u16string frequency, bool selected = true) {
-        grid(kind).appendRow({std::move(programme), std::move(frequency), u"third", u"fourth"});
+    void addStation(ListKind kind, const std::u16string& programme, const std::u16string& frequency,
+                    bool selected = true) {
+        grid(kind).appendRow({programme, frequency, u"third", u"fourth"});
         grid(kind).setSelected(grid(kind).rowCount(), selected);
     }
     void add(ListKind tab) {
