@@ -12,7 +12,7 @@
 class Win32AddForm : public AddFormView {
 public:
     explicit Win32AddForm(HWND owner) : owner_(owner) {}
-    ~Win32AddForm() override { destroy(); }
+    ~Win32AddForm() override { Win32AddForm::destroy(); }
     Win32AddForm(const Win32AddForm&) = delete;
     Win32AddForm& operator=(const Win32AddForm&) = delete;
 
