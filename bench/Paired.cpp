@@ -48,6 +48,7 @@ void reportPairs(std::string_view name, int rounds, const std::function<double()
 void measureAlone(std::string_view name, const Work& work, int rounds) {
     microsecondsOf(work);
     std::vector<double> times;
+    times.reserve(static_cast<std::size_t>(rounds));
     for (int round = 0; round < rounds; ++round) {
         times.push_back(microsecondsOf(work));
     }

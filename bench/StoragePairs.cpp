@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "MemoryFiles.h"
 #include "Paired.h"
@@ -38,8 +39,8 @@ std::string rawReadOf(const std::string& path) {
 }
 
 struct Sample {
-    explicit Sample(const std::filesystem::path& sampleFolder, int records)
-        : folder(sampleFolder), lists(folder.u16string() + u"/") {
+    explicit Sample(std::filesystem::path sampleFolder, int records)
+        : folder(std::move(sampleFolder)), lists(folder.u16string() + u"/") {
         lists.fill(records);
     }
     void load() {

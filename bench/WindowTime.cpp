@@ -3,7 +3,6 @@
 // Usage: window_time PROGRAM [ARGUMENT...]. Prints: milliseconds until then, resident and private
 // kilobytes once it has settled, milliseconds of processor time until its end.
 #include <poll.h>
-#include <signal.h>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -12,6 +11,7 @@
 #include <xcb/xcb.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
