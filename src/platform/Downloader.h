@@ -1,7 +1,18 @@
 // HTTP GET of a whole address into a file.
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <string_view>
+
+// The bounds of a download, the same in every backend.
+namespace DownloadLimit {
+inline constexpr std::chrono::milliseconds Idle{30'000};  // how long a server may stay silent
+inline constexpr std::size_t Bytes = 16'777'216;          // 16 MiB
+inline constexpr int Redirects = 20;
+inline constexpr int FirstRedirectStatus = 300;
+inline constexpr int FirstErrorStatus = 400;
+}  // namespace DownloadLimit
 
 class Downloader {
 public:

@@ -3,12 +3,9 @@
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
 
-namespace {
+#include "platform/Downloader.h"
 
-constexpr qsizetype kMostBytes = 16'777'216;  // 16 MiB
-constexpr int kMostRedirects = 20;
-constexpr int kFirstRedirectStatus = 300;
-constexpr int kFirstErrorStatus = 400;
+namespace {
 
 bool isHttp(const QUrl& url) { return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"); }
 
@@ -29,13 +26,13 @@ HttpTransfer::HttpTransfer(QNetworkAccessManager& network, std::chrono::millisec
 
 std::optional<QByteArray> HttpTransfer::run(const QUrl& url) {
     QUrl next = url;
-    for (int redirects = 0; redirects <= kMostRedirects && isHttp(next); ++redirects) {
+    for (int redirects = 0; redirects <= DownloadLimit::Redirects && isHttp(next); ++redirects) {
         const int status = exchange(next);
-        if (status == 0 || status >= kFirstErrorStatus) {
+        if (status == 0 || status >= DownloadLimit::FirstErrorStatus) {
             return std::nullopt;
         }
         const QVariant target = reply_->attribute(QNetworkRequest::RedirectionTargetAttribute);
-        if (status < kFirstRedirectStatus || !target.isValid()) {
+        if (status < DownloadLimit::FirstRedirectStatus || !target.isValid()) {
             return body_;
         }
         next = next.resolved(target.toUrl());
@@ -68,13 +65,13 @@ int HttpTransfer::exchange(const QUrl& url) {
 void HttpTransfer::takeBytes() {
     idle_.start();
     body_ += reply_->readAll();
-    if (body_.size() > kMostBytes) {
+    if (static_cast<std::size_t>(body_.size()) > DownloadLimit::Bytes) {
         reply_->abort();
     }
 }
 
 bool HttpTransfer::isWhole() const {
-    if (body_.size() > kMostBytes) {
+    if (static_cast<std::size_t>(body_.size()) > DownloadLimit::Bytes) {
         return false;
     }
     // An announced length counts the bytes as sent, so it can be held only against a body sent plain.

@@ -9,10 +9,8 @@
 
 class QtDownloader : public Downloader {
 public:
-    static constexpr std::chrono::milliseconds kIdleLimit{30'000};
-
     // idleLimit: how long the server may stay silent.
-    explicit QtDownloader(Files& files, std::chrono::milliseconds idleLimit = kIdleLimit)
+    explicit QtDownloader(Files& files, std::chrono::milliseconds idleLimit = DownloadLimit::Idle)
         : files_(files), idleLimit_(idleLimit) {}
 
     bool download(std::u16string_view url, std::u16string_view path) override;

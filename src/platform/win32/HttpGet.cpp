@@ -4,14 +4,11 @@
 #include <array>
 #include <vector>
 
+#include "platform/Downloader.h"
 #include "platform/win32/WinInet.h"
 
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
-constexpr int kMostRedirects = 10;
-constexpr DWORD kFirstRedirectStatus = 300;
-constexpr DWORD kFirstErrorStatus = 400;
 // Redirects are followed here, as the system's own following is not limited to the web.
 constexpr DWORD kFlags = INTERNET_FLAG_NO_AUTO_REDIRECT | INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE |
                          INTERNET_FLAG_PRAGMA_NOCACHE | INTERNET_FLAG_NO_COOKIES | INTERNET_FLAG_NO_UI;
@@ -85,7 +82,7 @@ std::optional<std::string> readBody(const WinInet& net, HINTERNET request, std::
         if (got == 0) {
             return body;
         }
-        if (body.size() + got > kMostBytes) {
+        if (body.size() + got > DownloadLimit::Bytes) {
             return std::nullopt;
         }
         body.append(part.data(), got);
@@ -123,14 +120,14 @@ std::optional<std::string> httpGet(const std::wstring& url, std::chrono::millise
     setNumber(net, session.get(), INTERNET_OPTION_HTTP_DECODING, TRUE);
 
     std::wstring address = url;
-    for (int i = 0; i <= kMostRedirects && isWebAddress(address); ++i) {
+    for (int i = 0; i <= DownloadLimit::Redirects && isWebAddress(address); ++i) {
         const InternetHandle request(net, net.openUrl(session.get(), address.c_str(), nullptr, 0, kFlags, 0));
         ++signs;
         const auto status = request ? numberHeader(net, request.get(), HTTP_QUERY_STATUS_CODE) : std::nullopt;
-        if (!status || *status >= kFirstErrorStatus) {
+        if (!status || *status >= DownloadLimit::FirstErrorStatus) {
             return std::nullopt;
         }
-        if (*status < kFirstRedirectStatus) {
+        if (*status < DownloadLimit::FirstRedirectStatus) {
             return receive(net, request.get(), signs);
         }
         address = redirectTarget(net, request.get(), address).value_or(L"");

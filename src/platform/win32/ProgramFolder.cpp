@@ -30,11 +30,11 @@ bool canWrite(const std::wstring& folder) {
     return static_cast<bool>(file);
 }
 
-std::wstring userFolder() {
+std::wstring userFolder(std::u16string_view name) {
     wchar_t* roaming = nullptr;
     std::wstring folder;
     if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_CREATE, nullptr, &roaming))) {
-        folder = std::wstring(roaming) + L"\\Halcyon_K7\\";
+        folder = std::wstring(roaming) + L'\\' + toWide(name) + L'\\';
         CreateDirectoryW(folder.c_str(), nullptr);
     }
     CoTaskMemFree(roaming);
@@ -43,11 +43,11 @@ std::wstring userFolder() {
 
 }  // namespace
 
-std::u16string programFolder() {
+std::u16string programFolder(std::u16string_view name) {
     const std::wstring own = executableFolder();
     if (canWrite(own)) {
         return fromWide(own);
     }
-    const std::wstring user = userFolder();
+    const std::wstring user = userFolder(name);
     return fromWide(user.empty() ? own : user);
 }

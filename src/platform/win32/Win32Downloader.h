@@ -10,7 +10,7 @@
 class Win32Downloader : public Downloader {
 public:
     // idleLimit: the longest silence of a server.
-    explicit Win32Downloader(Files& files, std::chrono::milliseconds idleLimit = std::chrono::seconds(30))
+    explicit Win32Downloader(Files& files, std::chrono::milliseconds idleLimit = DownloadLimit::Idle)
         : files_(files), idleLimit_(idleLimit) {}
 
     bool download(std::u16string_view url, std::u16string_view path) override;

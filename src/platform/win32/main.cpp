@@ -36,7 +36,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int showCommand) {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
 
-    Win32MainWindow window(mainWindowDesign());
+    const WindowDesign design = mainWindowDesign();
+    Win32MainWindow window(design);
     Win32AddForm dialog(window.window());
     Win32MessageBox messageBox(window.window());
     Win32WindowHook hook;
@@ -45,7 +46,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int showCommand) {
     Win32Downloader downloader(files);
     Win32CodePages codePages;
     Win32TextCompare textCompare;
-    const std::u16string folder = programFolder();
+    const std::u16string folder = programFolder(design.caption);
     Win32SingleInstance singleInstance(folder);
     Win32Clock clock;
 
