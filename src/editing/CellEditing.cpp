@@ -108,8 +108,7 @@ void CellEditing::itemClicked() {
 
 void CellEditing::moveColumn(ListKind kind, int step) {
     // The edit that follows finds its column by the standard widths, so the arrows count by them too.
-    applyStandardWidths(lists_[kind]);
-    if (const auto target = neighbourOf(columnSpans(lists_.grid(kind)), edit_.lastMouseX, step)) {
+    if (const auto target = neighbourOf(columnSpans(standardWidths(lists_[kind])), edit_.lastMouseX, step)) {
         edit_.lastMouseX = target->left + target->width / 2;
     }
 }

@@ -5,10 +5,19 @@
 #include "storage/Numbers.h"
 
 std::vector<ColumnSpan> columnSpans(const Grid& grid) {
+    std::vector<double> widths;
+    widths.reserve(grid.columns().size());
+    for (const GridColumn& column : grid.columns()) {
+        widths.push_back(column.width);
+    }
+    return columnSpans(widths);
+}
+
+std::vector<ColumnSpan> columnSpans(const std::vector<double>& widths) {
     std::vector<ColumnSpan> spans;
     int left = 0;
-    for (const GridColumn& column : grid.columns()) {
-        const int right = saturateToInt16(left + column.width);
+    for (const double width : widths) {
+        const int right = saturateToInt16(left + width);
         spans.push_back({static_cast<int>(spans.size()) + 1, left, right - left});
         left = right;
     }

@@ -14,6 +14,8 @@ struct ColumnSpan {
 };
 
 // The columns side by side, each right edge rounded to a whole 16-bit number; what lies beyond saturates.
+std::vector<ColumnSpan> columnSpans(const std::vector<double>& widths);
+// With the widths that the grid shows.
 std::vector<ColumnSpan> columnSpans(const Grid& grid);
 
 // The first column whose right edge lies beyond x; nullopt beside the columns.

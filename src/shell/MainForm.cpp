@@ -65,7 +65,12 @@ bool MainForm::Form_Load() {
     return true;
 }
 
-void MainForm::Form_GotFocus() { totals_.ShowTotals(); }
+void MainForm::Form_GotFocus() {
+    // The window takes no input during a download; its status stays.
+    if (!scheduleSync_.isDownloading()) {
+        totals_.ShowTotals();
+    }
+}
 
 void MainForm::Form_Unload() {
     if (!SkipSaveOnExit_) {
@@ -137,8 +142,11 @@ void MainForm::lostFocus() {
 }
 
 void MainForm::viewChanged() {
-    cellEditing_.viewChanged();
-    keepLists();
+    // A view may also move in the middle of a command, with the lists half done: nothing to keep then.
+    if (cellEditing_.isEditing()) {
+        cellEditing_.viewChanged();
+        keepLists();
+    }
 }
 
 bool MainForm::LV_KeyDown(ListKind kind, int key, int shift) {

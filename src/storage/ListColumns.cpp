@@ -36,14 +36,17 @@ void addListColumns(StationList& list) {
     applyStandardWidths(list);
 }
 
-void applyStandardWidths(StationList& list) {
+std::vector<double> standardWidths(StationList& list) {
     const double width = list.view.geometry(0).width;
-    const int count = static_cast<int>(list.grid.columns().size());
-    for (int column = 1; column <= count; ++column) {
-        double divisor = 3.1;
-        if (list.kind == ListKind::Drm) {
-            divisor = column == 4 ? 3 : 5;
-        }
-        list.grid.setColumnWidth(column, width / divisor);
+    if (list.kind == ListKind::Drm) {
+        return {width / 5, width / 5, width / 5, width / 3};
+    }
+    return std::vector<double>(3, width / 3.1);
+}
+
+void applyStandardWidths(StationList& list) {
+    int column = 0;
+    for (const double width : standardWidths(list)) {
+        list.grid.setColumnWidth(++column, width);
     }
 }

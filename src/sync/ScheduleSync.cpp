@@ -56,7 +56,10 @@ std::optional<std::u16string> ScheduleSync::scheduleUrl() {
 }
 
 bool ScheduleSync::download(std::u16string_view url) {
-    if (!downloader_.download(url, targetPath())) {
+    downloading_ = true;
+    const bool downloaded = downloader_.download(url, targetPath());
+    downloading_ = false;
+    if (!downloaded) {
         return false;
     }
     // Always the built-in address, whatever was fetched: an old copy of it would otherwise come back

@@ -38,6 +38,8 @@ public:
     // Downloads, checks and reads the schedule; blocks until all is done. The list is emptied only once the
     // download has proved to be a schedule. Every outcome but an empty "config.ini" is told in one message.
     void SyncDrmSchedule();
+    // True while the server is waited for, when a backend may still pass events of the window on.
+    bool isDownloading() const { return downloading_; }
 
 private:
     // nullopt: "config.ini" is there, but empty.
@@ -57,4 +59,5 @@ private:
     mMsgBox& messages_;
     std::u16string programFolder_;
     std::function<void()> rebuilt_ = [] {};
+    bool downloading_ = false;
 };

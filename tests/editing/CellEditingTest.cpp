@@ -390,6 +390,7 @@ TEST_F(CellEditingTest, ArrowsCountByTheWidthsThatTheEditWillUse) {
     grid(Drm).columnDragged(1, 4000);
     editing.setLastMouseX(100, 0);
     editing.moveColumn(Drm, 1);
+    EXPECT_EQ(4000, grid(Drm).columns()[0].width);  // snaps back when the edit starts, not before
     editing.startEdit(Drm);
     EXPECT_EQ(2, edit.editColumn);
 }

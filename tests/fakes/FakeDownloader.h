@@ -1,6 +1,7 @@
 // Puts given bytes into the fake files in place of a server's answer.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@ public:
     bool download(std::u16string_view url, std::u16string_view path) override {
         urls.emplace_back(url);
         paths.emplace_back(path);
+        during();
         if (succeeds && writes) {
             files_.files[std::u16string(path)] = bytes;
         }
@@ -21,6 +23,7 @@ public:
     }
     void forgetCached(std::u16string_view url) override { forgotten.emplace_back(url); }
 
+    std::function<void()> during = [] {};  // what happens while the server is waited for
     std::string bytes;
     bool succeeds = true;
     bool writes = true;  // false: success is reported, but no file appears

@@ -139,6 +139,15 @@ TEST_F(MainFormRecoveryTest, ALoadFromTheReceiverIsKept) {
     EXPECT_EQ(platform->rows(0).rowCount(), 0);
 }
 
+TEST_F(MainFormRecoveryTest, AMoveOfTheViewInTheMiddleOfACommandKeepsNothing) {
+    start();
+    // A list that is emptied scrolls back; what has been kept so far has to stay until the command is done.
+    platform->gridViews[0].grid->clear();
+    platform->grid(0).viewChanged();
+    killAndRestart();
+    EXPECT_EQ(platform->rows(0).rowCount(), 2);
+}
+
 TEST_F(MainFormRecoveryTest, AFailedSaveAtTheEndWaitsForTheNextStart) {
     start();
     edit(u"Edited");

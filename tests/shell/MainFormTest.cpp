@@ -111,6 +111,20 @@ TEST_F(MainFormTest, DeletingLeavesTheTotalUntilTheWindowGetsTheFocus) {
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1");
 }
 
+TEST_F(MainFormTest, TheStatusOfADownloadStaysWhenTheWindowGetsTheFocus) {
+    startWith(1, 0, 0);
+    std::u16string status;
+    platform.downloader.during = [&] {
+        platform.mainWindow.listener->windowGotFocus();
+        status = platform.statusBar.message;
+    };
+    platform.downloader.succeeds = false;
+    platform.messageBox.expect({u"Download failed,Please check the network"});
+    choose(MenuItem::SyncInternet);
+    EXPECT_EQ(status, u"Downloading,Please wait...");
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1");
+}
+
 TEST_F(MainFormTest, AnEditReachesTheReceiver) {
     startWith(0, 1, 0);
     platform.connectReceiver(u"/media/rx/");

@@ -40,7 +40,8 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
             return keyMessage(message, w, l);
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK: {
-            // First the control: it moves focus and selection.
+            // The focus first, so that an edit that it ends still finds its row selected; then the control.
+            SetFocus(window_);
             const LRESULT result = DefSubclassProc(window_, message, w, l);
             pressed(l, message == WM_LBUTTONDBLCLK);
             return result;
