@@ -92,8 +92,9 @@ std::string Win32CodePages::encode(CodePage page, std::u16string_view text) {
         return {};
     }
     const UINT codePage = codePageOf(page);
-    const DWORD flags = page == CodePage::Utf8 ? 0 : WC_NO_BEST_FIT_CHARS;
-    const char* replacement = page == CodePage::Utf8 ? nullptr : "?";
+    // UTF-8 takes neither, and may be the ANSI code page as well.
+    const DWORD flags = codePage == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    const char* replacement = codePage == CP_UTF8 ? nullptr : "?";
     const std::wstring wide = toWide(text);
     const int count = static_cast<int>(wide.size());
     const int size = WideCharToMultiByte(codePage, flags, wide.data(), count, nullptr, 0, replacement, nullptr);

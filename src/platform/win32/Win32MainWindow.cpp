@@ -232,8 +232,10 @@ void Win32MainWindow::activated(WORD state, HWND other) {
 }
 
 void Win32MainWindow::restoreFocus() {
-    const bool usable = lastFocus_ != nullptr && IsChild(window_, lastFocus_) && IsWindowVisible(lastFocus_);
-    SetFocus(usable ? lastFocus_ : tabs.currentPage());
+    // Once only: what had the focus when the window was left has no claim on it later.
+    const HWND last = std::exchange(lastFocus_, nullptr);
+    const bool usable = last != nullptr && IsChild(window_, last) && IsWindowVisible(last);
+    SetFocus(usable ? last : tabs.currentPage());
 }
 
 void Win32MainWindow::resolutionChanged(const RECT& suggested) {

@@ -38,7 +38,10 @@ bool Win32SingleInstance::previousInstance() {
         return false;  // this process has the place already
     }
     mutex_ = CreateMutexW(nullptr, FALSE, name_.c_str());
-    if (mutex_ != nullptr && GetLastError() == ERROR_ALREADY_EXISTS) {
+    if (mutex_ == nullptr) {
+        return GetLastError() == ERROR_ACCESS_DENIED;  // held by a run with more rights
+    }
+    if (GetLastError() == ERROR_ALREADY_EXISTS) {
         CloseHandle(mutex_);
         mutex_ = nullptr;
         return true;

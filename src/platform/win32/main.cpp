@@ -21,13 +21,14 @@ namespace {
 
 int runEvents(Win32MainWindow& window, Win32AddForm& dialog) {
     MSG message{};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    // A window that goes during a download takes the message that ends the program along.
+    while (IsWindow(window.window()) && GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (!dialog.usesMessage(message) && !window.usesKey(message)) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
     }
-    return static_cast<int>(message.wParam);
+    return message.message == WM_QUIT ? static_cast<int>(message.wParam) : 0;
 }
 
 }  // namespace
