@@ -41,7 +41,7 @@ std::vector<double> standardWidths(StationList& list) {
     if (list.kind == ListKind::Drm) {
         return {width / 5, width / 5, width / 5, width / 3};
     }
-    return std::vector<double>(3, width / 3.1);
+    return {width / 3.1, width / 3.1, width / 3.1};
 }
 
 void applyStandardWidths(StationList& list) {
