@@ -1,6 +1,7 @@
 # What is installed, and how it is packed: a .deb and a portable .tar.gz of the Qt program, a .zip of the Windows one.
 # There are two layouts: "system" spreads over the folders of a Unix system, "portable" is one folder that holds all.
 set(HALCYON_HOMEPAGE "https://halcyon-k7.example.org" CACHE STRING "Where the project and its pictures are on the web")
+set(HALCYON_CONTACT "The Halcyon_K7 authors <authors@halcyon-k7.example.org>" CACHE STRING "Who maintains the packages")
 set(HALCYON_ID org.halcyon_k7.halcyon_k7)
 set(program halcyon_k7)
 if(WIN32)
@@ -25,7 +26,7 @@ file(MAKE_DIRECTORY ${made})
 set(changelog ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${changelog} ${source}/releases ${PROJECT_SOURCE_DIR}/LICENSE)
 foreach(form IN ITEMS date metainfo debian)
-  execute_process(COMMAND ${HALCYON_PYTHON} ${source}/releases ${changelog} ${PROJECT_VERSION} ${form}
+  execute_process(COMMAND ${HALCYON_PYTHON} ${source}/releases ${changelog} ${PROJECT_VERSION} ${form} ${HALCYON_CONTACT}
     OUTPUT_VARIABLE releases_${form} COMMAND_ERROR_IS_FATAL ANY)
 endforeach()
 set(HALCYON_RELEASE_DATE ${releases_date})
@@ -84,7 +85,7 @@ endif()
 
 set(CPACK_PACKAGE_NAME ${program})
 set(CPACK_PACKAGE_VENDOR "The Halcyon_K7 authors")
-set(CPACK_PACKAGE_CONTACT "The Halcyon_K7 authors <authors@halcyon-k7.example.org>")
+set(CPACK_PACKAGE_CONTACT "${HALCYON_CONTACT}")
 set(CPACK_PACKAGE_HOMEPAGE_URL ${HALCYON_HOMEPAGE})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "station memory manager for a DRM shortwave receiver")
 set(CPACK_STRIP_FILES TRUE)
