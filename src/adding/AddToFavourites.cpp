@@ -1,21 +1,13 @@
 #include "adding/AddToFavourites.h"
 
-#include <array>
-#include <cstddef>
 #include <string>
 #include <string_view>
 
+#include "storage/ListFile.h"
+
 namespace {
 
-struct FavouriteForm {
-    std::u16string_view unit;
-    std::u16string_view system;
-};
-
-// By ListKind.
-constexpr std::array<FavouriteForm, 3> kForms = {{{u"  kHz", u"DRM"}, {u"  kHz", u"AM"}, {u"  MHz", u"FM"}}};
-
-bool canBeSource(int tab) { return tab >= 0 && tab < static_cast<int>(kForms.size()); }
+bool canBeSource(int tab) { return isListTab(tab) && static_cast<ListKind>(tab) != ListKind::Favourite; }
 
 }  // namespace
 
@@ -40,7 +32,7 @@ void AddToFavourites::AddSelectedToFavourites() {
 }
 
 bool AddToFavourites::copySelected(ListKind source) {
-    const FavouriteForm& form = kForms[static_cast<std::size_t>(source)];
+    const std::u16string_view type = ListFile::typeOf(source);
     const Grid& from = lists_.grid(source);
     Grid& favourites = lists_.grid(ListKind::Favourite);
     for (int row = 1; row <= from.rowCount(); ++row) {
@@ -51,8 +43,8 @@ bool AddToFavourites::copySelected(ListKind source) {
             return false;
         }
         std::u16string frequency(from.text(row, 2));
-        frequency += form.unit;
-        favourites.appendRow({std::u16string(from.text(row, 1)), frequency, std::u16string(form.system)});
+        frequency += ListFile::unitOf(type);
+        favourites.appendRow({from.text(row, 1), frequency, type});
     }
     return true;
 }

@@ -2,31 +2,21 @@
 // with other messages and another band rule.
 #pragma once
 
-#include <span>
+#include <optional>
 #include <string_view>
 
-inline constexpr std::u16string_view kInputEmpty = u"Input can't be empty";
-
-enum class AllowedCharacters { Any, Digits, DigitsAndOnePoint };
-
-// Both bounds belong to the range; kHz for DRM and AM, MHz for FM.
-struct FrequencyRange {
-    double low;
-    double high;
-};
+#include "storage/ListKind.h"
 
 struct FieldRule {
-    std::u16string_view prefix;  // in front of every message about the field
-    AllowedCharacters characters = AllowedCharacters::Any;
-    std::span<const FrequencyRange> ranges = {};  // none: the text is not a number
-    std::u16string_view outOfRange = {};
+    std::u16string_view prefix;           // in front of every message about the field
+    std::optional<ListKind> frequencyOf;  // the list whose frequency it is; nullopt: any text
 };
 
-extern const FieldRule kProgrammeRule;
-extern const FieldRule kTargetRule;
-extern const FieldRule kDrmFrequencyRule;
-extern const FieldRule kAmFrequencyRule;
-extern const FieldRule kFmFrequencyRule;
+inline constexpr FieldRule kProgrammeRule{u"Programme: ", std::nullopt};
+inline constexpr FieldRule kTargetRule{u"Target: ", std::nullopt};
+inline constexpr FieldRule kDrmFrequencyRule{u"Frequency: ", ListKind::Drm};
+inline constexpr FieldRule kAmFrequencyRule{u"Frequency: ", ListKind::Am};
+inline constexpr FieldRule kFmFrequencyRule{u"Frequency: ", ListKind::Fm};
 
 // The message of the first check that fails, without the prefix; empty when the text is valid.
 std::u16string_view fieldError(const FieldRule& rule, std::u16string_view text);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "storage/FieldLimits.h"
 #include "storage/Numbers.h"
 
 namespace {

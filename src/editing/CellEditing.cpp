@@ -5,12 +5,12 @@
 
 #include "editing/ColumnFinder.h"
 #include "storage/ListColumns.h"
+#include "storage/ListFile.h"
 #include "storage/Numbers.h"
 
 namespace {
 
 constexpr int kFmTab = static_cast<int>(ListKind::Fm);
-constexpr std::size_t kUnitLength = 5;  // "  kHz" and "  MHz"
 
 // So that the box is as tall as a row: the header counts as one of the rows.
 double rowsPerPage(const GridGeometry& geometry) {
@@ -61,7 +61,7 @@ void CellEditing::findColumn(const Grid& grid) {
 std::u16string CellEditing::boxText(ListKind kind) {
     std::u16string text(lists_.grid(kind).text(edit_.editRow, edit_.editColumn));
     if (kind == ListKind::Favourite && edit_.editColumn != 1) {
-        text.resize(text.size() - std::min(text.size(), kUnitLength));
+        text.resize(text.size() - std::min(text.size(), ListFile::kUnitLength));
     }
     return text;
 }

@@ -20,8 +20,6 @@ std::u16string stampOf(const UtcTime& time) {
            digits(time.minute, 2) + digits(time.second, 2) + u'Z';
 }
 
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
 bool isStamp(std::u16string_view text) {
     return std::equal(text.begin(), text.end(), kStampShape.begin(), kStampShape.end(),
                       [](char16_t c, char16_t shape) { return shape == u'0' ? isDigit(c) : c == shape; });

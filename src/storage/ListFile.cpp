@@ -30,6 +30,22 @@ std::u16string_view ListFile::sectionPrefix(ListKind kind) {
     return {};
 }
 
+std::u16string_view ListFile::typeOf(ListKind kind) {
+    switch (kind) {
+        case ListKind::Drm:
+            return u"DRM";
+        case ListKind::Am:
+            return u"AM";
+        case ListKind::Fm:
+            return u"FM";
+        case ListKind::Favourite:
+            break;
+    }
+    return {};
+}
+
+bool ListFile::isFm(std::u16string_view type) { return type.find(u"FM") != type.npos; }
+
 RecordSection::RecordSection(ListKind kind)
     : name_(ListFile::sectionPrefix(kind)), prefixLength_(ListFile::sectionPrefix(kind).size()) {}
 

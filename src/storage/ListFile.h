@@ -1,4 +1,4 @@
-// Names of the sections and keys of "List.ini" and "User.ini", as the receiver spells them.
+// The two list files, their sections and keys, as the receiver spells them.
 #pragma once
 
 #include <cstddef>
@@ -8,6 +8,9 @@
 #include "storage/ListKind.h"
 
 namespace ListFile {
+inline constexpr std::u16string_view kListName = u"List.ini";
+inline constexpr std::u16string_view kUserName = u"User.ini";
+
 inline constexpr std::u16string_view kTotal = u"Total";
 inline constexpr std::u16string_view kVersion = u"Version";
 inline constexpr std::u16string_view kLast = u"LAST";
@@ -25,12 +28,19 @@ inline constexpr std::u16string_view kStation = u"Station";
 inline constexpr std::u16string_view kName = u"name";
 inline constexpr std::u16string_view kIndex = u"Index";
 
-inline constexpr std::u16string_view kFm = u"FM";
-inline constexpr std::u16string_view kKilohertz = u"  kHz";  // units behind a favourite's frequency
+// Units behind a favourite's frequency.
+inline constexpr std::u16string_view kKilohertz = u"  kHz";
 inline constexpr std::u16string_view kMegahertz = u"  MHz";
+inline constexpr std::size_t kUnitLength = kKilohertz.size();
+static_assert(kMegahertz.size() == kUnitLength);
 
 std::u16string_view countKey(ListKind kind);       // in kTotal
 std::u16string_view sectionPrefix(ListKind kind);  // followed by the 0-based number of the record
+// The type of a favourite that is copied from the list; empty for the Favourite list.
+std::u16string_view typeOf(ListKind kind);
+// Such a favourite's frequency is in MHz, any other in kHz.
+bool isFm(std::u16string_view type);
+inline std::u16string_view unitOf(std::u16string_view type) { return isFm(type) ? kMegahertz : kKilohertz; }
 }  // namespace ListFile
 
 // The names of a list's record sections, one after the other, in one buffer.

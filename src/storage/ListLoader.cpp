@@ -43,9 +43,8 @@ private:
 
 void appendFavourite(Grid& grid, const Record& record) {
     const std::u16string_view type = record.text(ListFile::kType);
-    const bool isFm = type.find(ListFile::kFm) != type.npos;
-    std::u16string frequency = shortestDecimal(isFm ? record.frequency() / 1000 : record.frequency());
-    frequency += isFm ? ListFile::kMegahertz : ListFile::kKilohertz;
+    std::u16string frequency = shortestDecimal(ListFile::isFm(type) ? record.frequency() / 1000 : record.frequency());
+    frequency += ListFile::unitOf(type);
     grid.appendRow({record.text(ListFile::kProgramme), frequency, type});
 }
 

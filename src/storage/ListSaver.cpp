@@ -11,10 +11,7 @@
 
 namespace {
 
-constexpr std::size_t kUnitLength = ListFile::kKilohertz.size();
 constexpr std::size_t kUsualRecordLength = 160;  // UTF-16 units in the file; only saves reallocations
-
-bool isFm(std::u16string_view system) { return system.find(ListFile::kFm) != system.npos; }
 
 std::u16string kilohertzText(std::u16string_view megahertz) {
     return shortestDecimal(kilohertzOf(leadingNumber(megahertz)));
@@ -50,9 +47,10 @@ void appendFm(std::u16string& text, const Row& row) {
 }
 
 void appendFavourite(std::u16string& text, const Row& row) {
-    const std::u16string_view frequency = PtrToStrW(row.whole(2).substr(0, row.whole(2).size() - kUnitLength));
+    const std::u16string_view frequency =
+        PtrToStrW(row.whole(2).substr(0, row.whole(2).size() - ListFile::kUnitLength));
     appendProfileKey(text, ListFile::kProgramme, row.cell(1));
-    if (isFm(row.whole(3))) {
+    if (ListFile::isFm(row.whole(3))) {
         appendProfileKey(text, ListFile::kFrequency, kilohertzText(frequency));
     } else {
         appendProfileKey(text, ListFile::kFrequency, frequency);
@@ -75,7 +73,7 @@ void appendRecord(std::u16string& text, ListKind kind, const Row& row) {
 
 bool hasUnits(const Grid& favourites) {
     for (int row = 1; row <= favourites.rowCount(); ++row) {
-        if (favourites.text(row, 2).size() < kUnitLength) {
+        if (favourites.text(row, 2).size() < ListFile::kUnitLength) {
             return false;
         }
     }

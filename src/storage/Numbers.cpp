@@ -13,7 +13,6 @@ constexpr double kLargest = std::numeric_limits<double>::max();
 constexpr double kInt16Min = -32768;
 constexpr double kInt16Max = 32767;
 
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
 
 // The number's characters without blanks and "+"; from_chars takes them as they are.

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+inline constexpr bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
 // Optional blanks, an optional sign, digits with at most one "."; what follows is ignored. Without any digit 0;
 // a number too large for a double gives the largest one of its sign.
 double leadingNumber(std::u16string_view text);

@@ -30,8 +30,6 @@ std::u16string_view keyOf(std::size_t fieldIndex) {
     }
 }
 
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
 bool areDigits(std::u16string_view text) { return std::all_of(text.begin(), text.end(), isDigit); }
 
 int twoDigits(std::u16string_view digits) { return (digits[0] - u'0') * 10 + (digits[1] - u'0'); }

@@ -112,7 +112,7 @@ void checkRule(const FieldRule& rule, std::u16string_view text, bool isFm) {
         return;
     }
     promise(!isBlankText(text), "an empty text is never accepted");
-    if (!rule.ranges.empty()) {
+    if (rule.frequencyOf) {
         bool isNumber = false;
         const long value = thousandths(text, isNumber);
         promise(isNumber && (isFm ? value >= 87'000 && value <= 108'000 : value >= 150'000 && value <= 30'000'000),
