@@ -1,10 +1,12 @@
 #include "shell/MainForm.h"
 
 #include "platform/SingleInstance.h"
+#include "storage/ListFile.h"
 
 MainForm::MainForm(const Platform& platform)
     : platform_(platform),
-      workingCopies_{platform.programFolder + u"List.ini", platform.programFolder + u"User.ini"},
+      workingCopies_{platform.programFolder + std::u16string(ListFile::kListName),
+                     platform.programFolder + std::u16string(ListFile::kUserName)},
       drmLV_(*platform.gridViews[0]),
       amLV_(*platform.gridViews[1]),
       fmLV_(*platform.gridViews[2]),

@@ -1,5 +1,6 @@
 #include "shell/StartUp.h"
 
+#include "storage/ListFile.h"
 #include "storage/SafeFile.h"
 
 void StartUp::run(std::u16string_view RunMode) {
@@ -79,6 +80,6 @@ void StartUp::prepareFromReceiver() {
             findDiskDriver_.ClearFileAttributes(path);
         }
     }
-    receiverCopies_.fetch(u"List.ini", workingCopies_.ListFilePath);
-    receiverCopies_.fetch(u"User.ini", workingCopies_.UserFilePath);
+    receiverCopies_.fetch(ListFile::kListName, workingCopies_.ListFilePath);
+    receiverCopies_.fetch(ListFile::kUserName, workingCopies_.UserFilePath);
 }

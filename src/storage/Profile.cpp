@@ -90,10 +90,10 @@ ProfileText decodeProfile(std::string_view bytes, CodePages& codePages) {
 }
 
 Profile readProfile(std::u16string_view path, Files& files, CodePages& codePages) {
-    constexpr std::uint64_t kLargestSize = 0x7FFFFFFF;  // bytes; the offsets of the index have 32 bits
-    if (files.size(path).value_or(0) > kLargestSize) {
+    // The offsets of the index have 32 bits.
+    if (files.size(path).value_or(0) > kLargestTextFile) {
         return {};
     }
     const auto bytes = files.read(path);
-    return bytes && bytes->size() <= kLargestSize ? Profile(decodeProfile(*bytes, codePages).text) : Profile();
+    return bytes && bytes->size() <= kLargestTextFile ? Profile(decodeProfile(*bytes, codePages).text) : Profile();
 }

@@ -3,14 +3,12 @@
 #include <utility>
 #include <vector>
 
+#include "storage/ListFile.h"
 #include "storage/Profile.h"
 #include "storage/SafeFile.h"
 #include "storage/VerifiedFiles.h"
 
 namespace {
-
-constexpr std::u16string_view kListFile = u"List.ini";
-constexpr std::u16string_view kUserFile = u"User.ini";
 
 // A backup is to be put in the place of a list file, which start-up and the receiver read as UTF-8.
 std::string withoutUtf16(const std::string& bytes, CodePages& codePages) {
@@ -54,7 +52,8 @@ void ReceiverCopies::ReloadFromReceiver() {
         }
     }
     const WorkingCopyBytes shown = saver_.compose();
-    if (!fetch(kListFile, copies_.ListFilePath, shown.list) || !fetch(kUserFile, copies_.UserFilePath, shown.user)) {
+    if (!fetch(ListFile::kListName, copies_.ListFilePath, shown.list) ||
+        !fetch(ListFile::kUserName, copies_.UserFilePath, shown.user)) {
         return;
     }
     WorkingCopyBytes converted{convertWorkingCopy(copies_.ListFilePath, files_, codePages_),
@@ -114,8 +113,8 @@ void ReceiverCopies::SaveToReceiver() {
 
 void ReceiverCopies::copyToReceiver() {
     std::vector<NewFile> copies;
-    for (const auto& [name, workingCopy] :
-         {std::pair(kListFile, &copies_.ListFilePath), std::pair(kUserFile, &copies_.UserFilePath)}) {
+    for (const auto& [name, workingCopy] : {std::pair(ListFile::kListName, &copies_.ListFilePath),
+                                            std::pair(ListFile::kUserName, &copies_.UserFilePath)}) {
         auto bytes = readWorkingCopy(*workingCopy, files_);
         if (!bytes) {
             return;

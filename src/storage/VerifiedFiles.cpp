@@ -34,7 +34,6 @@ public:
         overwritten_ = true;
         return files_.write(path_, bytes_) && holds(bytes_);
     }
-    std::uint64_t size() const { return bytes_.size(); }
 
     void putBack() {
         abandon();

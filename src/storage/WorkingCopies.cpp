@@ -12,11 +12,10 @@ void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePa
 }
 
 std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& files) {
-    constexpr std::uint64_t kLargestSize = 0x7FFFFFFF;
     constexpr int kAttempts = 3;
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
         const auto size = files.size(path);
-        if (size && *size > kLargestSize) {
+        if (size && *size > kLargestTextFile) {
             return std::nullopt;
         }
         auto bytes = size ? files.read(path) : std::nullopt;

@@ -10,8 +10,6 @@ using namespace std::string_view_literals;
 
 namespace {
 
-constexpr std::uint64_t kLargestSize = 0x7FFFFFFF;
-
 bool isFormat(TextFormat format) { return format >= TextFormat::Ansi && format <= TextFormat::Utf32Be; }
 
 // Ties go to the even half: 5.5 is 6, 6.5 is 6.
@@ -62,7 +60,7 @@ std::u16string mTextUTF::ReadTextFile(std::u16string_view path, TextFormat& form
         return {};
     }
     const auto size = files_.size(path);
-    if (!size || *size > kLargestSize) {
+    if (!size || *size > kLargestTextFile) {
         return {};
     }
     const auto bytes = files_.read(path);
@@ -122,7 +120,7 @@ bool mTextUTF::WriteTextFile(std::u16string_view path, std::u16string_view text,
 
 bool mTextUTF::appendTo(std::u16string_view path, std::u16string_view text, TextFormat& format, bool halveLength) {
     if (format == TextFormat::Detect) {
-        const auto present = files_.size(path).value_or(0) > kLargestSize ? std::nullopt : files_.read(path);
+        const auto present = files_.size(path).value_or(0) > kLargestTextFile ? std::nullopt : files_.read(path);
         if (!present) {
             return false;
         }

@@ -12,6 +12,9 @@
 
 enum class TextFormat : std::int32_t { Detect = -1, Ansi = 0, Utf8, Utf16Le, Utf16Be, Utf32Le, Utf32Be };
 
+// What can be read: a size in bytes that fits in 31 bits.
+inline constexpr std::uint64_t kLargestTextFile = 0x7FFFFFFF;
+
 struct DetectedFormat {
     TextFormat format = TextFormat::Ansi;
     std::size_t markLength = 0;  // bytes

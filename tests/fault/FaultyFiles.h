@@ -26,8 +26,6 @@ public:
         plan_ = faults;
         count_ = 0;
     }
-    // How many operations could have failed so far.
-    int counted() const { return count_; }
     bool firstFailed() const { return plan_.first > 0 && count_ >= plan_.first; }
     bool secondFailed() const { return plan_.second > 0 && count_ >= plan_.first + plan_.second; }
 

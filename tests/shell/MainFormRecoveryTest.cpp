@@ -9,7 +9,6 @@
 namespace {
 
 constexpr const char16_t* kList = u"/app/List.ini";
-constexpr const char16_t* kUser = u"/app/User.ini";
 constexpr const char16_t* kRecovery = u"/app/Recovery";
 
 const std::string kTwoStations =
