@@ -23,7 +23,11 @@ class Visit:
                 raise AssertionError(f"the program ended with {self.process.returncode}: {log.read_text()}")
             return next(iter(SESSION.ask_xdotool("search", "--onlyvisible", "--name", "^Halcyon_K7$")), None)
         self.window = wait_until(window, "the window", START)
-        wait_until(lambda: SESSION.ask_xdotool("getactivewindow") == [self.window], "the window active")
+        wait_until(self.takes_keys, "the window active")
+
+    def takes_keys(self):
+        """The window manager names a window active before a program that takes the focus by itself has taken it."""
+        return all(SESSION.ask_xdotool(question) == [self.window] for question in ("getactivewindow", "getwindowfocus"))
 
     def has_class(self, name):
         """Whether a desktop takes the window for that class, by which it finds the entry of the menu."""
