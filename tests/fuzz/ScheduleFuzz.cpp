@@ -1,52 +1,11 @@
-// The schedule scanner against one that collects characters, and every record that it accepts against the rules.
+// The schedule scanner against a plain one, and every record that it accepts against the rules.
 #include <algorithm>
-#include <array>
-#include <vector>
 
 #include "fuzz/Fuzz.h"
 #include "storage/RowStore.h"
-#include "sync/ScheduleRecords.h"
+#include "sync/PlainScan.h"
 
 namespace {
-
-std::u16string naiveValue(std::u16string line, std::size_t index) {
-    if (!line.empty() && (line.back() == u'\n' || line.back() == u'\r')) {
-        line.pop_back();
-    }
-    static const std::array<std::u16string, kScheduleFieldCount> kKeys = {
-        u"StartStopTimeUTC=", u"", u"Frequency=", u"Target=", u"", u"Programme=", u"", u"", u""};
-    const std::u16string& key = kKeys[index];
-    return line.compare(0, key.size(), key) == 0 ? line.substr(key.size()) : u"";
-}
-
-int naiveScan(Grid& grid, const std::u16string& text) {
-    std::array<std::u16string, kScheduleFieldCount> fields;
-    std::u16string line;
-    std::size_t index = 0;
-    int added = 0;
-    for (const char16_t c : text) {
-        if (c != u'\n') {
-            line += c;
-            continue;
-        }
-        if (line.empty()) {
-            continue;
-        }
-        fields[index] = naiveValue(line, index);
-        line.clear();
-        index = fields[index].empty() ? 0 : index + 1;
-        if (index == fields.size()) {
-            index = 0;
-            ScheduleFields views;
-            std::copy(fields.begin(), fields.end(), views.begin());
-            added += AddScheduleRecord(grid, views, 0) ? 1 : 0;
-            if (added > 256) {
-                break;
-            }
-        }
-    }
-    return added;
-}
 
 bool isTime(std::u16string_view text, char16_t lastHour) {
     const auto digit = [&](std::size_t at) { return text[at] >= u'0' && text[at] <= u'9'; };
@@ -73,13 +32,13 @@ bool isRecord(const Grid& grid, int row) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::u16string text = FakeCodePages().decode(CodePage::Ansi, bytesOf(data, size));
     RowStore real;
-    RowStore naive;
+    RowStore plain;
     const int added = AddScheduleRecords(real, text, 0);
-    promise(added == naiveScan(naive, text), "as many records as the naive scan finds");
-    promise(added == real.rowCount() && added == naive.rowCount() && added <= 257, "each is a row");
+    promise(added == plainScan(plain, text), "as many records as the plain scan finds");
+    promise(added == real.rowCount() && added == plain.rowCount() && added <= 257, "each is a row");
     for (int row = 1; row <= added; ++row) {
         for (int column = 1; column <= 4; ++column) {
-            promise(real.text(row, column) == naive.text(row, column), "the same cells");
+            promise(real.text(row, column) == plain.text(row, column), "the same cells");
         }
         promise(isRecord(real, row), "an accepted record keeps the rules");
     }

@@ -1,4 +1,4 @@
-// The scanner against a literal one, character by character, on many random texts.
+// The scanner against a plain one on many random texts.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -7,62 +7,10 @@
 
 #include "fakes/Text.h"
 #include "storage/RowStore.h"
-#include "sync/ScheduleRecords.h"
+#include "sync/PlainScan.h"
 #include "sync/ScheduleTexts.h"
 
 namespace {
-
-std::u16string plainParse(std::u16string line, int index) {
-    if (!line.empty() && (line.back() == 10 || line.back() == 13)) {
-        line.pop_back();
-    }
-    std::u16string key;
-    if (index == 0) {
-        key = u"StartStopTimeUTC=";
-    } else if (index == 2) {
-        key = u"Frequency=";
-    } else if (index == 3) {
-        key = u"Target=";
-    } else if (index == 5) {
-        key = u"Programme=";
-    } else {
-        return line;
-    }
-    return line.substr(0, key.size()) == key ? line.substr(key.size()) : u"";
-}
-
-int plainScan(Grid& grid, const std::u16string& text) {
-    std::vector<std::u16string> fields(9);
-    std::u16string line;
-    int index = 0;
-    int counter = 0;
-    for (const char16_t c : text) {
-        if (c != u'\n') {
-            line += c;
-            continue;
-        }
-        if (line.empty()) {
-            continue;
-        }
-        const std::u16string value = plainParse(line, index);
-        line.clear();
-        if (value.empty()) {
-            index = 0;
-            continue;
-        }
-        fields[static_cast<std::size_t>(index)] = value;
-        ++index;
-        if (index > 8) {
-            ScheduleFields views;
-            std::copy(fields.begin(), fields.end(), views.begin());
-            index = 0;
-            if (AddScheduleRecord(grid, views, 0) && ++counter > 256) {
-                break;
-            }
-        }
-    }
-    return counter;
-}
 
 class RandomText {
 public:
@@ -131,7 +79,7 @@ std::string contentOf(const Grid& grid) {
     return content;
 }
 
-TEST(ScheduleScanProperty, EqualsTheLiteralScanOnRandomTexts) {
+TEST(ScheduleScanProperty, EqualsThePlainScanOnRandomTexts) {
     RandomText random(20'240'601);
     int added = 0;
     int full = 0;
