@@ -215,6 +215,45 @@ TEST_F(MainFormTest, AHeaderClickSortsDescendingFirst) {
     EXPECT_EQ(platform.rows(0).text(1, 1), u"Radio 0");
 }
 
+TEST_F(MainFormTest, AHeaderClickCommitsAnOpenEditBeforeTheRowsMove) {
+    startWith(2, 0, 0);
+    select(0, 1);
+    platform.grid(0).itemDoubleClicked();
+    ASSERT_TRUE(platform.editBox.visible);
+    platform.editBox.content = u"Zulu";
+    platform.grid(0).headerClicked(u"PROG");
+    EXPECT_FALSE(platform.editBox.visible);
+    EXPECT_EQ(platform.rows(0).text(1, 1), u"Zulu");
+    EXPECT_EQ(platform.rows(0).text(2, 1), u"Radio 1");
+}
+
+TEST_F(MainFormTest, TheKeysRunTheirCommands) {
+    startWith(2, 0, 0);
+    GridListener& keys = platform.grid(0);
+    select(0, 1);
+    EXPECT_TRUE(keys.keyDown(Key::Right, Shift::None));
+    EXPECT_TRUE(keys.keyDown(Key::Enter, Shift::None));
+    EXPECT_EQ(platform.editBox.content, u"6095");
+    platform.editBox.listener->enterPressed();
+    EXPECT_TRUE(keys.keyDown(Key::Left, Shift::None));
+    EXPECT_TRUE(keys.keyDown('E', Shift::Ctrl));
+    EXPECT_EQ(platform.editBox.content, u"Radio 0");
+    platform.editBox.listener->enterPressed();
+    EXPECT_TRUE(keys.keyDown('A', Shift::Ctrl));
+    EXPECT_EQ(platform.rows(3).rowCount(), 1);
+    EXPECT_TRUE(keys.keyDown('N', Shift::Ctrl));
+    EXPECT_TRUE(platform.addFormView.isOpen());
+    platform.addFormView.listener->cancelClicked();
+    EXPECT_TRUE(keys.keyDown('D', Shift::Ctrl));
+    EXPECT_EQ(platform.rows(0).rowCount(), 1);
+    platform.messageBox.expect({u"Can't find disk,please connect DRM receiver to PC"});
+    EXPECT_TRUE(keys.keyDown('L', Shift::Ctrl));
+    platform.downloader.succeeds = false;
+    platform.messageBox.expect({u"Download failed,Please check the network"});
+    EXPECT_TRUE(keys.keyDown('I', Shift::Ctrl));
+    EXPECT_FALSE(keys.keyDown('X', Shift::None));
+}
+
 TEST_F(MainFormTest, QuittingClosesTheWindowAndTheDialog) {
     startWith(1, 0, 0);
     choose(MenuItem::AddNew);
@@ -224,12 +263,26 @@ TEST_F(MainFormTest, QuittingClosesTheWindowAndTheDialog) {
     EXPECT_FALSE(platform.addFormView.isOpen());
 }
 
-TEST(Design, CarriesTheCaptionsOfTheWindow) {
+TEST(Design, CarriesTheTextsAndSizesOfTheWindow) {
     const WindowDesign design = mainWindowDesign();
     EXPECT_EQ(design.caption, u"Halcyon_K7");
-    EXPECT_EQ(design.tabCaptions[3], u"Favourite");
-    EXPECT_EQ(design.menuCaptions[static_cast<std::size_t>(MenuItem::Edt)], u"Edit(&E)");
-    EXPECT_EQ(design.menuCaptions[static_cast<std::size_t>(MenuItem::DeleteAll)], u"Delete All Record");
+    EXPECT_EQ(design.tabCaptions, (std::array<std::u16string, 4>{u"DRM List", u"AM List", u"FM List", u"Favourite"}));
+    const std::array<std::pair<MenuItem, std::u16string>, kMenuItemCount> items = {
+        {{MenuItem::Edt, u"Edit(&E)"},
+         {MenuItem::Del, u"Delete(&D)"},
+         {MenuItem::AddNew, u"Add New Record(&N)"},
+         {MenuItem::AddTo, u"Add To Favourite(&A)"},
+         {MenuItem::SyncInternet, u"Sync From Internet(&I)"},
+         {MenuItem::LoadFromReceiver, u"Load From Receiver(&L)"},
+         {MenuItem::SaveToReceiver, u"Save To Receiver(&S)"},
+         {MenuItem::DeleteAll, u"Delete All Record"}}};
+    for (std::size_t place = 0; place < items.size(); ++place) {
+        EXPECT_EQ(static_cast<std::size_t>(items[place].first), place);
+        EXPECT_EQ(design.menuCaptions[place], items[place].second);
+    }
+    EXPECT_EQ(design.gridTopInset, 145);
+    EXPECT_GT(design.width, 0);
+    EXPECT_GT(design.height, 0);
 }
 
 }  // namespace
