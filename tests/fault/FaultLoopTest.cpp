@@ -200,6 +200,10 @@ bool nothingBeside(const FakeFiles& disk, std::u16string_view folder) {
 
 class FaultLoop : public testing::TestWithParam<Fault> {
 protected:
+    void TearDown() override {
+        RecordProperty("runs", runs);
+        EXPECT_GT(faults, 0) << "no operation was hit";
+    }
     // False: the plan's last fault has not been reached.
     bool run(const Scenario& scenario, const FakeFiles& disk, const FaultPlan& plan) {
         ++runs;
@@ -213,6 +217,7 @@ protected:
             left = process.disk();
             reached = plan.second > 0 ? process.files().secondFailed() : process.files().firstFailed();
         }
+        faults += reached ? 1 : 0;
         checkFiles(left);
         const bool sound = !reached && plan.second == 0;
         const bool first = sound || (scenario.survivesOneFault && !plan.forGood && plan.second == 0);
@@ -254,6 +259,7 @@ protected:
     }
 
     int runs = 0;
+    int faults = 0;  // runs that met the last fault of their plan
 };
 
 }  // namespace
@@ -263,7 +269,6 @@ TEST_P(FaultLoop, EveryOperationFailsOnce) {
         for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, 0, false}) && !HasFailure(); ++n) {
         }
     }
-    RecordProperty("runs", runs);
 }
 
 TEST_P(FaultLoop, EveryOperationAndAllAfterItFail) {
@@ -271,7 +276,6 @@ TEST_P(FaultLoop, EveryOperationAndAllAfterItFail) {
         for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, 0, true}) && !HasFailure(); ++n) {
         }
     }
-    RecordProperty("runs", runs);
 }
 
 TEST_P(FaultLoop, AStartAfterAKilledRunFails) {
@@ -281,7 +285,6 @@ TEST_P(FaultLoop, AStartAfterAKilledRunFails) {
             }
         }
     }
-    RecordProperty("runs", runs);
 }
 
 TEST_P(FaultLoop, ASecondOneFailsWhileTheFirstIsBeingMended) {
@@ -292,7 +295,6 @@ TEST_P(FaultLoop, ASecondOneFailsWhileTheFirstIsBeingMended) {
             }
         }
     }
-    RecordProperty("runs", runs);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, FaultLoop, testing::ValuesIn(kFaults), [](const auto& kind) {
