@@ -1,6 +1,10 @@
 // The Add List dialog as a user meets it, on fakes.
 #pragma once
 
+#include <array>
+#include <string>
+#include <vector>
+
 #include "adding/AddingFixture.h"
 #include "adding/addForm.h"
 #include "fakes/FakeAddFormView.h"

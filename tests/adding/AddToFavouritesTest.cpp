@@ -28,9 +28,9 @@ TEST_F(Favourites, KeepProgrammeFrequencyWithUnitAndSystem) {
     for (const ListKind tab : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
         add(tab);
     }
-    EXPECT_EQ(rowText(kFavourite, 1), "Радио|09620  kHz|DRM|");
-    EXPECT_EQ(rowText(kFavourite, 2), "中波|999  kHz|AM|");
-    EXPECT_EQ(rowText(kFavourite, 3), "City|98.5  MHz|FM|");
+    EXPECT_EQ(rowText(kFavourite, 1), "Радио|09620  kHz|DRM");
+    EXPECT_EQ(rowText(kFavourite, 2), "中波|999  kHz|AM");
+    EXPECT_EQ(rowText(kFavourite, 3), "City|98.5  MHz|FM");
     EXPECT_EQ(grid(kFavourite).rowCount(), 3);
 }
 
@@ -42,7 +42,7 @@ TEST_F(Favourites, With255OneOfThreeIsAddedAndTheMessageShownOnce) {
     expectFull();
     add(ListKind::Drm);
     EXPECT_EQ(grid(kFavourite).rowCount(), 256);
-    EXPECT_EQ(rowText(kFavourite, 256), "first|6095  kHz|DRM|");
+    EXPECT_EQ(rowText(kFavourite, 256), "first|6095  kHz|DRM");
     EXPECT_EQ(box.shown.size(), 1U);
     EXPECT_EQ(view(ListKind::Drm).focusCount, 1);
 }
@@ -80,7 +80,7 @@ TEST_F(Favourites, TheSameStationTwiceGivesTwoEqualRows) {
     add(ListKind::Am);
     add(ListKind::Am);
     ASSERT_EQ(grid(kFavourite).rowCount(), 2);
-    EXPECT_EQ(rowText(kFavourite, 1), "Twice|198  kHz|AM|");
+    EXPECT_EQ(rowText(kFavourite, 1), "Twice|198  kHz|AM");
     EXPECT_EQ(rowText(kFavourite, 2), rowText(kFavourite, 1));
 }
 
@@ -91,8 +91,8 @@ TEST_F(Favourites, OnlySelectedRowsAreAddedFromTopToBottomBehindTheOthers) {
     addStation(ListKind::Fm, u"c", u"90");
     add(ListKind::Fm);
     ASSERT_EQ(grid(kFavourite).rowCount(), 3);
-    EXPECT_EQ(rowText(kFavourite, 2), "a|88  MHz|FM|");
-    EXPECT_EQ(rowText(kFavourite, 3), "c|90  MHz|FM|");
+    EXPECT_EQ(rowText(kFavourite, 2), "a|88  MHz|FM");
+    EXPECT_EQ(rowText(kFavourite, 3), "c|90  MHz|FM");
     EXPECT_EQ(grid(ListKind::Fm).rowCount(), 3);
     EXPECT_TRUE(grid(ListKind::Fm).isSelected(1));
 }

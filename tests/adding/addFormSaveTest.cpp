@@ -153,7 +153,7 @@ TEST_F(AddListDialog, AnAmRecordGetsItsBandFromTheFrequency) {
         typePlain(frequency);
         save();
         expectClosed();
-        EXPECT_EQ(rowText(ListKind::Am, ++row), "Radio|" + narrow(frequency) + "|" + band + "|");
+        EXPECT_EQ(rowText(ListKind::Am, ++row), "Radio|" + narrow(frequency) + "|" + band);
     }
     EXPECT_EQ(status(), "Total Number Of AM List: 8");
 }
@@ -173,7 +173,7 @@ TEST_F(AddListDialog, AnFmRecordGetsTheBandVhf) {
         typePlain(frequency);
         save();
         expectClosed();
-        EXPECT_EQ(rowText(ListKind::Fm, ++row), "Radio|" + narrow(frequency) + "|VHF|");
+        EXPECT_EQ(rowText(ListKind::Fm, ++row), "Radio|" + narrow(frequency) + "|VHF");
     }
     EXPECT_EQ(status(), "Total Number Of FM List: 3");
 }
@@ -205,7 +205,7 @@ TEST_F(AddListDialog, TheListKindIsReadAgainWhenSaving) {
     typePlain(u"98.5");
     SetCurrentTab(2);
     save();
-    EXPECT_EQ(rowText(ListKind::Fm, 1), "Radio|98.5|VHF|");
+    EXPECT_EQ(rowText(ListKind::Fm, 1), "Radio|98.5|VHF");
     EXPECT_EQ(grid(ListKind::Am).rowCount(), 0);
 }
 

@@ -211,7 +211,7 @@ TEST_F(CellEditingTest, StoresAFavouriteFrequencyWithItsUnitAgain) {
     EXPECT_EQ(u"9620", box.content);
     box.content = u"9630";
     editing.enterPressed();
-    EXPECT_EQ("Loved|9630  kHz|DRM", row(Favourite, 1));
+    EXPECT_EQ("Loved|9630  kHz|DRM", rowText(Favourite, 1));
 }
 
 TEST_F(CellEditingTest, OpensAFavouriteCellShorterThanItsUnitEmpty) {
@@ -235,7 +235,7 @@ TEST_F(CellEditingTest, EnterCommitsHidesAndGivesTheFocusBack) {
     start(Am, kFrequencyX);
     box.content = u"6000";
     editing.enterPressed();
-    EXPECT_EQ("Medium|6000|SW", row(Am, 1));
+    EXPECT_EQ("Medium|6000|SW", rowText(Am, 1));
     EXPECT_EQ(1, view(Am).focusCount);
     expectHidden();
 }
@@ -245,7 +245,7 @@ TEST_F(CellEditingTest, LossOfFocusCommitsToo) {
     start(Drm, kDrmTargetX);
     box.content = u"Asia";
     editing.lostFocus();
-    EXPECT_EQ("Voice|9620|0000-2400|Asia", row(Drm, 1));
+    EXPECT_EQ("Voice|9620|0000-2400|Asia", rowText(Drm, 1));
     expectHidden();
 }
 
@@ -257,7 +257,7 @@ TEST_F(CellEditingTest, EnterAndLossOfFocusDoNothingWhileHidden) {
     editing.enterPressed();
     editing.lostFocus();
     editing.viewChanged();
-    EXPECT_EQ("Voice|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
     EXPECT_EQ(0, view(Drm).focusCount);
 }
 
@@ -267,7 +267,7 @@ TEST_F(CellEditingTest, ARefusedTextIsDroppedAndTheBoxHidden) {
     box.content = u"149";
     messageBox.expect({u"Out of range: (150--30000) kHz"});
     editing.enterPressed();
-    EXPECT_EQ("Voice|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
     expectHidden();
 }
 
@@ -277,7 +277,7 @@ TEST_F(CellEditingTest, CommitsOnceWhenTheMessageBoxTakesTheFocus) {
         start(Drm, kDrmFrequencyX);
         box.content = u"12a";
         messageBox.expect({u"Please input (0-9)"});
-        messageBox.meanwhile = [this] {
+        messageBox.whileShown = [this] {
             editing.lostFocus();
             editing.viewChanged();
             editing.enterPressed();
@@ -294,7 +294,7 @@ TEST_F(CellEditingTest, HidesTheBoxOnlyAfterTheMessage) {
     box.content = u"";
     bool visibleMeanwhile = false;
     messageBox.expect({u"Input can't be empty"});
-    messageBox.meanwhile = [&] { visibleMeanwhile = box.visible; };
+    messageBox.whileShown = [&] { visibleMeanwhile = box.visible; };
     editing.enterPressed();
     EXPECT_TRUE(visibleMeanwhile);
     expectHidden();
@@ -306,7 +306,7 @@ TEST_F(CellEditingTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
     box.content = u"Typed";
     tabs.tab = 1;  // a tab switch hides the box
     editing.hideEditBox();
-    EXPECT_EQ("Voice|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
     expectHidden();
 }
 
@@ -315,7 +315,7 @@ TEST_F(CellEditingTest, AClickOnARowHidesAndHints) {
     start(Drm, 0);
     box.content = u"Typed";
     editing.itemClicked();
-    EXPECT_EQ("Voice|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
     EXPECT_EQ(u"Press 'Delete' Key To Delete ", statusBar.message);
     expectHidden();
 }
@@ -326,7 +326,7 @@ TEST_F(CellEditingTest, AClickOnAnotherRowCommitsByTheLossOfFocusBeforeIt) {
     box.content = u"Typed";
     editing.lostFocus();
     editing.itemClicked();
-    EXPECT_EQ("Typed|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
     EXPECT_EQ(u"Press 'Delete' Key To Delete ", statusBar.message);
 }
 
@@ -335,7 +335,7 @@ TEST_F(CellEditingTest, AScrollUnderTheBoxCommits) {
     start(Drm, 0);
     box.content = u"Typed";
     editing.viewChanged();
-    EXPECT_EQ("Typed|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
     expectHidden();
     editing.viewChanged();
     EXPECT_EQ(1, view(Drm).focusCount);
@@ -356,7 +356,7 @@ TEST_F(CellEditingTest, AnEditStartedOverAnOpenOneCommitsThatFirst) {
     start(Drm, 0);
     box.content = u"Typed";
     start(Drm, kDrmTargetX);
-    EXPECT_EQ("Typed|9620|0000-2400|Europe", row(Drm, 1));
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
     EXPECT_TRUE(editing.isEditing());
     EXPECT_EQ(u"Europe", box.content);
 }

@@ -32,7 +32,7 @@ protected:
         showTab(validator.kind);
         edit.editRow = 1;
         edit.editColumn = columnToEdit;
-        before = row(validator.kind, 1);
+        before = rowText(validator.kind, 1);
     }
 
     void expectRefused(const Validator& validator, int columnToEdit, std::u16string_view text,
@@ -44,7 +44,7 @@ protected:
         messageBox.expect({std::u16string(message)});
         validation.commitEdit(text);
         EXPECT_TRUE(messageBox.allShown());
-        EXPECT_EQ(before, row(validator.kind, 1));
+        EXPECT_EQ(before, rowText(validator.kind, 1));
         EXPECT_EQ(focused + 1, view(validator.kind).focusCount);
     }
 
@@ -57,7 +57,7 @@ protected:
         const std::size_t boxes = messageBox.shown.size();
         validation.commitEdit(text);
         EXPECT_EQ(boxes, messageBox.shown.size());
-        EXPECT_EQ(rowAfter, row(validator.kind, 1));
+        EXPECT_EQ(rowAfter, rowText(validator.kind, 1));
         EXPECT_EQ(focused + 1, view(validator.kind).focusCount);
     }
 
@@ -197,15 +197,15 @@ TEST_F(FieldValidationTest, JudgesAFavouriteByTheFirstSelectedRow) {
     addRow(Favourite, {u"Other", u"9000  kHz", u"DRM"});
     select(Favourite, 2);
     validation.commitEdit(u"98.1");
-    EXPECT_EQ("Old|98.1  MHz|FM", row(Favourite, 1));
-    EXPECT_EQ("Other|9000  kHz|DRM", row(Favourite, 2));
+    EXPECT_EQ("Old|98.1  MHz|FM", rowText(Favourite, 1));
+    EXPECT_EQ("Other|9000  kHz|DRM", rowText(Favourite, 2));
 }
 
 TEST_F(FieldValidationTest, LeavesFavouritesAloneWhenNoneIsSelected) {
     open({Favourite, u"FM"}, 2);
     grid(Favourite).setSelected(1, false);
     validation.commitEdit(u"98.1");
-    EXPECT_EQ(before, row(Favourite, 1));
+    EXPECT_EQ(before, rowText(Favourite, 1));
     EXPECT_EQ(1, view(Favourite).focusCount);
 }
 
@@ -214,8 +214,8 @@ TEST_F(FieldValidationTest, WritesTheRowOfTheEditNotTheSelectedOne) {
     addRow(Am, {u"Second", u"700", u"MW"});
     edit.editRow = 2;
     validation.commitEdit(u"6000");
-    EXPECT_EQ("Old|old|Third", row(Am, 1));
-    EXPECT_EQ("Second|6000|SW", row(Am, 2));
+    EXPECT_EQ("Old|old|Third", rowText(Am, 1));
+    EXPECT_EQ("Second|6000|SW", rowText(Am, 2));
 }
 
 TEST_F(FieldValidationTest, DoesNothingOnATabOutsideTheFourLists) {
@@ -225,7 +225,7 @@ TEST_F(FieldValidationTest, DoesNothingOnATabOutsideTheFourLists) {
         validation.commitEdit(u"");
         validation.commitEdit(u"New");
     }
-    EXPECT_EQ(before, row(Drm, 1));
+    EXPECT_EQ(before, rowText(Drm, 1));
     EXPECT_EQ(0, view(Drm).focusCount);
     EXPECT_TRUE(messageBox.shown.empty());
 }

@@ -140,7 +140,7 @@ TEST_F(SortListviewTest, TakesLettersOfBothCasesForEqual) {
 TEST_F(SortListviewTest, LeavesASingleRowAsItIs) {
     addRow(Fm, {u"Music", u"98.5", u"VHF"});
     click(Fm, u"FREQ");
-    EXPECT_EQ("Music|98.5|VHF", row(Fm, 1));
+    EXPECT_EQ("Music|98.5|VHF", rowText(Fm, 1));
 }
 
 TEST_F(SortListviewTest, MovesWholeRows) {
@@ -148,9 +148,9 @@ TEST_F(SortListviewTest, MovesWholeRows) {
     addRow(Drm, {u"Three", u"3000", u"0200-0300", u"Europe"});
     addRow(Drm, {u"Two", u"2000", u"0100-0200", u"Africa"});
     click(Drm, u"FREQ");
-    EXPECT_EQ("Three|3000|0200-0300|Europe", row(Drm, 1));
-    EXPECT_EQ("Two|2000|0100-0200|Africa", row(Drm, 2));
-    EXPECT_EQ("One|1000|0000-0100|Asia", row(Drm, 3));
+    EXPECT_EQ("Three|3000|0200-0300|Europe", rowText(Drm, 1));
+    EXPECT_EQ("Two|2000|0100-0200|Africa", rowText(Drm, 2));
+    EXPECT_EQ("One|1000|0000-0100|Asia", rowText(Drm, 3));
 }
 
 TEST_F(SortListviewTest, RewritesTheFrequencyOfAPivotAsAWholeNumber) {

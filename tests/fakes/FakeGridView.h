@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,13 +16,17 @@ public:
         listener = &attachedListener;
     }
     void columnAdded(int) override { calls.emplace_back("columnAdded"); }
-    double showColumnWidth(int, double widthTwips) override { return widthTwips; }
+    double showColumnWidth(int, double widthTwips) override {
+        moved();
+        return widthTwips;
+    }
     void beforeAppend(int) override { calls.emplace_back("beforeAppend"); }
     void afterAppend(int) override { calls.emplace_back("afterAppend"); }
     void beforeReset() override { calls.emplace_back("beforeReset"); }
     void afterReset() override { calls.emplace_back("afterReset"); }
     void cellChanged(int, int) override { calls.emplace_back("cellChanged"); }
     GridGeometry geometry(int row) override {
+        moved();
         GridGeometry result = shape;
         if (row < 1) {
             result.rowLeft = result.rowTop = result.rowHeight = 0;
@@ -39,6 +44,7 @@ public:
     Grid* grid = nullptr;
     GridListener* listener = nullptr;
     std::vector<std::string> calls;
+    std::function<void()> moved = [] {};  // what a widened column or a row scrolled into view causes
     int focusCount = 0;
     int topRow = 1;  // the first row in sight
     // A grid of 6,000 by 4,000 twips, 60 right of and 300 below the tab control's corner.

@@ -5,10 +5,9 @@
 #include "adding/FieldRules.h"
 #include "editing/FieldValidation.h"
 #include "fakes/FakeControls.h"
-#include "fakes/FakeGridView.h"
 #include "fakes/FakeServices.h"
+#include "fakes/FourLists.h"
 #include "fuzz/Fuzz.h"
-#include "storage/RowStore.h"
 
 namespace {
 
@@ -19,21 +18,6 @@ public:
         return BoxAnswer::Ok;
     }
     int shown = 0;
-};
-
-struct Lists {
-    Lists() {
-        for (int i = 0; i < kListCount; ++i) {
-            for (int column = 0; column < (i == 0 ? 4 : 3); ++column) {
-                grids[i].addColumn(u"c", u"KEYS", 100);
-            }
-        }
-    }
-    FakeGridView views[kListCount];
-    RowStore grids[kListCount];
-    StationLists lists{{StationList{ListKind::Drm, grids[0], views[0]}, StationList{ListKind::Am, grids[1], views[1]},
-                        StationList{ListKind::Fm, grids[2], views[2]},
-                        StationList{ListKind::Favourite, grids[3], views[3]}}};
 };
 
 std::vector<std::u16string> cellsOf(const Grid& grid) {
@@ -71,8 +55,8 @@ long thousandths(std::u16string_view text, bool& isNumber) {
 }
 
 void checkEdit(int tab, int column, const std::u16string& system, const std::u16string& text) {
-    Lists all;
-    RowStore& grid = all.grids[tab];
+    FourLists all;
+    RowStore& grid = all.grid(static_cast<ListKind>(tab));
     grid.appendRow({u"Name", u"6095  kHz", tab == 3 ? system : u"x", u"Target"});
     grid.setSelected(1, true);
     FakeTabControl tabs;

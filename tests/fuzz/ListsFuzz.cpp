@@ -3,22 +3,21 @@
 #include <vector>
 
 #include "fakes/FakeFiles.h"
-#include "fakes/FakeGridView.h"
+#include "fakes/FourLists.h"
 #include "fuzz/Fuzz.h"
 #include "storage/ListLoader.h"
 #include "storage/ListSaver.h"
 #include "storage/Numbers.h"
 #include "storage/ProfileLines.h"
-#include "storage/RowStore.h"
 
 namespace {
 
 using Rows = std::vector<std::vector<std::u16string>>;
 
-struct Program {
+struct Program : FourLists {
     void load() {
-        for (RowStore* grid : {&drm, &am, &fm, &favourites}) {
-            grid->clear();
+        for (RowStore& rows : grids) {
+            rows.clear();
         }
         loader.forgetFiles();
         convertWorkingCopy(copies.ListFilePath, files, codePages);
@@ -38,15 +37,10 @@ struct Program {
         }
         return rows;
     }
-    std::vector<Rows> all() const { return {rowsOf(drm), rowsOf(am), rowsOf(fm), rowsOf(favourites)}; }
+    std::vector<Rows> all() const { return {rowsOf(grids[0]), rowsOf(grids[1]), rowsOf(grids[2]), rowsOf(grids[3])}; }
 
     FakeFiles files;
     FakeCodePages codePages;
-    FakeGridView views[kListCount];
-    RowStore drm, am, fm, favourites;
-    StationLists lists{{StationList{ListKind::Drm, drm, views[0]}, StationList{ListKind::Am, am, views[1]},
-                        StationList{ListKind::Fm, fm, views[2]},
-                        StationList{ListKind::Favourite, favourites, views[3]}}};
     WorkingCopies copies{u"/List.ini", u"/User.ini"};
     ReceiverSettings settings;
     ListLoader loader{lists, copies, settings, files, codePages};

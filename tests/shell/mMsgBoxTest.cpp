@@ -10,28 +10,17 @@ namespace {
 constexpr WindowHandle kBox = 100;
 constexpr int kCreateWindow = 3;  // any other event of the hook
 
-// A message box of the system: its window is activated while it is shown.
-class ActivatedBox : public FakeMessageBox {
-public:
-    explicit ActivatedBox(FakeWindowHook& windowHook) : hook_(windowHook) {}
-
-    int show(std::u16string_view text, int style, std::u16string_view title) override {
-        hookedDuringBox = hook_.live != 0;
-        if (hook_.listener != nullptr) {
-            allowed = hook_.listener->hookProcedure(kHookActivate, kBox, 0);
-        }
-        return FakeMessageBox::show(text, style, title);
-    }
-
-    bool hookedDuringBox = false;
-    std::intptr_t allowed = -1;
-
-private:
-    FakeWindowHook& hook_;
-};
-
+// The system activates the window of a message box while it is shown.
 class MessageBoxes : public testing::Test {
 protected:
+    MessageBoxes() {
+        box.whileShown = [this] {
+            hookedDuringBox = hook.live != 0;
+            if (hook.listener != nullptr) {
+                allowed = hook.listener->hookProcedure(kHookActivate, kBox, 0);
+            }
+        };
+    }
     void addChild(WindowHandle handle, std::u16string className, std::u16string caption) {
         hook.windows[handle] = {std::move(className), std::move(caption), kBox};
     }
@@ -42,8 +31,10 @@ protected:
     }
 
     FakeWindowHook hook;
-    ActivatedBox box{hook};
+    FakeMessageBox box;
     mMsgBox messages{box, hook};
+    bool hookedDuringBox = false;
+    std::intptr_t allowed = -1;  // what the hook answered
 };
 
 TEST_F(MessageBoxes, AChineseAbortRetryIgnoreBoxBecomesEnglishAndKeepsItsAccelerators) {
@@ -126,7 +117,7 @@ TEST_F(MessageBoxes, ANegativeCodeIsPassedOnWithItsResult) {
 
 TEST_F(MessageBoxes, AnActivationIsAllowedAndNotPassedOn) {
     showOnce();
-    EXPECT_EQ(box.allowed, 0);
+    EXPECT_EQ(allowed, 0);
     EXPECT_TRUE(hook.passedOn.empty());
 }
 
@@ -143,7 +134,7 @@ TEST_F(MessageBoxes, EveryOtherCodeGivesZeroWithoutTheNextHook) {
 TEST_F(MessageBoxes, TheHookIsThereDuringTheBoxOnlyAndOfTheRightType) {
     EXPECT_EQ(hook.live, 0U);
     showOnce();
-    EXPECT_TRUE(box.hookedDuringBox);
+    EXPECT_TRUE(hookedDuringBox);
     EXPECT_EQ(hook.lastType, 5);
     EXPECT_EQ(hook.live, 0U);
     EXPECT_EQ(hook.staleUnhooks, 0);
@@ -181,7 +172,7 @@ TEST_F(MessageBoxes, APlainBoxIsShownWithoutTheHook) {
     addChild(101, u"Button", u"确定");
     box.expect({u"plain", u"Halcyon_K7", BoxStyle::Ok, BoxAnswer::Ok});
     EXPECT_EQ(messages.showPlain(u"plain"), BoxAnswer::Ok);
-    EXPECT_FALSE(box.hookedDuringBox);
+    EXPECT_FALSE(hookedDuringBox);
     EXPECT_EQ(hook.issued, 0U);
     EXPECT_EQ(hook.captionsSet, 0);
 }

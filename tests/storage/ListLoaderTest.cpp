@@ -44,7 +44,7 @@ protected:
     }
 };
 
-const std::u16string kAllLists =
+const std::u16string kThreeLists =
     u" \r\n[Total]\r\ndrmnumber=1\r\namnumber=1\r\nfmnumber=1\r\n"
     u"[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=Радио 中文 📻\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\n"
     u"UserDef=0\r\n[AMSchedule0]\r\nFrequency=198\r\nProgramme=Longwave Example\r\nUserDef=0\r\n"
@@ -85,7 +85,7 @@ TEST_F(ListLoaderTest, ColumnsGetTheirShareOfTheGridsWidth) {
 }
 
 TEST_F(ListLoaderTest, FillsEveryList) {
-    listFile() = utf16File(kAllLists);
+    listFile() = utf16File(kThreeLists);
     userFile() = utf16File(
         u"[Total]\r\nfavnumber=2\r\n[FAVSchedule0]\r\nProgramme=A\r\nFrequency=6095\r\nTYPE=DRM\r\n"
         u"[FAVSchedule1]\r\nProgramme=B\r\nFrequency=98500\r\nTYPE=FM\r\n");
@@ -151,7 +151,7 @@ TEST_F(ListLoaderTest, ThreeHundredRecordsLoadThreeHundredRowsInOneUpdate) {
 }
 
 TEST_F(ListLoaderTest, LoadingTwiceAppendsTheRowsTwice) {
-    listFile() = utf16File(kAllLists);
+    listFile() = utf16File(kThreeLists);
     loadAll(true);
     loadAll(false);
     EXPECT_EQ(drm.rowCount(), 2);
@@ -245,14 +245,14 @@ TEST_F(ListLoaderTest, AFileWithoutMarkIsReadInTheAnsiCodePage) {
 }
 
 TEST_F(ListLoaderTest, OneLoadReadsEachFileOnce) {
-    listFile() = utf16File(kAllLists);
+    listFile() = utf16File(kThreeLists);
     userFile() = utf16File(u" ");
     loadAll();
     EXPECT_EQ(files.accesses, (std::vector<std::string>{"read /k7/List.ini", "read /k7/User.ini"}));
 }
 
 TEST_F(ListLoaderTest, ALaterLoadSeesTheFileAsItIsThen) {
-    listFile() = utf16File(kAllLists);
+    listFile() = utf16File(kThreeLists);
     loadAll();
     clearAll();
     listFile() = utf16File(u"[Total]\r\ndrmnumber=2\r\n");
@@ -269,7 +269,7 @@ TEST_F(ListLoaderTest, ALaterLoadSeesTheFileAsItIsThen) {
 }
 
 TEST_F(ListLoaderTest, ForgottenFilesAreReadAnew) {
-    listFile() = utf16File(kAllLists);
+    listFile() = utf16File(kThreeLists);
     loader.LoadDrmList(false);
     listFile() = utf16File(u"[Total]\r\namnumber=2\r\n");
     loader.forgetFiles();

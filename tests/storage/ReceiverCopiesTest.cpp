@@ -38,7 +38,7 @@ protected:
     FakeStatusBar statusBar;
     mMsgBox messages{box, hook};
     mFindDiskDriver driver{volumes, files};
-    Totals totals{tabs, statusBar, {&drm, &am, &fm, &favourites}};
+    Totals totals{tabs, statusBar, allGrids()};
     std::u16string receiverRoot;
     FakeClock clock;
     Backup backup{u"/k7/", files, clock};

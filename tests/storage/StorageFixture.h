@@ -9,11 +9,9 @@
 
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
-#include "fakes/FakeGridView.h"
-#include "fakes/Text.h"
+#include "fakes/FourLists.h"
 #include "storage/ListLoader.h"
 #include "storage/ListSaver.h"
-#include "storage/RowStore.h"
 #include "storage/Utf16Bytes.h"
 
 // A file of the profile functions: UTF-16LE with its mark.
@@ -23,7 +21,7 @@ inline std::string utf16File(std::u16string_view text) {
     return bytes;
 }
 
-class StorageTest : public testing::Test {
+class StorageTest : public testing::Test, protected FourLists {
 protected:
     using Rows = std::vector<std::vector<std::u16string>>;
 
@@ -34,8 +32,8 @@ protected:
         loader.LoadFavList(setUpColumns);
     }
     void clearAll() {
-        for (RowStore* grid : {&drm, &am, &fm, &favourites}) {
-            grid->clear();
+        for (RowStore& rows : grids) {
+            rows.clear();
         }
     }
     static Rows rowsOf(const RowStore& grid, int columns) {
@@ -61,11 +59,11 @@ protected:
 
     FakeFiles files;
     FakeCodePages codePages;
-    FakeGridView drmView, amView, fmView, favouriteView;
-    RowStore drm{drmView}, am{amView}, fm{fmView}, favourites{favouriteView};
-    StationLists lists{{StationList{ListKind::Drm, drm, drmView}, StationList{ListKind::Am, am, amView},
-                        StationList{ListKind::Fm, fm, fmView},
-                        StationList{ListKind::Favourite, favourites, favouriteView}}};
+    RowStore& drm = grid(ListKind::Drm);
+    RowStore& am = grid(ListKind::Am);
+    RowStore& fm = grid(ListKind::Fm);
+    RowStore& favourites = grid(ListKind::Favourite);
+    FakeGridView& drmView = view(ListKind::Drm);
     WorkingCopies copies{u"/k7/List.ini", u"/k7/User.ini"};
     ReceiverSettings settings;
     ListLoader loader{lists, copies, settings, files, codePages};
