@@ -109,17 +109,6 @@ void ProfileEdit::set(std::u16string_view section, std::u16string_view key, std:
     lines.insert(place, keep(std::move(line)));
 }
 
-void ProfileEdit::removeKey(std::u16string_view section, std::u16string_view key) {
-    Section* found = find(section);
-    if (found == nullptr) {
-        return;
-    }
-    const auto line = findKey(found->lines, key);
-    if (line != found->lines.end()) {
-        found->lines.erase(line);
-    }
-}
-
 void ProfileEdit::removeSection(std::u16string_view section) {
     const auto found = index_.find(section);
     if (found == index_.end() || found->second.empty()) {

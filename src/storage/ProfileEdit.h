@@ -21,7 +21,6 @@ public:
     // Replaces the value where it stands. A new key goes to the end of its section, before blank lines;
     // a new section to the end of the text, on a line of its own.
     void set(std::u16string_view section, std::u16string_view key, std::u16string_view value);
-    void removeKey(std::u16string_view section, std::u16string_view key);
     // With its line, its keys and its comments, up to the next section.
     void removeSection(std::u16string_view section);
 

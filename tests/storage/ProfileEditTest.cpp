@@ -48,14 +48,6 @@ TEST(ProfileEdit, ALineEndInAValueBecomesABlank) {
     EXPECT_EQ(afterSet(u"", u"A", u"x", u"1\r\n[B]\ny=2"), "[A]\r\nx=1  [B] y=2\r\n");
 }
 
-TEST(ProfileEdit, ARemovedKeyTakesItsLineAlong) {
-    ProfileEdit edit(u"[A]\r\nx=1\r\ny=2\r\nX=3\r\n");
-    edit.removeKey(u"a", u"x");
-    edit.removeKey(u"A", u"none");
-    edit.removeKey(u"None", u"x");
-    EXPECT_EQ(narrow(edit.compose()), "[A]\r\ny=2\r\nX=3\r\n");
-}
-
 TEST(ProfileEdit, ARemovedSectionTakesItsLinesAlongUpToTheNext) {
     ProfileEdit edit(u"[A]\r\nx=1\r\n; note\r\n\r\n[B]\r\ny=2\r\n[a]\r\nx=3\r\n");
     edit.removeSection(u"A");

@@ -105,22 +105,8 @@ std::vector<std::string> essence(std::u16string_view text) {
 
 std::string utf16File(std::u16string_view text) {
     std::string bytes = "\xFF\xFE";
-    for (const char16_t unit : text) {
-        bytes += static_cast<char>(unit & 0xFF);
-        bytes += static_cast<char>(unit >> 8);
-    }
+    appendBytes(bytes, text, ByteOrder::Little);
     return bytes;
-}
-
-std::size_t countSections(std::u16string_view text, std::u16string_view name) {
-    std::size_t count = 0;
-    for (std::size_t start = 0; start < text.size();) {
-        const ProfileLineEnd lineEnd = findLineEnd(text, start);
-        const ProfileLine line = parseProfileLine(text.substr(start, lineEnd.end - start));
-        count += line.kind == ProfileLineKind::Section && sameName(line.name, name) ? 1U : 0U;
-        start = lineEnd.next;
-    }
-    return count;
 }
 
 class ProfileDifferential : public testing::Test {
@@ -131,11 +117,12 @@ protected:
                                                       kBufferUnits, folder_.file("system.ini").c_str());
         return fromWide({buffer.data(), length});
     }
-    void systemWrite(const std::u16string& section, const std::u16string* key, const std::u16string* value) const {
-        const std::wstring wideKey = key != nullptr ? toWide(*key) : L"";
-        const std::wstring wideValue = value != nullptr ? toWide(*value) : L"";
-        WritePrivateProfileStringW(toWide(section).c_str(), key != nullptr ? wideKey.c_str() : nullptr,
-                                   value != nullptr ? wideValue.c_str() : nullptr, folder_.file("system.ini").c_str());
+    void systemWrite(const std::u16string& section, const std::u16string& key, const std::u16string& value) const {
+        WritePrivateProfileStringW(toWide(section).c_str(), toWide(key).c_str(), toWide(value).c_str(),
+                                   folder_.file("system.ini").c_str());
+    }
+    void systemRemove(const std::u16string& section) const {
+        WritePrivateProfileStringW(toWide(section).c_str(), nullptr, nullptr, folder_.file("system.ini").c_str());
     }
     std::u16string systemFile() {
         WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // flush
@@ -181,25 +168,15 @@ TEST_F(ProfileDifferential, WritesTheSameFile) {
         std::string calls;
         for (int i = 1 + generator.below(10); i > 0; --i) {
             const std::u16string section = generator.section();
-            const std::u16string key = generator.key();
-            const int kind = generator.below(10);
-            if (kind == 0) {
+            if (generator.chance(10)) {
                 edit.removeSection(section);
-                systemWrite(section, nullptr, nullptr);
+                systemRemove(section);
                 calls += "remove [" + narrow(section) + "]\n";
-            } else if (kind == 1) {
-                // Wine looks for a key to remove in every section of the name, though it reads and writes keys in
-                // the first one only, as the system does.
-                if (countSections(edit.compose(), section) > 1) {
-                    continue;
-                }
-                edit.removeKey(section, key);
-                systemWrite(section, &key, nullptr);
-                calls += "remove [" + narrow(section) + "] " + narrow(key) + "\n";
             } else {
+                const std::u16string key = generator.key();
                 const std::u16string value = fitting(generator.value(), ansi);
                 edit.set(section, key, value);
-                systemWrite(section, &key, &value);
+                systemWrite(section, key, value);
                 calls += "[" + narrow(section) + "] " + narrow(key) + "=" + narrow(value) + "\n";
             }
         }
