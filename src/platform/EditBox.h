@@ -23,6 +23,5 @@ public:
     virtual std::u16string text() const = 0;
     virtual void setBounds(double left, double top, double width, double height) = 0;  // twips
     virtual void setVisible(bool visible) = 0;
-    virtual bool isVisible() const = 0;
     virtual void takeFocus() = 0;
 };

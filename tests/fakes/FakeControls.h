@@ -42,7 +42,6 @@ public:
         bounds = {left, top, width, height};
     }
     void setVisible(bool shown) override { visible = shown; }
-    bool isVisible() const override { return visible; }
     void takeFocus() override { ++focusCount; }
 
     EditBoxListener* listener = nullptr;

@@ -26,7 +26,6 @@ public:
     std::u16string text() const override;
     void setBounds(double left, double top, double width, double height) override;
     void setVisible(bool visible) override;
-    bool isVisible() const override { return visible_; }
     void takeFocus() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -52,6 +52,5 @@ void Win32EditBox::setBounds(double left, double top, double width, double heigh
 }
 
 void Win32EditBox::setVisible(bool visible) {
-    visible_ = visible;
     ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
 }

@@ -16,14 +16,11 @@ public:
     std::u16string text() const override;
     void setBounds(double left, double top, double width, double height) override;
     void setVisible(bool visible) override;
-    bool isVisible() const override { return visible_; }
     void takeFocus() override { SetFocus(window_); }
 
 private:
     static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
 
     HWND window_ = nullptr;
-    // Known before the window hides: hiding takes the focus away, and that must not look like a visible box losing it.
-    bool visible_ = false;
     EditBoxListener* listener_ = nullptr;
 };
