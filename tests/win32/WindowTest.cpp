@@ -78,6 +78,12 @@ protected:
     bool statusBecomes(const wchar_t* text) {
         return eventually([&] { return program().status() == text; });
     }
+    void deleteSecondOfThree(HWND list) {
+        program().click(list, 2, 1);
+        ASSERT_TRUE(statusBecomes(L"Press 'Delete' Key To Delete "));
+        pressKey(VK_DELETE);
+        ASSERT_TRUE(eventually([&] { return program().rowCount(list) == 2; }));
+    }
     void pressButton(HWND dialog, int id) { PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), 0); }
     void expectBoxOnCell(HWND list, int row, int column) {
         RECT box{};
@@ -213,28 +219,22 @@ TEST_F(Window, TheBoxLiesOnItsCell) {
     expectBoxOnCell(drm, 10, 4);
 }
 
-TEST_F(Window, AHeaderClickSorts) {
+TEST_F(Window, AHeaderClickSortsDescendingFirst) {
     start();
     HWND drm = program().list(kDrm);
+    const auto orderBecomes = [&](const std::vector<std::wstring>& order) {
+        return eventually([&] { return program().columnTexts(drm, 1) == order; });
+    };
     program().clickHeader(drm, 1);
-    const std::vector<std::wstring> ascending{L"alpha", L"Bravo", L"Charlie"};
-    const std::vector<std::wstring> descending{L"Charlie", L"Bravo", L"alpha"};
-    ASSERT_TRUE(eventually([&] {
-        return program().columnTexts(drm, 1) != std::vector<std::wstring>{L"Charlie", L"alpha", L"Bravo"};
-    }));
-    const bool firstAscending = program().columnTexts(drm, 1) == ascending;
-    EXPECT_EQ(program().columnTexts(drm, 1), firstAscending ? ascending : descending);
+    EXPECT_TRUE(orderBecomes({L"Charlie", L"Bravo", L"alpha"}));
     program().clickHeader(drm, 1);
-    EXPECT_TRUE(eventually([&] { return program().columnTexts(drm, 1) == (firstAscending ? descending : ascending); }));
+    EXPECT_TRUE(orderBecomes({L"alpha", L"Bravo", L"Charlie"}));
 }
 
 TEST_F(Window, DeletesByKeyAndByMenu) {
     start();
     HWND drm = program().list(kDrm);
-    program().click(drm, 2, 1);
-    ASSERT_TRUE(statusBecomes(L"Press 'Delete' Key To Delete "));
-    pressKey(VK_DELETE);
-    ASSERT_TRUE(eventually([&] { return program().rowCount(drm) == 2; }));
+    ASSERT_NO_FATAL_FAILURE(deleteSecondOfThree(drm));
     EXPECT_EQ(program().columnTexts(drm, 1), (std::vector<std::wstring>{L"Charlie", L"Bravo"}));
 
     program().rightClick(drm, 2, 1);
@@ -383,10 +383,7 @@ TEST_F(Window, ASecondStartShowsNothingAndTouchesNothing) {
 TEST_F(Window, TheEndOfTheSessionSaves) {
     start();
     HWND drm = program().list(kDrm);
-    program().click(drm, 2, 1);
-    ASSERT_TRUE(statusBecomes(L"Press 'Delete' Key To Delete "));
-    pressKey(VK_DELETE);
-    ASSERT_TRUE(eventually([&] { return program().rowCount(drm) == 2; }));
+    ASSERT_NO_FATAL_FAILURE(deleteSecondOfThree(drm));
     EXPECT_NE(SendMessageW(program().window(), WM_QUERYENDSESSION, 0, 0), 0);
     SendMessageW(program().window(), WM_ENDSESSION, TRUE, 0);
     EXPECT_EQ(folder.read("List.ini"),
