@@ -3,7 +3,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "storage/ListColumns.h"
 #include "storage/ListFile.h"

@@ -1,7 +1,5 @@
 #include "storage/WorkingCopies.h"
 
-#include <cstdint>
-
 #include "storage/SafeFile.h"
 #include "storage/Utf16Bytes.h"
 #include "storage/mTextUTF.h"

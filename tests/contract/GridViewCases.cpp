@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "contract/Backend.h"
 #include "contract/IgnoreGridEvents.h"
 #include "fakes/Text.h"

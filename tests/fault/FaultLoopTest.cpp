@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
-#include <set>
 
 #include "fakes/FakePlatform.h"
 #include "fakes/Text.h"

@@ -1,5 +1,4 @@
 // The profile engine against a reader that looks at the text line by line for each key, and writing against reading.
-#include <algorithm>
 #include <set>
 #include <utility>
 #include <vector>

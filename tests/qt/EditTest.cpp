@@ -1,5 +1,4 @@
 #include <QContextMenuEvent>
-#include <QMenu>
 
 #include "qt/RecordingWindow.h"
 

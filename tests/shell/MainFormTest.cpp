@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "fakes/FakePlatform.h"
 #include "shell/Design.h"
 #include "shell/MainForm.h"

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "fakes/Text.h"
 #include "storage/RowStore.h"
 #include "sync/ScheduleRecords.h"

@@ -4,7 +4,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <memory>
 #include <string>
 
 #include "win32/Poll.h"

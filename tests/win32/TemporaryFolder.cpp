@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <fstream>
+#include <sstream>
 #include <system_error>
 
 TemporaryFolder::TemporaryFolder() {

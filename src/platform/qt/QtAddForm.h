@@ -6,11 +6,7 @@
 
 #include "platform/AddFormView.h"
 
-class QComboBox;
 class QDialog;
-
-class QGridLayout;
-class QLineEdit;
 class QWidget;
 
 class QtAddForm : public QObject, public AddFormView {

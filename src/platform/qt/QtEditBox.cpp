@@ -3,7 +3,6 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QTimer>
 #include <utility>
 
 #include "platform/qt/InsertionLimit.h"

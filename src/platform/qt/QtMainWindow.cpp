@@ -7,7 +7,6 @@
 #include <QMainWindow>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <utility>
 

@@ -4,7 +4,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
-#include <array>
 #include <vector>
 
 #include "platform/qt/Units.h"

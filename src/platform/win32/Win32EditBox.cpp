@@ -51,6 +51,4 @@ void Win32EditBox::setBounds(double left, double top, double width, double heigh
                  SWP_NOACTIVATE);
 }
 
-void Win32EditBox::setVisible(bool visible) {
-    ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
-}
+void Win32EditBox::setVisible(bool visible) { ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE); }
