@@ -96,15 +96,6 @@ class ByKeyboard(ProgramCase):
     def tab_shown(self, program, name):
         program.wait(lambda: program.totals().startswith(f"Total Number Of {name.removesuffix(' List')} List: "), name)
 
-    def edit(self, program, text):
-        program.keys("Return")
-        program.wait(program.edit_box, "the edit box")
-        program.keys("ctrl+a")
-        program.type(text)
-        program.wait(lambda: (box := program.edit_box()) and text_of(box) == text, f"{text} typed")
-        program.keys("Return")
-        program.wait(lambda: program.edit_box() is None, "the edit box hidden")
-
     def test_the_whole_job(self):
         receiver = self.sample_receiver()
         program = self.program().start()
@@ -114,7 +105,7 @@ class ByKeyboard(ProgramCase):
         # Edit the frequency of the second station, and add a third one to the favourites.
         program.keys("End", "Home", "Down", "Right")
         program.wait(lambda: program.selected_rows() == [2], "the second row")
-        self.edit(program, "14000")
+        program.edit_by_keys("14000")
         drm = [listfiles.DRM[0], ("Second", "14000", *listfiles.DRM[1][2:]), listfiles.DRM[2]]
         self.assert_cells(program, drm)
         program.keys("Down", "ctrl+a")

@@ -221,14 +221,6 @@ class KeyboardOnly(ProgramCase):
         program.keys("Home", "space")
         program.wait(lambda: program.selected_rows() == [1], "the first row selected")
 
-    def edit_here(self, program, text):
-        program.keys("Return")
-        program.wait(program.edit_box, "the edit box")
-        program.keys("ctrl+a")
-        program.type(text)
-        program.keys("Return")
-        program.wait(lambda: program.edit_box() is None, "the edit box hidden")
-
     def test_a_whole_visit(self):
         receiver = self.sample_receiver()
         program = self.program().start()
@@ -236,13 +228,13 @@ class KeyboardOnly(ProgramCase):
         program.keys("ctrl+l")
         self.assert_cells(program, DRM_CELLS)
         self.first_row(program)
-        self.edit_here(program, "Renamed")
+        program.edit_by_keys("Renamed")
         self.assert_cells(program, [("Renamed", *DRM_CELLS[0][1:]), *DRM_CELLS[1:]])
         program.keys("Right")
-        self.edit_here(program, "7000")
+        program.edit_by_keys("7000")
         self.assert_cells(program, [("Renamed", "7000", *DRM_CELLS[0][2:]), *DRM_CELLS[1:]])
         program.keys("Right")
-        self.edit_here(program, "World")
+        program.edit_by_keys("World")
         drm = [("Renamed", "7000", "06:00-07:30", "World"), *listfiles.DRM[1:]]
         self.assert_cells(program, drm)
         program.keys("ctrl+a")
@@ -271,9 +263,7 @@ class KeyboardOnly(ProgramCase):
         program.popup_by_key()
         program.keys("e")
         program.wait(program.edit_box, "the edit box")
-        program.keys("ctrl+a")
-        program.type("Menu FM")
-        program.keys("Return")
+        program.retype("Menu FM")
         self.assert_cells(program, [("Menu FM", "98.5", "VHF"), listfiles.FM_CELLS[1]])
 
         program.keys("ctrl+Tab")

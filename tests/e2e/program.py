@@ -211,6 +211,16 @@ class Program:
     def edit(self, row, column, text):
         """A double-click on a cell, the new text, Enter."""
         self.open_edit(row, column)
+        self.retype(text)
+
+    def edit_by_keys(self, text):
+        """The same of the cell that the keyboard has chosen."""
+        self.keys("Return")
+        self.wait(self.edit_box, "the edit box")
+        self.retype(text)
+
+    def retype(self, text):
+        """Replaces the text of the edit box that is open, and presses Enter."""
         self.keys("ctrl+a")
         self.type(text)
         self.wait(lambda: (box := self.edit_box()) and text_of(box) == text, f"{text} typed")

@@ -233,7 +233,7 @@ TEST_F(GridTest, AssistiveTechnologyReadsEveryCell) {
     }
 }
 
-TEST_F(GridTest, ManyRowsAreNoBurden) {
+TEST_F(GridTest, TheMostRowsAreShownSelectedAndRemoved) {
     fill(32'767 - 40);
     EXPECT_EQ(table()->model()->rowCount(), 32'767);
     table()->selectAll();
