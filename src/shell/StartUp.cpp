@@ -58,7 +58,9 @@ std::string StartUp::convert(std::u16string_view path, const std::optional<std::
     }
     std::string converted = convertedWorkingCopy(*bytes, codePages_);
     if (onDisk) {
-        replaceFile(files_, path, converted);
+        // Not flushed: a power cut may lose or tear it. The snapshot with the same lists has been flushed already and
+        // stays until a save has flushed both files; a start that finds one makes the working copies anew from it.
+        replaceFileUnflushed(files_, path, converted);
     }
     return converted;
 }

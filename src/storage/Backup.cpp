@@ -69,6 +69,7 @@ void Backup::keep(std::u16string_view name, std::string_view bytes) {
     if (!files_.createFolder(folder_) || !replaceFile(files_, pathOf(added.name), bytes)) {
         return;
     }
+    files_.flushFolderOf(folder_);
     for (std::size_t i = 0; i + kCopies <= copies.size(); ++i) {
         files_.remove(pathOf(copies[i].name));
     }

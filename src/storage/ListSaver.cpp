@@ -1,6 +1,8 @@
 #include "storage/ListSaver.h"
 
 #include <cstddef>
+#include <utility>
+#include <vector>
 
 #include "storage/IniFile.h"
 #include "storage/ListFile.h"
@@ -83,9 +85,19 @@ bool hasUnits(const Grid& favourites) {
 }  // namespace
 
 void ListSaver::SaveLists() {
-    const bool listSaved = save(copies_.ListFilePath, composeListFile());
-    const bool userSaved = save(copies_.UserFilePath, composeUserFile());
-    listsSaved_ = listSaved && userSaved;
+    std::vector<NewFile> newFiles;
+    const auto add = [&](const std::u16string& path, std::optional<std::string> bytes) {
+        if (bytes && files_.exists(path)) {
+            files_.clearAttributes(path);
+        }
+        if (bytes) {
+            newFiles.push_back({path, std::move(*bytes)});
+        }
+    };
+    add(copies_.ListFilePath, composeListFile());
+    add(copies_.UserFilePath, composeUserFile());
+    constexpr std::size_t kWorkingCopies = 2;
+    listsSaved_ = replaceFiles(files_, newFiles) && newFiles.size() == kWorkingCopies;
 }
 
 WorkingCopyBytes ListSaver::compose() { return {composeListFile(), composeUserFile()}; }
@@ -96,16 +108,6 @@ void ListSaver::leave(std::u16string_view path) {
 }
 
 void ListSaver::leaveNone() { leavesListFile_ = leavesUserFile_ = false; }
-
-bool ListSaver::save(std::u16string_view path, const std::optional<std::string>& bytes) {
-    if (!bytes) {
-        return false;
-    }
-    if (files_.exists(path)) {
-        files_.clearAttributes(path);
-    }
-    return replaceFile(files_, path, *bytes);
-}
 
 std::optional<std::string> ListSaver::composeListFile() {
     if (leavesListFile_) {

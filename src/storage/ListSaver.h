@@ -41,7 +41,6 @@ private:
     std::optional<std::string> composeUserFile();
     std::u16string startOf(std::u16string_view path);
     std::string finish(std::u16string& text);
-    bool save(std::u16string_view path, const std::optional<std::string>& bytes);
     void resetContent(std::u16string_view path, std::initializer_list<ListKind> kinds);
 
     StationLists lists_;

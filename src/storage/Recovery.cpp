@@ -28,7 +28,7 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
     if (kept_ && !bytes.user) {
         bytes.user = kept_->user;
     }
-    if (kept_ == bytes) {
+    if (isDurable_ && kept_ == bytes) {
         return true;
     }
     // Never the slot of the newest whole one.
@@ -37,6 +37,12 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
     const auto write = [&] { return files_.createFolder(folder_) && files_.write(slots_[slot], snapshot); };
     if (!write() && !write()) {
         return false;
+    }
+    if (!std::exchange(isNamed_[slot], true)) {
+        files_.flushFolderOf(slots_[slot]);
+    }
+    if (!std::exchange(isDurable_, true)) {
+        files_.flushFolderOf(folder_);
     }
     newest_ = slot;
     ++number_;
@@ -53,4 +59,6 @@ void Recovery::discard() {
     }
     files_.removeFolder(folder_);
     kept_.reset();
+    isNamed_ = {};
+    isDurable_ = false;
 }

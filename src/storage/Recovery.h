@@ -21,7 +21,7 @@ public:
     // The newest whole snapshot that an earlier run has left; nullopt when there is none. Later ones count on from it.
     std::optional<WorkingCopyBytes> find();
     // Keeps both files in one step; whatever fails, the snapshot before stays whole. A file of which nothing is known
-    // stays as kept last. Nothing is written when it would be the same again. False when it could not be written.
+    // stays as kept last. Nothing is written when this run has kept the same last. False when it could not be written.
     bool keep(WorkingCopyBytes bytes);
     // Removes all of it: the working copies hold the same now.
     void discard();
@@ -36,4 +36,7 @@ private:
     std::size_t newest_ = 0;  // the slot of kept_
     std::uint64_t number_ = 0;
     std::optional<WorkingCopyBytes> kept_;
+    // What this run knows to be on the device. The snapshot of a killed run may be in the system's cache only.
+    std::array<bool, kSlots> isNamed_{};
+    bool isDurable_ = false;
 };

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Files.h"
 
@@ -16,3 +17,16 @@ void removeLeftover(Files& files, std::u16string_view path);
 // Writes beside the file, flushes, puts the new file in its place in one step. On failure the old file
 // stays and nothing is left beside it.
 bool replaceFile(Files& files, std::u16string_view path, std::string_view bytes);
+
+// The same for any reader, but when it reaches the device is left to the system: after a power cut the file may be
+// the old one, the new one, empty or torn. Only for what can be made again then.
+bool replaceFileUnflushed(Files& files, std::u16string_view path, std::string_view bytes);
+
+struct NewFile {
+    std::u16string path;
+    std::string bytes;
+};
+
+// Replaces each of several files of one folder as replaceFile does, and flushes the folder once. False when one could
+// not be replaced; the others are.
+bool replaceFiles(Files& files, const std::vector<NewFile>& newFiles);

@@ -1,16 +1,10 @@
 // Writing to the receiver's disk, which is small, can be pulled out at any time and may lose what it was given.
 #pragma once
 
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/Files.h"
-
-struct NewFile {
-    std::u16string path;
-    std::string bytes;
-};
+#include "storage/SafeFile.h"
 
 // Replaces all of the files or none, all on one disk: each is written beside its old one, flushed and read back from
 // the device; only then are they put in place, and read back again. On any failure the old bytes come back.

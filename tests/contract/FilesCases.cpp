@@ -88,6 +88,20 @@ TEST_F(FilesContract, RenamingTakesThePlaceOfTheOtherFile) {
     EXPECT_EQ(folder->names(), (Names{u"nowhere yet"}));
 }
 
+TEST_F(FilesContract, ReadersFindWhatIsNotFlushed) {
+    ASSERT_TRUE(files.write(at(u"old"), "a long text"));
+    ASSERT_TRUE(files.writeUnflushed(at(u"old"), "short"));
+    EXPECT_EQ(files.read(at(u"old")), "short");
+    ASSERT_TRUE(files.writeUnflushed(at(u"new"), "new"));
+    EXPECT_TRUE(files.renameUnflushed(at(u"new"), at(u"old")));
+    EXPECT_EQ(files.read(at(u"old")), "new");
+    EXPECT_FALSE(files.renameUnflushed(at(u"none"), at(u"old")));
+    files.flushFolderOf(at(u"old"));
+    files.flushFolderOf(at(u"none"));
+    EXPECT_EQ(files.read(at(u"old")), "new");
+    EXPECT_EQ(folder->names(), Names{u"old"});
+}
+
 TEST_F(FilesContract, RemovingLeavesTheOthers) {
     ASSERT_TRUE(files.write(at(u"a"), "a"));
     ASSERT_TRUE(files.write(at(u"b"), "b"));

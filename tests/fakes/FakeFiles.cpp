@@ -42,8 +42,31 @@ bool FakeFiles::write(std::u16string_view path, std::string_view bytes) {
     if (!writable("write", path)) {
         return false;
     }
-    files[std::u16string(path)] = bytes;
+    put(path, bytes);
     return true;
+}
+
+bool FakeFiles::writeUnflushed(std::u16string_view path, std::string_view bytes) {
+    if (!writable("writeUnflushed", path)) {
+        return false;
+    }
+    put(path, bytes);
+    unflushed_.insert(std::u16string(path));
+    return true;
+}
+
+void FakeFiles::put(std::u16string_view path, std::string_view bytes) {
+    const std::u16string key(path);
+    if (!files.contains(key)) {
+        keepOld(key);
+    }
+    files[key] = bytes;
+    unflushed_.erase(key);
+}
+
+void FakeFiles::keepOld(const std::u16string& path) {
+    const auto found = files.find(path);
+    old_.emplace(path, found == files.end() ? std::nullopt : std::optional(found->second));
 }
 
 bool FakeFiles::append(std::u16string_view path, std::string_view bytes) {
@@ -55,17 +78,61 @@ bool FakeFiles::append(std::u16string_view path, std::string_view bytes) {
 }
 
 bool FakeFiles::rename(std::u16string_view from, std::u16string_view to) {
-    const std::u16string source(from);
-    if (!allowed("rename", from) || !writable("onto", to) || !files.contains(source)) {
+    if (!renameUnflushed(from, to)) {
         return false;
     }
-    files[std::u16string(to)] = files[source];
-    files.erase(source);
+    flushFolderOf(to);
     return true;
 }
 
+bool FakeFiles::renameUnflushed(std::u16string_view from, std::u16string_view to) {
+    const std::u16string source(from);
+    const std::u16string target(to);
+    if (!allowed("rename", from) || !writable("onto", to) || !files.contains(source)) {
+        return false;
+    }
+    keepOld(source);
+    keepOld(target);
+    files[target] = files[source];
+    files.erase(source);
+    unflushed_.erase(target);
+    if (unflushed_.erase(source) > 0) {
+        unflushed_.insert(target);
+    }
+    return true;
+}
+
+void FakeFiles::flushFolderOf(std::u16string_view path) {
+    const auto folderOf = [](std::u16string_view name) { return name.substr(0, name.rfind(u'/') + 1); };
+    std::erase_if(old_, [&](const auto& name) { return folderOf(name.first) == folderOf(path); });
+}
+
 bool FakeFiles::remove(std::u16string_view path) {
-    return writable("remove", path) && files.erase(std::u16string(path)) > 0;
+    if (!writable("remove", path) || files.erase(std::u16string(path)) == 0) {
+        return false;
+    }
+    unflushed_.erase(std::u16string(path));
+    flushFolderOf(path);
+    return true;
+}
+
+void FakeFiles::cutPower(const std::function<Fate(std::u16string_view path)>& fateOf) {
+    for (const std::u16string& path : unflushed_) {
+        const Fate fate = fateOf(path);
+        std::string& bytes = files[path];
+        bytes.resize(fate == Fate::Empty ? 0 : bytes.size() / (fate == Fate::Torn ? 2 : 1));
+    }
+    for (auto& [path, bytes] : old_) {
+        if (fateOf(path) != Fate::Old) {
+            continue;
+        }
+        files.erase(path);
+        if (bytes) {
+            files[path] = std::move(*bytes);
+        }
+    }
+    old_.clear();
+    unflushed_.clear();
 }
 
 bool FakeFiles::clearAttributes(std::u16string_view path) {

@@ -1,6 +1,7 @@
 // Files in memory. Records every access, can be told to fail, and knows folders and read-only files.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -15,14 +16,21 @@ public:
     std::optional<std::string> read(std::u16string_view path) override;
     std::optional<std::string> readBack(std::u16string_view path) override;
     bool write(std::u16string_view path, std::string_view bytes) override;
+    bool writeUnflushed(std::u16string_view path, std::string_view bytes) override;
     bool append(std::u16string_view path, std::string_view bytes) override;
     bool rename(std::u16string_view from, std::u16string_view to) override;
+    bool renameUnflushed(std::u16string_view from, std::u16string_view to) override;
+    void flushFolderOf(std::u16string_view path) override;
     bool remove(std::u16string_view path) override;
     bool clearAttributes(std::u16string_view path) override;
     bool createFolder(std::u16string_view path) override;
     bool removeFolder(std::u16string_view path) override;
     std::vector<std::u16string> list(std::u16string_view path) override;
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
+
+    // What a power cut makes of a file that was not flushed: as it was before, as it should be now, empty or half.
+    enum class Fate { Old, New, Empty, Torn };
+    void cutPower(const std::function<Fate(std::u16string_view path)>& fateOf);
 
     // "read /x", "write /x" … in the order of the calls; size, exists, list and freeSpace are not recorded.
     std::vector<std::string> accesses;
@@ -36,4 +44,10 @@ public:
 private:
     bool allowed(std::string_view operation, std::u16string_view path);
     bool writable(std::string_view operation, std::u16string_view path);
+    void put(std::u16string_view path, std::string_view bytes);
+    void keepOld(const std::u16string& path);
+
+    // What the names led to when they were durable last; nullopt: to nothing.
+    std::map<std::u16string, std::optional<std::string>> old_;
+    std::set<std::u16string> unflushed_;  // files whose bytes need not be on the device
 };

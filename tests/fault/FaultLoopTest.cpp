@@ -197,7 +197,7 @@ bool nothingBeside(const FakeFiles& disk, std::u16string_view folder) {
     });
 }
 
-class FaultLoop : public testing::TestWithParam<Fault> {
+class Loop : public testing::Test {
 protected:
     void TearDown() override {
         RecordProperty("runs", runs);
@@ -221,6 +221,24 @@ protected:
         const bool sound = !reached && plan.second == 0;
         const bool first = sound || (scenario.survivesOneFault && !plan.forGood && plan.second == 0);
         checkRestart(scenario, left, first, sound);
+        return reached;
+    }
+
+    // The power fails at the n-th operation. What had not been flushed has the fates given; the rest is as it was.
+    bool cut(const Scenario& scenario, const FakeFiles& disk, int n, FakeFiles::Fate list, FakeFiles::Fate user) {
+        ++runs;
+        SCOPED_TRACE(std::string(scenario.name) + ": power cut at " + std::to_string(n) + ", fates " +
+                     std::to_string(static_cast<int>(list)) + " and " + std::to_string(static_cast<int>(user)));
+        FakeFiles left;
+        bool reached = false;
+        {
+            Process process(disk, {Fault::InputOutput, n, 0, true});
+            scenario.run(process);
+            left = process.disk();
+            reached = process.files().firstFailed();
+        }
+        left.cutPower([&](std::u16string_view path) { return path.starts_with(kUser) ? user : list; });
+        checkRestart(scenario, left, !reached, false);
         return reached;
     }
 
@@ -261,6 +279,9 @@ protected:
     int faults = 0;  // runs that met the last fault of their plan
 };
 
+class FaultLoop : public Loop, public testing::WithParamInterface<Fault> {};
+class PowerCutFaultLoop : public Loop {};
+
 }  // namespace
 
 TEST_P(FaultLoop, EveryOperationFailsOnce) {
@@ -294,6 +315,21 @@ TEST_P(FaultLoop, ASecondOneFailsWhileTheFirstIsBeingMended) {
             }
         }
     }
+}
+
+TEST_F(PowerCutFaultLoop, AtEveryOperation) {
+    using Fate = FakeFiles::Fate;
+    for (const FakeFiles& disk : {soundDisk(), diskOfAKilledRun()}) {
+        for (const Scenario& scenario : scenarios()) {
+            for (const Fate list : {Fate::Old, Fate::New, Fate::Empty, Fate::Torn}) {
+                for (const Fate user : {Fate::Old, Fate::New, Fate::Empty, Fate::Torn}) {
+                    for (int n = 1; cut(scenario, disk, n, list, user) && !HasFailure(); ++n) {
+                    }
+                }
+            }
+        }
+    }
+    RecordProperty("runs", runs);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, FaultLoop, testing::ValuesIn(kFaults), [](const auto& kind) {

@@ -25,15 +25,16 @@ const char* nameOf(Fault fault) {
 bool FaultyFiles::canHit(Kind kind) const {
     switch (plan_.fault) {
         case Fault::NoSpace:
-            return kind == Kind::Write;
+            return kind == Kind::Write || kind == Kind::UnflushedWrite;
         case Fault::InputOutput:
         case Fault::NoDevice:
             return true;
         case Fault::ReadOnly:
             return kind != Kind::Read;
         case Fault::ShortWrite:
-        case Fault::FailedFlush:
         case Fault::FailedClose:
+            return kind == Kind::Write || kind == Kind::UnflushedWrite;
+        case Fault::FailedFlush:
             return kind == Kind::Write;
         case Fault::FailedRename:
             return kind == Kind::Rename;
@@ -74,6 +75,18 @@ bool FaultyFiles::write(std::u16string_view path, std::string_view bytes) {
     return false;
 }
 
+bool FaultyFiles::writeUnflushed(std::u16string_view path, std::string_view bytes) {
+    if (!fails(Kind::UnflushedWrite)) {
+        return files_.writeUnflushed(path, bytes);
+    }
+    if (plan_.fault == Fault::ShortWrite) {
+        files_.writeUnflushed(path, bytes.substr(0, bytes.size() / 2));
+    } else if (plan_.fault == Fault::FailedClose) {
+        files_.writeUnflushed(path, bytes);
+    }
+    return false;
+}
+
 bool FaultyFiles::append(std::u16string_view path, std::string_view bytes) {
     if (!fails(Kind::Write)) {
         return files_.append(path, bytes);
@@ -86,6 +99,16 @@ bool FaultyFiles::append(std::u16string_view path, std::string_view bytes) {
 
 bool FaultyFiles::rename(std::u16string_view from, std::u16string_view to) {
     return !fails(Kind::Rename) && files_.rename(from, to);
+}
+
+bool FaultyFiles::renameUnflushed(std::u16string_view from, std::u16string_view to) {
+    return !fails(Kind::Rename) && files_.renameUnflushed(from, to);
+}
+
+void FaultyFiles::flushFolderOf(std::u16string_view path) {
+    if (!fails(Kind::Change)) {
+        files_.flushFolderOf(path);
+    }
 }
 
 bool FaultyFiles::remove(std::u16string_view path) { return !fails(Kind::Change) && files_.remove(path); }

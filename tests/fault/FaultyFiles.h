@@ -34,8 +34,11 @@ public:
     std::optional<std::string> read(std::u16string_view path) override;
     std::optional<std::string> readBack(std::u16string_view path) override;
     bool write(std::u16string_view path, std::string_view bytes) override;
+    bool writeUnflushed(std::u16string_view path, std::string_view bytes) override;
     bool append(std::u16string_view path, std::string_view bytes) override;
     bool rename(std::u16string_view from, std::u16string_view to) override;
+    bool renameUnflushed(std::u16string_view from, std::u16string_view to) override;
+    void flushFolderOf(std::u16string_view path) override;
     bool remove(std::u16string_view path) override;
     bool clearAttributes(std::u16string_view path) override;
     bool createFolder(std::u16string_view path) override;
@@ -44,7 +47,7 @@ public:
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override { return files_.freeSpace(folder); }
 
 private:
-    enum class Kind { Read, Write, Rename, Change };
+    enum class Kind { Read, Write, UnflushedWrite, Rename, Change };
     bool canHit(Kind kind) const;
     bool fails(Kind kind);
 

@@ -255,9 +255,9 @@ TEST_F(ListSaverTest, AMissingWorkingCopyGetsNoSeedLineButIsUtf8Too) {
 TEST_F(ListSaverTest, OneSaveWritesEachFileOnceAndReadsNone) {
     drm.appendRow({u"a"});
     saver.SaveLists();
-    EXPECT_EQ(files.accesses, (std::vector<std::string>{"clearAttributes /k7/List.ini", "write /k7/List.ini.k7new",
+    EXPECT_EQ(files.accesses, (std::vector<std::string>{"clearAttributes /k7/List.ini", "clearAttributes /k7/User.ini",
+                                                        "write /k7/List.ini.k7new", "write /k7/User.ini.k7new",
                                                         "rename /k7/List.ini.k7new", "onto /k7/List.ini",
-                                                        "clearAttributes /k7/User.ini", "write /k7/User.ini.k7new",
                                                         "rename /k7/User.ini.k7new", "onto /k7/User.ini"}));
 }
 

@@ -45,10 +45,19 @@ TEST_F(RecoveryTest, TheSameIsNotWrittenAgain) {
     recovery.keep(one);
     recovery.keep(one);
     EXPECT_EQ(writes(), 1);
+}
+
+TEST_F(RecoveryTest, WhatAKilledRunHasLeftIsWrittenOnceMore) {
+    recovery.keep(one);
+    // Killed before the flush: found after the kill, but not after a power cut.
+    files.writeUnflushed(kFirst, std::string(files.files[kFirst]));
     Recovery next(u"/app/", files);
     next.find();
     EXPECT_TRUE(next.keep(one));
-    EXPECT_EQ(writes(), 1);
+    EXPECT_TRUE(next.keep(one));
+    EXPECT_EQ(writes(), 2);
+    files.cutPower([](std::u16string_view) { return FakeFiles::Fate::Empty; });
+    EXPECT_EQ(found(), one);
 }
 
 TEST_F(RecoveryTest, ALaterRunCountsOn) {

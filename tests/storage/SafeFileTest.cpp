@@ -215,3 +215,44 @@ TEST_F(VerifiedPair, WithoutOldFilesNothingIsLeftOfAFailure) {
     EXPECT_FALSE(replace());
     EXPECT_TRUE(disk.files.empty());
 }
+
+TEST_F(SafeFile, WithoutAFlushReadersFindTheNewFileAndAPowerCutWhateverItLikes) {
+    using Fate = FakeFiles::Fate;
+    for (const auto& [fate, left] : {std::pair(Fate::Old, "old"), std::pair(Fate::Empty, ""),
+                                     std::pair(Fate::Torn, "12"), std::pair(Fate::New, "1234")}) {
+        ASSERT_TRUE(replaceFile(disk, kPath, "old"));
+        ASSERT_TRUE(replaceFileUnflushed(disk, kPath, "1234"));
+        expectOnly("1234");
+        disk.cutPower([fate = fate](std::u16string_view) { return fate; });
+        EXPECT_EQ(disk.files[kPath], left);
+        disk.files.erase(kBeside);
+    }
+    ASSERT_TRUE(replaceFile(disk, kPath, "flushed"));
+    disk.cutPower([](std::u16string_view) { return Fate::Old; });
+    expectOnly("flushed");
+}
+
+TEST_F(SafeFile, AFailedUnflushedReplacementLeavesTheOldFile) {
+    disk.files[kPath] = "old";
+    disk.failing = {kBeside};
+    EXPECT_FALSE(replaceFileUnflushed(disk, kPath, "new"));
+    disk.failing = {kPath};
+    EXPECT_FALSE(replaceFileUnflushed(disk, kPath, "new"));
+    expectOnly("old");
+}
+
+TEST_F(SafeFile, SeveralAreReplacedAndDurableTogether) {
+    EXPECT_TRUE(replaceFiles(disk, {NewFile{kPath, "list"}, NewFile{kOther, "user"}}));
+    disk.cutPower([](std::u16string_view) { return FakeFiles::Fate::Old; });
+    EXPECT_EQ(disk.files, (std::map<std::u16string, std::string>{{kPath, "list"}, {kOther, "user"}}));
+    EXPECT_TRUE(replaceFiles(disk, {}));
+}
+
+TEST_F(SafeFile, OneOfSeveralThatFailsKeepsNoneOfTheOthersBack) {
+    for (const auto* const fault : {kPath, kBeside}) {
+        disk.files = {{kPath, "old"}};
+        disk.failing = {fault};
+        EXPECT_FALSE(replaceFiles(disk, {NewFile{kPath, "list"}, NewFile{kOther, "user"}}));
+        EXPECT_EQ(disk.files, (std::map<std::u16string, std::string>{{kPath, "old"}, {kOther, "user"}}));
+    }
+}

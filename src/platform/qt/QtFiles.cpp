@@ -23,7 +23,7 @@ constexpr mode_t kFolderPermissions = 0777;
 std::string native(std::u16string_view path) { return QFile::encodeName(toQt(path)).toStdString(); }
 
 // Makes a new name in the folder durable. Some file systems have no such notion; nothing is lost then.
-void flushFolderOf(const std::string& path) {
+void flushFolder(const std::string& path) {
     const std::size_t slash = path.find_last_of('/');
     if (slash != std::string::npos) {
         const PosixFile folder(path.substr(0, slash + 1), O_RDONLY | O_DIRECTORY);
@@ -34,22 +34,11 @@ void flushFolderOf(const std::string& path) {
 }
 
 // Writes over what is there and cuts the rest off: giving up the old blocks first would cost a journal a second flush.
-bool fill(PosixFile& file, std::string_view bytes, bool append) {
+bool fill(const std::string& path, std::string_view bytes, bool flush) {
+    PosixFile file(path, O_WRONLY | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
     const bool written =
-        file.isRegular() && file.writeAll(bytes) && (append || file.cutTo(bytes.size())) && file.flush();
+        file.isRegular() && file.writeAll(bytes) && file.cutTo(bytes.size()) && (!flush || file.flush());
     return file.close() && written;
-}
-
-bool writeTo(const std::string& path, std::string_view bytes, bool append) {
-    const int flags = O_WRONLY | O_NOFOLLOW | (append ? O_APPEND : 0);
-    PosixFile created(path, flags | O_CREAT | O_EXCL, kDefaultPermissions);
-    if (created.isOpen()) {
-        const bool written = fill(created, bytes, append);
-        flushFolderOf(path);
-        return written;
-    }
-    PosixFile present(path, flags);
-    return fill(present, bytes, append);
 }
 
 }  // namespace
@@ -81,24 +70,40 @@ std::optional<std::string> QtFiles::readBack(std::u16string_view path) {
     return file.readAll();
 }
 
-bool QtFiles::write(std::u16string_view path, std::string_view bytes) { return writeTo(native(path), bytes, false); }
+bool QtFiles::write(std::u16string_view path, std::string_view bytes) { return fill(native(path), bytes, true); }
 
-bool QtFiles::append(std::u16string_view path, std::string_view bytes) { return writeTo(native(path), bytes, true); }
+bool QtFiles::writeUnflushed(std::u16string_view path, std::string_view bytes) {
+    return fill(native(path), bytes, false);
+}
+
+bool QtFiles::append(std::u16string_view path, std::string_view bytes) {
+    const std::string name = native(path);
+    PosixFile file(name, O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
+    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush();
+    flushFolder(name);
+    return file.close() && written;
+}
 
 bool QtFiles::rename(std::u16string_view from, std::u16string_view to) {
-    if (::rename(native(from).c_str(), native(to).c_str()) != 0) {
+    if (!renameUnflushed(from, to)) {
         return false;
     }
-    flushFolderOf(native(to));
+    flushFolderOf(to);
     return true;
 }
+
+bool QtFiles::renameUnflushed(std::u16string_view from, std::u16string_view to) {
+    return ::rename(native(from).c_str(), native(to).c_str()) == 0;
+}
+
+void QtFiles::flushFolderOf(std::u16string_view path) { flushFolder(native(path)); }
 
 bool QtFiles::remove(std::u16string_view path) {
     const std::string name = native(path);
     if (::unlink(name.c_str()) != 0) {
         return false;
     }
-    flushFolderOf(name);
+    flushFolder(name);
     return true;
 }
 
@@ -113,7 +118,6 @@ bool QtFiles::clearAttributes(std::u16string_view path) {
 bool QtFiles::createFolder(std::u16string_view path) {
     const std::string name = native(path);
     if (::mkdir(name.c_str(), kFolderPermissions) == 0) {
-        flushFolderOf(name);
         return true;
     }
     struct stat status {};

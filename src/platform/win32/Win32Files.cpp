@@ -59,8 +59,10 @@ bool writeAll(HANDLE file, std::string_view bytes) {
         }
         bytes.remove_prefix(put);
     }
-    return FlushFileBuffers(file) != 0;
+    return true;
 }
+
+bool flush(HANDLE file) { return FlushFileBuffers(file) != 0; }
 
 // A link at the path is opened itself and then refused. Opening with truncation would follow it.
 HANDLE openForWriting(std::u16string_view path, DWORD access) {
@@ -77,6 +79,8 @@ HANDLE openForWriting(std::u16string_view path, DWORD access) {
     }
     return file;
 }
+
+bool fill(HANDLE file, std::string_view bytes) { return SetEndOfFile(file) != 0 && writeAll(file, bytes); }
 
 bool isLink(DWORD attributes) {
     return attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
@@ -121,17 +125,35 @@ std::optional<std::string> Win32Files::readBack(std::u16string_view path) {
 
 bool Win32Files::write(std::u16string_view path, std::string_view bytes) {
     const Handle file(openForWriting(path, GENERIC_WRITE));
-    return file && SetEndOfFile(file.get()) != 0 && writeAll(file.get(), bytes);
+    return file && fill(file.get(), bytes) && flush(file.get());
+}
+
+bool Win32Files::writeUnflushed(std::u16string_view path, std::string_view bytes) {
+    const Handle file(openForWriting(path, GENERIC_WRITE));
+    return file && fill(file.get(), bytes);
 }
 
 bool Win32Files::append(std::u16string_view path, std::string_view bytes) {
     const Handle file(openForWriting(path, FILE_APPEND_DATA | SYNCHRONIZE));
-    return file && writeAll(file.get(), bytes);
+    return file && writeAll(file.get(), bytes) && flush(file.get());
 }
 
 bool Win32Files::rename(std::u16string_view from, std::u16string_view to) {
     return MoveFileExW(toWide(from).c_str(), toWide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
            0;
+}
+
+bool Win32Files::renameUnflushed(std::u16string_view from, std::u16string_view to) {
+    return MoveFileExW(toWide(from).c_str(), toWide(to).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+}
+
+// Flushing a file brings the volume's journal, which has the names, to the device as well; folders cannot be flushed.
+void Win32Files::flushFolderOf(std::u16string_view path) {
+    const Handle file(CreateFileW(toWide(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    if (file) {
+        flush(file.get());
+    }
 }
 
 bool Win32Files::remove(std::u16string_view path) { return DeleteFileW(toWide(path).c_str()) != 0; }
