@@ -1,48 +1,32 @@
 #include "storage/ListFile.h"
 
+#include <array>
+
 #include "storage/Numbers.h"
 
-std::u16string_view ListFile::countKey(ListKind kind) {
-    switch (kind) {
-        case ListKind::Drm:
-            return u"drmnumber";
-        case ListKind::Am:
-            return u"amnumber";
-        case ListKind::Fm:
-            return u"fmnumber";
-        case ListKind::Favourite:
-            return u"favnumber";
-    }
-    return {};
+namespace {
+
+struct ListNames {
+    std::u16string_view countKey;
+    std::u16string_view sectionPrefix;
+    std::u16string_view type;
+};
+
+const ListNames& namesOf(ListKind kind) {
+    static constexpr std::array<ListNames, kListCount> kNames = {{{u"drmnumber", u"DRMSchedule", u"DRM"},
+                                                                  {u"amnumber", u"AMSchedule", u"AM"},
+                                                                  {u"fmnumber", u"FMSchedule", u"FM"},
+                                                                  {u"favnumber", u"FAVSchedule", u""}}};
+    return kNames[static_cast<std::size_t>(kind)];
 }
 
-std::u16string_view ListFile::sectionPrefix(ListKind kind) {
-    switch (kind) {
-        case ListKind::Drm:
-            return u"DRMSchedule";
-        case ListKind::Am:
-            return u"AMSchedule";
-        case ListKind::Fm:
-            return u"FMSchedule";
-        case ListKind::Favourite:
-            return u"FAVSchedule";
-    }
-    return {};
-}
+}  // namespace
 
-std::u16string_view ListFile::typeOf(ListKind kind) {
-    switch (kind) {
-        case ListKind::Drm:
-            return u"DRM";
-        case ListKind::Am:
-            return u"AM";
-        case ListKind::Fm:
-            return u"FM";
-        case ListKind::Favourite:
-            break;
-    }
-    return {};
-}
+std::u16string_view ListFile::countKey(ListKind kind) { return namesOf(kind).countKey; }
+
+std::u16string_view ListFile::sectionPrefix(ListKind kind) { return namesOf(kind).sectionPrefix; }
+
+std::u16string_view ListFile::typeOf(ListKind kind) { return namesOf(kind).type; }
 
 bool ListFile::isFm(std::u16string_view type) { return type.find(u"FM") != type.npos; }
 
