@@ -116,6 +116,16 @@ TEST_F(AddListDialog, TheFavouriteTabGetsTheFullMessageWhateverItsCount) {
     EXPECT_EQ(status(), "Total Number Of Favourite List: 0");
 }
 
+TEST_F(AddListDialog, ATabOutsideTheListsGetsTheFullMessageToo) {
+    for (const int tab : {-1, 4}) {
+        tabs.tab = tab;
+        box.expect({u"Max number of each list is 256!"});
+        form.open();
+        expectClosed();
+    }
+    EXPECT_EQ(dialog.createCount, 0);
+}
+
 TEST_F(AddListDialog, TheFullMessageIsShownWithoutTheCaptionHook) {
     showTab(ListKind::Favourite);
     box.expect({u"Max number of each list is 256!"});

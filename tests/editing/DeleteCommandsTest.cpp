@@ -34,6 +34,14 @@ TEST_F(DeleteCommandsTest, RemovesTheSelectedRowsAndKeepsTheOrderOfTheOthers) {
     EXPECT_TRUE(statusBar.history.empty());
 }
 
+TEST_F(DeleteCommandsTest, TheLastRowCanBeDeletedToo) {
+    addRows(Fm, 1);
+    select(Fm, 1);
+    commands.deleteSelected(Fm);
+    EXPECT_EQ(0, grid(Fm).rowCount());
+    EXPECT_TRUE(messageBox.shown.empty());
+}
+
 TEST_F(DeleteCommandsTest, EachTwinDeletesFromItsOwnList) {
     const std::array<void (DeleteCommands::*)(), 4> twins = {
         &DeleteCommands::DeleteSelectedDrm, &DeleteCommands::DeleteSelectedAm, &DeleteCommands::DeleteSelectedFm,

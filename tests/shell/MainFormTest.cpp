@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "fakes/FakePlatform.h"
@@ -125,6 +126,9 @@ TEST_F(MainFormTest, TheStatusOfADownloadStaysWhenTheWindowGetsTheFocus) {
     choose(MenuItem::SyncInternet);
     EXPECT_EQ(status, u"Downloading,Please wait...");
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1");
+    platform.statusBar.setMessage(u"hint");
+    platform.mainWindow.listener->windowGotFocus();
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1") << "the download is over";
 }
 
 TEST_F(MainFormTest, AnEditReachesTheReceiver) {
@@ -152,6 +156,16 @@ TEST_F(MainFormTest, ClosingSavesTheListsInUtf8) {
     EXPECT_EQ(platform.files.files[kList].find("[Total]\r\ndrmnumber=1\r\n"), 3U);
     EXPECT_NE(platform.files.files[kList].find("\r\n[kvt update end]\r\n"), std::string::npos);
     EXPECT_NE(platform.files.files[kUser].find("Station=21000\r\n"), std::string::npos);
+}
+
+TEST_F(MainFormTest, ClosingClearsTheAttributesOfTheFavouritesFileAfterSavingIt) {
+    startWith(1, 1, 1);
+    platform.files.accesses.clear();
+    platform.mainWindow.close();
+    const std::vector<std::string>& accesses = platform.files.accesses;
+    const auto saved = std::find(accesses.begin(), accesses.end(), "onto /app/User.ini");
+    ASSERT_NE(saved, accesses.end());
+    EXPECT_NE(std::find(saved, accesses.end(), "clearAttributes /app/User.ini"), accesses.end());
 }
 
 TEST_F(MainFormTest, ClosingWhileEditingKeepsWhatWasTyped) {

@@ -92,6 +92,15 @@ TEST_F(BackupTest, FilesOfTheUserAreLeftAlone) {
     EXPECT_EQ(names().size(), own.size() + Backup::kCopies);
 }
 
+TEST_F(BackupTest, OnlyUnfinishedCopiesAreLeftovers) {
+    backup.keep(u"List.ini", "a");
+    files.files[u"/app/Backup/List-20261120T224502Z.ini.k7new"] = "half";
+    files.files[u"/app/List.ini.k7new"] = "of another folder";
+    backup.removeLeftovers();
+    EXPECT_EQ(names(), Names{u"List-20261120T224501Z.ini"});
+    EXPECT_TRUE(files.files.contains(u"/app/List.ini.k7new"));
+}
+
 TEST_F(BackupTest, AFailureLeavesTheOldCopies) {
     backup.keep(u"List.ini", "a");
     clock.time.second = 2;

@@ -9,8 +9,8 @@ using namespace std::string_literals;
 namespace {
 
 const std::string kList =
-    "[Total]\r\ndrmnumber=1\r\namnumber=1\r\n[DRMSchedule0]\r\nProgramme=\xE4\xB8\xAD\r\n"
-    "[AMSchedule0]\r\nProgramme=M\r\nFrequency=600\r\n";
+    "[Total]\r\ndrmnumber=1\r\namnumber=1\r\nfmnumber=1\r\n[DRMSchedule0]\r\nProgramme=\xE4\xB8\xAD\r\n"
+    "[AMSchedule0]\r\nProgramme=M\r\nFrequency=600\r\n[FMSchedule0]\r\nProgramme=V\r\nFrequency=87500\r\n";
 const std::string kUser =
     "\xEF\xBB\xBF[Version]\r\nmajor=3\r\n[Total]\r\nfavnumber=1\r\n"
     "[FAVSchedule0]\r\nProgramme=F\r\nFrequency=98500\r\nTYPE=FM\r\n";
@@ -53,9 +53,12 @@ TEST_F(ReceiverCopiesTest, ReloadShowsTheReceiversLists) {
     EXPECT_EQ(receiverRoot, u"/disk/");
     EXPECT_EQ(rowsOf(drm, 4), (Rows{{u"中", u"", u"", u""}}));
     EXPECT_EQ(rowsOf(am, 3), (Rows{{u"M", u"600", u"MW"}}));
+    EXPECT_EQ(rowsOf(fm, 3), (Rows{{u"V", u"87.5", u"VHF"}}));
     EXPECT_EQ(rowsOf(favourites, 3), (Rows{{u"F", u"98.5  MHz", u"FM"}}));
     EXPECT_EQ(settings.VersionMajor, u"3");
-    EXPECT_TRUE(drm.columns().empty()) << "no columns are added";
+    for (const RowStore& list : grids) {
+        EXPECT_TRUE(list.columns().empty()) << "no columns are added";
+    }
     EXPECT_TRUE(listFile().starts_with("\xFF\xFE[\0T\0"s));
     EXPECT_EQ(files.files[u"/disk/List.ini"], kList);
 }
@@ -80,7 +83,7 @@ TEST_F(ReceiverCopiesTest, ReloadNeverShowsAFileReadEarlier) {
     listFile() = utf16File(u"[Total]\r\nfmnumber=5\r\n");
     loader.LoadDrmList(false);
     receiver.ReloadFromReceiver();
-    EXPECT_EQ(fm.rowCount(), 0);
+    EXPECT_EQ(fm.rowCount(), 1);
     EXPECT_EQ(am.rowCount(), 1);
 }
 
