@@ -14,18 +14,18 @@ constexpr WPARAM kEnter = 13;
 void Win32EditBox::createWindow(HWND parent) {
     const DWORD style = WS_CHILD | WS_BORDER | WS_CLIPSIBLINGS | ES_AUTOHSCROLL;
     window_ = CreateWindowExW(0, WC_EDITW, L"", style, 0, 0, 0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
-    SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    subclass_.install(window_, procedure, this);
 }
 
-LRESULT CALLBACK Win32EditBox::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR self) {
-    const auto* box = reinterpret_cast<Win32EditBox*>(self);
+LRESULT CALLBACK Win32EditBox::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    const auto* box = Subclass::selfOf<Win32EditBox>(window);
     if (message == WM_CHAR && w == kEnter) {
         if (box->listener_ != nullptr) {
             box->listener_->enterPressed();
         }
         return 0;
     }
-    const LRESULT result = DefSubclassProc(window, message, w, l);
+    const LRESULT result = box->subclass_.original(window, message, w, l);
     if (message == WM_KILLFOCUS && box->listener_ != nullptr) {
         box->listener_->lostFocus();
     }

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "platform/EditBox.h"
+#include "platform/win32/Subclass.h"
 
 class Win32EditBox : public EditBox {
 public:
@@ -19,8 +20,9 @@ public:
     void takeFocus() override { SetFocus(window_); }
 
 private:
-    static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM);
 
     HWND window_ = nullptr;
+    Subclass subclass_;
     EditBoxListener* listener_ = nullptr;
 };

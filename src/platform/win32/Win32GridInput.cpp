@@ -25,9 +25,9 @@ bool isPointerMessage(UINT message) { return message >= WM_MOUSEMOVE && message 
 
 }  // namespace
 
-LRESULT CALLBACK Win32GridView::listProcedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR self) {
-    auto* view = reinterpret_cast<Win32GridView*>(self);
-    return view->listener_ != nullptr ? view->listMessage(message, w, l) : DefSubclassProc(window, message, w, l);
+LRESULT CALLBACK Win32GridView::listProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    auto* view = Subclass::selfOf<Win32GridView>(window);
+    return view->listener_ != nullptr ? view->listMessage(message, w, l) : view->list_.original(window, message, w, l);
 }
 
 LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
@@ -42,7 +42,7 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
         case WM_LBUTTONDBLCLK: {
             // The focus first, so that an edit that it ends still finds its row selected; then the control.
             SetFocus(window_);
-            const LRESULT result = DefSubclassProc(window_, message, w, l);
+            const LRESULT result = list_.original(window_, message, w, l);
             pressed(l, message == WM_LBUTTONDBLCLK);
             return result;
         }
@@ -61,7 +61,7 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
             contextMenu(l);
             return 0;
         case WM_NOTIFY: {
-            const LRESULT result = DefSubclassProc(window_, message, w, l);
+            const LRESULT result = list_.original(window_, message, w, l);
             headerNotified(*reinterpret_cast<const NMHDR*>(l));
             return result;
         }
@@ -70,12 +70,12 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
         case WM_MOUSEWHEEL:
         case WM_MOUSEHWHEEL:
         case WM_SIZE: {
-            const LRESULT result = DefSubclassProc(window_, message, w, l);
+            const LRESULT result = list_.original(window_, message, w, l);
             reportViewChange();
             return result;
         }
         default:
-            return DefSubclassProc(window_, message, w, l);
+            return list_.original(window_, message, w, l);
     }
 }
 
@@ -87,9 +87,9 @@ LRESULT Win32GridView::keyMessage(UINT message, WPARAM w, LPARAM l) {
     if (listener_->keyDown(static_cast<int>(w), shiftState())) {
         return 0;
     }
-    const LRESULT result = DefSubclassProc(window_, message, w, l);
+    const LRESULT result = list_.original(window_, message, w, l);
     if (hasCharacter) {
-        DefSubclassProc(window_, characterMessage, character.wParam, character.lParam);
+        list_.original(window_, characterMessage, character.wParam, character.lParam);
     }
     return result;
 }
@@ -160,16 +160,15 @@ void Win32GridView::headerNotified(const NMHDR& header) {
     listener_->viewChanged();
 }
 
-LRESULT CALLBACK Win32GridView::headerProcedure(HWND header, UINT message, WPARAM w, LPARAM l, UINT_PTR,
-                                                DWORD_PTR self) {
-    auto* view = reinterpret_cast<Win32GridView*>(self);
+LRESULT CALLBACK Win32GridView::headerProcedure(HWND header, UINT message, WPARAM w, LPARAM l) {
+    auto* view = Subclass::selfOf<Win32GridView>(header);
     if (view->listener_ != nullptr && isPointerMessage(message)) {
         view->pointerAt(header, l);
     }
     if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK) {
         view->pressedHeader_ = headerItemAt(header, l);
     }
-    const LRESULT result = DefSubclassProc(header, message, w, l);
+    const LRESULT result = view->header_.original(header, message, w, l);
     if (message == WM_LBUTTONUP && view->listener_ != nullptr) {
         // A header without buttons reports no clicks of its own.
         const int index = headerItemAt(header, l);

@@ -9,14 +9,15 @@ void Win32GridView::createWindow(HWND parent, HWND tabControl, std::u16string_vi
     tabControl_ = tabControl;
     const DWORD style =
         WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
-    window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, toWide(name).c_str(), style, 0, 0, 0, 0, parent, nullptr,
-                              GetModuleHandleW(nullptr), nullptr);
+    constexpr int kAnySize = 100;  // pixels: a window without a size has no border that the layout could measure
+    window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, toWide(name).c_str(), style, 0, 0, kAnySize, kAnySize,
+                              parent, nullptr, GetModuleHandleW(nullptr), nullptr);
     const DWORD extended = LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
     HWND header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
     SetWindowLongPtrW(header, GWL_STYLE, GetWindowLongPtrW(header, GWL_STYLE) & ~static_cast<LONG_PTR>(HDS_BUTTONS));
-    SetWindowSubclass(window_, listProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
-    SetWindowSubclass(header, headerProcedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    list_.install(window_, listProcedure, this);
+    header_.install(header, headerProcedure, this);
 }
 
 int Win32GridView::border() const {

@@ -9,6 +9,7 @@
 
 #include "platform/Grid.h"
 #include "platform/GridView.h"
+#include "platform/win32/Subclass.h"
 
 class Win32GridView : public GridView {
 public:
@@ -46,8 +47,8 @@ private:
         int& depth_;
     };
 
-    static LRESULT CALLBACK listProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
-    static LRESULT CALLBACK headerProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    static LRESULT CALLBACK listProcedure(HWND, UINT, WPARAM, LPARAM);
+    static LRESULT CALLBACK headerProcedure(HWND, UINT, WPARAM, LPARAM);
     LRESULT listMessage(UINT message, WPARAM w, LPARAM l);
     LRESULT keyMessage(UINT message, WPARAM w, LPARAM l);
     void pointerAt(HWND source, LPARAM point);
@@ -69,6 +70,8 @@ private:
 
     HWND window_ = nullptr;
     HWND tabControl_ = nullptr;
+    Subclass list_;
+    Subclass header_;
     Grid* grid_ = nullptr;
     GridListener* listener_ = nullptr;
     int quiet_ = 0;

@@ -17,12 +17,12 @@ void Win32TabControl::createWindow(HWND parent, const std::array<std::u16string,
         item.pszText = caption.data();
         SendMessageW(window_, TCM_INSERTITEMW, i, reinterpret_cast<LPARAM>(&item));
     }
-    SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    subclass_.install(window_, procedure, this);
 }
 
-LRESULT CALLBACK Win32TabControl::procedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR, DWORD_PTR self) {
-    const LRESULT result = DefSubclassProc(window, message, w, l);
-    const auto* tabs = reinterpret_cast<Win32TabControl*>(self);
+LRESULT CALLBACK Win32TabControl::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    const auto* tabs = Subclass::selfOf<Win32TabControl>(window);
+    const LRESULT result = tabs->subclass_.original(window, message, w, l);
     if (message == WM_SETFOCUS && tabs->listener_ != nullptr) {
         tabs->listener_->tabGotFocus();
     }

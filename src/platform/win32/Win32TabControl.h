@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/TabControl.h"
+#include "platform/win32/Subclass.h"
 
 class Win32TabControl : public TabControl {
 public:
@@ -25,10 +26,11 @@ public:
     double left() const override;
 
 private:
-    static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR self);
+    static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM);
     RECT bounds() const;
 
     HWND window_ = nullptr;
+    Subclass subclass_;
     std::array<HWND, 4> pages_{};
     int shown_ = 0;
     TabListener* listener_ = nullptr;
