@@ -93,6 +93,24 @@ TEST_F(MainFormTest, TheTotalsLineCountsTheShownListOnly) {
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of Favourite List: 0");
 }
 
+TEST_F(MainFormTest, EachListIsEditedInItsOwnView) {
+    platform.files.files[kUser] =
+        "[Total]\r\nfavnumber=1\r\n[FAVSchedule0]\r\nProgramme=Radio 0\r\nFrequency=198\r\nTYPE=AM\r\n";
+    startWith(1, 1, 1);
+    for (int tab = 0; tab < kListCount; ++tab) {
+        platform.tabs.click(tab);
+        select(tab, 1);
+        platform.grid(tab).itemDoubleClicked();
+        ASSERT_EQ(platform.editBox.content, u"Radio 0");
+        platform.editBox.content = u"Edited";
+        platform.editBox.listener->enterPressed();
+        EXPECT_EQ(platform.rows(tab).text(1, 1), u"Edited");
+        for (int other = 0; other < kListCount; ++other) {
+            EXPECT_EQ(platform.gridViews[static_cast<std::size_t>(other)].focusCount, other <= tab ? 1 : 0);
+        }
+    }
+}
+
 TEST_F(MainFormTest, ASwitchOfTabsWhileEditingDiscardsTheEdit) {
     startWith(2, 5, 0);
     select(0, 1);

@@ -268,6 +268,34 @@ TEST_F(ListLoaderTest, ALaterLoadSeesTheFileAsItIsThen) {
     EXPECT_EQ(drm.rowCount(), 4) << "asked for the same list again";
 }
 
+TEST_F(ListLoaderTest, GivenContentsAreLoadedOnceInsteadOfTheFiles) {
+    listFile() = utf16File(u"[Total]\r\ndrmnumber=2\r\n");
+    userFile() = utf16File(u"[Total]\r\nfavnumber=2\r\n");
+    loader.LoadDrmList(false);
+    clearAll();
+    files.accesses.clear();
+    loader.loadFrom({utf16File(kThreeLists), utf16File(u"[Total]\r\nfavnumber=1\r\n")});
+    loadAll(false);
+    EXPECT_EQ(drm.rowCount(), 1);
+    EXPECT_EQ(am.rowCount(), 1) << "the file that was half loaded is forgotten";
+    EXPECT_EQ(fm.rowCount(), 1);
+    EXPECT_EQ(favourites.rowCount(), 1);
+    EXPECT_TRUE(files.accesses.empty());
+    clearAll();
+    loadAll(false);
+    EXPECT_EQ(drm.rowCount(), 2);
+    EXPECT_EQ(am.rowCount(), 0);
+    EXPECT_EQ(favourites.rowCount(), 2);
+}
+
+TEST_F(ListLoaderTest, ContentsMayBeGivenOfOneFileOnly) {
+    listFile() = utf16File(kThreeLists);
+    loader.loadFrom({std::nullopt, utf16File(u"[Total]\r\nfavnumber=1\r\n")});
+    loadAll(false);
+    EXPECT_EQ(drm.rowCount(), 1);
+    EXPECT_EQ(favourites.rowCount(), 1);
+}
+
 TEST_F(ListLoaderTest, ForgottenFilesAreReadAnew) {
     listFile() = utf16File(kThreeLists);
     loader.LoadDrmList(false);

@@ -1,0 +1,138 @@
+#include "editing/CellEditingFixture.h"
+
+namespace {
+
+using enum ListKind;
+
+TEST_F(CellEditingTest, EnterCommitsHidesAndGivesTheFocusBack) {
+    addRow(Am, {u"Medium", u"700", u"MW"});
+    start(Am, kFrequencyX);
+    box.content = u"6000";
+    editing.enterPressed();
+    EXPECT_EQ("Medium|6000|SW", rowText(Am, 1));
+    EXPECT_EQ(1, view(Am).focusCount);
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, LossOfFocusCommitsToo) {
+    addDrmRow();
+    start(Drm, kDrmTargetX);
+    box.content = u"Asia";
+    editing.lostFocus();
+    EXPECT_EQ("Voice|9620|0000-2400|Asia", rowText(Drm, 1));
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, EnterAndLossOfFocusDoNothingWhileHidden) {
+    addDrmRow();
+    start(Drm, 0);
+    editing.hideEditBox();
+    box.content = u"Left behind";
+    editing.enterPressed();
+    editing.lostFocus();
+    editing.viewChanged();
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
+    EXPECT_EQ(0, view(Drm).focusCount);
+}
+
+TEST_F(CellEditingTest, ARefusedTextIsDroppedAndTheBoxHidden) {
+    addDrmRow();
+    start(Drm, kDrmFrequencyX);
+    box.content = u"149";
+    messageBox.expect({u"Out of range: (150--30000) kHz"});
+    editing.enterPressed();
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, CommitsOnceWhenTheMessageBoxTakesTheFocus) {
+    addDrmRow();
+    for (const bool byEnter : {true, false}) {
+        start(Drm, kDrmFrequencyX);
+        box.content = u"12a";
+        messageBox.expect({u"Please input (0-9)"});
+        messageBox.whileShown = [this] {
+            editing.lostFocus();
+            editing.viewChanged();
+            editing.enterPressed();
+        };
+        byEnter ? editing.enterPressed() : editing.lostFocus();
+        expectHidden();
+    }
+    EXPECT_EQ(2U, messageBox.shown.size());
+}
+
+TEST_F(CellEditingTest, HidesTheBoxOnlyAfterTheMessage) {
+    addDrmRow();
+    start(Drm, kDrmFrequencyX);
+    box.content = u"";
+    bool visibleMeanwhile = false;
+    messageBox.expect({u"Input can't be empty"});
+    messageBox.whileShown = [&] { visibleMeanwhile = box.visible; };
+    editing.enterPressed();
+    EXPECT_TRUE(visibleMeanwhile);
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    tabs.tab = 1;  // a tab switch hides the box
+    editing.hideEditBox();
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, AClickOnARowHidesAndHints) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    editing.itemClicked();
+    EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
+    EXPECT_EQ(u"Press 'Delete' Key To Delete ", statusBar.message);
+    expectHidden();
+}
+
+TEST_F(CellEditingTest, AClickOnAnotherRowCommitsByTheLossOfFocusBeforeIt) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    editing.lostFocus();
+    editing.itemClicked();
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
+    EXPECT_EQ(u"Press 'Delete' Key To Delete ", statusBar.message);
+}
+
+TEST_F(CellEditingTest, AScrollUnderTheBoxCommits) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    editing.viewChanged();
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
+    expectHidden();
+    editing.viewChanged();
+    EXPECT_EQ(1, view(Drm).focusCount);
+}
+
+TEST_F(CellEditingTest, SurvivesTheViewChangesThatItsOwnStartCauses) {
+    addDrmRow();
+    view(Drm).moved = [this] { editing.viewChanged(); };
+    start(Drm, kDrmFrequencyX);
+    EXPECT_TRUE(editing.isEditing());
+    EXPECT_TRUE(box.visible);
+    EXPECT_EQ(u"9620", box.content);
+    EXPECT_EQ(0, view(Drm).focusCount);
+}
+
+TEST_F(CellEditingTest, AnEditStartedOverAnOpenOneCommitsThatFirst) {
+    addDrmRow();
+    start(Drm, 0);
+    box.content = u"Typed";
+    start(Drm, kDrmTargetX);
+    EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
+    EXPECT_TRUE(editing.isEditing());
+    EXPECT_EQ(u"Europe", box.content);
+}
+
+}  // namespace
