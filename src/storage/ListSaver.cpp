@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "storage/ComposedFile.h"
 #include "storage/IniFile.h"
 #include "storage/ListFile.h"
 #include "storage/Numbers.h"
@@ -12,8 +13,6 @@
 #include "storage/mTextUTF.h"
 
 namespace {
-
-constexpr std::size_t kUsualRecordLength = 160;  // UTF-16 units in the file; only saves reallocations
 
 std::u16string kilohertzText(std::u16string_view megahertz) {
     return shortestDecimal(kilohertzOf(leadingNumber(megahertz)));
@@ -113,15 +112,16 @@ std::optional<std::string> ListSaver::composeListFile() {
     if (leavesListFile_) {
         return std::nullopt;
     }
-    std::u16string text = startOf(copies_.ListFilePath);
+    ComposedFile file(codePages_, startOf(copies_.ListFilePath));
+    std::u16string& text = file.text();
     appendProfileSection(text, ListFile::kTotal);
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
         appendProfileKey(text, ListFile::countKey(kind), decimal(lists_.grid(kind).rowCount()));
     }
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
-        appendRecords(text, kind);
+        appendRecords(file, kind);
     }
-    return finish(text);
+    return finish(file);
 }
 
 std::optional<std::string> ListSaver::composeUserFile() {
@@ -131,7 +131,8 @@ std::optional<std::string> ListSaver::composeUserFile() {
     if (leavesUserFile_ || !hasUnits(favourites)) {
         return std::nullopt;
     }
-    std::u16string text = startOf(copies_.UserFilePath);
+    ComposedFile file(codePages_, startOf(copies_.UserFilePath));
+    std::u16string& text = file.text();
     appendProfileSection(text, ListFile::kVersion);
     appendProfileKey(text, ListFile::kMajor, PtrToStrW(std::u16string_view(settings_.VersionMajor)));
     appendProfileSection(text, ListFile::kLast);
@@ -141,19 +142,20 @@ std::optional<std::string> ListSaver::composeUserFile() {
     appendProfileKey(text, ListFile::kIndex, PtrToStrW(std::u16string_view(settings_.LastIndex)));
     appendProfileSection(text, ListFile::kTotal);
     appendProfileKey(text, ListFile::countKey(ListKind::Favourite), decimal(favourites.rowCount()));
-    appendRecords(text, ListKind::Favourite);
-    return finish(text);
+    appendRecords(file, ListKind::Favourite);
+    return finish(file);
 }
 
-void ListSaver::appendRecords(std::u16string& text, ListKind kind) {
+void ListSaver::appendRecords(ComposedFile& file, ListKind kind) {
     const Grid& grid = lists_.grid(kind);
     const int count = grid.rowCount();
-    text.reserve(text.size() + static_cast<std::size_t>(count) * kUsualRecordLength);
+    std::u16string& text = file.text();
     RecordSection section(kind);
     for (int row = 1; row <= count; ++row) {
         appendProfileSection(text, section.of(row - 1));
         appendRecord(text, kind, Row(grid, row));
         appendProfileKey(text, ListFile::kUserDef, u"0");
+        file.endRecord();
     }
 }
 
@@ -164,11 +166,11 @@ std::u16string ListSaver::startOf(std::u16string_view path) { return files_.exis
 // What is left of a UTF-16 file of `text` after it has been re-encoded and the marker appended: reading such a file
 // yields its text, as many NULs and one more; of these units half are kept, which are one too many when the
 // length is odd. The receiver has always been given that byte.
-std::string ListSaver::finish(std::u16string& text) {
-    text.append(text.size() % 2, u'\0');
-    text += u"\r\n";
-    appendProfileSection(text, ListFile::kEnd);
-    return codePages_.encode(CodePage::Utf8, text);
+std::string ListSaver::finish(ComposedFile& file) {
+    file.text().append(file.units() % 2, u'\0');
+    file.text() += u"\r\n";
+    appendProfileSection(file.text(), ListFile::kEnd);
+    return file.takeBytes();
 }
 
 void ListSaver::ResetContentOfINI() { resetContent(copies_.ListFilePath, {ListKind::Drm, ListKind::Am, ListKind::Fm}); }

@@ -12,6 +12,8 @@
 #include "storage/StationLists.h"
 #include "storage/WorkingCopies.h"
 
+class ComposedFile;
+
 class ListSaver {
 public:
     // All references outlive the saver. The paths are read at each save.
@@ -36,11 +38,11 @@ public:
     void ResetContentOfUserINI();
 
 private:
-    void appendRecords(std::u16string& text, ListKind kind);
+    void appendRecords(ComposedFile& file, ListKind kind);
     std::optional<std::string> composeListFile();
     std::optional<std::string> composeUserFile();
     std::u16string startOf(std::u16string_view path);
-    std::string finish(std::u16string& text);
+    static std::string finish(ComposedFile& file);
     void resetContent(std::u16string_view path, std::initializer_list<ListKind> kinds);
 
     StationLists lists_;

@@ -154,15 +154,34 @@ TEST_F(RecoveryTest, AFolderThatIsALinkIsNotWrittenInto) {
 
 namespace {
 
-std::string withChecksum(std::string file) {
-    std::uint64_t sum = 14695981039346656037U;
-    for (std::size_t i = 0; i + 8 < file.size(); ++i) {
-        sum = (sum ^ static_cast<unsigned char>(file[i])) * 1099511628211U;
-    }
+std::string withSum(std::string file, std::uint64_t sum) {
     for (std::size_t i = 0; i < 8; ++i) {
         file[file.size() - 8 + i] = static_cast<char>((sum >> (8 * i)) & 0xFFU);
     }
     return file;
+}
+
+std::string withChecksum(const std::string& file) {
+    std::uint64_t sum = 14695981039346656037U;
+    for (std::size_t start = 0; start <= file.size() - 8; start += 8) {
+        std::uint64_t word = 0;
+        for (std::size_t i = 0; i < 8 && start + i < file.size() - 8; ++i) {
+            word |= std::uint64_t{static_cast<unsigned char>(file[start + i])} << (8 * i);
+        }
+        sum = (sum ^ word) * 1099511628211U;
+        sum ^= sum >> 32U;
+    }
+    return withSum(file, sum);
+}
+
+// As version 1.0.0 wrote it.
+std::string ofFirstVersion(std::string file) {
+    file[7] = '1';
+    std::uint64_t sum = 14695981039346656037U;
+    for (std::size_t i = 0; i + 8 < file.size(); ++i) {
+        sum = (sum ^ static_cast<unsigned char>(file[i])) * 1099511628211U;
+    }
+    return withSum(file, sum);
 }
 
 }  // namespace
@@ -182,4 +201,26 @@ TEST(Snapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
     }
     file[16] = file[24] = 4;
     EXPECT_TRUE(decodeSnapshot(withChecksum(file)));
+}
+
+TEST(Snapshot, OneOfTheFirstVersionIsRead) {
+    const WorkingCopyBytes bytes{"the list", std::nullopt};
+    std::string file = ofFirstVersion(encodeSnapshot(7, bytes));
+    ASSERT_TRUE(decodeSnapshot(file));
+    EXPECT_EQ(decodeSnapshot(file)->number, 7U);
+    EXPECT_EQ(decodeSnapshot(file)->bytes, bytes);
+    file[33] = 'T';
+    EXPECT_EQ(decodeSnapshot(file), std::nullopt);
+}
+
+TEST(Snapshot, ChangesThatTouchTheSameBitOfTwoWordsAreFound) {
+    const std::string file = encodeSnapshot(7, {std::string(100, 'x'), std::string(3, 'y')});
+    for (std::size_t first = 32; first < 40; ++first) {
+        for (const int bit : {0, 3, 7}) {
+            std::string changed = file;
+            changed[first] = static_cast<char>(changed[first] ^ (1 << bit));
+            changed[first + 8] = static_cast<char>(changed[first + 8] ^ (1 << bit));
+            EXPECT_EQ(decodeSnapshot(changed), std::nullopt) << first << ' ' << bit;
+        }
+    }
 }

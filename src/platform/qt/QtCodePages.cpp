@@ -109,14 +109,14 @@ std::string encodeUtf8(std::u16string_view text) {
     const auto put = [&end](char32_t value) { *end++ = static_cast<char>(value); };
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t c = text[i];
+        if (c < 0x80) {
+            put(c);
+            continue;
+        }
         if ((c & 0xFC00) == 0xD800 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00) {
             c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00U);
         } else if ((c & 0xF800) == 0xD800) {
             c = kReplacement;
-        }
-        if (c < 0x80) {
-            put(c);
-            continue;
         }
         if (c < 0x800) {
             put(0xC0 | (c >> 6));
