@@ -13,6 +13,10 @@ namespace {
 class MessageBoxTest : public RecordingWindow {
 protected:
     int show(int style, QMessageBox::StandardButton press) {
+        pressOnceShown(press);
+        return boxes.show(u"Text <b>as it is</b>", style, u"Add List");
+    }
+    void pressOnceShown(QMessageBox::StandardButton press) {
         captions.clear();
         QTimer::singleShot(0, backend.window().widget(), [this, press] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -24,7 +28,6 @@ protected:
             }
             box->button(press)->click();
         });
-        return boxes.show(u"Text <b>as it is</b>", style, u"Add List");
     }
 
     mMsgBox boxes{platform.messageBox, platform.windowHook};
@@ -88,12 +91,7 @@ TEST_F(ChineseMessageBoxTest, YesAndNoKeepTheSystemsCaptions) {
 }
 
 TEST_F(ChineseMessageBoxTest, WithoutTheHookNothingIsRenamed) {
-    QTimer::singleShot(0, backend.window().widget(), [this] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        captions.insert(box->button(QMessageBox::Ok)->text());
-        box->button(QMessageBox::Ok)->click();
-    });
+    pressOnceShown(QMessageBox::Ok);
     boxes.showPlain(u"full");
     EXPECT_EQ(captions, (QSet<QString>{QString::fromUtf8("确定")}));
 }

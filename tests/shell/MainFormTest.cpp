@@ -55,6 +55,8 @@ TEST_F(MainFormTest, StartingWithoutFilesCreatesBothAndShowsFourEmptyLists) {
     for (int tab = 0; tab < kListCount; ++tab) {
         EXPECT_EQ(platform.rows(tab).rowCount(), 0);
         EXPECT_EQ(platform.rows(tab).columns().size(), tab == 0 ? 4U : 3U);
+        const auto& told = platform.gridViews[static_cast<std::size_t>(tab)].calls;
+        EXPECT_EQ(std::count(told.begin(), told.end(), "columnAdded"), tab == 0 ? 4 : 3);
     }
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 0");
 }

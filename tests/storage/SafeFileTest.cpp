@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "fakes/FakeFiles.h"
+#include "fakes/Text.h"
 #include "storage/SafeFile.h"
 #include "storage/VerifiedFiles.h"
 
@@ -38,7 +39,8 @@ public:
         return bytes;
     }
 
-    std::optional<std::uint64_t> freeSpace(std::u16string_view) override {
+    std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override {
+        EXPECT_EQ(narrow(folder), "/disk");
         std::size_t used = 0;
         for (const auto& [name, content] : files) {
             used += content.size();

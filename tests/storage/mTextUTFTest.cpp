@@ -111,9 +111,9 @@ TEST_F(TextFiles, Utf16ReadingYieldsOneUnitMoreThanBytes) {
     EXPECT_EQ(text5, u"abcde\0\0\0\0\0\0"s);
     EXPECT_EQ(text5.size(), 11U);
     EXPECT_EQ(read("\xFF\xFE"
-                   "a\0b"s,
+                   "a\0b\0c"s,
                    TextFormat::Detect),
-              u"ab\0\0"s)
+              u"abc\0\0\0"s)
         << "half a unit is read too";
     EXPECT_EQ(read("", TextFormat::Utf16Le), u"\0"s);
 }
@@ -247,6 +247,9 @@ TEST_F(TextFiles, AppendingInAGivenFormatIsNotGuessed) {
               "\xFF\xFE"
               "a\0b"s);
     EXPECT_EQ(files.accesses, std::vector<std::string>{"append /text.ini"});
+    files.files[kPath] = "a";
+    EXPECT_TRUE(append(u"b", TextFormat::Ansi));
+    EXPECT_EQ(bytes(), "ab") << "one byte is content";
 }
 
 TEST_F(TextFiles, AppendingToUtf32IsRefused) {
