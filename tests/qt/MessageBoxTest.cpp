@@ -3,6 +3,8 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QTranslator>
+#include <functional>
+#include <utility>
 
 #include "qt/RecordingWindow.h"
 #include "shell/mMsgBox.h"
@@ -12,13 +14,17 @@ namespace {
 // Shows boxes and answers each with a button as soon as it is on screen.
 class MessageBoxTest : public RecordingWindow {
 protected:
+    MessageBoxTest() {
+        user.setSingleShot(true);
+        QObject::connect(&user, &QTimer::timeout, &user, [this] { action(); });
+    }
     int show(int style, QMessageBox::StandardButton press) {
         pressOnceShown(press);
         return boxes.show(u"Text <b>as it is</b>", style, u"Add List");
     }
     void pressOnceShown(QMessageBox::StandardButton press) {
         captions.clear();
-        QTimer::singleShot(0, backend.window().widget(), [this, press] {
+        onceShown([this, press] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
             title = box->windowTitle();
@@ -29,11 +35,18 @@ protected:
             box->button(press)->click();
         });
     }
+    // When the box runs its events.
+    void onceShown(std::function<void()> act) {
+        action = std::move(act);
+        user.start(0);
+    }
 
     mMsgBox boxes{platform.messageBox, platform.windowHook};
     QSet<QString> captions;
     QString title;
     Qt::TextFormat format = Qt::AutoText;
+    QTimer user;
+    std::function<void()> action;
 };
 
 class ChineseMessageBoxTest : public MessageBoxTest {
@@ -64,7 +77,7 @@ TEST_F(MessageBoxTest, AnswersWithTheButton) {
 TEST_F(MessageBoxTest, ClosingTheBoxAnswersCancelOrOk) {
     for (const auto& [style, answer] :
          {std::pair{BoxStyle::OkCancel, BoxAnswer::Cancel}, {BoxStyle::Ok, BoxAnswer::Ok}}) {
-        QTimer::singleShot(0, backend.window().widget(), [] { QApplication::activeModalWidget()->close(); });
+        onceShown([] { QApplication::activeModalWidget()->close(); });
         EXPECT_EQ(platform.messageBox.show(u"?", style, u""), answer);
     }
 }
