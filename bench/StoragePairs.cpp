@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <utility>
@@ -74,11 +75,21 @@ void writeAndFlush(const std::string& path, const std::string& bytes) {
     ::close(descriptor);
 }
 
-// The least that leaves a whole file, whenever the power fails.
-void replaceByHand(const std::string& path, const std::string& bytes) {
-    writeAndFlush(path + "~", bytes);
-    require(::rename((path + "~").c_str(), path.c_str()) == 0, "a file could not be replaced");
-    const int folder = ::open(std::filesystem::path(path).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+struct NewContent {
+    const std::string& path;
+    const std::string& bytes;
+};
+
+// The least that leaves whole files of one folder, whenever the power fails.
+void replaceByHand(std::initializer_list<NewContent> files) {
+    for (const NewContent& file : files) {
+        writeAndFlush(file.path + "~", file.bytes);
+    }
+    for (const NewContent& file : files) {
+        require(::rename((file.path + "~").c_str(), file.path.c_str()) == 0, "a file could not be replaced");
+    }
+    const auto path = std::filesystem::path(files.begin()->path).parent_path();
+    const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     ::fsync(folder);
     ::close(folder);
 }
@@ -153,8 +164,7 @@ void measureSaves(Sample& sample) {
                 }},
                 kDiskRounds);
     measurePair("save / replacing both files safely by hand", {[&] { saver.SaveLists(); }}, {[&] {
-                    replaceByHand(list2, listBytes);
-                    replaceByHand(user2, userBytes);
+                    replaceByHand({{list2, listBytes}, {user2, userBytes}});
                 }},
                 kDiskRounds);
     require(saver.ListsSaved(), "the lists could not be saved");

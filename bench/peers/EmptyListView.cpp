@@ -16,8 +16,8 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM first, LPARAM
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int show) {
-    constexpr int kWidth = 680;
-    constexpr int kHeight = 480;
+    constexpr int kWidth = 768;  // as the program's window, its frame included
+    constexpr int kHeight = 567;
     const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&classes);
     WNDCLASSW windowClass{};

@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
         tabs->addTab(new QTableView(tabs), caption);
     }
     window.setCentralWidget(tabs);
-    window.resize(680, 480);
+    window.resize(760, 540);  // as the program
     window.show();
     return QApplication::exec();
 }

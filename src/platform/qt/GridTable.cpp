@@ -42,9 +42,18 @@ protected:
     }
 };
 
+// Its height is set below. The size that Qt would find instead takes the measure of each caption in bold, at each new
+// column, and loads the bold font for that.
+class FixedHeader : public QHeaderView {
+public:
+    explicit FixedHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+    QSize sizeHint() const override { return {0, minimumHeight()}; }
+};
+
 }  // namespace
 
 GridTable::GridTable(QWidget* parent) : QTableView(parent) {
+    setHorizontalHeader(new FixedHeader(this));
     setItemDelegate(new RowDelegate(this));
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
