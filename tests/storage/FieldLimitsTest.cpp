@@ -43,4 +43,10 @@ TEST(RangeFault, TakesTheBoundsThemselvesAndNothingBeyondThem) {
     }
 }
 
+TEST(RangeFault, FavouritesHaveNoLimitsOfTheirOwn) {
+    for (const double frequency : {0.0, 98.5, 1e300}) {
+        EXPECT_EQ(range(ListKind::Favourite, frequency), "");
+    }
+}
+
 }  // namespace

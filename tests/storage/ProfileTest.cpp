@@ -119,6 +119,15 @@ TEST(ReadProfile, AnOddLastByteOfUtf16IsIgnored) {
     EXPECT_EQ(readProfile(u"/u", files, codePages).get(u"A", u"x"), u"v");
 }
 
+TEST(ReadProfile, AFileOfMoreThan31BitsIsNotRead) {
+    FakeFiles files;
+    FakeCodePages codePages;
+    files.files[u"/huge"] = "[A]\nx=1";
+    files.sizes[u"/huge"] = 0x80000000U;
+    EXPECT_EQ(readProfile(u"/huge", files, codePages).get(u"A", u"x"), u"");
+    EXPECT_TRUE(files.accesses.empty());
+}
+
 TEST(ReadProfile, AMissingOrUnreadableFileIsEmpty) {
     FakeFiles files;
     FakeCodePages codePages;
