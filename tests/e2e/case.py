@@ -40,19 +40,19 @@ class ProgramCase(unittest.TestCase):
         """The grid shown comes to hold just these rows."""
         expected = [tuple(row) for row in expected]
         try:
-            program.wait(lambda: program.cells() == expected, "the cells", 5)
+            program.wait(lambda: program.cells() == expected, "the cells")
         except AssertionError:
             self.assertEqual(program.cells(), expected)
 
     def assert_totals(self, program, text):
         try:
-            program.wait(lambda: program.totals() == text, "the status text", 5)
+            program.wait(lambda: program.totals() == text, "the status text")
         except AssertionError:
             self.assertEqual(program.totals(), text)
 
     def assert_file_becomes(self, program, path, content):
         try:
-            program.wait(lambda: path.is_file() and path.read_bytes() == content, f"{path} written", 5)
+            program.wait(lambda: path.is_file() and path.read_bytes() == content, f"{path} written")
         except AssertionError:
             self.assertEqual(path.read_bytes(), content)
 

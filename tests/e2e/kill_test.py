@@ -11,7 +11,7 @@ import unittest
 from case import ProgramCase
 from listfiles import list_ini, user_ini
 from program import Program
-from session import wait_until
+from session import PATIENCE, wait_until
 
 KILLS = int(os.environ.get("HALCYON_KILLS", "50"))
 SEED = int(os.environ.get("HALCYON_SEED", str(random.randrange(1 << 30))))
@@ -24,7 +24,7 @@ class Killed(Exception):
 
 
 class MortalProgram(Program):
-    def wait(self, condition, what, seconds=20.0):
+    def wait(self, condition, what, seconds=PATIENCE):
         def mortal():
             if self.process.poll() is not None:
                 raise Killed(what)

@@ -14,7 +14,7 @@ import tempfile
 import time
 
 WIDTH, HEIGHT = map(int, os.environ.get("HALCYON_SCREEN", "1024x768").split("x"))
-PATIENCE = 20.0  # seconds that a condition may take at most; a sound program needs a small part of one
+PATIENCE = 60.0  # seconds that a condition may take at most; a sound program on an idle machine needs a part of one
 CLONE_NEWNS = 0x00020000
 
 
