@@ -1,4 +1,4 @@
-// What most unit tests include, compiled once. Each file still includes what it uses: scripts/lint compiles without this.
+// What most unit tests include, compiled once. Each file still includes what it uses: scripts/lint compiles without it.
 #pragma once
 
 #include <gtest/gtest.h>
