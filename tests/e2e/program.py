@@ -248,19 +248,24 @@ class Program:
         found = (w for w in self.windows() if w.get_name() == title and w.get_role() in BOXES)
         return next((w for w in found if self.buttons(w)), None)
 
+    def placed_box(self, title):
+        """The message box once it has the keyboard: until then the window manager may still move it."""
+        def placed():
+            box = self.message_box(title)
+            return box if box and has_state(box, Atspi.StateType.ACTIVE) else None
+        return self.wait(placed, f"an active message box titled {title}")
+
     def buttons(self, window):
         return [n.get_name() for n in tree(window) if n.get_role() == Atspi.Role.PUSH_BUTTON and showing(n)]
 
     def answer(self, button, title=CAPTION):
         """Clicks a button of the message box and waits until the box has gone."""
-        box = self.wait(lambda: self.message_box(title), f"a message box titled {title}")
-        self.click(self.find(Atspi.Role.PUSH_BUTTON, button, within=box))
+        self.click(self.find(Atspi.Role.PUSH_BUTTON, button, within=self.placed_box(title)))
         self.wait(lambda: self.message_box(title) is None, "the message box gone")
 
     def answer_then(self, button, text, title=CAPTION):
         """Clicks a button of the message box and waits until a box with another text is up."""
-        box = self.wait(lambda: self.message_box(title), f"a message box titled {title}")
-        self.click(self.find(Atspi.Role.PUSH_BUTTON, button, within=box))
+        self.click(self.find(Atspi.Role.PUSH_BUTTON, button, within=self.placed_box(title)))
         self.wait(lambda: self.message_now(title) == text, f"a message box saying {text}")
 
     def dialog(self, title):
