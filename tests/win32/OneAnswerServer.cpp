@@ -2,10 +2,14 @@
 
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 OneAnswerServer::OneAnswerServer(const std::string& body)
-    : answer_("HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\nConnection: close\r\nContent-Length: " +
-              std::to_string(body.size()) + "\r\n\r\n" + body) {
+    : OneAnswerServer([answer = "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\nConnection: close\r\nContent-Length: " +
+                                std::to_string(body.size()) + "\r\n\r\n" +
+                                body](SOCKET client) { sendAll(client, answer); }) {}
+
+OneAnswerServer::OneAnswerServer(std::function<void(SOCKET)> answer) : answer_(std::move(answer)) {
     WSADATA data{};
     WSAStartup(MAKEWORD(2, 2), &data);
     listener_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
@@ -47,7 +51,18 @@ void OneAnswerServer::serve() {
             }
             request.append(part.data(), static_cast<std::size_t>(got));
         }
-        send(client, answer_.data(), static_cast<int>(answer_.size()), 0);
+        answer_(client);
         closesocket(client);
     }
+}
+
+bool sendAll(SOCKET connection, const std::string& bytes) {
+    for (std::size_t sent = 0; sent < bytes.size();) {
+        const int part = send(connection, bytes.data() + sent, static_cast<int>(bytes.size() - sent), 0);
+        if (part <= 0) {
+            return false;
+        }
+        sent += static_cast<std::size_t>(part);
+    }
+    return true;
 }

@@ -1,14 +1,17 @@
-// An HTTP server on a free port of this machine that gives every request the same body.
+// An HTTP server on a free port of this machine that gives every request the same answer.
 #pragma once
 
 #include <winsock2.h>
 
+#include <functional>
 #include <string>
 #include <thread>
 
 class OneAnswerServer {
 public:
     explicit OneAnswerServer(const std::string& body);
+    // Sends what it likes over the bare connection, which is closed afterwards.
+    explicit OneAnswerServer(std::function<void(SOCKET)> answer);
     ~OneAnswerServer();
     OneAnswerServer(const OneAnswerServer&) = delete;
     OneAnswerServer& operator=(const OneAnswerServer&) = delete;
@@ -18,7 +21,10 @@ public:
 private:
     void serve();
 
-    std::string answer_;
+    std::function<void(SOCKET)> answer_;
     SOCKET listener_ = INVALID_SOCKET;
     std::thread thread_;
 };
+
+// False once the other side has hung up.
+bool sendAll(SOCKET connection, const std::string& bytes);
