@@ -10,8 +10,12 @@
 
 class ComposedFile {
 public:
-    // codePages outlives it. `start` is the beginning of the text.
-    ComposedFile(CodePages& codePages, std::u16string_view start) : codePages_(codePages), text_(start) {}
+    // codePages outlives it. `start` is the beginning of the text; `usualBytes`, about what the file will hold, saves
+    // reallocations.
+    ComposedFile(CodePages& codePages, std::u16string_view start, std::size_t usualBytes)
+        : codePages_(codePages), text_(start) {
+        bytes_.reserve(usualBytes);
+    }
 
     // To append to. What has been encoded is gone from it.
     std::u16string& text() { return text_; }

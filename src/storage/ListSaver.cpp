@@ -14,6 +14,8 @@
 
 namespace {
 
+constexpr std::size_t kUsualRecordBytes = 128;
+
 std::u16string kilohertzText(std::u16string_view megahertz) {
     return shortestDecimal(kilohertzOf(leadingNumber(megahertz)));
 }
@@ -112,7 +114,8 @@ std::optional<std::string> ListSaver::composeListFile() {
     if (leavesListFile_) {
         return std::nullopt;
     }
-    ComposedFile file(codePages_, startOf(copies_.ListFilePath));
+    ComposedFile file(codePages_, startOf(copies_.ListFilePath),
+                      usualBytes({ListKind::Drm, ListKind::Am, ListKind::Fm}));
     std::u16string& text = file.text();
     appendProfileSection(text, ListFile::kTotal);
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
@@ -131,7 +134,7 @@ std::optional<std::string> ListSaver::composeUserFile() {
     if (leavesUserFile_ || !hasUnits(favourites)) {
         return std::nullopt;
     }
-    ComposedFile file(codePages_, startOf(copies_.UserFilePath));
+    ComposedFile file(codePages_, startOf(copies_.UserFilePath), usualBytes({ListKind::Favourite}));
     std::u16string& text = file.text();
     appendProfileSection(text, ListFile::kVersion);
     appendProfileKey(text, ListFile::kMajor, PtrToStrW(std::u16string_view(settings_.VersionMajor)));
@@ -144,6 +147,14 @@ std::optional<std::string> ListSaver::composeUserFile() {
     appendProfileKey(text, ListFile::countKey(ListKind::Favourite), decimal(favourites.rowCount()));
     appendRecords(file, ListKind::Favourite);
     return finish(file);
+}
+
+std::size_t ListSaver::usualBytes(std::initializer_list<ListKind> kinds) {
+    std::size_t rows = 0;
+    for (const ListKind kind : kinds) {
+        rows += static_cast<std::size_t>(lists_.grid(kind).rowCount());
+    }
+    return rows * kUsualRecordBytes;
 }
 
 void ListSaver::appendRecords(ComposedFile& file, ListKind kind) {

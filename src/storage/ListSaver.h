@@ -38,6 +38,7 @@ public:
     void ResetContentOfUserINI();
 
 private:
+    std::size_t usualBytes(std::initializer_list<ListKind> kinds);
     void appendRecords(ComposedFile& file, ListKind kind);
     std::optional<std::string> composeListFile();
     std::optional<std::string> composeUserFile();

@@ -6,7 +6,7 @@
 TEST(ComposedFile, PartByPartGivesTheBytesOfTheWhole) {
     FakeCodePages codePages;
     std::u16string whole = u" \r\n";
-    ComposedFile file(codePages, whole);
+    ComposedFile file(codePages, whole, 10'000);
     for (int record = 0; record < 2000; ++record) {
         const std::u16string text =
             std::u16string(static_cast<std::size_t>(record % 23), u'\u4E2D') + u"\U0001F4FB\r\n";
@@ -22,7 +22,7 @@ TEST(ComposedFile, PartByPartGivesTheBytesOfTheWhole) {
 
 TEST(ComposedFile, AShortOneIsItsStart) {
     FakeCodePages codePages;
-    ComposedFile file(codePages, u"[x]\r\n");
+    ComposedFile file(codePages, u"[x]\r\n", 0);
     file.endRecord();
     EXPECT_EQ(file.takeBytes(), "[x]\r\n");
 }

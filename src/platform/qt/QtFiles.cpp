@@ -111,7 +111,11 @@ bool QtFiles::clearAttributes(std::u16string_view path) {
     const std::string name = native(path);
     struct stat status {};
     constexpr mode_t kPermissionBits = 07777;
-    return ::lstat(name.c_str(), &status) == 0 && !S_ISLNK(status.st_mode) &&
+    if (::lstat(name.c_str(), &status) != 0 || S_ISLNK(status.st_mode)) {
+        return false;
+    }
+    // A change to the same permissions would be one more for the next flush to write.
+    return (status.st_mode & S_IWUSR) != 0 ||
            ::chmod(name.c_str(), (status.st_mode & kPermissionBits) | S_IWUSR) == 0;
 }
 
