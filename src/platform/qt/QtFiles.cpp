@@ -115,8 +115,7 @@ bool QtFiles::clearAttributes(std::u16string_view path) {
         return false;
     }
     // A change to the same permissions would be one more for the next flush to write.
-    return (status.st_mode & S_IWUSR) != 0 ||
-           ::chmod(name.c_str(), (status.st_mode & kPermissionBits) | S_IWUSR) == 0;
+    return (status.st_mode & S_IWUSR) != 0 || ::chmod(name.c_str(), (status.st_mode & kPermissionBits) | S_IWUSR) == 0;
 }
 
 bool QtFiles::createFolder(std::u16string_view path) {
