@@ -9,7 +9,9 @@ import os
 import pathlib
 import select
 import shutil
+import signal
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -64,6 +66,8 @@ class Session:
         self.children = []
         self.private_mounts = own_mounts()
         atexit.register(self.stop)
+        # A test that is told to end takes its screen and its mounts away, too.
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
         self.environment = {
             "PATH": os.environ.get("PATH", "/usr/bin:/bin"),
             "HOME": str(self.folder),
