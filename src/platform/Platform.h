@@ -15,7 +15,7 @@ class AddFormView;
 class MainWindow;
 class Files;
 class Volumes;
-class Downloader;
+class HttpClient;
 class CodePages;
 class TextCompare;
 class SingleInstance;
@@ -34,7 +34,7 @@ struct Platform {
     MainWindow& mainWindow;
     Files& files;
     Volumes& volumes;
-    Downloader& downloader;
+    HttpClient& httpClient;
     CodePages& codePages;
     TextCompare& textCompare;
     SingleInstance& singleInstance;

@@ -30,7 +30,7 @@ MainForm::MainForm(const Platform& platform)
       sortListview_(platform.textCompare),
       addForm_(platform.addFormView, platform.mainWindow, platform.tabs, stationLists(), totals_, msgBox_),
       addToFavourites_(stationLists(), platform.tabs, totals_, msgBox_),
-      scheduleSync_(drmLV_, platform.files, platform.codePages, platform.downloader, platform.statusBar, totals_,
+      scheduleSync_(drmLV_, platform.files, platform.codePages, platform.httpClient, platform.statusBar, totals_,
                     msgBox_, platform.programFolder) {
     const std::array<Grid*, kListCount> grids = {&drmLV_, &amLV_, &fmLV_, &favLV_};
     for (std::size_t tab = 0; tab < grids.size(); ++tab) {

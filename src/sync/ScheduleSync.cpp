@@ -64,7 +64,7 @@ bool ScheduleSync::download(std::u16string_view url) {
     }
     // Always the built-in address, whatever was fetched: an old copy of it would otherwise come back
     // once "config.ini" is gone.
-    downloader_.forgetCached(kBuiltInUrl);
+    httpClient_.forgetCached(kBuiltInUrl);
     return files_.exists(targetPath());
 }
 

@@ -8,12 +8,13 @@
 #include <utility>
 
 #include "platform/CodePages.h"
-#include "platform/Downloader.h"
 #include "platform/Files.h"
 #include "platform/Grid.h"
+#include "platform/HttpClient.h"
 #include "platform/StatusBar.h"
 #include "shell/Totals.h"
 #include "shell/mMsgBox.h"
+#include "sync/Downloader.h"
 
 // Where the schedule is fetched from when "config.ini" names no address. The host is chosen when the program is built.
 std::u16string_view builtInScheduleUrl();
@@ -21,12 +22,13 @@ std::u16string_view builtInScheduleUrl();
 class ScheduleSync {
 public:
     // programFolder ends with its separator.
-    ScheduleSync(Grid& drmLV, Files& files, CodePages& codePages, Downloader& downloader, StatusBar& statusBar,
+    ScheduleSync(Grid& drmLV, Files& files, CodePages& codePages, HttpClient& httpClient, StatusBar& statusBar,
                  Totals& totals, mMsgBox& messages, std::u16string programFolder)
         : drmLV_(drmLV),
           files_(files),
           codePages_(codePages),
-          downloader_(downloader),
+          httpClient_(httpClient),
+          downloader_(httpClient, files),
           statusBar_(statusBar),
           totals_(totals),
           messages_(messages),
@@ -53,7 +55,8 @@ private:
     Grid& drmLV_;
     Files& files_;
     CodePages& codePages_;
-    Downloader& downloader_;
+    HttpClient& httpClient_;
+    Downloader downloader_;
     StatusBar& statusBar_;
     Totals& totals_;
     mMsgBox& messages_;

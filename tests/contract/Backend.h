@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "platform/CodePages.h"
-#include "platform/Downloader.h"
 #include "platform/EditBox.h"
 #include "platform/Files.h"
 #include "platform/GridView.h"
+#include "platform/HttpClient.h"
 #include "platform/SingleInstance.h"
 #include "platform/TextCompare.h"
 
@@ -71,7 +71,7 @@ public:
     virtual std::unique_ptr<EditBoxProbe> editBox() = 0;
     virtual std::unique_ptr<SingleInstance> singleInstance(std::u16string_view folder) = 0;
     virtual std::unique_ptr<OtherProcess> otherProcess(std::u16string_view folder) = 0;
-    virtual std::unique_ptr<Downloader> downloader(std::chrono::milliseconds idleLimit) = 0;
+    virtual std::unique_ptr<HttpClient> httpClient() = 0;
 };
 
 std::unique_ptr<Backend> makeBackend();

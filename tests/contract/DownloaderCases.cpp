@@ -4,16 +4,14 @@
 
 #include "contract/Backend.h"
 #include "fakes/Text.h"
+#include "sync/Downloader.h"
 
 namespace {
 
 class DownloaderContract : public testing::Test {
 protected:
-    std::unique_ptr<Downloader> downloader(std::chrono::milliseconds idleLimit = std::chrono::seconds(30)) {
-        return backend->downloader(idleLimit);
-    }
     bool get(std::u16string_view resource) {
-        return downloader()->download(httpServer() + std::u16string(resource), target);
+        return downloader.download(httpServer() + std::u16string(resource), target);
     }
     std::optional<std::string> bytes() { return backend->files().read(target); }
     void expectFailure(std::u16string_view resource) {
@@ -24,6 +22,8 @@ protected:
     std::unique_ptr<Backend> backend = makeBackend();
     std::unique_ptr<TestFolder> folder = backend->folder();
     std::u16string target = folder->path() + u"DRMSchedule.ini";
+    std::unique_ptr<HttpClient> client = backend->httpClient();
+    Downloader downloader{*client, backend->files()};
 };
 
 TEST_F(DownloaderContract, ASchedulesBytesArriveUnchanged) {
@@ -72,9 +72,9 @@ TEST_F(DownloaderContract, ABodyOfMoreThan16MiBIsAFailure) {
 }
 
 TEST_F(DownloaderContract, ASilentServerIsGivenUp) {
-    const auto impatient = downloader(std::chrono::milliseconds(300));
-    EXPECT_FALSE(impatient->download(httpServer() + u"/stall", target));
-    EXPECT_FALSE(impatient->download(httpServer() + u"/stall-in-body", target));
+    Downloader impatient(*client, backend->files(), std::chrono::milliseconds(300));
+    EXPECT_FALSE(impatient.download(httpServer() + u"/stall", target));
+    EXPECT_FALSE(impatient.download(httpServer() + u"/stall-in-body", target));
     EXPECT_FALSE(backend->files().exists(target));
 }
 
@@ -92,9 +92,9 @@ TEST_F(DownloaderContract, AnAnswerIsNeverTakenFromACache) {
 
 TEST_F(DownloaderContract, OtherAddressesAreRefused) {
     ASSERT_TRUE(backend->files().write(folder->path() + u"local", "x"));
-    EXPECT_FALSE(downloader()->download(u"file://" + folder->path() + u"local", target));
-    EXPECT_FALSE(downloader()->download(u"http://127.0.0.1:1/", target));
-    EXPECT_FALSE(downloader()->download(u"", target));
+    EXPECT_FALSE(downloader.download(u"file://" + folder->path() + u"local", target));
+    EXPECT_FALSE(downloader.download(u"http://127.0.0.1:1/", target));
+    EXPECT_FALSE(downloader.download(u"", target));
     EXPECT_FALSE(backend->files().exists(target));
 }
 

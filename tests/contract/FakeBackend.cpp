@@ -85,7 +85,7 @@ public:
     std::unique_ptr<EditBoxProbe> editBox() override { return nullptr; }
     std::unique_ptr<SingleInstance> singleInstance(std::u16string_view) override { return nullptr; }
     std::unique_ptr<OtherProcess> otherProcess(std::u16string_view) override { return nullptr; }
-    std::unique_ptr<Downloader> downloader(std::chrono::milliseconds) override { return nullptr; }
+    std::unique_ptr<HttpClient> httpClient() override { return nullptr; }
 
 private:
     FakeFiles files_;

@@ -17,9 +17,9 @@
 #include "platform/MainWindow.h"
 #include "platform/qt/GridTable.h"
 #include "platform/qt/QtCodePages.h"
-#include "platform/qt/QtDownloader.h"
 #include "platform/qt/QtEditBox.h"
 #include "platform/qt/QtFiles.h"
+#include "platform/qt/QtHttpClient.h"
 #include "platform/qt/QtMainWindow.h"
 #include "platform/qt/QtSingleInstance.h"
 #include "platform/qt/QtTabs.h"
@@ -165,9 +165,7 @@ public:
     std::unique_ptr<OtherProcess> otherProcess(std::u16string_view folder) override {
         return std::make_unique<QtOtherProcess>(folder);
     }
-    std::unique_ptr<Downloader> downloader(std::chrono::milliseconds idleLimit) override {
-        return std::make_unique<QtDownloader>(files_, idleLimit);
-    }
+    std::unique_ptr<HttpClient> httpClient() override { return std::make_unique<QtHttpClient>(); }
 
 private:
     QtFiles files_;

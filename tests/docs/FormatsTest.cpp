@@ -75,7 +75,7 @@ TEST_F(Formats, TheUserFileIsShownAsDescribedAndSavedBackUnchanged) {
 TEST_F(Formats, TheScheduleGivesTheRowsDescribed) {
     start();
     for (const char* lineEnd : {"\n", "\r\n"}) {
-        platform.downloader.bytes = page.block("Broadcast schedule", lineEnd);
+        platform.httpClient.answer.body = page.block("Broadcast schedule", lineEnd);
         platform.messageBox.expect({u"The number of new station is: 2"});
         platform.popupMenu.listener->menuChosen(MenuItem::SyncInternet);
         EXPECT_EQ(page.cells("Broadcast schedule").size(), 2U);

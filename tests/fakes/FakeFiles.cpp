@@ -29,7 +29,7 @@ std::optional<std::uint64_t> FakeFiles::size(std::u16string_view path) {
 }
 
 std::optional<std::string> FakeFiles::read(std::u16string_view path) {
-    if (!allowed("read", path)) {
+    if (!allowed("read", path) || unreadable.contains(std::u16string(path))) {
         return std::nullopt;
     }
     const auto found = files.find(std::u16string(path));
@@ -42,7 +42,9 @@ bool FakeFiles::write(std::u16string_view path, std::string_view bytes) {
     if (!writable("write", path)) {
         return false;
     }
-    put(path, bytes);
+    if (!vanishing.contains(std::u16string(path))) {
+        put(path, bytes);
+    }
     return true;
 }
 

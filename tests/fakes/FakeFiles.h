@@ -39,6 +39,8 @@ public:
     std::set<std::u16string> readOnly;              // cannot be written, renamed over or removed
     std::map<std::u16string, std::uint64_t> sizes;  // pretended sizes of files that are not held
     std::optional<std::uint64_t> free;              // what freeSpace answers
+    std::set<std::u16string> unreadable;            // can be written, but not read
+    std::set<std::u16string> vanishing;             // written as if well, and gone
     std::set<std::u16string> failing;               // every operation on such a path fails
 
 private:

@@ -6,9 +6,9 @@
 #include "fakes/FakeAddFormView.h"
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeControls.h"
-#include "fakes/FakeDownloader.h"
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeGridView.h"
+#include "fakes/FakeHttpClient.h"
 #include "fakes/FakeMessageBox.h"
 #include "fakes/FakeServices.h"
 #include "platform/Platform.h"
@@ -25,7 +25,7 @@ struct FakePlatform {
     FakeMainWindow mainWindow;
     FakeFiles files;
     FakeVolumes volumes;
-    FakeDownloader downloader{files};
+    FakeHttpClient httpClient;
     FakeCodePages codePages;
     FakeTextCompare textCompare;
     FakeSingleInstance singleInstance;
@@ -41,7 +41,7 @@ struct FakePlatform {
                     mainWindow,
                     files,
                     volumes,
-                    downloader,
+                    httpClient,
                     codePages,
                     textCompare,
                     singleInstance,

@@ -22,6 +22,7 @@ constexpr const char16_t* kUser = u"/app/User.ini";
 constexpr const char16_t* kReceiverList = u"/rx/List.ini";
 constexpr const char16_t* kReceiverUser = u"/rx/User.ini";
 
+constexpr const char* kSchedule = "[DRMSchedule]\r\nFrequency=7000\r\nProgramme=x\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\n";
 const std::string kEnd = "\r\n[kvt update end]\r\n";
 
 std::string listFile(const std::string& programme) {
@@ -39,24 +40,6 @@ std::string userFile(const std::string& programme) {
            programme + "\r\nFrequency=198\r\nTYPE=AM\r\nUserDef=0\r\n" + kEnd;
 }
 
-// The downloads of a server go through the same files.
-class FileDownloader : public Downloader {
-public:
-    FileDownloader(Files& files, std::string bytes) : files_(files), bytes_(std::move(bytes)) {}
-    bool download(std::u16string_view, std::u16string_view path) override {
-        if (files_.write(path, bytes_)) {
-            return true;
-        }
-        files_.remove(path);
-        return false;
-    }
-    void forgetCached(std::u16string_view) override {}
-
-private:
-    Files& files_;
-    std::string bytes_;
-};
-
 // Any box is answered with OK: faults may change which one appears.
 class AnyMessageBox : public StandardMessageBox {
 public:
@@ -69,6 +52,7 @@ public:
     Process(const FakeFiles& disk, const FaultPlan& plan) {
         platform_.files = disk;
         platform_.connectReceiver(u"/rx/");
+        platform_.httpClient.answer.body = kSchedule;
         files_.plan(plan);
         form_ = std::make_unique<MainForm>(bundle());
         form_->Form_Load();
@@ -105,14 +89,12 @@ private:
     Platform bundle() {
         const Platform& p = platform_.bundle;
         return {p.gridViews,  p.tabs,        p.editBox,        p.statusBar, p.popupMenu,    box_,
-                p.windowHook, p.addFormView, p.mainWindow,     files_,      p.volumes,      downloader_,
+                p.windowHook, p.addFormView, p.mainWindow,     files_,      p.volumes,      p.httpClient,
                 p.codePages,  p.textCompare, p.singleInstance, p.clock,     p.programFolder};
     }
 
     FakePlatform platform_;
     FaultyFiles files_{platform_.files};
-    FileDownloader downloader_{files_,
-                               "[DRMSchedule]\r\nFrequency=7000\r\nProgramme=x\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\n"};
     AnyMessageBox box_;
     std::unique_ptr<MainForm> form_;
 };

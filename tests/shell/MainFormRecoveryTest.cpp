@@ -117,7 +117,7 @@ TEST_F(MainFormRecoveryTest, AnAddedRecordIsKept) {
 
 TEST_F(MainFormRecoveryTest, ASyncIsKeptBeforeTheUserIsTold) {
     start();
-    platform->downloader.bytes = "[DRMSchedule]\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\n";
+    platform->httpClient.answer.body = "[DRMSchedule]\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\n";
     platform->messageBox.expect({u"No new station"});
     platform->messageBox.whileShown = [this] {
         EXPECT_NE(platform->files.files[u"/app/Recovery/Snapshot2"].find("drmnumber=0"), std::string::npos);

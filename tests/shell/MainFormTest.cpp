@@ -137,11 +137,11 @@ TEST_F(MainFormTest, DeletingLeavesTheTotalUntilTheWindowGetsTheFocus) {
 TEST_F(MainFormTest, TheStatusOfADownloadStaysWhenTheWindowGetsTheFocus) {
     startWith(1, 0, 0);
     std::u16string status;
-    platform.downloader.during = [&] {
+    platform.httpClient.during = [&] {
         platform.mainWindow.listener->windowGotFocus();
         status = platform.statusBar.message;
     };
-    platform.downloader.succeeds = false;
+    platform.httpClient.answer.status = 404;
     platform.messageBox.expect({u"Download failed,Please check the network"});
     choose(MenuItem::SyncInternet);
     EXPECT_EQ(status, u"Downloading,Please wait...");
@@ -234,7 +234,7 @@ TEST_F(MainFormTest, TheMenuItemsThatNeedTheOutsideWorldSayWhatIsMissing) {
     choose(MenuItem::LoadFromReceiver);
     platform.messageBox.expect({u"Can't find disk,please connect DRM receiver to PC"});
     choose(MenuItem::SaveToReceiver);
-    platform.downloader.succeeds = false;
+    platform.httpClient.answer.status = 404;
     platform.messageBox.expect({u"Download failed,Please check the network"});
     choose(MenuItem::SyncInternet);
     platform.messageBox.expect(
@@ -284,7 +284,7 @@ TEST_F(MainFormTest, TheKeysRunTheirCommands) {
     EXPECT_EQ(platform.rows(0).rowCount(), 1);
     platform.messageBox.expect({u"Can't find disk,please connect DRM receiver to PC"});
     EXPECT_TRUE(keys.keyDown('L', Shift::Ctrl));
-    platform.downloader.succeeds = false;
+    platform.httpClient.answer.status = 404;
     platform.messageBox.expect({u"Download failed,Please check the network"});
     EXPECT_TRUE(keys.keyDown('I', Shift::Ctrl));
     EXPECT_FALSE(keys.keyDown('X', Shift::None));

@@ -2,9 +2,9 @@
 
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeControls.h"
-#include "fakes/FakeDownloader.h"
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeGridView.h"
+#include "fakes/FakeHttpClient.h"
 #include "fakes/FakeMessageBox.h"
 #include "fakes/FakeServices.h"
 #include "fakes/Text.h"
@@ -29,7 +29,7 @@ protected:
         view.calls.clear();
     }
 
-    void serve(const std::u16string& schedule) { downloader.bytes = codePages.encode(CodePage::Ansi, schedule); }
+    void serve(const std::u16string& schedule) { httpClient.answer.body = codePages.encode(CodePage::Ansi, schedule); }
     void sync(std::u16string message) {
         box.expect({std::move(message)});
         command.SyncDrmSchedule();
@@ -48,8 +48,8 @@ protected:
         EXPECT_TRUE(view.calls.empty());
     }
     void expectFetched(std::u16string_view url) {
-        ASSERT_EQ(downloader.urls.size(), 1U);
-        EXPECT_EQ(narrow(downloader.urls[0]), narrow(url));
+        ASSERT_EQ(httpClient.urls.size(), 1U);
+        EXPECT_EQ(narrow(httpClient.urls[0]), narrow(url));
     }
 
     FakeGridView view;
@@ -57,14 +57,14 @@ protected:
     RowStore amLV, fmLV, favLV;
     FakeFiles files;
     FakeCodePages codePages;
-    FakeDownloader downloader{files};
+    FakeHttpClient httpClient;
     FakeTabControl tabs;
     FakeStatusBar statusBar;
     Totals totals{tabs, statusBar, {&drmLV, &amLV, &fmLV, &favLV}};
     FakeMessageBox box;
     FakeWindowHook hook;
     mMsgBox messages{box, hook};
-    ScheduleSync command{drmLV, files, codePages, downloader, statusBar, totals, messages, u"/program/"};
+    ScheduleSync command{drmLV, files, codePages, httpClient, statusBar, totals, messages, u"/program/"};
 };
 
 TEST_F(Sync, RebuildsTheListFromTheSchedule) {
@@ -91,7 +91,7 @@ TEST_F(Sync, The300RecordsOfAScheduleGive257Rows) {
         records += u"StartStopTimeUTC=0600-0700\nx\nFrequency=5955\nTarget=E\nx\nProgramme=R\nx\nx\nx\n";
     }
     serve(scheduleOf(records));
-    ASSERT_LT(downloader.bytes.size(), kMostCharacters);
+    ASSERT_LT(httpClient.answer.body.size(), kMostCharacters);
     sync(u"The number of new station is: 257");
     EXPECT_EQ(drmLV.rowCount(), 257);
     EXPECT_EQ(narrow(statusBar.message), "Total Number Of DRM List: 257");
@@ -119,20 +119,21 @@ TEST_F(Sync, AScheduleWithoutAValidRecordEmptiesTheList) {
 }
 
 TEST_F(Sync, AFailedDownloadLeavesTheListAndReadsNothing) {
-    downloader.succeeds = false;
+    httpClient.answer.status = 404;
     sync(u"Download failed,Please check the network");
     expectListUnchanged();
-    EXPECT_TRUE(downloader.forgotten.empty());
+    EXPECT_TRUE(httpClient.forgotten.empty());
     EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading, kOldTotal}));
 }
 
-TEST_F(Sync, ADownloadWithoutAFileIsAFailedOneButForgetsTheCachedCopy) {
-    downloader.writes = false;
+TEST_F(Sync, ADownloadWhoseFileVanishesIsAFailedOneButForgetsTheCachedCopy) {
+    files.vanishing.insert(kTarget);
+    serve(scheduleOf(recordLines()));
     sync(u"Download failed,Please check the network");
     expectListUnchanged();
-    EXPECT_EQ(downloader.forgotten.size(), 1U);
+    EXPECT_EQ(httpClient.forgotten.size(), 1U);
     EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading, kOldTotal}));
-    EXPECT_EQ(files.accesses, (std::vector<std::string>{"read /program/config.ini"}));
+    EXPECT_EQ(files.accesses, (std::vector<std::string>{"read /program/config.ini", "write /program/DRMSchedule.ini"}));
 }
 
 TEST_F(Sync, ATextThatIsNoScheduleIsRefused) {
@@ -154,26 +155,27 @@ TEST_F(Sync, TheDownloadedFileIsDeletedAfterReading) {
     serve(scheduleOf(recordLines()));
     sync(u"The number of new station is: 1");
     EXPECT_FALSE(files.files.contains(kTarget));
-    EXPECT_EQ(files.accesses, (std::vector<std::string>{"read /program/config.ini", "read /program/DRMSchedule.ini",
-                                                        "remove /program/DRMSchedule.ini"}));
+    EXPECT_EQ(files.accesses,
+              (std::vector<std::string>{"read /program/config.ini", "write /program/DRMSchedule.ini",
+                                        "read /program/DRMSchedule.ini", "remove /program/DRMSchedule.ini"}));
 }
 
 TEST_F(Sync, AFileThatCannotBeReadIsNoSchedule) {
     serve(scheduleOf(recordLines()));
-    files.failing.insert(kTarget);
+    files.unreadable.insert(kTarget);
     sync(u"Illegal file,sync failed");
     expectListUnchanged();
 }
 
 TEST_F(Sync, TheTextIsReadInTheAnsiCodePage) {
-    downloader.bytes = codePages.encode(CodePage::Ansi, scheduleOf(recordLines({.programme = u"Café €"})));
-    EXPECT_NE(downloader.bytes.find("Caf\xE9 \x80"), std::string::npos);
+    httpClient.answer.body = codePages.encode(CodePage::Ansi, scheduleOf(recordLines({.programme = u"Café €"})));
+    EXPECT_NE(httpClient.answer.body.find("Caf\xE9 \x80"), std::string::npos);
     sync(u"The number of new station is: 1");
     EXPECT_EQ(narrow(drmLV.text(1, 1)), "Café €");
 }
 
 TEST_F(Sync, Utf8IsReadByteByByte) {
-    downloader.bytes = codePages.encode(CodePage::Utf8, scheduleOf(recordLines({.programme = u"Café"})));
+    httpClient.answer.body = codePages.encode(CodePage::Utf8, scheduleOf(recordLines({.programme = u"Café"})));
     sync(u"The number of new station is: 1");
     EXPECT_EQ(narrow(drmLV.text(1, 1)), "CafÃ©");
 }
@@ -205,7 +207,7 @@ TEST_F(Sync, TheBuiltInAddressIsFetchedIntoTheProgramFolder) {
     serve(scheduleOf(recordLines()));
     sync(u"The number of new station is: 1");
     expectFetched(builtInScheduleUrl());
-    EXPECT_EQ(downloader.paths, (std::vector<std::u16string>{kTarget}));
+    EXPECT_EQ(files.accesses[1], "write " + narrow(kTarget));
 }
 
 TEST_F(Sync, TheBuiltInAddressHasItsPathAndQueryBehindAHost) {
@@ -230,7 +232,7 @@ TEST_P(Config, FirstLineReplacesTheAddressWhenItBeginsWithHttp) {
     sync(u"The number of new station is: 1");
     const std::u16string_view given = GetParam().url;
     expectFetched(given.empty() ? builtInScheduleUrl() : given);
-    EXPECT_EQ(downloader.forgotten, (std::vector<std::u16string>{std::u16string(builtInScheduleUrl())}));
+    EXPECT_EQ(httpClient.forgotten, (std::vector<std::u16string>{std::u16string(builtInScheduleUrl())}));
     EXPECT_EQ(files.files[kConfig], GetParam().content);
 }
 
@@ -251,7 +253,7 @@ TEST_F(Sync, AnEmptyConfigEndsTheCommandSilently) {
     files.files[kConfig] = "";
     command.SyncDrmSchedule();
     EXPECT_TRUE(box.shown.empty());
-    EXPECT_TRUE(downloader.urls.empty());
+    EXPECT_TRUE(httpClient.urls.empty());
     expectListUnchanged();
     EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading}));
 }

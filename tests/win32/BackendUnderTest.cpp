@@ -13,8 +13,8 @@
 #include "platform/win32/Handle.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32CodePages.h"
-#include "platform/win32/Win32Downloader.h"
 #include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32HttpClient.h"
 #include "platform/win32/Win32MainWindow.h"
 #include "platform/win32/Win32SingleInstance.h"
 #include "platform/win32/Win32TextCompare.h"
@@ -222,9 +222,7 @@ public:
     std::unique_ptr<OtherProcess> otherProcess(std::u16string_view folder) override {
         return std::make_unique<Win32OtherProcess>(folder);
     }
-    std::unique_ptr<Downloader> downloader(std::chrono::milliseconds idleLimit) override {
-        return std::make_unique<Win32Downloader>(files_, idleLimit);
-    }
+    std::unique_ptr<HttpClient> httpClient() override { return std::make_unique<Win32HttpClient>(); }
 
 private:
     Win32Files files_;

@@ -1,16 +1,18 @@
 #include <gtest/gtest.h>
 
 #include "contract/Backend.h"
+#include "sync/Downloader.h"
 
 namespace {
 
 // The half of the contract's case that holds on Wine too.
-TEST(Win32Downloader, ABodyShorterThanAnnouncedIsAFailure) {
+TEST(Win32HttpClient, ABodyShorterThanAnnouncedIsAFailure) {
     const auto backend = makeBackend();
     const auto folder = backend->folder();
     const std::u16string target = folder->path() + u"DRMSchedule.ini";
     ASSERT_FALSE(httpServer().empty()) << "run through http_server.py";
-    EXPECT_FALSE(backend->downloader(std::chrono::seconds(30))->download(httpServer() + u"/cut-short", target));
+    const auto client = backend->httpClient();
+    EXPECT_FALSE(Downloader(*client, backend->files()).download(httpServer() + u"/cut-short", target));
     EXPECT_FALSE(backend->files().exists(target));
 }
 

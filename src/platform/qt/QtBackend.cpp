@@ -12,7 +12,6 @@ QtBackend::QtBackend(const WindowDesign& design, std::u16string programFolder)
       window_(design),
       messageBox_(window_.widget()),
       addForm_(window_.widget()),
-      downloader_(files_),
       singleInstance_(programFolder_) {}
 
 Platform QtBackend::platform() {
@@ -28,7 +27,7 @@ Platform QtBackend::platform() {
             window_,
             files_,
             volumes_,
-            downloader_,
+            httpClient_,
             codePages_,
             textCompare_,
             singleInstance_,

@@ -7,8 +7,8 @@
 #include "platform/qt/QtAddForm.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtCodePages.h"
-#include "platform/qt/QtDownloader.h"
 #include "platform/qt/QtFiles.h"
+#include "platform/qt/QtHttpClient.h"
 #include "platform/qt/QtMainWindow.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtSingleInstance.h"
@@ -32,7 +32,7 @@ private:
     QtAddForm addForm_;
     QtFiles files_;
     QtVolumes volumes_;
-    QtDownloader downloader_;
+    QtHttpClient httpClient_;
     QtCodePages codePages_;
     QtTextCompare textCompare_;
     QtSingleInstance singleInstance_;

@@ -2,11 +2,10 @@
 #pragma once
 
 #include <atomic>
-#include <chrono>
-#include <optional>
 #include <string>
 
-// Blocks. nullopt on every failure that Downloader.h names, but for a silent server: whether the system gives that
-// up after `idleLimit` depends on its version. Each sign of life of the server is counted in `signs`.
-std::optional<std::string> httpGet(const std::wstring& url, std::chrono::milliseconds idleLimit,
-                                   std::atomic<unsigned>& signs);
+#include "platform/HttpClient.h"
+
+// As HttpClient::get, but keeps nothing painted, and whether a silent server is given up after the idle limit depends
+// on the system's version. Each sign of life of the server is counted in `signs`.
+HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, std::atomic<unsigned>& signs);

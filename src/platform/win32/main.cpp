@@ -6,8 +6,8 @@
 #include "platform/win32/Win32AddForm.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32CodePages.h"
-#include "platform/win32/Win32Downloader.h"
 #include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32HttpClient.h"
 #include "platform/win32/Win32MainWindow.h"
 #include "platform/win32/Win32MessageBox.h"
 #include "platform/win32/Win32SingleInstance.h"
@@ -44,7 +44,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int showCommand) {
     Win32WindowHook hook;
     Win32Files files;
     Win32Volumes volumes;
-    Win32Downloader downloader(files);
+    Win32HttpClient httpClient;
     Win32CodePages codePages;
     Win32TextCompare textCompare;
     const std::u16string folder = programFolder(design.caption);
@@ -62,7 +62,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int showCommand) {
                       window,
                       files,
                       volumes,
-                      downloader,
+                      httpClient,
                       codePages,
                       textCompare,
                       singleInstance,

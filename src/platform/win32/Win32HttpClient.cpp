@@ -1,4 +1,4 @@
-#include "platform/win32/Win32Downloader.h"
+#include "platform/win32/Win32HttpClient.h"
 
 #include <windows.h>
 
@@ -6,7 +6,6 @@
 #include <atomic>
 #include <chrono>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -20,15 +19,15 @@ namespace {
 // Shared by both threads; whoever leaves last drops it.
 struct Fetch {
     std::wstring url;
-    std::chrono::milliseconds idleLimit;
+    HttpLimits limits;
     std::atomic<unsigned> signs = 0;
-    std::optional<std::string> body;  // of the fetching thread until it has ended
+    HttpAnswer answer;  // of the fetching thread until it has ended
 };
 
 DWORD WINAPI runFetch(void* parameter) {
     const std::unique_ptr<std::shared_ptr<Fetch>> held(static_cast<std::shared_ptr<Fetch>*>(parameter));
     Fetch& fetch = **held;
-    fetch.body = httpGet(fetch.url, fetch.idleLimit, fetch.signs);
+    fetch.answer = httpGet(fetch.url, fetch.limits, fetch.signs);
     return 0;
 }
 
@@ -45,7 +44,7 @@ void discardAll(UINT first, UINT last) {
     }
 }
 
-// Every other message stays in the queue until the download has ended.
+// Every other message stays in the queue until the exchange has ended.
 void keepPainted() {
     discardAll(WM_KEYFIRST, WM_KEYLAST);
     discardAll(WM_MOUSEFIRST, WM_MOUSELAST);
@@ -64,7 +63,7 @@ void keepPainted() {
 bool waitFor(HANDLE thread, const Fetch& fetch) {
     using Clock = std::chrono::steady_clock;
     unsigned seen = fetch.signs;
-    Clock::time_point deadline = Clock::now() + fetch.idleLimit;
+    Clock::time_point deadline = Clock::now() + fetch.limits.idle;
     for (;;) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
         const DWORD patience = static_cast<DWORD>(std::max<std::chrono::milliseconds::rep>(left.count(), 0));
@@ -74,40 +73,31 @@ bool waitFor(HANDLE thread, const Fetch& fetch) {
         keepPainted();
         if (const unsigned now = fetch.signs; now != seen) {
             seen = now;
-            deadline = Clock::now() + fetch.idleLimit;
+            deadline = Clock::now() + fetch.limits.idle;
         } else if (Clock::now() >= deadline) {
             return false;
         }
     }
 }
 
-std::optional<std::string> fetchPainting(std::wstring url, std::chrono::milliseconds idleLimit) {
+}  // namespace
+
+HttpAnswer Win32HttpClient::get(std::u16string_view url, const HttpLimits& limits) {
     const auto fetch = std::make_shared<Fetch>();
-    fetch->url = std::move(url);
-    fetch->idleLimit = idleLimit;
+    fetch->url = toWide(url);
+    fetch->limits = limits;
     auto share = std::make_unique<std::shared_ptr<Fetch>>(fetch);
     const Handle thread(CreateThread(nullptr, 0, runFetch, share.get(), 0, nullptr));
     if (!thread) {
-        return std::nullopt;
+        return {};
     }
     static_cast<void>(share.release());  // the thread's now
     const bool ended = waitFor(thread.get(), *fetch);
     keepPainted();  // what was typed until now is thrown away too
-    return ended ? std::move(fetch->body) : std::nullopt;
+    return ended ? std::move(fetch->answer) : HttpAnswer{};
 }
 
-}  // namespace
-
-bool Win32Downloader::download(std::u16string_view url, std::u16string_view path) {
-    const std::optional<std::string> body = fetchPainting(toWide(url), idleLimit_);
-    if (body && files_.write(path, *body)) {
-        return true;
-    }
-    files_.remove(path);
-    return false;
-}
-
-void Win32Downloader::forgetCached(std::u16string_view url) {
+void Win32HttpClient::forgetCached(std::u16string_view url) {
     const WinInet net;
     if (net.isLoaded()) {
         net.deleteCacheEntry(toWide(url).c_str());

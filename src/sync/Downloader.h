@@ -1,0 +1,29 @@
+// Fetches a document of the web into a file.
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/Files.h"
+#include "platform/HttpClient.h"
+
+class Downloader {
+public:
+    // idleLimit: how long a server may stay silent.
+    Downloader(HttpClient& client, Files& files, std::chrono::milliseconds idleLimit = std::chrono::seconds(30))
+        : client_(client), files_(files), idleLimit_(idleLimit) {}
+
+    // Blocks until the end. Follows redirects to http and https only. A status of 400 or more, a silent server,
+    // more than 16 MiB, a body cut short or a file that cannot be written is false, and then no file is left at
+    // the path.
+    bool download(std::u16string_view url, std::u16string_view path);
+
+private:
+    std::optional<std::string> fetch(std::u16string url);
+
+    HttpClient& client_;
+    Files& files_;
+    std::chrono::milliseconds idleLimit_;
+};

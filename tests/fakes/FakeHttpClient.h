@@ -1,0 +1,28 @@
+// Answers in place of the servers of the web.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/HttpClient.h"
+
+class FakeHttpClient : public HttpClient {
+public:
+    HttpAnswer get(std::u16string_view url, const HttpLimits& limits) override {
+        urls.emplace_back(url);
+        limitsGiven.push_back(limits);
+        during();
+        const auto special = answersAt.find(urls.back());
+        return special == answersAt.end() ? answer : special->second;
+    }
+    void forgetCached(std::u16string_view url) override { forgotten.emplace_back(url); }
+
+    std::function<void()> during = [] {};  // what happens while the server is waited for
+    HttpAnswer answer{200, u"", {}, false, ""};
+    std::map<std::u16string, HttpAnswer> answersAt;  // by address; elsewhere `answer`
+    std::vector<std::u16string> urls;
+    std::vector<HttpLimits> limitsGiven;
+    std::vector<std::u16string> forgotten;
+};

@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include "fakes/FakeFiles.h"
+#include "fakes/FakeHttpClient.h"
+#include "fakes/Text.h"
+#include "sync/Downloader.h"
+
+namespace {
+
+const std::u16string kUrl = u"http://a.example/s";
+const std::u16string kPath = u"/program/DRMSchedule.ini";
+constexpr const char* kBody = "[DRMSchedule]";
+
+HttpAnswer answerOf(int status, std::u16string location = u"") {
+    return {status, std::move(location), std::nullopt, false, kBody};
+}
+
+class DownloaderTest : public testing::Test {
+protected:
+    DownloaderTest() {
+        files.files[kPath] = "of yesterday";
+        client.answer = answerOf(200);
+    }
+
+    bool download(std::u16string_view url = kUrl) { return downloader.download(url, kPath); }
+    bool downloadAnnounced(std::string length, bool isEncoded = false) {
+        client.answer.announcedLength = std::move(length);
+        client.answer.isEncoded = isEncoded;
+        return download();
+    }
+    void expectNoFile() { EXPECT_EQ(files.files.count(kPath), 0U); }
+
+    FakeHttpClient client;
+    FakeFiles files;
+    Downloader downloader{client, files};
+};
+
+TEST_F(DownloaderTest, TheBodyReplacesTheFile) {
+    EXPECT_TRUE(download());
+    EXPECT_EQ(files.files[kPath], kBody);
+    EXPECT_EQ(client.urls, (std::vector<std::u16string>{kUrl}));
+}
+
+TEST_F(DownloaderTest, AnEmptyBodyIsAnEmptyFile) {
+    client.answer.body.clear();
+    EXPECT_TRUE(downloadAnnounced("0"));
+    EXPECT_EQ(files.files[kPath], "");
+}
+
+TEST_F(DownloaderTest, EveryExchangeIsBounded) {
+    client.answersAt[kUrl] = answerOf(302, u"http://b.example/");
+    EXPECT_TRUE(download());
+    ASSERT_EQ(client.limitsGiven.size(), 2U);
+    for (const HttpLimits& limits : client.limitsGiven) {
+        EXPECT_EQ(limits.idle, std::chrono::seconds(30));
+        EXPECT_EQ(limits.bytes, 16U * 1024 * 1024);
+    }
+}
+
+TEST_F(DownloaderTest, AnotherIdleLimitIsHandedOn) {
+    EXPECT_TRUE(Downloader(client, files, std::chrono::milliseconds(5)).download(kUrl, kPath));
+    EXPECT_EQ(client.limitsGiven.at(0).idle, std::chrono::milliseconds(5));
+}
+
+TEST_F(DownloaderTest, AFailedExchangeLeavesNoFile) {
+    for (const int status : {0, 400, 404, 500, 599}) {
+        files.files[kPath] = "of yesterday";
+        client.answer = answerOf(status, u"http://b.example/");
+        EXPECT_FALSE(download()) << status;
+        expectNoFile();
+    }
+    EXPECT_EQ(client.urls.size(), 5U);
+}
+
+TEST_F(DownloaderTest, EveryOtherStatusGivesADocument) {
+    for (const int status : {100, 200, 203, 299, 300, 304, 399}) {
+        client.answer = answerOf(status);
+        EXPECT_TRUE(download()) << status;
+    }
+}
+
+TEST_F(DownloaderTest, ALocationCountsOnlyInARedirect) {
+    client.answer = answerOf(201, u"http://b.example/");
+    EXPECT_TRUE(download());
+    EXPECT_EQ(client.urls.size(), 1U);
+}
+
+TEST_F(DownloaderTest, TheBodyOfARedirectIsNotWritten) {
+    for (const int status : {300, 301, 302, 303, 307, 308, 399}) {
+        client.answersAt[kUrl] = {status, u"HTTPS://b.example/", "999", false, "moved"};
+        EXPECT_TRUE(download()) << status;
+        EXPECT_EQ(client.urls.back(), u"HTTPS://b.example/");
+        EXPECT_EQ(files.files[kPath], kBody);
+    }
+}
+
+TEST_F(DownloaderTest, TwentyRedirectsAreFollowed) {
+    for (const int redirects : {20, 21}) {
+        client.urls.clear();
+        client.answersAt.clear();
+        std::u16string url = kUrl;
+        for (int i = 0; i < redirects; ++i) {
+            client.answersAt[url] = answerOf(302, url + u'x');
+            url += u'x';
+        }
+        EXPECT_EQ(download(), redirects == 20);
+        EXPECT_EQ(client.urls.size(), 21U);
+    }
+    expectNoFile();
+}
+
+TEST_F(DownloaderTest, OnlyTheWebIsAskedAndOnlyItIsRedirectedTo) {
+    for (const auto* url : {u"", u"file:///etc/passwd", u"ftp://a.example/", u"http:/a.example", u"httpx://a.example/",
+                            u" http://a.example/", u"data:,x", u"HTTP", u"/s"}) {
+        files.files[kPath] = "of yesterday";
+        EXPECT_FALSE(download(url)) << narrow(url);
+        expectNoFile();
+    }
+    EXPECT_TRUE(client.urls.empty());
+    client.answer = answerOf(302, u"file:///etc/passwd");
+    EXPECT_FALSE(download());
+    EXPECT_EQ(client.urls.size(), 1U);
+    expectNoFile();
+}
+
+TEST_F(DownloaderTest, TheCaseOfTheSchemeDoesNotMatter) {
+    EXPECT_TRUE(download(u"HTTP://a.example/"));
+    EXPECT_TRUE(download(u"hTTps://a.example/"));
+    EXPECT_FALSE(download(u"HTTP\x1A//a.example/"));
+}
+
+TEST_F(DownloaderTest, AnAnnouncedLengthIsKept) {
+    EXPECT_TRUE(downloadAnnounced("13"));
+    EXPECT_TRUE(downloadAnnounced(" 13\t"));
+    for (const char* length :
+         {"12", "14", "0", "-13", "", "x", "13x", "13, 13", "0x0d", "18446744073709551616", "18446744073709551629"}) {
+        files.files[kPath] = "of yesterday";
+        EXPECT_FALSE(downloadAnnounced(length)) << length;
+        expectNoFile();
+    }
+}
+
+TEST_F(DownloaderTest, ALengthAnnouncedForAnEncodedBodyIsNoneOfTheDocument) {
+    EXPECT_TRUE(downloadAnnounced("5", true));
+    EXPECT_EQ(files.files[kPath], kBody);
+}
+
+TEST_F(DownloaderTest, AFileThatCannotBeWrittenIsRemoved) {
+    files.failing.insert(kPath);
+    EXPECT_FALSE(download());
+    EXPECT_EQ(files.accesses, (std::vector<std::string>{"write " + narrow(kPath), "remove " + narrow(kPath)}));
+}
+
+}  // namespace
