@@ -40,7 +40,7 @@ TEST_F(DownloaderContract, ASchedulesBytesArriveUnchanged) {
 }
 
 TEST_F(DownloaderContract, EveryWayOfSendingABodyIsUnderstood) {
-    for (const auto* resource : {u"/no-length", u"/chunked", u"/gzip", u"/redirect", u"/slow-start"}) {
+    for (const auto* resource : {u"/no-length", u"/chunked", u"/gzip", u"/redirect", u"/headers-first"}) {
         EXPECT_TRUE(get(resource)) << narrow(resource);
         EXPECT_EQ(bytes(), "[DRMSchedule]\nplain\n") << narrow(resource);
         backend->files().remove(target);

@@ -14,6 +14,7 @@
 #include <csignal>
 
 #include "contract/Backend.h"
+#include "contract/SmallDesign.h"
 #include "platform/MainWindow.h"
 #include "platform/qt/GridTable.h"
 #include "platform/qt/QtCodePages.h"
@@ -27,15 +28,6 @@
 #include "platform/qt/Units.h"
 
 namespace {
-
-WindowDesign smallDesign() {
-    WindowDesign design;
-    design.tabCaptions = {u"1", u"2", u"3", u"4"};
-    design.width = 9000;
-    design.height = 6000;
-    design.gridTopInset = 145;
-    return design;
-}
 
 class QtTestFolder : public TestFolder {
 public:

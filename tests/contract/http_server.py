@@ -110,7 +110,7 @@ class Handler(BaseHTTPRequestHandler):
                 self.chunk(part)
         elif path == "/gzip":
             self.answer(gzip.compress(PLAIN), Content_Encoding="gzip")
-        elif path == "/slow-start":
+        elif path == "/headers-first":
             self.send_response(200)
             self.send_header("Content-Length", str(len(PLAIN)))
             self.end_headers()

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "contract/Backend.h"
+#include "contract/SmallDesign.h"
 #include "platform/MainWindow.h"
 #include "platform/win32/Handle.h"
 #include "platform/win32/WideText.h"
@@ -23,15 +24,6 @@
 namespace {
 
 constexpr wchar_t kOtherProcess[] = L"--take-the-place-in";
-
-WindowDesign smallDesign() {
-    WindowDesign design;
-    design.tabCaptions = {u"1", u"2", u"3", u"4"};
-    design.width = 9000;
-    design.height = 6000;
-    design.gridTopInset = 145;
-    return design;
-}
 
 void dispatchPending() {
     MSG message{};
