@@ -49,4 +49,4 @@ bool AddToFavourites::copySelected(ListKind source) {
     return true;
 }
 
-void AddToFavourites::sayFull() { messages_.show(u"Max number of each list is 256!"); }
+void AddToFavourites::sayFull() { messages_.show(kListFull); }

@@ -43,7 +43,7 @@ void addForm::open() {
     }
     totals_.ShowTotals();
     if (!hasRoom()) {
-        messages_.showPlain(u"Max number of each list is 256!");
+        messages_.showPlain(kListFull);
         return;
     }
     mainWindow_.setEnabled(false);
