@@ -31,8 +31,8 @@ struct Program {
         saved = files.files;
     }
     void convert() {
-        convertWorkingCopy(copies.ListFilePath, files, codePages);
-        convertWorkingCopy(copies.UserFilePath, files, codePages);
+        convertWorkingCopy(copies.ListFilePath, files);
+        convertWorkingCopy(copies.UserFilePath, files);
     }
     void clear() {
         for (RowStore* grid : {&drm, &am, &fm, &favourites}) {

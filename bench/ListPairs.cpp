@@ -85,7 +85,7 @@ void measureSorts(int rows, int rounds) {
 void measureMerge() {
     const std::u16string schedule = sampleSchedule(kLongestSchedule);
     QtCodePages codePages;
-    const std::string bytes = codePages.encode(CodePage::Ansi, schedule);
+    const std::string bytes = codePages.encode(schedule);
     RowStore grid;
     const Work merge{[&] { keep(static_cast<std::size_t>(AddScheduleRecords(grid, schedule, 0))); },
                      [&] { grid.clear(); }};

@@ -96,6 +96,6 @@ void SampleLists::writeUtf8(Files& files, CodePages& codePages) {
 
 void SampleLists::writeUtf16(Files& files, CodePages& codePages) {
     writeUtf8(files, codePages);
-    convertWorkingCopy(copies_.ListFilePath, files, codePages);
-    convertWorkingCopy(copies_.UserFilePath, files, codePages);
+    convertWorkingCopy(copies_.ListFilePath, files);
+    convertWorkingCopy(copies_.UserFilePath, files);
 }

@@ -56,7 +56,7 @@ std::string StartUp::convert(std::u16string_view path, const std::optional<std::
     if (!bytes) {
         return {};  // no list
     }
-    std::string converted = convertedWorkingCopy(*bytes, codePages_);
+    std::string converted = convertedWorkingCopy(*bytes);
     if (onDisk) {
         // Not flushed: a power cut may lose or tear it. The snapshot with the same lists has been flushed already and
         // stays until a save has flushed both files; a start that finds one makes the working copies anew from it.

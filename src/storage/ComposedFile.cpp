@@ -2,8 +2,10 @@
 
 #include <utility>
 
+#include "storage/Utf8.h"
+
 void ComposedFile::encode() {
-    bytes_ += codePages_.encode(CodePage::Utf8, text_);
+    bytes_ += toUtf8(text_);
     encodedUnits_ += text_.size();
     text_.clear();
 }

@@ -6,16 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/CodePages.h"
-
 class ComposedFile {
 public:
-    // codePages outlives it. `start` is the beginning of the text; `usualBytes`, about what the file will hold, saves
-    // reallocations.
-    ComposedFile(CodePages& codePages, std::u16string_view start, std::size_t usualBytes)
-        : codePages_(codePages), text_(start) {
-        bytes_.reserve(usualBytes);
-    }
+    // `start` is the beginning of the text; `usualBytes`, about what the file will hold, saves reallocations.
+    ComposedFile(std::u16string_view start, std::size_t usualBytes) : text_(start) { bytes_.reserve(usualBytes); }
 
     // To append to. What has been encoded is gone from it.
     std::u16string& text() { return text_; }
@@ -34,7 +28,6 @@ private:
     static constexpr std::size_t kPart = 8192;  // units
     void encode();
 
-    CodePages& codePages_;
     std::u16string text_;
     std::string bytes_;
     std::size_t encodedUnits_ = 0;

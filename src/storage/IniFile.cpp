@@ -19,7 +19,7 @@ bool editIniFile(std::u16string_view path, Files& files, CodePages& codePages,
     change(edit);
     const std::u16string text = edit.compose();
     if (!old.isUtf16) {
-        return replaceFile(files, path, codePages.encode(CodePage::Ansi, text));
+        return replaceFile(files, path, codePages.encode(text));
     }
     std::string bytes(TextFormatBom(TextFormat::Utf16Le));
     appendBytes(bytes, text, ByteOrder::Little);

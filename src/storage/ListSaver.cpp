@@ -114,8 +114,7 @@ std::optional<std::string> ListSaver::composeListFile() {
     if (leavesListFile_) {
         return std::nullopt;
     }
-    ComposedFile file(codePages_, startOf(copies_.ListFilePath),
-                      usualBytes({ListKind::Drm, ListKind::Am, ListKind::Fm}));
+    ComposedFile file(startOf(copies_.ListFilePath), usualBytes({ListKind::Drm, ListKind::Am, ListKind::Fm}));
     std::u16string& text = file.text();
     appendProfileSection(text, ListFile::kTotal);
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
@@ -134,7 +133,7 @@ std::optional<std::string> ListSaver::composeUserFile() {
     if (leavesUserFile_ || !hasUnits(favourites)) {
         return std::nullopt;
     }
-    ComposedFile file(codePages_, startOf(copies_.UserFilePath), usualBytes({ListKind::Favourite}));
+    ComposedFile file(startOf(copies_.UserFilePath), usualBytes({ListKind::Favourite}));
     std::u16string& text = file.text();
     appendProfileSection(text, ListFile::kVersion);
     appendProfileKey(text, ListFile::kMajor, PtrToStrW(std::u16string_view(settings_.VersionMajor)));

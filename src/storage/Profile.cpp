@@ -86,7 +86,7 @@ ProfileText decodeProfile(std::string_view bytes, CodePages& codePages) {
     if (bytes.starts_with(mark)) {
         return {unitsOf(bytes.substr(mark.size()), ByteOrder::Little), true};
     }
-    return {codePages.decode(CodePage::Ansi, bytes), false};
+    return {codePages.decode(bytes), false};
 }
 
 Profile readProfile(std::u16string_view path, Files& files, CodePages& codePages) {

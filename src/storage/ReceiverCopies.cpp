@@ -6,6 +6,7 @@
 #include "storage/ListFile.h"
 #include "storage/Profile.h"
 #include "storage/SafeFile.h"
+#include "storage/Utf8.h"
 #include "storage/VerifiedFiles.h"
 
 namespace {
@@ -13,7 +14,7 @@ namespace {
 // A backup is to be put in the place of a list file, which start-up and the receiver read as UTF-8.
 std::string withoutUtf16(const std::string& bytes, CodePages& codePages) {
     const ProfileText file = decodeProfile(bytes, codePages);
-    return file.isUtf16 ? codePages.encode(CodePage::Utf8, file.text) : bytes;
+    return file.isUtf16 ? toUtf8(file.text) : bytes;
 }
 
 }  // namespace
@@ -56,8 +57,8 @@ void ReceiverCopies::ReloadFromReceiver() {
         !fetch(ListFile::kUserName, copies_.UserFilePath, shown.user)) {
         return;
     }
-    WorkingCopyBytes converted{convertWorkingCopy(copies_.ListFilePath, files_, codePages_),
-                               convertWorkingCopy(copies_.UserFilePath, files_, codePages_)};
+    WorkingCopyBytes converted{convertWorkingCopy(copies_.ListFilePath, files_),
+                               convertWorkingCopy(copies_.UserFilePath, files_)};
     // Grids filled from a file in the wrong encoding would be saved over the right one later.
     if (converted.list && converted.user) {
         reloadGrids(std::move(converted));

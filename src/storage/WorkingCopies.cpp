@@ -2,6 +2,7 @@
 
 #include "storage/SafeFile.h"
 #include "storage/Utf16Bytes.h"
+#include "storage/Utf8.h"
 #include "storage/mTextUTF.h"
 
 void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages) {
@@ -24,21 +25,21 @@ std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& file
     return std::nullopt;
 }
 
-std::string convertedWorkingCopy(std::string_view bytes, CodePages& codePages) {
+std::string convertedWorkingCopy(std::string_view bytes) {
     const std::string_view mark = TextFormatBom(TextFormat::Utf8);
     if (bytes.starts_with(mark)) {
         bytes.remove_prefix(mark.size());
     }
     std::string converted(TextFormatBom(TextFormat::Utf16Le));
-    appendBytes(converted, codePages.decode(CodePage::Utf8, bytes), ByteOrder::Little);
+    appendBytes(converted, fromUtf8(bytes), ByteOrder::Little);
     return converted;
 }
 
-std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages) {
+std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files) {
     const auto bytes = readWorkingCopy(path, files);
     if (!bytes) {
         return std::nullopt;
     }
-    std::string converted = convertedWorkingCopy(*bytes, codePages);
+    std::string converted = convertedWorkingCopy(*bytes);
     return replaceFile(files, path, converted) ? std::optional(std::move(converted)) : std::nullopt;
 }

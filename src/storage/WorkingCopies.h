@@ -30,8 +30,8 @@ void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePa
 std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& files);
 
 // From the receiver's UTF-8 (never guessed, a mark is accepted) to UTF-16LE with its mark.
-std::string convertedWorkingCopy(std::string_view bytes, CodePages& codePages);
+std::string convertedWorkingCopy(std::string_view bytes);
 
 // The same of the file itself. Returns what the file holds then; nullopt when it is missing or cannot be read or
 // written, and then it is as it was.
-std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);
+std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files);

@@ -5,6 +5,7 @@
 
 #include "storage/SafeFile.h"
 #include "storage/Utf16Bytes.h"
+#include "storage/Utf8.h"
 
 using namespace std::string_view_literals;
 
@@ -78,9 +79,9 @@ std::u16string mTextUTF::ReadTextFile(std::u16string_view path, TextFormat& form
 std::u16string mTextUTF::decode(std::string_view data, TextFormat format) {
     switch (format) {
         case TextFormat::Ansi:
-            return codePages_.decode(CodePage::Ansi, data);
+            return codePages_.decode(data);
         case TextFormat::Utf8:
-            return codePages_.decode(CodePage::Utf8, data);
+            return fromUtf8(data);
         case TextFormat::Utf16Le: {
             std::u16string text(data.size() + 1, u'\0');
             unitsOf(data, ByteOrder::Little, text.data());
@@ -135,8 +136,8 @@ bool mTextUTF::encode(std::string& bytes, std::u16string_view text, TextFormat f
     switch (format) {
         case TextFormat::Ansi:
         case TextFormat::Utf8: {
-            const CodePage page = format == TextFormat::Ansi ? CodePage::Ansi : CodePage::Utf8;
-            std::string encoded = codePages_.encode(page, halveLength ? text.substr(0, half(text.size())) : text);
+            const std::u16string_view part = halveLength ? text.substr(0, half(text.size())) : text;
+            std::string encoded = format == TextFormat::Ansi ? codePages_.encode(part) : toUtf8(part);
             const bool any = !encoded.empty();
             if (bytes.empty()) {
                 bytes = std::move(encoded);

@@ -50,7 +50,7 @@ std::optional<std::u16string> ScheduleSync::scheduleUrl() {
     if (bytes->empty()) {
         return std::nullopt;
     }
-    const std::u16string config = codePages_.decode(CodePage::Ansi, *bytes);
+    const std::u16string config = codePages_.decode(*bytes);
     const std::u16string_view line = firstLine(config);
     return std::u16string(line.starts_with(u"http://") ? line : kBuiltInUrl);
 }
@@ -71,7 +71,7 @@ bool ScheduleSync::download(std::u16string_view url) {
 std::u16string ScheduleSync::takeDownloadedText() {
     const std::string bytes = files_.read(targetPath()).value_or("");
     files_.remove(targetPath());
-    return codePages_.decode(CodePage::Ansi, bytes);
+    return codePages_.decode(bytes);
 }
 
 int ScheduleSync::rebuildList(std::u16string_view schedule) {

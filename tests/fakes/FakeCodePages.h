@@ -1,10 +1,10 @@
-// UTF-8 and Windows-1252 as every backend must convert them, in plain code.
+// Windows-1252 in plain code.
 #pragma once
 
 #include "platform/CodePages.h"
 
 class FakeCodePages : public CodePages {
 public:
-    std::u16string decode(CodePage page, std::string_view bytes) override;
-    std::string encode(CodePage page, std::u16string_view text) override;
+    std::u16string decode(std::string_view bytes) override;
+    std::string encode(std::u16string_view text) override;
 };

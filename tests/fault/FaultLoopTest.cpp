@@ -12,6 +12,7 @@
 #include "shell/MainForm.h"
 #include "storage/ListFile.h"
 #include "storage/Profile.h"
+#include "storage/Utf8.h"
 
 namespace {
 
@@ -160,10 +161,8 @@ FakeFiles diskOfAKilledRun() {
 // A list file is whole when it begins as one and ends with its mark, and holds every record that it announces.
 bool isWhole(const std::string& bytes) {
     FakeCodePages codePages;
-    std::u16string text = decodeProfile(bytes, codePages).text;
-    if (!bytes.starts_with("\xFF\xFE")) {
-        text = codePages.decode(CodePage::Utf8, bytes);
-    }
+    const bool isUtf16 = bytes.starts_with("\xFF\xFE");
+    const std::u16string text = isUtf16 ? decodeProfile(bytes, codePages).text : fromUtf8(bytes);
     const Profile profile(text);
     const auto holds = [&](ListKind kind) {
         const bool announced = profile.get(ListFile::kTotal, ListFile::countKey(kind)) == u"1";

@@ -8,6 +8,7 @@
 #include "fakes/FakeServices.h"
 #include "fakes/FourLists.h"
 #include "fuzz/Fuzz.h"
+#include "storage/Utf8.h"
 
 namespace {
 
@@ -111,7 +112,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     static const std::u16string kSystems[] = {u"DRM", u"AM", u"FM", u"?"};
-    const std::u16string text = textOf(bytesOf(data + 1, size - 1));
+    const std::u16string text = fromUtf8(bytesOf(data + 1, size - 1));
     const int choice = data[0];
     checkEdit(choice % 4, 1 + choice / 4 % 4, kSystems[choice / 16 % 4], text);
     checkRule(kProgrammeRule, text, false);

@@ -8,8 +8,6 @@
 #include <string>
 #include <string_view>
 
-#include "fakes/FakeCodePages.h"
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 inline void promise(bool kept, const char* what) {
@@ -22,5 +20,3 @@ inline void promise(bool kept, const char* what) {
 inline std::string bytesOf(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
 }
-
-inline std::u16string textOf(std::string_view bytes) { return FakeCodePages().decode(CodePage::Utf8, bytes); }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
 #include "fakes/FourLists.h"
 #include "fuzz/Fuzz.h"
@@ -20,8 +21,8 @@ struct Program : FourLists {
             rows.clear();
         }
         loader.forgetFiles();
-        convertWorkingCopy(copies.ListFilePath, files, codePages);
-        convertWorkingCopy(copies.UserFilePath, files, codePages);
+        convertWorkingCopy(copies.ListFilePath, files);
+        convertWorkingCopy(copies.UserFilePath, files);
         loader.LoadDrmList(false);
         loader.LoadAmList(false);
         loader.LoadFmList(false);

@@ -5,6 +5,7 @@
 
 #include "fuzz/Fuzz.h"
 #include "storage/Numbers.h"
+#include "storage/Utf8.h"
 
 namespace {
 
@@ -55,7 +56,7 @@ void checkWriting(double value) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::u16string text = textOf(bytesOf(data, size));
+    const std::u16string text = fromUtf8(bytesOf(data, size));
     const double expected = clamped(std::strtod(numberPart(text).c_str(), nullptr));
     promise(leadingNumber(text) == expected, "the same number as the C library reads");
     checkWriting(expected);

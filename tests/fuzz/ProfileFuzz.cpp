@@ -6,6 +6,7 @@
 #include "fuzz/Fuzz.h"
 #include "storage/Profile.h"
 #include "storage/ProfileEdit.h"
+#include "storage/Utf8.h"
 
 namespace {
 
@@ -106,7 +107,7 @@ bool canBeName(const std::u16string& name, bool isKey) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::u16string text = textOf(bytesOf(data, size));
+    const std::u16string text = fromUtf8(bytesOf(data, size));
     const Lines lines = linesOf(text);
     const Profile profile(text);
     const Names names = namesIn(lines);

@@ -1,6 +1,7 @@
 // The schedule scanner against a plain one, and every record that it accepts against the rules.
 #include <algorithm>
 
+#include "fakes/FakeCodePages.h"
 #include "fuzz/Fuzz.h"
 #include "storage/RowStore.h"
 #include "sync/PlainScan.h"
@@ -30,7 +31,7 @@ bool isRecord(const Grid& grid, int row) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::u16string text = FakeCodePages().decode(CodePage::Ansi, bytesOf(data, size));
+    const std::u16string text = FakeCodePages().decode(bytesOf(data, size));
     RowStore real;
     RowStore plain;
     const int added = AddScheduleRecords(real, text, 0);

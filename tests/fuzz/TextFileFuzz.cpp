@@ -1,8 +1,10 @@
 // Reading any bytes in any format, and reading back what has been written.
 #include <algorithm>
 
+#include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
 #include "fuzz/Fuzz.h"
+#include "storage/Utf8.h"
 #include "storage/mTextUTF.h"
 
 namespace {
@@ -34,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     promise(any.size() <= size + 1, "a text is no longer than its file");
 
     // What UTF-8 can hold comes back the same; a text that begins with a mark's character would lose it.
-    const std::u16string text = textOf(files.files[kPath]);
+    const std::u16string text = fromUtf8(files.files[kPath]);
     if (text.empty() || text.front() == u'\uFEFF') {
         return 0;
     }

@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "fakes/FakeCodePages.h"
 #include "storage/ComposedFile.h"
+#include "storage/Utf8.h"
 
 TEST(ComposedFile, PartByPartGivesTheBytesOfTheWhole) {
-    FakeCodePages codePages;
     std::u16string whole = u" \r\n";
-    ComposedFile file(codePages, whole, 10'000);
+    ComposedFile file(whole, 10'000);
     for (int record = 0; record < 2000; ++record) {
         const std::u16string text =
             std::u16string(static_cast<std::size_t>(record % 23), u'\u4E2D') + u"\U0001F4FB\r\n";
@@ -17,12 +16,11 @@ TEST(ComposedFile, PartByPartGivesTheBytesOfTheWhole) {
         EXPECT_EQ(file.units(), whole.size());
     }
     EXPECT_LT(file.text().size(), whole.size() / 2) << "none was encoded on the way";
-    EXPECT_EQ(file.takeBytes(), codePages.encode(CodePage::Utf8, whole));
+    EXPECT_EQ(file.takeBytes(), toUtf8(whole));
 }
 
 TEST(ComposedFile, AShortOneIsItsStart) {
-    FakeCodePages codePages;
-    ComposedFile file(codePages, u"[x]\r\n", 0);
+    ComposedFile file(u"[x]\r\n", 0);
     file.endRecord();
     EXPECT_EQ(file.takeBytes(), "[x]\r\n");
 }

@@ -50,8 +50,8 @@ protected:
     }
     std::vector<Rows> rows() const { return {rowsOf(drm, 4), rowsOf(am, 3), rowsOf(fm, 3), rowsOf(favourites, 3)}; }
     void reload() {
-        convertWorkingCopy(copies.ListFilePath, files, codePages);
-        convertWorkingCopy(copies.UserFilePath, files, codePages);
+        convertWorkingCopy(copies.ListFilePath, files);
+        convertWorkingCopy(copies.UserFilePath, files);
         clearAll();
         loadAll(false);
     }

@@ -12,7 +12,7 @@ class WorkingCopy : public testing::Test {
 protected:
     bool convert(std::string bytes) {
         files.files[kPath] = std::move(bytes);
-        return convertWorkingCopy(kPath, files, codePages).has_value();
+        return convertWorkingCopy(kPath, files).has_value();
     }
     static constexpr auto kPath = u"/k7/List.ini";
     FakeFiles files;
@@ -24,7 +24,7 @@ protected:
 TEST_F(WorkingCopy, ANewOneHoldsOneBlank) {
     createWorkingCopy(kPath, files, codePages);
     EXPECT_EQ(files.files[kPath], "\xEF\xBB\xBF\x20");
-    EXPECT_TRUE(convertWorkingCopy(kPath, files, codePages));
+    EXPECT_TRUE(convertWorkingCopy(kPath, files));
     EXPECT_EQ(files.files[kPath], "\xFF\xFE\x20\0"s);
 }
 
@@ -52,7 +52,7 @@ TEST_F(WorkingCopy, AnEmptyFileBecomesAnEmptyText) {
 }
 
 TEST_F(WorkingCopy, AMissingFileStaysMissing) {
-    EXPECT_FALSE(convertWorkingCopy(kPath, files, codePages));
+    EXPECT_FALSE(convertWorkingCopy(kPath, files));
     EXPECT_TRUE(files.files.empty());
 }
 

@@ -9,6 +9,7 @@
 #include "fakes/FakeServices.h"
 #include "fakes/Text.h"
 #include "storage/RowStore.h"
+#include "storage/Utf8.h"
 #include "sync/ScheduleSync.h"
 #include "sync/ScheduleTexts.h"
 
@@ -29,7 +30,7 @@ protected:
         view.calls.clear();
     }
 
-    void serve(const std::u16string& schedule) { httpClient.answer.body = codePages.encode(CodePage::Ansi, schedule); }
+    void serve(const std::u16string& schedule) { httpClient.answer.body = codePages.encode(schedule); }
     void sync(std::u16string message) {
         box.expect({std::move(message)});
         command.SyncDrmSchedule();
@@ -168,14 +169,14 @@ TEST_F(Sync, AFileThatCannotBeReadIsNoSchedule) {
 }
 
 TEST_F(Sync, TheTextIsReadInTheAnsiCodePage) {
-    httpClient.answer.body = codePages.encode(CodePage::Ansi, scheduleOf(recordLines({.programme = u"Café €"})));
+    httpClient.answer.body = codePages.encode(scheduleOf(recordLines({.programme = u"Café €"})));
     EXPECT_NE(httpClient.answer.body.find("Caf\xE9 \x80"), std::string::npos);
     sync(u"The number of new station is: 1");
     EXPECT_EQ(narrow(drmLV.text(1, 1)), "Café €");
 }
 
 TEST_F(Sync, Utf8IsReadByteByByte) {
-    httpClient.answer.body = codePages.encode(CodePage::Utf8, scheduleOf(recordLines({.programme = u"Café"})));
+    httpClient.answer.body = toUtf8(scheduleOf(recordLines({.programme = u"Café"})));
     sync(u"The number of new station is: 1");
     EXPECT_EQ(narrow(drmLV.text(1, 1)), "CafÃ©");
 }

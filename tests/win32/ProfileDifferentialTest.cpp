@@ -130,10 +130,10 @@ protected:
     }
     // A file as it stands with the mark FF FE, or one in the ANSI code page, which may lack characters of the text.
     std::u16string fitting(const std::u16string& text, bool ansi) {
-        return ansi ? codePages_.decode(CodePage::Ansi, codePages_.encode(CodePage::Ansi, text)) : text;
+        return ansi ? codePages_.decode(codePages_.encode(text)) : text;
     }
     void start(const std::u16string& text, bool ansi) {
-        folder_.write("system.ini", ansi ? codePages_.encode(CodePage::Ansi, text) : utf16File(text));
+        folder_.write("system.ini", ansi ? codePages_.encode(text) : utf16File(text));
         WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // forget
     }
 

@@ -3,7 +3,7 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
-#include "platform/win32/Win32CodePages.h"
+#include "storage/Utf8.h"
 #include "win32/OneAnswerServer.h"
 #include "win32/Poll.h"
 #include "win32/Program.h"
@@ -19,9 +19,8 @@ constexpr const wchar_t* kFavourite = L"Favourite";
 // A file as the program saves it: the UTF-16 text behind it has an odd length or not, and the receiver's
 // firmware is used to the NUL that an odd one brings.
 std::string savedFile(std::string body) {
-    Win32CodePages codePages;
     body.insert(0, " \r\n");
-    const bool isOdd = codePages.decode(CodePage::Utf8, body).size() % 2 != 0;
+    const bool isOdd = fromUtf8(body).size() % 2 != 0;
     return body + (isOdd ? std::string(1, '\0') : std::string()) + "\r\n[kvt update end]\r\n";
 }
 
