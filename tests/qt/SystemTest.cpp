@@ -3,13 +3,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "platform/qt/MountTable.h"
-#include "platform/qt/ProgramFolder.h"
 #include "platform/qt/QtFiles.h"
+#include "platform/qt/QtProgramFolders.h"
 #include "platform/qt/QtVolumes.h"
 #include "platform/qt/Units.h"
 
@@ -99,14 +100,17 @@ TEST_F(SystemTest, GeometryIsThatOfTheMountedFileSystem) {
     EXPECT_EQ(volumes.label(u"/"), std::nullopt);
 }
 
-TEST_F(SystemTest, TheProgramsOwnFolderIsUsedWhenItCanBeWritten) {
-    EXPECT_EQ(programFolder(folder.path(), "Sub"), fromQt(folder.path() + '/'));
+TEST_F(SystemTest, OnlyAFolderThatIsThereCanBeWritten) {
+    QtProgramFolders folders;
+    EXPECT_EQ(folders.ofExecutable(), fromQt(QCoreApplication::applicationDirPath() + '/'));
+    EXPECT_TRUE(folders.canWrite(fromQt(folder.path() + '/')));
+    EXPECT_FALSE(folders.canWrite(at("none/")));
 }
 
-TEST_F(SystemTest, OtherwiseTheUsersDataFolderIsUsed) {
+TEST_F(SystemTest, TheUsersDataFolderIsMade) {
     QStandardPaths::setTestModeEnabled(true);
     const QString expected = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/SubOfATest";
-    EXPECT_EQ(programFolder(folder.filePath("none"), "SubOfATest"), fromQt(expected + '/'));
+    EXPECT_EQ(QtProgramFolders().ofUser(u"SubOfATest"), fromQt(expected + '/'));
     EXPECT_TRUE(QDir(expected).exists());
     QDir(expected).removeRecursively();
     QStandardPaths::setTestModeEnabled(false);

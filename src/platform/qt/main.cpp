@@ -7,8 +7,8 @@
 #include <QScopeGuard>
 #include <QTranslator>
 
-#include "platform/qt/ProgramFolder.h"
 #include "platform/qt/QtBackend.h"
+#include "platform/qt/QtProgramFolders.h"
 #include "platform/qt/QtSignals.h"
 #include "platform/qt/Units.h"
 #include "shell/Design.h"
@@ -42,7 +42,8 @@ int main(int argc, char** argv) {
         QApplication::installTranslator(&standardTexts);
     }
 
-    QtBackend backend(design, programFolder(QApplication::applicationDirPath(), QApplication::applicationName()));
+    QtProgramFolders folders;
+    QtBackend backend(design, programFolder(folders));
     const QtSignals endRequests(backend.window());
     MainForm form(backend.platform());
     const auto widgetsFirst = qScopeGuard([&backend] { backend.window().destroyWidgets(); });

@@ -2,7 +2,6 @@
 #include <commctrl.h>
 
 #include "platform/Platform.h"
-#include "platform/win32/ProgramFolder.h"
 #include "platform/win32/Win32AddForm.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32CodePages.h"
@@ -10,6 +9,7 @@
 #include "platform/win32/Win32HttpClient.h"
 #include "platform/win32/Win32MainWindow.h"
 #include "platform/win32/Win32MessageBox.h"
+#include "platform/win32/Win32ProgramFolders.h"
 #include "platform/win32/Win32SingleInstance.h"
 #include "platform/win32/Win32TextCompare.h"
 #include "platform/win32/Win32Volumes.h"
@@ -47,7 +47,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int showCommand) {
     Win32HttpClient httpClient;
     Win32CodePages codePages;
     Win32TextCompare textCompare;
-    const std::u16string folder = programFolder(design.caption);
+    Win32ProgramFolders folders;
+    const std::u16string folder = programFolder(folders);
     Win32SingleInstance singleInstance(folder);
     Win32Clock clock;
 

@@ -1,4 +1,4 @@
-#include "platform/win32/ProgramFolder.h"
+#include "platform/win32/Win32ProgramFolders.h"
 
 #include <windows.h>
 #include <knownfolders.h>
@@ -8,9 +8,7 @@
 #include "platform/win32/Handle.h"
 #include "platform/win32/WideText.h"
 
-namespace {
-
-std::wstring executableFolder() {
+std::u16string Win32ProgramFolders::ofExecutable() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
@@ -20,34 +18,25 @@ std::wstring executableFolder() {
         }
         path.resize(path.size() * 2);
     }
-    return path.substr(0, path.find_last_of(L'\\') + 1);
+    return fromWide(path.substr(0, path.find_last_of(L'\\') + 1));
 }
 
-bool canWrite(const std::wstring& folder) {
-    const std::wstring probe = folder + L"Halcyon_K7." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
+bool Win32ProgramFolders::canWrite(std::u16string_view folder) {
+    const std::wstring probe = toWide(folder) + L"Halcyon_K7." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
     const Handle file(CreateFileW(probe.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                   FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
     return static_cast<bool>(file);
 }
 
-std::wstring userFolder(std::u16string_view name) {
+std::u16string Win32ProgramFolders::ofUser(std::u16string_view name) {
     wchar_t* roaming = nullptr;
     std::wstring folder;
     if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_CREATE, nullptr, &roaming))) {
         folder = std::wstring(roaming) + L'\\' + toWide(name) + L'\\';
-        CreateDirectoryW(folder.c_str(), nullptr);
+        if (CreateDirectoryW(folder.c_str(), nullptr) == 0 && GetLastError() != ERROR_ALREADY_EXISTS) {
+            folder.clear();
+        }
     }
     CoTaskMemFree(roaming);
-    return folder;
-}
-
-}  // namespace
-
-std::u16string programFolder(std::u16string_view name) {
-    const std::wstring own = executableFolder();
-    if (canWrite(own)) {
-        return fromWide(own);
-    }
-    const std::wstring user = userFolder(name);
-    return fromWide(user.empty() ? own : user);
+    return fromWide(folder);
 }
