@@ -1,10 +1,7 @@
 // Cost per row of load, save, merging a schedule and deleting, from a receiver's worth of rows to the most that a
 // list file can count. Prints: name, rows, nanoseconds of processor time per row (the median).
-#include <malloc.h>
-
 #include <algorithm>
 #include <array>
-#include <climits>
 #include <cstdio>
 #include <ctime>
 #include <functional>
@@ -99,10 +96,7 @@ void measureSchedule(int rows) {
 }  // namespace
 
 int main() {
-    // The memory of one run serves the next. Otherwise the allocator gives some of it back to the system, as the sizes
-    // before happen to have tuned it, and some sizes pay for getting it again and others do not.
-    ::mallopt(M_MMAP_THRESHOLD, INT_MAX);
-    ::mallopt(M_TRIM_THRESHOLD, INT_MAX);
+    keepFreedMemory();
     for (const int rows : kSizes) {
         measure(rows);
     }

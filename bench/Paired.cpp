@@ -1,7 +1,10 @@
 #include "Paired.h"
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <chrono>
+#include <climits>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -59,4 +62,9 @@ void measureAlone(std::string_view name, const Work& work, int rounds) {
 void keep(std::size_t value) {
     [[maybe_unused]] static volatile std::size_t sink = 0;
     sink = value;
+}
+
+void keepFreedMemory() {
+    ::mallopt(M_MMAP_THRESHOLD, INT_MAX);
+    ::mallopt(M_TRIM_THRESHOLD, INT_MAX);
 }

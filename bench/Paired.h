@@ -20,3 +20,7 @@ void measureAlone(std::string_view name, const Work& work, int rounds);
 
 // Keeps the compiler from dropping what computed `value`.
 void keep(std::size_t value);
+
+// The memory of one run serves the next. Otherwise the allocator gives some of it back to the system, as the sizes
+// before happen to have tuned it, and some runs pay for getting it again and others do not.
+void keepFreedMemory();

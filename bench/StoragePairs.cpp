@@ -180,6 +180,7 @@ int main(int argc, char** argv) {
                     loads ? microsecondsOf([&] { sample.load(); }) : microsecondsOf([&] { sample.rawRead(); }));
         return 0;
     }
+    keepFreedMemory();
     std::string folder = (std::filesystem::current_path() / "storage_pairs.XXXXXX").string();
     require(::mkdtemp(folder.data()) != nullptr, "no temporary folder");
     Sample sample(folder, kMaxRecords);

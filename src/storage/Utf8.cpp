@@ -15,29 +15,37 @@ constexpr char16_t kReplacement = 0xFFFD;
 template <typename Unit>
 using Block = std::array<Unit, 16>;
 
+// The number of units before the first that is not ASCII.
+// otherBits: those that no ASCII character has, in eight bytes of units.
 template <typename Unit>
-bool isAscii(const Block<Unit>& block, std::uint64_t otherBits) {
-    std::uint64_t all = 0;
-    for (const std::uint64_t part : std::bit_cast<std::array<std::uint64_t, sizeof block / sizeof all>>(block)) {
-        all |= part;
+std::size_t asciiLength(const Block<Unit>& block, std::uint64_t otherBits) {
+    static_assert(std::endian::native == std::endian::little);
+    constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(Unit);
+    const auto parts = std::bit_cast<std::array<std::uint64_t, sizeof block / sizeof(std::uint64_t)>>(block);
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (const std::uint64_t other = parts[i] & otherBits; other != 0) {
+            return (i * kUnits) + (static_cast<std::size_t>(std::countr_zero(other)) / (64 / kUnits));
+        }
     }
-    return (all & otherBits) == 0;
+    return block.size();
 }
 
-// Copies the leading blocks that are ASCII; returns the number of characters copied.
-// otherBits: those that no ASCII character has, in eight bytes of units.
+// Copies leading characters as long as they are ASCII and whole blocks can be read; returns their number. The target
+// has room for as many units as `from`; what follows the copied ones there is overwritten.
 template <typename From, typename To>
-std::size_t copyAsciiBlocks(std::basic_string_view<From> from, To* to, std::uint64_t otherBits) {
+std::size_t copyAscii(std::basic_string_view<From> from, To* to, std::uint64_t otherBits) {
     Block<From> block;
     Block<To> converted;
     std::size_t done = 0;
-    for (; from.size() - done >= block.size(); done += block.size()) {
+    while (from.size() - done >= block.size()) {
         std::memcpy(block.data(), from.data() + done, sizeof block);
-        if (!isAscii(block, otherBits)) {
-            break;
-        }
         std::copy(block.begin(), block.end(), converted.begin());
         std::memcpy(to + done, converted.data(), sizeof converted);
+        const std::size_t length = asciiLength(block, otherBits);
+        done += length;
+        if (length < block.size()) {
+            break;
+        }
     }
     return done;
 }
@@ -77,7 +85,7 @@ std::u16string fromUtf8(std::string_view bytes) {
         const auto lead = static_cast<unsigned char>(bytes[i++]);
         if (lead < 0x80) {
             *end++ = lead;
-            const std::size_t run = copyAsciiBlocks(bytes.substr(i), end, 0x8080808080808080U);
+            const std::size_t run = copyAscii(bytes.substr(i), end, 0x8080808080808080U);
             i += run;
             end += run;
             continue;
@@ -115,7 +123,7 @@ std::string toUtf8(std::u16string_view text) {
         char32_t c = text[i];
         if (c < 0x80) {
             put(c);
-            const std::size_t run = copyAsciiBlocks(text.substr(i + 1), end, 0xFF80FF80FF80FF80U);
+            const std::size_t run = copyAscii(text.substr(i + 1), end, 0xFF80FF80FF80FF80U);
             i += run;
             end += run;
             continue;
