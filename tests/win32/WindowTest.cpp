@@ -277,6 +277,37 @@ TEST_F(Window, AddsARecordThroughTheDialog) {
     EXPECT_TRUE(eventually([&] { return GetForegroundWindow() == program().window(); }));
 }
 
+// Such is the name of a field that shows none itself: what screen readers are told by the system.
+std::wstring labelBefore(HWND field) {
+    HWND label = GetWindow(field, GW_HWNDPREV);
+    wchar_t className[16]{};
+    GetClassNameW(label, className, 16);
+    if (_wcsicmp(className, L"Static") != 0) {
+        return L"(none)";
+    }
+    std::wstring text = textOf(label);
+    std::erase(text, L'&');
+    return text;
+}
+
+TEST_F(Window, EveryFieldHasAName) {
+    start();
+    ASSERT_TRUE(opensBoxAt(program().list(kDrm), 1, 1));
+    EXPECT_EQ(labelBefore(program().box()), kDrm);
+    pressKey(VK_RETURN);
+    ASSERT_TRUE(eventually([&] { return !program().boxIsOpen(); }));
+    pressWithCtrl('N');
+    HWND dialog = program().dialog(L"Add List--[DRM List]");
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(labelBefore(childOf(dialog, L"Edit", 1)), L"Programme:");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"Edit", 2)), L"Frequency:");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"Edit", 3)), L"Target:");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 1)), L"Start Time(UTC):");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 2)), L"Start Time(UTC):");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 3)), L"StopTime(UTC):");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 4)), L"StopTime(UTC):");
+}
+
 TEST_F(Window, EscapeLeavesTheDialogButSavesInAStopTime) {
     start();
     pressWithCtrl('N');
@@ -337,10 +368,16 @@ TEST_F(Window, AScheduleTooLongKeepsTheListAndTheStatusLine) {
     HWND report = program().dialog(L"Halcyon_K7");
     ASSERT_NE(report, nullptr);
     EXPECT_EQ(messageOf(report), L"Overflow");
+    // The box hands the activation back to the window, which must not count as the user's return to it, as one from
+    // elsewhere does. Told here by hand: under Wine the window manager may take the activation away once more.
+    const auto activatedFrom = [&](HWND other) {
+        SendMessageW(program().window(), WM_ACTIVATE, WA_ACTIVE, reinterpret_cast<LPARAM>(other));
+        return program().status();
+    };
+    EXPECT_EQ(activatedFrom(report), L"Synchronizing,Please wait...");
+    EXPECT_EQ(activatedFrom(nullptr), L"Total Number Of DRM List: 3");
     pressButton(report, IDOK);
-    // The box hands the activation back to the window, which must not count as the user's return to it.
     ASSERT_TRUE(eventually([&] { return IsWindow(report) == 0 && program().focus() == program().list(kDrm); }));
-    EXPECT_EQ(program().status(), L"Synchronizing,Please wait...");
     EXPECT_EQ(program().rowCount(program().list(kDrm)), 3);
 }
 

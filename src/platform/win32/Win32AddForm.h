@@ -38,6 +38,7 @@ private:
     LRESULT characterTyped(HWND window, AddField field, WPARAM w, LPARAM l);
     void createControls(const AddCaptions& captions);
     void createLabel(AddControl control, const AddCaptions& captions);
+    void createHiddenLabel(AddControl label, const AddCaptions& captions);
     void createEdit(AddField field);
     void createCombo(AddField field);
     void createButton(AddControl control, const AddCaptions& captions, int id, DWORD kind);

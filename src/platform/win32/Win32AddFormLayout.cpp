@@ -51,6 +51,13 @@ void Win32AddForm::createLabel(AddControl label, const AddCaptions& captions) {
     controls_[index] = createChild(WC_STATICW, caption.c_str(), SS_CENTERIMAGE, 0, -1);
 }
 
+// A screen reader takes the label before a field for its name, seen or not. What stands between hours and minutes
+// would be a poor one.
+void Win32AddForm::createHiddenLabel(AddControl label, const AddCaptions& captions) {
+    const std::wstring caption = toWide(captions[static_cast<std::size_t>(label)]);
+    ShowWindow(createChild(WC_STATICW, caption.c_str(), SS_NOPREFIX, 0, -1), SW_HIDE);
+}
+
 void Win32AddForm::createEdit(AddField edit) {
     HWND window = createChild(WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, 0);
     fields_[static_cast<std::size_t>(edit)] = window;
@@ -87,10 +94,12 @@ void Win32AddForm::createControls(const AddCaptions& captions) {
     createLabel(AddControl::Label3, captions);
     createCombo(AddField::sHourComb);
     createLabel(AddControl::Label4, captions);
+    createHiddenLabel(AddControl::Label3, captions);
     createCombo(AddField::sMinComb);
     createLabel(AddControl::Label5, captions);
     createCombo(AddField::eHourComb);
     createLabel(AddControl::Label6, captions);
+    createHiddenLabel(AddControl::Label5, captions);
     createCombo(AddField::eMinComb);
     createLabel(AddControl::Label7, captions);
     createEdit(AddField::txtTarget);

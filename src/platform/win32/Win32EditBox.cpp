@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <string>
+
 #include "platform/win32/Scale.h"
 #include "platform/win32/WideText.h"
 
@@ -9,10 +11,23 @@ namespace {
 
 constexpr WPARAM kEnter = 13;
 
+std::wstring captionOfShownList(HWND parent) {
+    HWND list = nullptr;
+    do {
+        list = FindWindowExW(parent, list, WC_LISTVIEWW, nullptr);
+    } while (list != nullptr && IsWindowVisible(list) == 0);
+    std::wstring caption(64, L'\0');
+    caption.resize(static_cast<std::size_t>(
+        list != nullptr ? GetWindowTextW(list, caption.data(), static_cast<int>(caption.size())) : 0));
+    return caption;
+}
+
 }  // namespace
 
 void Win32EditBox::createWindow(HWND parent) {
     const DWORD style = WS_CHILD | WS_BORDER | WS_CLIPSIBLINGS | ES_AUTOHSCROLL;
+    name_ = CreateWindowExW(0, WC_STATICW, L"", WS_CHILD | SS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
+                            GetModuleHandleW(nullptr), nullptr);
     window_ = CreateWindowExW(0, WC_EDITW, L"", style, 0, 0, 0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
     subclass_.install(window_, procedure, this);
 }
@@ -47,8 +62,14 @@ std::u16string Win32EditBox::text() const {
 
 void Win32EditBox::setBounds(double left, double top, double width, double height) {
     const Scale scale(window_);
-    SetWindowPos(window_, HWND_TOP, scale.pixels(left), scale.pixels(top), scale.pixels(width), scale.pixels(height),
+    SetWindowPos(name_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    SetWindowPos(window_, name_, scale.pixels(left), scale.pixels(top), scale.pixels(width), scale.pixels(height),
                  SWP_NOACTIVATE);
 }
 
-void Win32EditBox::setVisible(bool visible) { ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE); }
+void Win32EditBox::setVisible(bool visible) {
+    if (visible) {
+        SetWindowTextW(name_, captionOfShownList(GetParent(window_)).c_str());
+    }
+    ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+}

@@ -23,6 +23,7 @@ private:
     static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM);
 
     HWND window_ = nullptr;
+    HWND name_ = nullptr;  // never seen; screen readers take the label before a box for its name
     Subclass subclass_;
     EditBoxListener* listener_ = nullptr;
 };
