@@ -53,7 +53,7 @@ class LinuxPackages(unittest.TestCase):
         self.user_owns(files)
         before, _ = drm_programmes(files / "List.ini")
         visit = self.visit(command)
-        visit.keys("End", "Home", "Delete")
+        visit.delete_first(files)
         self.assertEqual(visit.close(), 0)
         self.assertEqual(drm_programmes(files / "List.ini"), (before[1:], True))
         self.assertEqual((files / "User.ini").read_bytes(), (samples / "User.ini").read_bytes())
