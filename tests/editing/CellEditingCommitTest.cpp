@@ -75,9 +75,7 @@ TEST_F(CellEditingTest, HidesTheBoxOnlyAfterTheMessage) {
 }
 
 TEST_F(CellEditingTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
-    addDrmRow();
-    start(Drm, 0);
-    box.content = u"Typed";
+    typeOverProgramme();
     tabs.tab = 1;  // a tab switch hides the box
     editing.hideEditBox();
     EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
@@ -85,9 +83,7 @@ TEST_F(CellEditingTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
 }
 
 TEST_F(CellEditingTest, AClickOnARowHidesAndHints) {
-    addDrmRow();
-    start(Drm, 0);
-    box.content = u"Typed";
+    typeOverProgramme();
     editing.itemClicked();
     EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
     EXPECT_EQ(u"Press 'Delete' Key To Delete ", statusBar.message);
@@ -95,9 +91,7 @@ TEST_F(CellEditingTest, AClickOnARowHidesAndHints) {
 }
 
 TEST_F(CellEditingTest, AClickOnAnotherRowCommitsByTheLossOfFocusBeforeIt) {
-    addDrmRow();
-    start(Drm, 0);
-    box.content = u"Typed";
+    typeOverProgramme();
     editing.lostFocus();
     editing.itemClicked();
     EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
@@ -105,9 +99,7 @@ TEST_F(CellEditingTest, AClickOnAnotherRowCommitsByTheLossOfFocusBeforeIt) {
 }
 
 TEST_F(CellEditingTest, AScrollUnderTheBoxCommits) {
-    addDrmRow();
-    start(Drm, 0);
-    box.content = u"Typed";
+    typeOverProgramme();
     editing.viewChanged();
     EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
     expectHidden();
@@ -126,9 +118,7 @@ TEST_F(CellEditingTest, SurvivesTheViewChangesThatItsOwnStartCauses) {
 }
 
 TEST_F(CellEditingTest, AnEditStartedOverAnOpenOneCommitsThatFirst) {
-    addDrmRow();
-    start(Drm, 0);
-    box.content = u"Typed";
+    typeOverProgramme();
     start(Drm, kDrmTargetX);
     EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
     EXPECT_TRUE(editing.isEditing());

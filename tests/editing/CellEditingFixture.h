@@ -31,6 +31,12 @@ protected:
         editing.startEdit(kind);
     }
     void addDrmRow() { addRow(ListKind::Drm, {u"Voice", u"9620", u"0000-2400", u"Europe"}); }
+    // A row with the box open over its programme, and "Typed" in the box.
+    void typeOverProgramme() {
+        addDrmRow();
+        start(ListKind::Drm, 0);
+        box.content = u"Typed";
+    }
     void expectHidden() {
         EXPECT_FALSE(editing.isEditing());
         EXPECT_FALSE(box.visible);

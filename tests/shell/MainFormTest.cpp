@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 
 #include "fakes/FakePlatform.h"
 #include "shell/Design.h"
@@ -42,6 +43,13 @@ protected:
         ASSERT_TRUE(form->Form_Load());
     }
     void select(int tab, int row) { platform.gridViews[static_cast<std::size_t>(tab)].grid->setSelected(row, true); }
+    // Opens the box over the first cell of the DRM list and types, without an Enter.
+    void typeOver(const std::u16string& text) {
+        select(0, 1);
+        platform.grid(0).itemDoubleClicked();
+        ASSERT_TRUE(platform.editBox.visible);
+        platform.editBox.content = text;
+    }
     void choose(MenuItem item) { platform.popupMenu.listener->menuChosen(item); }
 
     FakePlatform platform;
@@ -115,10 +123,7 @@ TEST_F(MainFormTest, EachListIsEditedInItsOwnView) {
 
 TEST_F(MainFormTest, ASwitchOfTabsWhileEditingDiscardsTheEdit) {
     startWith(2, 5, 0);
-    select(0, 1);
-    platform.grid(0).itemDoubleClicked();
-    ASSERT_TRUE(platform.editBox.visible);
-    platform.editBox.content = u"changed";
+    typeOver(u"changed");
     platform.tabs.click(1);
     EXPECT_FALSE(platform.editBox.visible);
     EXPECT_EQ(platform.rows(0).text(1, 1), u"Radio 0");
@@ -253,10 +258,7 @@ TEST_F(MainFormTest, AHeaderClickSortsDescendingFirst) {
 
 TEST_F(MainFormTest, AHeaderClickCommitsAnOpenEditBeforeTheRowsMove) {
     startWith(2, 0, 0);
-    select(0, 1);
-    platform.grid(0).itemDoubleClicked();
-    ASSERT_TRUE(platform.editBox.visible);
-    platform.editBox.content = u"Zulu";
+    typeOver(u"Zulu");
     platform.grid(0).headerClicked(u"PROG");
     EXPECT_FALSE(platform.editBox.visible);
     EXPECT_EQ(platform.rows(0).text(1, 1), u"Zulu");
