@@ -34,7 +34,7 @@ protected:
         form.setTitle(u"Add");
         form.setItems(AddField::sHourComb, {u"0", u"1", u"2"});
         form.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog()));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog(), kPatience));
     }
     QDialog* dialog() { return backend.window().widget()->findChild<QDialog*>("addForm"); }
     template <class Widget>
@@ -48,7 +48,7 @@ protected:
 
 TEST_F(AddFormTest, OpensOverTheMainWindowWithEmptyFields) {
     EXPECT_FALSE(dialog()->isModal());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return child<QLineEdit>("txtLabel")->hasFocus(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return child<QLineEdit>("txtLabel")->hasFocus(); }, kPatience));
     EXPECT_EQ(form.text(AddField::txtLabel), u"");
     EXPECT_EQ(form.text(AddField::sHourComb), u"");
     EXPECT_EQ(child<QComboBox>("sHourComb")->count(), 3);

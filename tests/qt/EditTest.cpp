@@ -43,7 +43,7 @@ TEST_F(EditTest, LosingTheWindowLosesTheFocus) {
     QWidget other;
     other.show();
     other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other, kPatience));
     EXPECT_EQ(recorder.take(), (Events{"lost focus"}));
 }
 

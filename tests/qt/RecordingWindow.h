@@ -27,6 +27,9 @@
 
 using Events = std::vector<std::string>;
 
+// Milliseconds that a busy machine is given; what is waited for takes a few.
+constexpr int kPatience = 60'000;
+
 class Recorder : public GridListener,
                  public EditBoxListener,
                  public TabListener,
@@ -92,7 +95,7 @@ protected:
         platform.popupMenu.setListener(recorder);
         backend.window().setListener(recorder);
         backend.window().show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(backend.window().widget()));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(backend.window().widget(), kPatience));
         recorder.take();
     }
     ~RecordingWindow() override { backend.window().destroyWidgets(); }

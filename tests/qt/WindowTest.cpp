@@ -95,7 +95,7 @@ TEST_F(WindowTest, EverySignalToEndClosesTheWindow) {
         FakeWindow window;
         const QtSignals signals(window);
         std::raise(number);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return window.closed == 1; })) << number;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.closed == 1; }, kPatience)) << number;
     }
 }
 
@@ -103,19 +103,19 @@ TEST_F(WindowTest, ComingBackFromAnOwnBoxIsNoComingToTheWindow) {
     QWidget elsewhere;
     elsewhere.show();
     elsewhere.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere, kPatience));
     recorder.take();
     backend.window().widget()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(backend.window().widget()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(backend.window().widget(), kPatience));
     EXPECT_EQ(recorder.take(), (Events{"window focus"}));
     {
         QDialog own(backend.window().widget());
         own.show();
         own.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&own));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&own, kPatience));
     }
     backend.window().widget()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(backend.window().widget()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(backend.window().widget(), kPatience));
     EXPECT_EQ(recorder.take(), Events{});
 }
 
