@@ -6,6 +6,7 @@
 
 #include "platform/win32/Scale.h"
 #include "platform/win32/WideText.h"
+#include "platform/win32/WindowText.h"
 
 namespace {
 
@@ -16,10 +17,7 @@ std::wstring captionOfShownList(HWND parent) {
     do {
         list = FindWindowExW(parent, list, WC_LISTVIEWW, nullptr);
     } while (list != nullptr && IsWindowVisible(list) == 0);
-    std::wstring caption(64, L'\0');
-    caption.resize(static_cast<std::size_t>(
-        list != nullptr ? GetWindowTextW(list, caption.data(), static_cast<int>(caption.size())) : 0));
-    return caption;
+    return windowText(list);
 }
 
 }  // namespace
@@ -54,11 +52,7 @@ void Win32EditBox::setText(std::u16string_view text) {
     SendMessageW(window_, EM_SETSEL, 0, -1);
 }
 
-std::u16string Win32EditBox::text() const {
-    std::wstring buffer(static_cast<std::size_t>(GetWindowTextLengthW(window_)) + 1, L'\0');
-    buffer.resize(static_cast<std::size_t>(GetWindowTextW(window_, buffer.data(), static_cast<int>(buffer.size()))));
-    return fromWide(buffer);
-}
+std::u16string Win32EditBox::text() const { return fromWide(windowText(window_)); }
 
 void Win32EditBox::setBounds(double left, double top, double width, double height) {
     const Scale scale(window_);
