@@ -30,8 +30,7 @@ void QtTabs::addShortcuts(QWidget* client) {
     const auto add = [&](const QList<QKeySequence>& keys, int step) {
         for (const QKeySequence& key : keys) {
             connect(new QShortcut(key, client), &QShortcut::activated, this, [this, step] {
-                const int count = tabs_->count();
-                tabs_->setCurrentIndex((tabs_->currentIndex() + count + step) % count);
+                tabs_->setCurrentIndex(neighbourTab(tabs_->currentIndex(), step, tabs_->count()));
             });
         }
     };

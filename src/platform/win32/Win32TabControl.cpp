@@ -51,9 +51,8 @@ int Win32TabControl::currentTab() const { return static_cast<int>(SendMessageW(w
 
 double Win32TabControl::left() const { return Scale(window_).twips(bounds().left); }
 
-void Win32TabControl::step(int steps) {
-    const int count = static_cast<int>(pages_.size());
-    const int next = (currentTab() + steps % count + count) % count;
+void Win32TabControl::step(int step) {
+    const int next = neighbourTab(currentTab(), step, static_cast<int>(pages_.size()));
     SendMessageW(window_, TCM_SETCURSEL, static_cast<WPARAM>(next), 0);
     selectionChanged();
 }

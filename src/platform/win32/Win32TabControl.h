@@ -17,8 +17,8 @@ public:
     HWND currentPage() const;
     // Within the parent's client area.
     RECT displayArea() const;
-    // As a click on the tab `steps` to the right of the current one, round the ends.
-    void step(int steps);
+    // As a click on the current tab's neighbour: 1 to the right, -1 to the left.
+    void step(int step);
     void selectionChanged();  // TCN_SELCHANGE
 
     void setListener(TabListener& listener) override { listener_ = &listener; }
