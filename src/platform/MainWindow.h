@@ -14,10 +14,17 @@ struct WindowDesign {
     double gridTopInset = 0;  // SSTab1's top edge plus the grid's border is this far below the client area's top
 };
 
+// What was active before the main window.
+enum class CameFrom {
+    Elsewhere,  // another program's window, or none
+    OwnBox,     // a message box or a dialog of this program
+};
+
 class MainWindowListener {
 public:
     virtual ~MainWindowListener() = default;
-    virtual void windowGotFocus() = 0;
+    // The window has become the active one.
+    virtual void windowGotFocus(CameFrom from) = 0;
     // The window is about to close (close box, session end, termination signal). Called once.
     virtual void windowClosing() = 0;
 };

@@ -67,6 +67,13 @@ bool MainForm::Form_Load() {
     return true;
 }
 
+// Coming back from a box of the program itself is not the user's coming to the window.
+void MainForm::windowGotFocus(CameFrom from) {
+    if (from == CameFrom::Elsewhere) {
+        Form_GotFocus();
+    }
+}
+
 void MainForm::Form_GotFocus() {
     // The window takes no input during a download; its status stays.
     if (!scheduleSync_.isDownloading()) {

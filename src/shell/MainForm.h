@@ -69,7 +69,7 @@ private:
         ListKind kind_;
     };
 
-    void windowGotFocus() override { Form_GotFocus(); }
+    void windowGotFocus(CameFrom from) override;
     void windowClosing() override { Form_Unload(); }
     void tabClicked(int previousTab) override;
     void tabGotFocus() override;

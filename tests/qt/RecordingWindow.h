@@ -55,7 +55,9 @@ public:
     void tabClicked(int previousTab) override { note("tab from " + std::to_string(previousTab)); }
     void tabGotFocus() override { note("tab focus"); }
     void menuChosen(MenuItem item) override { note("menu " + std::to_string(static_cast<int>(item))); }
-    void windowGotFocus() override { note("window focus"); }
+    void windowGotFocus(CameFrom from) override {
+        note(from == CameFrom::OwnBox ? "focus from own box" : "window focus");
+    }
     void windowClosing() override { note("closing"); }
 
     Events take() { return std::exchange(events, {}); }

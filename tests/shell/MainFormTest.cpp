@@ -135,15 +135,24 @@ TEST_F(MainFormTest, DeletingLeavesTheTotalUntilTheWindowGetsTheFocus) {
     select(0, 1);
     EXPECT_TRUE(platform.grid(0).keyDown(Key::Delete, Shift::None));
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 2");
-    platform.mainWindow.listener->windowGotFocus();
+    platform.mainWindow.listener->windowGotFocus(CameFrom::Elsewhere);
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1");
+}
+
+TEST_F(MainFormTest, AReturnFromAnOwnBoxLeavesTheStatus) {
+    startWith(2, 0, 0);
+    platform.statusBar.setMessage(u"hint");
+    platform.mainWindow.listener->windowGotFocus(CameFrom::OwnBox);
+    EXPECT_EQ(platform.statusBar.message, u"hint");
+    platform.mainWindow.listener->windowGotFocus(CameFrom::Elsewhere);
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 2");
 }
 
 TEST_F(MainFormTest, TheStatusOfADownloadStaysWhenTheWindowGetsTheFocus) {
     startWith(1, 0, 0);
     std::u16string status;
     platform.httpClient.during = [&] {
-        platform.mainWindow.listener->windowGotFocus();
+        platform.mainWindow.listener->windowGotFocus(CameFrom::Elsewhere);
         status = platform.statusBar.message;
     };
     platform.httpClient.answer.status = 404;
@@ -152,7 +161,7 @@ TEST_F(MainFormTest, TheStatusOfADownloadStaysWhenTheWindowGetsTheFocus) {
     EXPECT_EQ(status, u"Downloading,Please wait...");
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1");
     platform.statusBar.setMessage(u"hint");
-    platform.mainWindow.listener->windowGotFocus();
+    platform.mainWindow.listener->windowGotFocus(CameFrom::Elsewhere);
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1") << "the download is over";
 }
 

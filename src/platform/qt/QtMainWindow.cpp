@@ -91,16 +91,15 @@ bool QtMainWindow::eventFilter(QObject* watched, QEvent* event) {
             activated();
         }
     } else if (event->type() == QEvent::Show && qobject_cast<QDialog*>(watched) != nullptr) {
-        dialogWasActive_ = true;
+        cameFrom_ = CameFrom::OwnBox;
     }
     return false;
 }
 
-// Coming back from a box of the program itself is not the user's coming to the window.
 void QtMainWindow::activated() {
-    const bool fromOwnDialog = std::exchange(dialogWasActive_, false);
-    if (!fromOwnDialog && listener_ != nullptr) {
-        listener_->windowGotFocus();
+    const CameFrom from = std::exchange(cameFrom_, CameFrom::Elsewhere);
+    if (listener_ != nullptr) {
+        listener_->windowGotFocus(from);
     }
 }
 

@@ -51,6 +51,6 @@ private:
     std::unique_ptr<QtPopupMenu> popupMenu_;
     MainWindowListener* listener_ = nullptr;
     QPointer<QWidget> focusBeforeDisabling_;
-    bool dialogWasActive_ = false;
+    CameFrom cameFrom_ = CameFrom::Elsewhere;  // when the window becomes active next
     bool closed_ = false;
 };

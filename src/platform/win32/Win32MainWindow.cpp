@@ -16,10 +16,10 @@ constexpr double kBottomMargin = 60;  // twips between tab control and status ba
 
 bool held(int key) { return GetKeyState(key) < 0; }
 
-// A message box or dialog of this program, as against another program's window.
-bool isOwn(HWND window) {
+CameFrom cameFrom(HWND window) {
     DWORD process = 0;
-    return window != nullptr && GetWindowThreadProcessId(window, &process) != 0 && process == GetCurrentProcessId();
+    const bool known = window != nullptr && GetWindowThreadProcessId(window, &process) != 0;
+    return known && process == GetCurrentProcessId() ? CameFrom::OwnBox : CameFrom::Elsewhere;
 }
 
 }  // namespace
@@ -225,9 +225,8 @@ void Win32MainWindow::activated(WORD state, HWND other) {
         return;
     }
     restoreFocus();
-    // The program's own boxes come and go over the window without it having been left.
-    if (listener_ != nullptr && !isOwn(other)) {
-        listener_->windowGotFocus();
+    if (listener_ != nullptr) {
+        listener_->windowGotFocus(cameFrom(other));
     }
 }
 
