@@ -2,15 +2,41 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+// The boxes first, then the combos.
 enum class AddField { txtLabel, txtFreq, txtTarget, sHourComb, sMinComb, eHourComb, eMinComb };
 inline constexpr int kAddFieldCount = 7;
+inline constexpr std::array<const char*, kAddFieldCount> kAddFieldNames = {
+    "txtLabel", "txtFreq", "txtTarget", "sHourComb", "sMinComb", "eHourComb", "eMinComb"};
+constexpr bool isCombo(AddField field) { return field >= AddField::sHourComb; }
 
 enum class AddControl { Label1, Label2, LaFreq, Label3, Label4, Label5, Label6, Label7, saveCmd, cancelCmd };
 inline constexpr int kAddControlCount = 10;
+inline constexpr std::array<const char*, kAddControlCount> kAddControlNames = {
+    "Label1", "Label2", "LaFreq", "Label3", "Label4", "Label5", "Label6", "Label7", "saveCmd", "cancelCmd"};
+
+// One line of the dialog, from left to right.
+struct AddRow {
+    AddControl label;  // names both fields for screen readers; its mnemonic, where it has one, leads to the first
+    AddField field;
+    std::optional<AddControl> after{};  // the unit of the field, or what parts it from the second
+    std::optional<AddField> second{};
+};
+// From top to bottom, which is the tab order, too. The dialog opens with the focus in the first field.
+inline constexpr std::array<AddRow, 5> kAddRows = {{
+    {AddControl::Label1, AddField::txtLabel},
+    {AddControl::Label2, AddField::txtFreq, AddControl::LaFreq},
+    {AddControl::Label3, AddField::sHourComb, AddControl::Label4, AddField::sMinComb},
+    {AddControl::Label5, AddField::eHourComb, AddControl::Label6, AddField::eMinComb},
+    {AddControl::Label7, AddField::txtTarget},
+}};
+// Side by side below the rows, and after them in the tab order.
+inline constexpr std::array kAddButtons = {AddControl::saveCmd, AddControl::cancelCmd};
+inline constexpr AddControl kAddDefaultButton = AddControl::saveCmd;
 
 // Captions by AddControl. A backend may add mnemonics that the captions do not show as text.
 using AddCaptions = std::array<std::u16string, kAddControlCount>;
@@ -38,7 +64,7 @@ public:
     virtual void setItems(AddField combo, const std::vector<std::u16string>& items) = 0;  // none preselected
     virtual std::u16string text(AddField field) const = 0;
     virtual void takeFocus(AddField field) = 0;
-    // Shows the dialog centred over the main window, without modality, focus in txtLabel.
+    // Shows the dialog centred over the main window, without modality, focus in the first field.
     virtual void show() = 0;
     // Closes and forgets the dialog without calling the listener; safe when none is open,
     // and from within a listener call.

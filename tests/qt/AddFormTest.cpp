@@ -54,8 +54,20 @@ TEST_F(AddFormTest, OpensOverTheMainWindowWithEmptyFields) {
     EXPECT_EQ(child<QComboBox>("sHourComb")->count(), 3);
     EXPECT_EQ(child<QLineEdit>("txtFreq")->accessibleName(), "Frequency:");
     EXPECT_EQ(child<QComboBox>("eMinComb")->accessibleName(), "Stop:");
+    EXPECT_EQ(child<QComboBox>("eMinComb")->lineEdit()->accessibleName(), "Stop:");
     const QPoint offset = dialog()->frameGeometry().center() - backend.window().widget()->frameGeometry().center();
     EXPECT_LE(offset.manhattanLength(), 4);
+}
+
+TEST_F(AddFormTest, TabGoesDownTheRowsAndOverTheButtons) {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return child<QLineEdit>("txtLabel")->hasFocus(); }, kPatience));
+    Events order;
+    for (int i = 0; i < 10; ++i) {
+        order.push_back(QApplication::focusWidget()->objectName().toStdString());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(order, (Events{"txtLabel", "txtFreq", "sHourComb", "sMinComb", "eHourComb", "eMinComb", "txtTarget",
+                             "saveCmd", "cancelCmd", "txtLabel"}));
 }
 
 TEST_F(AddFormTest, OnlyKeysWithACharacterCodeAreReported) {

@@ -308,6 +308,22 @@ TEST_F(Window, EveryFieldHasAName) {
     EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 4)), L"StopTime(UTC):");
 }
 
+TEST_F(Window, TabGoesDownTheRowsAndOverTheButtons) {
+    start();
+    pressWithCtrl('N');
+    HWND dialog = program().dialog(L"Add List--[DRM List]");
+    ASSERT_NE(dialog, nullptr);
+    const HWND order[] = {childOf(dialog, L"Edit", 1),     childOf(dialog, L"Edit", 2),
+                          childOf(dialog, L"ComboBox", 1), childOf(dialog, L"ComboBox", 2),
+                          childOf(dialog, L"ComboBox", 3), childOf(dialog, L"ComboBox", 4),
+                          childOf(dialog, L"Edit", 3),     GetDlgItem(dialog, IDOK),
+                          GetDlgItem(dialog, IDCANCEL),    childOf(dialog, L"Edit", 1)};
+    for (std::size_t i = 0; i + 1 < std::size(order); ++i) {
+        EXPECT_EQ(GetNextDlgTabItem(dialog, order[i], FALSE), order[i + 1]) << i;
+    }
+    EXPECT_EQ(LOWORD(SendMessageW(dialog, DM_GETDEFID, 0, 0)), IDOK);
+}
+
 TEST_F(Window, EscapeLeavesTheDialogButSavesInAStopTime) {
     start();
     pressWithCtrl('N');

@@ -26,7 +26,6 @@ void QtAddForm::create(const AddCaptions& captions, AddFormListener& listener) {
     });
     dialog_->setObjectName("addForm");
     makeControls(captions);
-    nameFields(captions);
     layOut();
     dialog_->installEventFilter(this);
     for (QWidget* widget : fields_) {
@@ -78,7 +77,7 @@ void QtAddForm::show() {
     dialog_->adjustSize();
     const QPoint centre = mainWindow_->frameGeometry().center();
     dialog_->move(centre - dialog_->rect().center());
-    takeFocus(AddField::txtLabel);
+    takeFocus(kAddRows.front().field);
     dialog_->show();
 }
 

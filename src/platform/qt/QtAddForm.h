@@ -7,6 +7,7 @@
 #include "platform/AddFormView.h"
 
 class QDialog;
+class QLabel;
 class QWidget;
 
 class QtAddForm : public QObject, public AddFormView {
@@ -29,8 +30,10 @@ public:
 
 private:
     void makeControls(const AddCaptions& captions);
+    QLabel* makeLabel(AddControl which, const AddCaptions& captions);
+    QWidget* makeField(AddField which, const QString& accessibleName);
+    void makeButton(AddControl which, const AddCaptions& captions);
     void layOut();
-    void nameFields(const AddCaptions& captions);
     bool filterDialog(QEvent* event);
     bool characterTyped(const QObject* field, int characterCode);
     QWidget* field(AddField which) const { return fields_[static_cast<std::size_t>(which)]; }

@@ -5,16 +5,12 @@
 #include <utility>
 
 #include "platform/win32/WideText.h"
+#include "platform/win32/WindowText.h"
 
 namespace {
 
 constexpr WPARAM kEnter = 13;
 constexpr WPARAM kEscape = 27;
-
-bool isCombo(AddField field) {
-    return field == AddField::sHourComb || field == AddField::sMinComb || field == AddField::eHourComb ||
-           field == AddField::eMinComb;
-}
 
 // The dialog manager would turn Enter and Escape into button presses before a field sees them.
 bool wantsForField(LPARAM messageAskedFor) {
@@ -133,12 +129,7 @@ void Win32AddForm::setItems(AddField combo, const std::vector<std::u16string>& i
     }
 }
 
-std::u16string Win32AddForm::text(AddField wanted) const {
-    HWND source = field(wanted);
-    std::wstring buffer(static_cast<std::size_t>(GetWindowTextLengthW(source)) + 1, L'\0');
-    buffer.resize(static_cast<std::size_t>(GetWindowTextW(source, buffer.data(), static_cast<int>(buffer.size()))));
-    return fromWide(buffer);
-}
+std::u16string Win32AddForm::text(AddField wanted) const { return fromWide(windowText(field(wanted))); }
 
 void Win32AddForm::takeFocus(AddField wanted) {
     SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(field(wanted)), TRUE);
@@ -152,7 +143,7 @@ void Win32AddForm::show() {
     const int left = static_cast<int>(owner.left + owner.right - (own.right - own.left)) / 2;
     const int top = static_cast<int>(owner.top + owner.bottom - (own.bottom - own.top)) / 2;
     SetWindowPos(window_, HWND_TOP, left, top, 0, 0, SWP_NOSIZE | SWP_SHOWWINDOW);
-    takeFocus(AddField::txtLabel);
+    takeFocus(kAddRows.front().field);
 }
 
 void Win32AddForm::destroy() {

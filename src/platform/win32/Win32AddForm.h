@@ -9,6 +9,8 @@
 #include "platform/AddFormView.h"
 #include "platform/win32/SystemFont.h"
 
+class Scale;
+
 class Win32AddForm : public AddFormView {
 public:
     explicit Win32AddForm(HWND owner) : owner_(owner) {}
@@ -37,13 +39,13 @@ private:
     LRESULT fieldMessage(HWND window, AddField field, UINT message, WPARAM w, LPARAM l);
     LRESULT characterTyped(HWND window, AddField field, WPARAM w, LPARAM l);
     void createControls(const AddCaptions& captions);
-    void createLabel(AddControl control, const AddCaptions& captions);
-    void createHiddenLabel(AddControl label, const AddCaptions& captions);
-    void createEdit(AddField field);
-    void createCombo(AddField field);
-    void createButton(AddControl control, const AddCaptions& captions, int id, DWORD kind);
-    HWND createChild(const wchar_t* className, const wchar_t* text, DWORD style, DWORD extended, int id);
+    void createField(AddField field);
+    HWND createLabel(std::u16string_view caption, DWORD style);
+    HWND createButton(AddControl button, std::u16string_view caption);
+    HWND createChild(const wchar_t* className, std::u16string_view text, DWORD style, DWORD extended, int id);
     void layOut();
+    int placeRows(const Scale& scale, int labelWidth);  // their right edge, in pixels
+    int placeButtons(const Scale& scale, int right);    // their bottom
     HWND field(AddField wanted) const { return fields_[static_cast<std::size_t>(wanted)]; }
     HWND control(AddControl wanted) const { return controls_[static_cast<std::size_t>(wanted)]; }
 
@@ -53,6 +55,5 @@ private:
     std::array<HWND, kAddFieldCount> fields_{};
     std::array<HWND, kAddControlCount> controls_{};
     SystemFont font_;
-    std::wstring mnemonics_;    // letters taken by captions so far
     bool listWasDown_ = false;  // the key now handled found the combo's list open
 };

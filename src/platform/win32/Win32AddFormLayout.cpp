@@ -8,6 +8,7 @@
 #include "platform/win32/Scale.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32AddForm.h"
+#include "platform/win32/WindowText.h"
 
 namespace {
 
@@ -22,91 +23,85 @@ constexpr double kUnitWidth = 600;
 constexpr double kButtonWidth = 1260;
 constexpr double kButtonHeight = 375;
 constexpr double kDropHeight = 3000;
-constexpr int kRows = 5;
 
-// Marks the first letter that no earlier caption of the dialog uses.
-std::wstring withMnemonic(std::u16string_view caption, std::wstring& used) {
-    std::wstring marked = toWide(caption);
-    for (std::size_t i = 0; i < marked.size(); ++i) {
-        const auto letter = static_cast<wchar_t>(marked[i] | 0x20);
-        if (letter >= L'a' && letter <= L'z' && used.find(letter) == std::wstring::npos) {
-            used += letter;
-            return marked.insert(i, 1, L'&');
+int rowTop(const Scale& scale, int row) { return scale.pixels(kMargin + row * kRowPitch); }
+
+// Marks in the captions of buttons and rows the first letter that is still free; the buttons choose first.
+AddCaptions withMnemonics(AddCaptions captions) {
+    std::u16string used;
+    const auto mark = [&](AddControl which) {
+        std::u16string& caption = captions[static_cast<std::size_t>(which)];
+        for (std::size_t i = 0; i < caption.size(); ++i) {
+            const auto letter = static_cast<char16_t>(caption[i] | 0x20);
+            if (letter >= u'a' && letter <= u'z' && used.find(letter) == std::u16string::npos) {
+                used += letter;
+                caption.insert(i, 1, u'&');
+                return;
+            }
         }
+    };
+    std::for_each(kAddButtons.begin(), kAddButtons.end(), mark);
+    for (const AddRow& row : kAddRows) {
+        mark(row.label);
     }
-    return marked;
+    return captions;
 }
 
 }  // namespace
 
-HWND Win32AddForm::createChild(const wchar_t* className, const wchar_t* text, DWORD style, DWORD extended, int id) {
-    return CreateWindowExW(extended, className, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+HWND Win32AddForm::createChild(const wchar_t* className, std::u16string_view text, DWORD style, DWORD extended,
+                               int id) {
+    return CreateWindowExW(extended, className, toWide(text).c_str(), WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
+                           window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr),
+                           nullptr);
 }
 
-void Win32AddForm::createLabel(AddControl label, const AddCaptions& captions) {
-    const auto index = static_cast<std::size_t>(label);
-    const std::wstring caption =
-        captions[index].ends_with(u':') ? withMnemonic(captions[index], mnemonics_) : toWide(captions[index]);
-    controls_[index] = createChild(WC_STATICW, caption.c_str(), SS_CENTERIMAGE, 0, -1);
+HWND Win32AddForm::createLabel(std::u16string_view caption, DWORD style) {
+    return createChild(WC_STATICW, caption, style, 0, -1);
 }
 
-// A screen reader takes the label before a field for its name, seen or not. What stands between hours and minutes
-// would be a poor one.
-void Win32AddForm::createHiddenLabel(AddControl label, const AddCaptions& captions) {
-    const std::wstring caption = toWide(captions[static_cast<std::size_t>(label)]);
-    ShowWindow(createChild(WC_STATICW, caption.c_str(), SS_NOPREFIX, 0, -1), SW_HIDE);
-}
-
-void Win32AddForm::createEdit(AddField edit) {
-    HWND window = createChild(WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, 0);
-    fields_[static_cast<std::size_t>(edit)] = window;
-    SetWindowSubclass(window, fieldProcedure, static_cast<UINT_PTR>(edit), reinterpret_cast<DWORD_PTR>(this));
-}
-
-void Win32AddForm::createCombo(AddField combo) {
-    HWND window = createChild(WC_COMBOBOXW, L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 0, 0);
-    fields_[static_cast<std::size_t>(combo)] = window;
+void Win32AddForm::createField(AddField which) {
+    HWND window = isCombo(which)
+                      ? createChild(WC_COMBOBOXW, {}, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 0, 0)
+                      : createChild(WC_EDITW, {}, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, 0);
+    fields_[static_cast<std::size_t>(which)] = window;
     COMBOBOXINFO info{};
     info.cbSize = sizeof info;
-    if (GetComboBoxInfo(window, &info) != 0) {
-        SetWindowSubclass(info.hwndItem, fieldProcedure, static_cast<UINT_PTR>(combo),
-                          reinterpret_cast<DWORD_PTR>(this));
-    }
+    HWND typedInto = isCombo(which) && GetComboBoxInfo(window, &info) != 0 ? info.hwndItem : window;
+    SetWindowSubclass(typedInto, fieldProcedure, static_cast<UINT_PTR>(which), reinterpret_cast<DWORD_PTR>(this));
 }
 
-void Win32AddForm::createButton(AddControl button, const AddCaptions& captions, int id, DWORD kind) {
-    const auto index = static_cast<std::size_t>(button);
-    controls_[index] =
-        createChild(WC_BUTTONW, withMnemonic(captions[index], mnemonics_).c_str(), WS_TABSTOP | kind, 0, id);
+HWND Win32AddForm::createButton(AddControl which, std::u16string_view caption) {
+    const int id = which == AddControl::saveCmd ? IDOK : IDCANCEL;
+    const bool isDefault = which == kAddDefaultButton;
+    const DWORD kind = isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+    HWND button = createChild(WC_BUTTONW, caption, WS_TABSTOP | kind, 0, id);
+    if (isDefault) {
+        SendMessageW(window_, DM_SETDEFID, static_cast<WPARAM>(id), 0);
+    }
+    return button;
 }
 
 // In tab order; a label stands before its field, so that its mnemonic and its name lead there.
 void Win32AddForm::createControls(const AddCaptions& captions) {
-    mnemonics_.clear();
-    createButton(AddControl::saveCmd, captions, IDOK, BS_DEFPUSHBUTTON);
-    createButton(AddControl::cancelCmd, captions, IDCANCEL, BS_PUSHBUTTON);
-    createLabel(AddControl::Label1, captions);
-    createEdit(AddField::txtLabel);
-    createLabel(AddControl::Label2, captions);
-    createEdit(AddField::txtFreq);
-    createLabel(AddControl::LaFreq, captions);
-    createLabel(AddControl::Label3, captions);
-    createCombo(AddField::sHourComb);
-    createLabel(AddControl::Label4, captions);
-    createHiddenLabel(AddControl::Label3, captions);
-    createCombo(AddField::sMinComb);
-    createLabel(AddControl::Label5, captions);
-    createCombo(AddField::eHourComb);
-    createLabel(AddControl::Label6, captions);
-    createHiddenLabel(AddControl::Label5, captions);
-    createCombo(AddField::eMinComb);
-    createLabel(AddControl::Label7, captions);
-    createEdit(AddField::txtTarget);
-    // The buttons chose their letters first but come last in the tab order.
-    SetWindowPos(control(AddControl::saveCmd), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    SetWindowPos(control(AddControl::cancelCmd), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    SendMessageW(window_, DM_SETDEFID, IDOK, 0);
+    const AddCaptions marked = withMnemonics(captions);
+    const auto indexOf = [](AddControl which) { return static_cast<std::size_t>(which); };
+    for (const AddRow& row : kAddRows) {
+        controls_[indexOf(row.label)] = createLabel(marked[indexOf(row.label)], SS_CENTERIMAGE);
+        createField(row.field);
+        if (row.after) {
+            controls_[indexOf(*row.after)] = createLabel(marked[indexOf(*row.after)], SS_CENTERIMAGE);
+        }
+        if (row.second) {
+            // A screen reader takes the label before a field for its name, seen or not. What stands between hours
+            // and minutes would be a poor one.
+            ShowWindow(createLabel(captions[indexOf(row.label)], SS_NOPREFIX), SW_HIDE);
+            createField(*row.second);
+        }
+    }
+    for (const AddControl button : kAddButtons) {
+        controls_[indexOf(button)] = createButton(button, marked[indexOf(button)]);
+    }
 }
 
 void Win32AddForm::layOut() {
@@ -114,49 +109,60 @@ void Win32AddForm::layOut() {
     font_.create(scale.dpi());
     int labelWidth = 0;
     for (HWND child : controls_) {
-        wchar_t caption[64]{};
-        const int length = GetWindowTextW(child, caption, 64);
-        labelWidth = std::max(labelWidth, static_cast<int>(font_.extent(caption, length).cx));
+        const std::wstring caption = windowText(child);
+        const SIZE extent = font_.extent(caption.c_str(), static_cast<int>(caption.size()));
+        labelWidth = std::max(labelWidth, static_cast<int>(extent.cx));
         font_.applyTo(child);
     }
     for (HWND child : fields_) {
         font_.applyTo(child);
     }
-    const int fieldHeight = scale.pixels(kFieldHeight);
-    const int gap = scale.pixels(kGap);
-    const int fieldLeft = scale.pixels(kMargin) + labelWidth + gap;
-    const auto rowTop = [&scale](int row) { return scale.pixels(kMargin + row * kRowPitch); };
-    const auto place = [fieldHeight](HWND child, int left, int top, int width, int dropHeight = 0) {
-        MoveWindow(child, left, top, width, fieldHeight + dropHeight, TRUE);
-        return left + width;
-    };
-    const auto placeTimes = [&](int row, AddField hour, AddControl separator, AddField minute) {
-        const int width = scale.pixels(kComboWidth);
-        int x = place(field(hour), fieldLeft, rowTop(row), width, scale.pixels(kDropHeight));
-        x = place(control(separator), x + gap, rowTop(row), 2 * gap);
-        place(field(minute), x + gap, rowTop(row), width, scale.pixels(kDropHeight));
-    };
-    constexpr AddControl kRowLabels[kRows] = {AddControl::Label1, AddControl::Label2, AddControl::Label3,
-                                              AddControl::Label5, AddControl::Label7};
-    for (int row = 0; row < kRows; ++row) {
-        place(control(kRowLabels[row]), scale.pixels(kMargin), rowTop(row), labelWidth);
-    }
-    const int fieldWidth = scale.pixels(kFieldWidth);
-    place(field(AddField::txtLabel), fieldLeft, rowTop(0), fieldWidth);
-    const int unitLeft = place(field(AddField::txtFreq), fieldLeft, rowTop(1), fieldWidth) + gap;
-    const int right = place(control(AddControl::LaFreq), unitLeft, rowTop(1), scale.pixels(kUnitWidth));
-    placeTimes(2, AddField::sHourComb, AddControl::Label4, AddField::sMinComb);
-    placeTimes(3, AddField::eHourComb, AddControl::Label6, AddField::eMinComb);
-    place(field(AddField::txtTarget), fieldLeft, rowTop(4), fieldWidth);
-    const int buttonTop = rowTop(kRows) + gap;
-    const int buttonWidth = scale.pixels(kButtonWidth);
-    const int buttonHeight = scale.pixels(kButtonHeight);
-    MoveWindow(control(AddControl::saveCmd), right - 2 * buttonWidth - gap, buttonTop, buttonWidth, buttonHeight, TRUE);
-    MoveWindow(control(AddControl::cancelCmd), right - buttonWidth, buttonTop, buttonWidth, buttonHeight, TRUE);
-    RECT area{0, 0, right + scale.pixels(kMargin), buttonTop + buttonHeight + scale.pixels(kMargin)};
+    const int right = placeRows(scale, labelWidth);
+    const int bottom = placeButtons(scale, right);
+    RECT area{0, 0, right + scale.pixels(kMargin), bottom + scale.pixels(kMargin)};
     AdjustWindowRectExForDpi(&area, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
                              static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)),
                              static_cast<UINT>(scale.dpi()));
     SetWindowPos(window_, nullptr, 0, 0, area.right - area.left, area.bottom - area.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int Win32AddForm::placeRows(const Scale& scale, int labelWidth) {
+    const int gap = scale.pixels(kGap);
+    int right = 0;
+    int line = 0;
+    for (const AddRow& row : kAddRows) {
+        const int top = rowTop(scale, line++);
+        const auto place = [&](HWND child, int left, int width, int dropHeight = 0) {
+            MoveWindow(child, left, top, width, scale.pixels(kFieldHeight) + dropHeight, TRUE);
+            return left + width;
+        };
+        const auto placeField = [&](AddField which, int left) {
+            return isCombo(which) ? place(field(which), left, scale.pixels(kComboWidth), scale.pixels(kDropHeight))
+                                  : place(field(which), left, scale.pixels(kFieldWidth));
+        };
+        int end = place(control(row.label), scale.pixels(kMargin), labelWidth);
+        end = placeField(row.field, end + gap);
+        if (row.after) {
+            end = place(control(*row.after), end + gap, row.second ? 2 * gap : scale.pixels(kUnitWidth));
+        }
+        if (row.second) {
+            end = placeField(*row.second, end + gap);
+        }
+        right = std::max(right, end);
+    }
+    return right;
+}
+
+int Win32AddForm::placeButtons(const Scale& scale, int right) {
+    const int gap = scale.pixels(kGap);
+    const int width = scale.pixels(kButtonWidth);
+    const int height = scale.pixels(kButtonHeight);
+    const int top = rowTop(scale, static_cast<int>(kAddRows.size())) + gap;
+    int left = right + gap - static_cast<int>(kAddButtons.size()) * (width + gap);
+    for (const AddControl button : kAddButtons) {
+        MoveWindow(control(button), left, top, width, height, TRUE);
+        left += width + gap;
+    }
+    return top + height;
 }
