@@ -104,6 +104,11 @@ set(CPACK_DEBIAN_PACKAGE_NAME halcyon-k7)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION hamradio)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+if(NOT WIN32)
+  # Loaded by a library inside the program, where the tool that finds out the others does not look.
+  find_package(Qt6 REQUIRED COMPONENTS Network)
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6network6 (>= ${Qt6Network_VERSION})")
+endif()
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-translations-l10n)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Halcyon_K7 shows the four station lists of a DRM shortwave receiver, DRM, AM,

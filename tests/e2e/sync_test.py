@@ -1,9 +1,12 @@
 """Rebuilding the DRM list from a schedule, downloaded from a server of the test's own."""
+import pathlib
+import tempfile
 import unittest
 
 import listfiles
 from case import ProgramCase
 from listfiles import DRM_CELLS, list_ini
+from session import SESSION
 
 
 def record(programme, frequency, time, target, end="\n"):
@@ -17,10 +20,10 @@ SYNC_CELLS = [("Sync One", "05955", "06:00-07:00", "Europe"), ("Sync Two", "1500
 
 
 class Sync(ProgramCase):
-    def start(self, content, status=200):
+    def start(self, content, status=200, environment=None):
         program = self.program(listfiles.SAMPLE_LIST, listfiles.SAMPLE_USER)
         (program.folder / "config.ini").write_text(self.serve(content, status) + "\r\nanything\r\n")
-        program.start()
+        program.start(environment)
         return program
 
     def test_a_schedule_replaces_the_list(self):
@@ -79,6 +82,31 @@ class Sync(ProgramCase):
         program.answer("OK")
         self.assert_totals(program, "Synchronizing,Please wait...")
         self.assert_cells(program, DRM_CELLS)
+
+    def test_what_only_a_sync_needs_is_loaded_with_the_first(self):
+        def network_parts():
+            mapped = pathlib.Path(f"/proc/{program.process.pid}/maps").read_text().split()
+            return {name for name in ("libQt6Network", "memfd:http_exchange") if any(name in path for path in mapped)}
+        program = self.start(SCHEDULE.encode())
+        self.assertEqual(network_parts(), set())
+        for _ in range(2):
+            program.keys("ctrl+i")
+            self.assertEqual(program.message(), "The number of new station is: 2")
+            program.answer("OK")
+            self.assertEqual(network_parts(), {"libQt6Network", "memfd:http_exchange"})
+        self.assert_closes(program)
+
+    def test_without_the_network_library_only_the_sync_fails(self):
+        libraries = pathlib.Path(tempfile.mkdtemp(prefix="libraries-", dir=SESSION.folder))
+        (libraries / "libQt6Network.so.6").write_bytes(b"")  # found before the system's own
+        program = self.start(SCHEDULE.encode(), environment={"LD_LIBRARY_PATH": str(libraries)})
+        for _ in range(2):
+            program.keys("ctrl+i")
+            self.assertEqual(program.message(), "Download failed,Please check the network")
+            program.answer("OK")
+        self.assert_cells(program, DRM_CELLS)
+        self.assertEqual(self.requests, [])
+        self.assert_closes(program)
 
 
 if __name__ == "__main__":

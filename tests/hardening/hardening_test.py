@@ -1,35 +1,49 @@
-"""The built program carries what its system offers against exploited faults."""
+"""The built program, and the library inside the Linux one, carry what their system offers against exploited faults."""
 import os
 import subprocess
 import unittest
 
 PROGRAM = os.environ["HALCYON_PROGRAM"]
+LIBRARY = os.environ["HALCYON_LIBRARY"]  # what the Linux program loads with a sync
 TOOL = os.environ["HALCYON_BINARY_TOOL"]  # readelf, or objdump for Windows
 
 
-def output(*arguments):
-    return subprocess.run([TOOL, *arguments, PROGRAM], check=True, capture_output=True, text=True).stdout
+def output(*arguments, of=PROGRAM):
+    return subprocess.run([TOOL, *arguments, of], check=True, capture_output=True, text=True).stdout
 
 
 @unittest.skipIf(PROGRAM.endswith(".exe"), "a Windows program")
 class Elf(unittest.TestCase):
-    def test_it_is_loaded_at_a_random_address(self):
-        self.assertRegex(output("-hW"), r"Type:\s+DYN")
+    def both(self):
+        for file in (PROGRAM, LIBRARY):
+            with self.subTest(file):
+                yield file
+
+    def test_they_are_loaded_at_a_random_address(self):
+        for file in self.both():
+            self.assertRegex(output("-hW", of=file), r"Type:\s+DYN")
         self.assertRegex(output("-dW"), r"FLAGS_1.*\bPIE\b")
 
-    def test_its_tables_are_read_only_once_it_runs(self):
-        self.assertIn("GNU_RELRO", output("-lW"))
-        self.assertRegex(output("-dW"), r"BIND_NOW|FLAGS_1.*\bNOW\b")
+    def test_their_tables_are_read_only_once_they_are_loaded(self):
+        for file in self.both():
+            self.assertIn("GNU_RELRO", output("-lW", of=file))
+            self.assertRegex(output("-dW", of=file), r"BIND_NOW|FLAGS_1.*\bNOW\b")
 
     def test_data_is_not_executable(self):
-        segments = output("-lW").splitlines()
-        stack = [line for line in segments if "GNU_STACK" in line]
-        self.assertEqual(len(stack), 1)
-        self.assertNotIn("E", stack[0].split()[-2])
-        self.assertFalse([line for line in segments if "LOAD" in line and "RWE" in line])
+        for file in self.both():
+            segments = output("-lW", of=file).splitlines()
+            stack = [line for line in segments if "GNU_STACK" in line]
+            self.assertEqual(len(stack), 1)
+            self.assertNotIn("E", stack[0].split()[-2])
+            self.assertFalse([line for line in segments if "LOAD" in line and "RWE" in line])
 
     def test_an_overrun_stack_is_noticed(self):
-        self.assertIn("__stack_chk_fail", output("-sW"))
+        for file in self.both():
+            self.assertIn("__stack_chk_fail", output("-sW", of=file))
+
+    def test_only_the_library_needs_the_network(self):
+        self.assertNotIn("libQt6Network", output("-dW"))
+        self.assertIn("libQt6Network", output("-dW", of=LIBRARY))
 
 
 @unittest.skipUnless(PROGRAM.endswith(".exe"), "not a Windows program")

@@ -11,12 +11,14 @@ import unittest
 
 from clean_system import USER, CleanSystem
 from visit import Visit, drm_programmes
+from web import WebServer
 
 packages, version = pathlib.Path(sys.argv.pop(1)).resolve(), sys.argv.pop(1)
 DEB = packages / f"halcyon-k7_{version}_amd64.deb"
 ARCHIVE = packages / f"halcyon_k7-{version}-linux-x86_64.tar.gz"
 DESKTOP_FILE = "usr/share/applications/org.halcyon_k7.halcyon_k7.desktop"
 EMPTY = ([], True)
+SCHEDULE = b"[DRMSchedule]\nStartStopTimeUTC=0600-0700\nx\nFrequency=6000\nTarget=T\nx\nProgramme=Synchronized\nx\nx\nx\n"
 
 
 class LinuxPackages(unittest.TestCase):
@@ -42,7 +44,7 @@ class LinuxPackages(unittest.TestCase):
             self.system.run("chown", "-R", f"{USER}:", "/" + str(path.relative_to(self.system.root)))
 
     def work(self, command, files, samples, window_class=None):
-        """A start with nothing, and one with the samples in which a station is deleted."""
+        """A start with nothing, one with the samples in which a station is deleted, and one with a sync."""
         visit = self.visit(command)
         if window_class:
             self.assertTrue(visit.has_class(window_class), f"the window is not of class {window_class}")
@@ -57,6 +59,17 @@ class LinuxPackages(unittest.TestCase):
         self.assertEqual(visit.close(), 0)
         self.assertEqual(drm_programmes(files / "List.ini"), (before[1:], True))
         self.assertEqual((files / "User.ini").read_bytes(), (samples / "User.ini").read_bytes())
+        self.sync(command, files)
+
+    def sync(self, command, files):
+        server = WebServer(SCHEDULE)
+        self.addCleanup(server.stop)
+        (files / "config.ini").write_text(server.address + "\n", encoding="ascii")
+        self.user_owns(files)
+        visit = self.visit(command)
+        visit.sync(files)
+        self.assertEqual(visit.close(), 0)
+        self.assertEqual(drm_programmes(files / "List.ini"), (["Synchronized"], True))
 
     def test_deb(self):
         self.system.run("dpkg", "--install", self.system.bring(DEB))

@@ -55,6 +55,13 @@ class Visit:
         kept = recovery(folder)
         self.press_until(lambda: recovery(folder) != kept, "the deletion", "End", "Home", "Delete")
 
+    def sync(self, folder):
+        """Rebuilds the DRM list from the schedule at the configured address, and closes the message that tells so."""
+        kept = recovery(folder)
+        self.press_until(lambda: recovery(folder) != kept, "the sync", "ctrl+i")
+        wait_until(lambda: not self.takes_keys(), "the message", START)
+        self.press_until(self.takes_keys, "the message closed", "Return")
+
     def close(self):
         """As a click on the close box; the exit code."""
         self.press_until(lambda: self.process.poll() is not None, "the end", "alt+F4")
