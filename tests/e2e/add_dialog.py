@@ -61,7 +61,9 @@ class AddDialog:
         self.press("Save")
 
     def cancel(self):
+        """Clicks the button and waits until the dialog has gone."""
         self.press("Cancel")
+        self.program.wait(lambda: self.program.window(self.title) is None, "the dialog gone")
 
     def press(self, caption):
         button = self.program.find(Atspi.Role.PUSH_BUTTON, caption, within=self.program.window(self.title))

@@ -184,10 +184,17 @@ class Program:
 
     # Doing
 
+    def has_keyboard(self):
+        """The newest window is the active one, for the toolkit and for the screen: before that, keys are lost."""
+        windows = self.windows()
+        return windows and has_state(windows[-1], Atspi.StateType.ACTIVE) and SESSION.focus_has_settled()
+
     def keys(self, *keys):
+        self.wait(self.has_keyboard, "the keyboard in the newest window")
         SESSION.xdotool("key", "--clearmodifiers", *keys)
 
     def type(self, text):
+        self.wait(self.has_keyboard, "the keyboard in the newest window")
         SESSION.xdotool("type", "--clearmodifiers", "--delay", "1", text)
 
     def click(self, node, button=1, count=1, offset=(0, 0)):

@@ -130,6 +130,10 @@ class Session:
         return subprocess.run([need("xdotool"), *map(str, arguments)], env=self.environment, check=False,
                               capture_output=True, text=True).stdout.split()
 
+    def focus_has_settled(self):
+        """The window that the window manager calls active has the keyboard."""
+        return self.ask_xdotool("getactivewindow") == self.ask_xdotool("getwindowfocus") != []
+
     def stop(self):
         for child in reversed(self.children):
             try:
