@@ -25,7 +25,9 @@ void AddToFavourites::AddSelectedToFavourites() {
     if (lists_.grid(source).rowCount() < 1) {
         return;
     }
-    if (!copySelected(source)) {
+    const bool copiedAll = copySelected(source);
+    added_();
+    if (!copiedAll) {
         sayFull();
     }
     lists_.view(source).takeFocus();

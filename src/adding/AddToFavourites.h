@@ -1,6 +1,9 @@
 // Copies the selected stations of the DRM, AM or FM list into the Favourite list.
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "platform/TabControl.h"
 #include "shell/Totals.h"
 #include "shell/mMsgBox.h"
@@ -14,6 +17,8 @@ public:
     // From the list of the tab shown, top to bottom, up to 256 favourites; then a message. The total is shown
     // before anything changes, so it stays as it was. Nothing on any tab but DRM, AM and FM.
     void AddSelectedToFavourites();
+    // Called after favourites have been added, before any message.
+    void onAdded(std::function<void()> listener) { added_ = std::move(listener); }
 
 private:
     // False when the Favourite list was full before the last selected row.
@@ -25,4 +30,5 @@ private:
     TabControl& tabs_;
     Totals& totals_;
     mMsgBox& messages_;
+    std::function<void()> added_ = [] {};
 };

@@ -35,6 +35,7 @@ void CellEditing::startEdit(ListKind kind) {
     applyStandardWidths(list);
     findColumn(list.grid);
     edit_.editRow = row;
+    edited_ = kind;
     if (!isEditableColumn(edit_.editColumn)) {
         return;
     }
@@ -84,7 +85,10 @@ void CellEditing::commitAndHide() {
         return;
     }
     editing_ = false;
-    validation_.commitEdit(box_.text());
+    // The list of another tab may move as it is shown, before the switch is told: a switch discards.
+    if (tabs_.currentTab() == static_cast<int>(edited_)) {
+        validation_.commitEdit(box_.text());
+    }
     hideEditBox();
 }
 

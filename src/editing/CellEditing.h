@@ -22,11 +22,12 @@ public:
     // Opens the box over the cell of the first selected row that lies under the last pointer position.
     // Nothing without a selected row, beside the columns, or on column 3. An edit that is open is committed first.
     void startEdit(ListKind kind);
-    void enterPressed();  // commits and hides; nothing when no edit is open
-    void lostFocus();     // the same
-    void hideEditBox();   // ends an edit without committing it
-    void itemClicked();   // a click on a row, after the loss of focus that it causes
-    void viewChanged();   // the grid moves under the box: commits, since the wheel takes no focus away
+    // Commits and hides; nothing when no edit is open. Hides only, once another tab is shown than that of the edit.
+    void enterPressed();
+    void lostFocus();    // the same
+    void hideEditBox();  // ends an edit without committing it
+    void itemClicked();  // a click on a row, after the loss of focus that it causes
+    void viewChanged();  // the grid moves under the box: commits, since the wheel takes no focus away
     bool isEditing() const { return editing_; }
 
     // Moves the last pointer position to the middle of the next (step 1) or previous (step -1) editable column;
@@ -47,4 +48,5 @@ private:
     EditState& edit_;
     // Not the box's own visibility: that outlives the commit, during which a message box takes the focus.
     bool editing_ = false;
+    ListKind edited_ = ListKind::Drm;  // the list under the box
 };

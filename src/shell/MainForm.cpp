@@ -60,6 +60,7 @@ bool MainForm::Form_Load() {
     startUp_.run();
     keptChanges_ = changes();
     addForm_.onAdded([this] { keepLists(); });
+    addToFavourites_.onAdded([this] { keepLists(); });
     scheduleSync_.onRebuilt([this] { keepLists(); });
     totals_.ShowTotals();
     SetCurrentTab(platform_.tabs.currentTab());
@@ -122,10 +123,7 @@ void MainForm::QuitApplication() {
     addForm_.close();
 }
 
-void MainForm::AddSelectedToFavourites() {
-    addToFavourites_.AddSelectedToFavourites();
-    keepLists();
-}
+void MainForm::AddSelectedToFavourites() { addToFavourites_.AddSelectedToFavourites(); }
 
 void MainForm::tabClicked(int) {
     if (cellEditing_.isEditing()) {

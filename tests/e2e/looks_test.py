@@ -128,7 +128,7 @@ class Scale(ProgramCase):
                 box = box_of(program.wait(program.edit_box, "the edit box"))
                 cell = box_of(program.cell(1, 2))
                 for side in ("x", "y", "width", "height"):
-                    self.assertAlmostEqual(getattr(box, side), getattr(cell, side), delta=8, msg=side)
+                    self.assertAlmostEqual(getattr(box, side), getattr(cell, side), delta=1, msg=side)
                 Picture(f"{percent}-edit")
                 program.keys("Return", "ctrl+n")
                 title = program.dialog("Add List--[DRM List]").title

@@ -202,6 +202,26 @@ class Program:
         SESSION.xdotool("mousemove", x + offset[0], y + offset[1],
                         "click", "--repeat", count, "--delay", 20, button)
 
+    def resize(self, width, height):
+        """Gives the main window another size and waits until the list shown has followed."""
+        before = box_of(self.main_window())
+        shown = box_of(self.grid())
+        found = SESSION.ask_xdotool("search", "--onlyvisible", "--all", "--pid", self.process.pid, "--name", f"^{CAPTION}$")
+        SESSION.xdotool("windowsize", found[0], width, height)
+
+        def follows():
+            now = box_of(self.grid())
+            return (now.width - shown.width, now.height - shown.height) == (width - before.width, height - before.height)
+        self.wait(follows, f"a window of {width} x {height}")
+
+    def widen_column(self, column, pixels):
+        """Drags the right end of a column's header, 1-based, and waits until the column is wider."""
+        header = self.header_nodes()[column - 1]
+        box = box_of(header)
+        SESSION.xdotool("mousemove", box.x + box.width - 1, box.y + box.height // 2, "mousedown", 1,
+                        "mousemove_relative", pixels // 2, 0, "mousemove_relative", pixels // 2, 0, "mouseup", 1)
+        self.wait(lambda: box_of(self.header_nodes()[column - 1]).width >= box.width + pixels // 2, "a wider column")
+
     def cell(self, row, column):
         """The cell of a row and column, both 1-based."""
         return cell_at(self.grid(), row - 1, column - 1)

@@ -127,6 +127,23 @@ TEST_F(MainFormRecoveryTest, ASyncIsKeptBeforeTheUserIsTold) {
     EXPECT_EQ(platform->rows(0).rowCount(), 0);
 }
 
+TEST_F(MainFormRecoveryTest, AddedFavouritesAreKeptBeforeTheUserIsToldThatTheListIsFull) {
+    start();
+    for (int i = 0; i < 255; ++i) {
+        platform->gridViews[3].grid->appendRow({u"Full", u"6000  kHz", u"DRM"});
+    }
+    select(0, 1);
+    select(0, 2);
+    platform->messageBox.expect({u"Max number of each list is 256!"});
+    FakeFiles whenTold;
+    platform->messageBox.whileShown = [&] { whenTold = platform->files; };
+    choose(MenuItem::AddTo);
+    platform->files = whenTold;
+    killAndRestart();
+    ASSERT_EQ(platform->rows(3).rowCount(), 256);
+    EXPECT_EQ(platform->rows(3).text(256, 1), u"中");
+}
+
 TEST_F(MainFormRecoveryTest, ALoadFromTheReceiverIsKept) {
     platform->connectReceiver(u"/media/rx/");
     platform->files.files[u"/media/rx/List.ini"] = "[Total]\r\namnumber=1\r\n[AMSchedule0]\r\nProgramme=R\r\n";

@@ -130,6 +130,19 @@ TEST_F(MainFormTest, ASwitchOfTabsWhileEditingDiscardsTheEdit) {
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of AM List: 5");
 }
 
+TEST_F(MainFormTest, AListThatMovesAsItsTabIsShownTakesNoEditOfAnother) {
+    startWith(2, 5, 0);
+    typeOver(u"changed");
+    const std::u16string below(platform.rows(1).text(1, 1));
+    platform.tabs.tab = 1;  // not told yet
+    platform.grid(1).viewChanged();
+    EXPECT_FALSE(platform.editBox.visible);
+    platform.tabs.listener->tabClicked(0);
+    EXPECT_EQ(platform.rows(0).text(1, 1), u"Radio 0");
+    EXPECT_EQ(platform.rows(1).text(1, 1), below);
+    EXPECT_EQ(platform.statusBar.message, u"Total Number Of AM List: 5");
+}
+
 TEST_F(MainFormTest, DeletingLeavesTheTotalUntilTheWindowGetsTheFocus) {
     startWith(2, 0, 0);
     select(0, 1);

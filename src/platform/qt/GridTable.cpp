@@ -1,5 +1,6 @@
 #include "platform/qt/GridTable.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -81,6 +82,11 @@ void GridTable::keyboardSearch(const QString& search) {
         selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(0), QItemSelectionModel::NoUpdate);
     }
     QTableView::keyboardSearch(search);
+}
+
+void GridTable::fitScrollBars() {
+    updateGeometries();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // the change of a range shows or hides a bar so
 }
 
 void GridTable::changeEvent(QEvent* event) {

@@ -9,6 +9,8 @@ public:
 
     // By the text of the first column, whichever cell was clicked last.
     void keyboardSearch(const QString& search) override;
+    // Columns of another width may need a scroll bar, or none any more: at once, where Qt would do it after the event.
+    void fitScrollBars();
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -95,6 +95,7 @@ GridGeometry QtGridView::geometry(int row) {
     result.height = toTwips(page_->height());
     const QModelIndex index = model_->index(row - 1, 0);
     if (index.isValid()) {
+        table_->fitScrollBars();
         const int sideways = table_->horizontalScrollBar()->value();
         table_->scrollTo(index);
         table_->horizontalScrollBar()->setValue(sideways);
