@@ -1,4 +1,4 @@
-// Sorting a list, merging a schedule and deleting rows, held against the least that such work can cost.
+// Sorting a list and merging a schedule, held against the least that such work can cost.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -106,26 +106,11 @@ void measureMerge() {
     }
 }
 
-void measureDelete() {
-    SampleLists lists(u"/");
-    RowStore& drm = lists.grid(ListKind::Drm);
-    measureAlone("delete every second of 32767 rows",
-                 {[&] { drm.removeSelectedRows(); },
-                  [&] {
-                      lists.fill(kMostRows);
-                      for (int row = 1; row <= kMostRows; row += 2) {
-                          drm.setSelected(row, true);
-                      }
-                  }},
-                 kFewRounds);
-}
-
 }  // namespace
 
 int main() {
     measureSorts(kMaxRecords, kRounds);
     measureSorts(kMostRows, kFewRounds);
     measureMerge();
-    measureDelete();
     return 0;
 }

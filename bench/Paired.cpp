@@ -48,17 +48,6 @@ void reportPairs(std::string_view name, int rounds, const std::function<double()
     std::fflush(stdout);
 }
 
-void measureAlone(std::string_view name, const Work& work, int rounds) {
-    microsecondsOf(work);
-    std::vector<double> times;
-    times.reserve(static_cast<std::size_t>(rounds));
-    for (int round = 0; round < rounds; ++round) {
-        times.push_back(microsecondsOf(work));
-    }
-    std::printf("%s\t%.3f\t-\t-\n", std::string(name).c_str(), medianOf(times));
-    std::fflush(stdout);
-}
-
 void keep(std::size_t value) {
     [[maybe_unused]] static volatile std::size_t sink = 0;
     sink = value;

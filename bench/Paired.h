@@ -15,8 +15,6 @@ void measurePair(std::string_view name, const Work& ours, const Work& other, int
 // The same of two functions that measure by themselves, in microseconds.
 void reportPairs(std::string_view name, int rounds, const std::function<double()>& ours,
                  const std::function<double()>& other);
-// The same for a single piece of work: its name, "-", and the median alone.
-void measureAlone(std::string_view name, const Work& work, int rounds);
 
 // Keeps the compiler from dropping what computed `value`.
 void keep(std::size_t value);

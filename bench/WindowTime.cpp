@@ -1,7 +1,7 @@
 // Starts a program and waits until its window is on screen and drawn: the time a user waits. No window manager is
 // to run on the display, so that the program's windows are children of the root window.
-// Usage: window_time PROGRAM [ARGUMENT...]. Prints: milliseconds until then, resident and private
-// kilobytes once it has settled, milliseconds of processor time until its end.
+// Usage: window_time PROGRAM [ARGUMENT...]. Prints: milliseconds until then, resident kilobytes
+// once it has settled, milliseconds of processor time until its end.
 #include <poll.h>
 #include <spawn.h>
 #include <sys/resource.h>
@@ -113,16 +113,16 @@ private:
     std::map<xcb_window_t, Watched> windows_;
 };
 
-// Kilobytes from a line of the process's memory map summary.
-long memoryOf(pid_t process, const std::string& label) {
+// Kilobytes.
+long residentMemoryOf(pid_t process) {
+    const std::string label = "Rss:";
     std::ifstream summary("/proc/" + std::to_string(process) + "/smaps_rollup");
-    long total = 0;
     for (std::string line; std::getline(summary, line);) {
         if (line.rfind(label, 0) == 0) {
-            total += std::strtol(line.c_str() + label.size(), nullptr, 10);
+            return std::strtol(line.c_str() + label.size(), nullptr, 10);
         }
     }
-    return total;
+    return 0;
 }
 
 long millisecondsSince(Clock::time_point start) {
@@ -173,8 +173,7 @@ int main(int argc, char** argv) {
         screen.windowDrawn(kQuiet, any);
         quietSince = any ? Clock::now() : quietSince;
     }
-    const long resident = memoryOf(process, "Rss:");
-    const long owned = memoryOf(process, "Private_Clean:") + memoryOf(process, "Private_Dirty:");
-    std::printf("%.2f\t%ld\t%ld\t%.2f\n", shown, resident, owned, end(process));
+    const long resident = residentMemoryOf(process);
+    std::printf("%.2f\t%ld\t%.2f\n", shown, resident, end(process));
     return 0;
 }
