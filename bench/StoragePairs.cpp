@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -26,7 +27,10 @@
 namespace {
 
 constexpr int kRounds = 201;
+constexpr int kLongListRounds = 11;
 constexpr int kDiskRounds = 41;
+constexpr int kMostRows = 32'767;
+constexpr int kQSettingsRounds = 41;
 constexpr int kFirstRounds = 41;
 
 std::string rawReadOf(const std::string& path) {
@@ -100,7 +104,10 @@ std::string withoutNul(std::string bytes) {
     return bytes;
 }
 
-void measureParsers(Sample& sample, const Work& load) {
+// `suffix`: what the names of the rows say of the lists' size.
+void measureParsers(Sample& sample, int rounds, const std::string& suffix) {
+    const Work load{[&] { sample.load(); }, [&] { sample.lists.clear(); }};
+    const int rows = sample.lists.grid(ListKind::Favourite).rowCount();
     const std::string listBytes = withoutNul(rawReadOf(sample.listPath()));
     const std::string userBytes = withoutNul(rawReadOf(sample.userPath()));
     require(parseWithInih(listBytes) == parseWithSimpleIni(listBytes), "the libraries disagree about the keys");
@@ -109,16 +116,18 @@ void measureParsers(Sample& sample, const Work& load) {
     const auto both = [&](std::size_t (*parse)(const std::string&)) {
         return Work{[&listBytes, &userBytes, parse] { keep(parse(listBytes) + parse(userBytes)); }};
     };
-    measurePair("load / inih parsing both files", load, both(parseWithInih), kRounds);
-    measurePair("load / inih parsing List.ini", load, {[&] { keep(parseWithInih(listBytes)); }}, kRounds);
-    measurePair("load / GKeyFile parsing both files", load, both(parseWithGKeyFile), kRounds);
-    measurePair("load / SimpleIni parsing both files", load, both(parseWithSimpleIni), kRounds);
+    measurePair("load / inih parsing both files" + suffix, load, both(parseWithInih), rounds);
+    measurePair("load / inih parsing List.ini" + suffix, load, {[&] { keep(parseWithInih(listBytes)); }}, rounds);
+    measurePair("load / GKeyFile parsing both files" + suffix, load, both(parseWithGKeyFile), rounds);
+    measurePair("load / SimpleIni parsing both files" + suffix, load, both(parseWithSimpleIni), rounds);
     const std::string plainList = sample.folder / "plain-List.ini";
     const std::string plainUser = sample.folder / "plain-User.ini";
     writeAndFlush(plainList, listBytes);
     writeAndFlush(plainUser, userBytes);
-    measurePair("load / QSettings reading both files", load,
-                {[&] { keep(parseWithQSettings(plainList) + parseWithQSettings(plainUser)); }}, kRounds / 5);
+    measurePair("load / QSettings reading both files" + suffix, load,
+                {[&] { keep(parseWithQSettings(plainList) + parseWithQSettings(plainUser)); }},
+                std::min(rounds, kQSettingsRounds));
+    require(sample.lists.grid(ListKind::Favourite).rowCount() == rows, "not every record was loaded");
 }
 
 double microsecondsOf(const std::function<void()>& work) {
@@ -142,18 +151,21 @@ void measureFirstLoads(const std::string& self, const Sample& sample) {
         [&] { return firstOf(self, "first-load", sample); }, [&] { return firstOf(self, "first-read", sample); });
 }
 
-void measureSaves(Sample& sample) {
+void measureSavesInMemory(Sample& sample, int rounds, const std::string& suffix) {
     sample.lists.writeUtf8(sample.files, sample.codePages);
-    const std::string listBytes = rawReadOf(sample.listPath());
-    const std::string userBytes = rawReadOf(sample.userPath());
-    const SimpleIniFile list(withoutNul(listBytes));
-    const SimpleIniFile user(withoutNul(userBytes));
+    const SimpleIniFile list(withoutNul(rawReadOf(sample.listPath())));
+    const SimpleIniFile user(withoutNul(rawReadOf(sample.userPath())));
     MemoryFiles memory;
     sample.lists.writeUtf8(memory, sample.codePages);
     ListSaver inMemory(sample.lists.lists(), sample.lists.copies(), sample.lists.settings(), memory, sample.codePages);
-    measurePair("save in memory / SimpleIni composing both files", {[&] { inMemory.SaveLists(); }},
-                {[&] { keep(list.compose().size() + user.compose().size()); }}, kRounds);
+    measurePair("save in memory / SimpleIni composing both files" + suffix, {[&] { inMemory.SaveLists(); }},
+                {[&] { keep(list.compose().size() + user.compose().size()); }}, rounds);
+}
 
+void measureSavesOnDisk(Sample& sample) {
+    sample.lists.writeUtf8(sample.files, sample.codePages);
+    const std::string listBytes = rawReadOf(sample.listPath());
+    const std::string userBytes = rawReadOf(sample.userPath());
     ListSaver saver(sample.lists.lists(), sample.lists.copies(), sample.lists.settings(), sample.files,
                     sample.codePages);
     const std::string list2 = sample.folder / "other-List.ini";
@@ -170,6 +182,27 @@ void measureSaves(Sample& sample) {
     require(saver.ListsSaved(), "the lists could not be saved");
 }
 
+// As many records as the receiver holds.
+void measureReceiversLists(const std::string& self, const std::filesystem::path& folder) {
+    Sample sample(folder, kMaxRecords);
+    sample.lists.writeUtf8(sample.files, sample.codePages);
+    measureParsers(sample, kRounds, "");
+    measurePair("load / raw read of both files", {[&] { sample.load(); }, [&] { sample.lists.clear(); }},
+                {[&] { sample.rawRead(); }}, kRounds);
+    measureFirstLoads(self, sample);
+    measureSavesInMemory(sample, kRounds, "");
+    measureSavesOnDisk(sample);
+}
+
+// As many as a list file can count.
+void measureLongLists(const std::filesystem::path& folder) {
+    const std::string suffix = " of " + std::to_string(kMostRows) + " rows";
+    Sample sample(folder, kMostRows);
+    sample.lists.writeUtf8(sample.files, sample.codePages);
+    measureParsers(sample, kLongListRounds, suffix);
+    measureSavesInMemory(sample, kLongListRounds, suffix);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -183,14 +216,8 @@ int main(int argc, char** argv) {
     keepFreedMemory();
     std::string folder = (std::filesystem::current_path() / "storage_pairs.XXXXXX").string();
     require(::mkdtemp(folder.data()) != nullptr, "no temporary folder");
-    Sample sample(folder, kMaxRecords);
-    sample.lists.writeUtf8(sample.files, sample.codePages);
-    const Work load{[&] { sample.load(); }, [&] { sample.lists.clear(); }};
-    measureParsers(sample, load);
-    measurePair("load / raw read of both files", load, {[&] { sample.rawRead(); }}, kRounds);
-    require(sample.lists.grid(ListKind::Favourite).rowCount() == kMaxRecords, "not every record was loaded");
-    measureFirstLoads(argv[0], sample);
-    measureSaves(sample);
+    measureReceiversLists(argv[0], folder);
+    measureLongLists(folder);
     std::filesystem::remove_all(folder);
     return 0;
 }
