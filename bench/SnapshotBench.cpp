@@ -45,8 +45,8 @@ void SnapshotInMemory(benchmark::State& state) {
     keepAfterEachEdit(state, files, u"/");
 }
 
-BENCHMARK(SnapshotInMemory)->Arg(256)->Arg(8192)->Unit(benchmark::kMicrosecond)->UseRealTime();
-BENCHMARK(SnapshotOnDisk)->Arg(256)->Arg(8192)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(SnapshotInMemory)->Arg(kMaxRecords)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(SnapshotOnDisk)->Arg(kMaxRecords)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 }  // namespace
 

@@ -27,33 +27,48 @@ class Check(unittest.TestCase):
                 measure.PAGE = old
 
     def test_a_quarter_worse_fails_and_less_does_not(self):
-        self.assertEqual(self.check([('a', 1.0, 1.2, '')], [('a', 1.24, 1.2, '')])[0], 0)
-        result, output = self.check([('a', 1.0, 1.2, ''), ('b', 1.0, None, '')], [('a', 1.26, 1.2, ''), ('b', 1, None, '')])
+        self.assertEqual(self.check([('a', 1.0, 2, '')], [('a', 1.24, 2, '')])[0], 0)
+        page = [('a', 1.0, 2, ''), ('b', 1.0, None, '')]
+        result, output = self.check(page, [('a', 1.26, 2, ''), ('b', 1, None, '')])
         self.assertEqual(result, 1)
         self.assertRegex(output, r'WORSE  1.26 \(1 written\)  a\nok +1 \(1 written\)  b')
 
     def test_a_row_that_misses_its_bound_is_compared_too(self):
         self.assertEqual(self.check([('a', 3.0, 1.5, '')], [('a', 3.8, 1.5, '')])[0], 1)
 
-    def test_within_half_of_its_bound_a_row_is_safe(self):
-        self.assertEqual(self.check([('a', 1e-5, 1e-3, '')], [('a', 4e-5, 1e-3, '')])[0], 0)
-        self.assertEqual(self.check([('a', 1e-5, 1e-3, '')], [('a', 6e-4, 1e-3, '')])[0], 1)
-        self.assertEqual(self.check([('a', 0.19, 0.5, '')], [('a', 0.249, 0.5, '')])[0], 0)
-        self.assertEqual(self.check([('a', 0.19, 0.5, '')], [('a', 0.26, 0.5, '')])[0], 1)
+    def test_far_within_its_bound_or_without_one_a_row_is_compared_like_any_other(self):
+        self.assertEqual(self.check([('a', 0.1, 0.5, '')], [('a', 0.124, 0.5, '')])[0], 0)
+        self.assertEqual(self.check([('a', 0.1, 0.5, '')], [('a', 0.126, 0.5, '')])[0], 1)
+        self.assertEqual(self.check([('a', 0.04, None, '')], [('a', 0.06, None, '')])[0], 1)
+        self.assertEqual(self.check([('a', 0.6, 1, ' MB')], [('a', 0.8, 1, ' MB')])[0], 1)
 
-    def test_without_a_bound_ten_times_as_fast_is_safe(self):
-        self.assertEqual(self.check([('a', 0.01, None, '')], [('a', 0.09, None, '')])[0], 0)
-        self.assertEqual(self.check([('a', 0.01, None, '')], [('a', 0.11, None, '')])[0], 1)
-        self.assertEqual(self.check([('a', 1.0, None, '')], [('a', 1.3, None, '')])[0], 1)
+    def test_below_a_hundredth_both_ratios_are_noise(self):
+        self.assertEqual(self.check([('a', 1e-5, 1e-3, '')], [('a', 9e-4, 1e-3, '')])[0], 0)
+        self.assertEqual(self.check([('a', 1e-5, None, '')], [('a', 9e-3, None, '')])[0], 0)
+        self.assertEqual(self.check([('a', 9e-3, None, '')], [('a', 0.02, None, '')])[0], 1)
 
-    def test_figures_with_a_unit_are_compared_but_for_milliseconds(self):
-        self.assertEqual(self.check([('a', 3, 6, ' wake-ups')], [('a', 7, 6, ' wake-ups')])[0], 1)
-        self.assertEqual(self.check([('a', 3, 16, ' ms')], [('a', 70, 16, ' ms')])[0], 0)
+    def test_a_bound_that_was_reached_must_be_reached_again(self):
+        result, output = self.check([('a', 1.15, 1.2, '')], [('a', 1.21, 1.2, '')])
+        self.assertEqual(result, 1)
+        self.assertIn('PAST ITS BOUND  1.21 (1.15 written)  a', output)
+        self.assertEqual(self.check([('a', 1.21, 1.2, '')], [('a', 1.22, 1.2, '')])[0], 0)
+        self.assertEqual(self.check([('a', 1e-5, 1e-3, '')], [('a', 2e-3, 1e-3, '')])[0], 1)
+
+    def test_milliseconds_and_wake_ups_are_held_against_their_bound_only(self):
+        for unit in measure.ABSOLUTE:
+            self.assertEqual(self.check([('a', 3, 16, unit)], [('a', 15, 16, unit)])[0], 0)
+            self.assertEqual(self.check([('a', 3, 16, unit)], [('a', 17, 16, unit)])[0], 1)
+            self.assertEqual(self.check([('a', 17, 16, unit)], [('a', 17, 16, unit)])[0], 1)
+
+    def test_a_row_that_the_page_does_not_have_fails(self):
+        result, output = self.check([('a', 1.0, None, '')], [('a', 1.0, None, ''), ('b', 1.0, None, '')])
+        self.assertEqual(result, 1)
+        self.assertIn('NOT ON THE PAGE  1  b', output)
 
     def test_a_row_that_was_not_measured_fails(self):
         result, output = self.check([('a', 1.0, None, ''), ('b', 1.0, None, '')], [('a', 1.0, None, '')])
         self.assertEqual(result, 1)
-        self.assertIn('MISSING  b', output)
+        self.assertIn('NOT MEASURED  b', output)
 
 
 if __name__ == '__main__':
