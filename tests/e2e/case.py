@@ -29,9 +29,9 @@ class ProgramCase(unittest.TestCase):
     def sample_receiver(self, name="receiver"):
         return self.receiver(name, files={"List.ini": SAMPLE_LIST, "User.ini": SAMPLE_USER})
 
-    def serve(self, content, status=200):
+    def serve(self, content, status=200, when=None):
         """Serves the content at every address of a server of its own; its address. `requests` records the paths."""
-        server = WebServer(content, status)
+        server = WebServer(content, status, when)
         self.addCleanup(server.stop)
         self.requests = server.requests
         return server.address

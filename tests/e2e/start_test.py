@@ -124,28 +124,37 @@ class End(ProgramCase):
 class BadInput(ProgramCase):
     """Whatever lies in the folder, the program starts, works and ends."""
 
-    def works(self, program, seconds=60):
+    def works(self, program, seconds=60, drm=None, favourites=None):
+        """It starts, shows these rows where any are given, and ends."""
         program.start(wrapper=AS_ANYBODY, seconds=seconds)
+        if drm is not None:
+            self.assert_cells(program, drm)
         program.show_tab("Favourite")
+        if favourites is not None:
+            self.assert_cells(program, favourites)
         program.keys("alt+F4")
         self.assertEqual(program.wait_for_end(seconds), 0, program.errors())
 
     def test_a_folder_in_the_place_of_a_file(self):
         program = self.program(user_ini=SAMPLE_USER)
         (program.folder / "List.ini").mkdir()
-        self.works(program)
+        self.works(program, drm=[], favourites=listfiles.FAVOURITE_CELLS)
         self.assertTrue((program.folder / "List.ini").is_dir())
         self.assertEqual(program.read("User.ini"), SAMPLE_USER)
 
     def test_an_unreadable_file(self):
         program = self.program(SAMPLE_LIST, SAMPLE_USER)
         os.chmod(program.folder / "List.ini", 0)
-        self.works(program)
+        self.works(program, drm=[], favourites=listfiles.FAVOURITE_CELLS)
+        os.chmod(program.folder / "List.ini", 0o644)
+        self.assertEqual(program.read("List.ini"), SAMPLE_LIST)
+        self.assertEqual(program.read("User.ini"), SAMPLE_USER)
 
     def test_a_link_to_nowhere(self):
         program = self.program(user_ini=SAMPLE_USER)
         (program.folder / "List.ini").symlink_to(program.folder / "nowhere")
-        self.works(program)
+        self.works(program, drm=[], favourites=listfiles.FAVOURITE_CELLS)
+        self.assertFalse((program.folder / "nowhere").exists())
 
     def test_random_bytes(self):
         # A fixed sequence: the same in every run.
@@ -160,7 +169,8 @@ class BadInput(ProgramCase):
 
     def test_a_huge_file(self):
         line = b"Programme=" + b"x" * 100 + b"\r\n"
-        self.works(self.program(SAMPLE_LIST + line * (100 * 2**20 // len(line)), SAMPLE_USER))
+        self.works(self.program(SAMPLE_LIST + line * (100 * 2**20 // len(line)), SAMPLE_USER),
+                   favourites=listfiles.FAVOURITE_CELLS)
 
     def test_counts_that_lie(self):
         self.works(self.program(b"[Total]\r\ndrmnumber=99999999999\r\namnumber=-5\r\nfmnumber=32767\r\n",

@@ -1,11 +1,13 @@
 """Rebuilding the DRM list from a schedule, downloaded from a server of the test's own."""
 import pathlib
 import tempfile
+import threading
 import unittest
 
 import listfiles
 from case import ProgramCase
 from listfiles import DRM_CELLS, list_ini
+from nodes import Atspi
 from session import SESSION
 
 
@@ -20,9 +22,9 @@ SYNC_CELLS = [("Sync One", "05955", "06:00-07:00", "Europe"), ("Sync Two", "1500
 
 
 class Sync(ProgramCase):
-    def start(self, content, status=200, environment=None):
+    def start(self, content, status=200, environment=None, when=None):
         program = self.program(listfiles.SAMPLE_LIST, listfiles.SAMPLE_USER)
-        (program.folder / "config.ini").write_text(self.serve(content, status) + "\r\nanything\r\n")
+        (program.folder / "config.ini").write_text(self.serve(content, status, when) + "\r\nanything\r\n")
         program.start(environment)
         return program
 
@@ -82,6 +84,30 @@ class Sync(ProgramCase):
         program.answer("OK")
         self.assert_totals(program, "Synchronizing,Please wait...")
         self.assert_cells(program, DRM_CELLS)
+
+    def test_no_input_is_taken_while_it_loads(self):
+        answer = threading.Event()
+        self.addCleanup(answer.set)
+        program = self.start(SCHEDULE.encode(), when=answer)
+        program.select_row(2)
+        program.keys("ctrl+i")
+        program.wait(lambda: self.requests, "the request")
+        self.assert_totals(program, "Downloading,Please wait...")
+        program.keys("Delete", "Return", "ctrl+Tab", "ctrl+n")
+        program.click(program.find(Atspi.Role.PAGE_TAB, "Favourite"))
+        program.click(program.header_nodes()[0])
+        # Each question is answered by the loop that takes the input, after what had come before.
+        for _ in range(3):
+            self.assertEqual(program.cells(), DRM_CELLS)
+            self.assertEqual(program.headers()[2], "Time(UTC)")
+            self.assertEqual(program.totals(), "Downloading,Please wait...")
+            self.assertIsNone(program.edit_box())
+            self.assertEqual(len(program.windows()), 1)
+        answer.set()
+        self.assertEqual(program.message(), "The number of new station is: 2")
+        program.answer("OK")
+        self.assert_cells(program, SYNC_CELLS)
+        self.assert_closes(program)
 
     def test_what_only_a_sync_needs_is_loaded_with_the_first(self):
         def network_parts():

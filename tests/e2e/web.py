@@ -4,14 +4,16 @@ import threading
 
 
 class WebServer:
-    """`address` is one of its addresses; `requests` are the paths asked for so far."""
+    """`address` is one of its addresses; `requests` are the paths asked for so far. It answers once the event is set."""
 
-    def __init__(self, content, status=200):
+    def __init__(self, content, status=200, when=None):
         self.requests = requests = []
 
         class Handler(http.server.BaseHTTPRequestHandler):
             def do_GET(self):
                 requests.append(self.path)
+                if when is not None:
+                    when.wait()
                 self.send_response(status)
                 self.send_header("Content-Length", str(len(content)))
                 self.end_headers()
