@@ -9,6 +9,7 @@
 #include <csignal>
 
 #include "platform/StatusBar.h"
+#include "platform/qt/InputBlock.h"
 #include "platform/qt/QtSignals.h"
 #include "qt/RecordingWindow.h"
 
@@ -97,6 +98,23 @@ TEST_F(WindowTest, EverySignalToEndClosesTheWindow) {
         std::raise(number);
         EXPECT_TRUE(QTest::qWaitFor([&] { return window.closed == 1; }, kPatience)) << number;
     }
+}
+
+TEST_F(WindowTest, ABlockOfInputHoldsTheCloseBoxAndTheKeysBack) {
+    fill(3);
+    recorder.take();
+    {
+        const InputBlock block;
+        EXPECT_FALSE(userCloses());
+        QTest::keyClick(table(), Qt::Key_Delete);
+        QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, cell(2));
+        QTest::keyClick(table(), Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(recorder.take(), Events{});
+        EXPECT_EQ(platform.tabs.currentTab(), 0);
+    }
+    QTest::keyClick(table(), Qt::Key_Delete);
+    EXPECT_EQ(recorder.take().size(), 1U);
+    EXPECT_TRUE(userCloses());
 }
 
 TEST_F(WindowTest, TellsAReturnFromAnOwnBoxFromAComingToTheWindow) {

@@ -1,8 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <random>
+#include <string_view>
+
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
 #include "storage/WorkingCopies.h"
+#include "storage/mTextUTF.h"
 
 using namespace std::string_literals;
 
@@ -44,6 +49,28 @@ TEST_F(WorkingCopy, TheEncodingIsNotGuessed) {
     EXPECT_EQ(files.files[kPath],
               "\xFF\xFE\xFD\xFF\xFD\xFF"
               "a\0\0\0"s);
+}
+
+TEST_F(WorkingCopy, TheTextLayerConvertsAnyBytesToTheSame) {
+    static constexpr std::array<std::string_view, 12> kPieces = {
+        "\xEF\xBB\xBF", "\xFF\xFE",     "\xFE\xFF",         std::string_view("\0", 1),
+        "\xE4\xB8",     "\xE4\xB8\xAD", "\xF0\x9F\x93\xBB", "\xED\xA0\x80",
+        "\x80",         "\r\n",         "[Total]",          "x"};
+    std::mt19937 random(1);
+    std::uniform_int_distribution<std::size_t> piece(0, kPieces.size() - 1);
+    mTextUTF texts(files, codePages);
+    for (int round = 0; round < 2000; ++round) {
+        std::string bytes;
+        for (std::size_t left = piece(random); left > 0; --left) {
+            bytes += kPieces[piece(random)];
+        }
+        files.files[kPath] = bytes;
+        TextFormat format = TextFormat::Utf8;
+        const std::u16string text = texts.ReadTextFile(kPath, format);
+        format = TextFormat::Utf16Le;
+        ASSERT_TRUE(texts.WriteTextFile(kPath, text, false, format, format, true, false));
+        ASSERT_EQ(files.files[kPath], convertedWorkingCopy(bytes)) << testing::PrintToString(bytes);
+    }
 }
 
 TEST_F(WorkingCopy, AnEmptyFileBecomesAnEmptyText) {
