@@ -1,4 +1,6 @@
 // The sync of the whole program with a server of the test's own.
+#include <future>
+
 #include "win32/OneAnswerServer.h"
 #include "win32/WindowFixture.h"
 
@@ -27,6 +29,39 @@ TEST_F(Sync, RebuildsTheListFromAPublishedSchedule) {
     EXPECT_EQ(program().columnTexts(drm, 2), (std::vector<std::wstring>{L"3955", L"03975"}));
     EXPECT_EQ(program().columnTexts(drm, 3), (std::vector<std::wstring>{L"06:00-07:30", L"23:00-24:00"}));
     EXPECT_FALSE(std::filesystem::exists(folder.file("DRMSchedule.ini")));
+}
+
+TEST_F(Sync, NoInputIsTakenWhileItLoads) {
+    std::promise<void> answer;
+    const std::string schedule = "[DRMSchedule]\r\nx\r\n" + scheduleRecord("0600-0730", "3955");
+    const OneAnswerServer server([&, released = answer.get_future().share()](SOCKET client) {
+        released.wait();
+        sendAll(client, "HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + std::to_string(schedule.size()) +
+                            "\r\n\r\n" + schedule);
+    });
+    folder.write("config.ini", server.address() + "/schedule\r\n");
+    start();
+    HWND drm = program().list(kDrm);
+    program().click(drm, 2, 1);
+    EXPECT_TRUE(statusBecomes(L"Press 'Delete' Key To Delete "));
+    pressWithCtrl('I');
+    EXPECT_TRUE(statusBecomes(L"Downloading,Please wait..."));
+    pressKey(VK_DELETE);
+    pressKey(VK_RETURN);
+    pressWithCtrl('N');
+    pressWithCtrl(VK_TAB);
+    program().clickHeader(drm, 1);
+    EXPECT_EQ(program().columnTexts(drm, 1), (std::vector<std::wstring>{L"Charlie", L"alpha", L"Bravo"}));
+    EXPECT_EQ(program().status(), L"Downloading,Please wait...");
+    answer.set_value();
+    HWND report = program().dialog(L"Halcyon_K7");
+    ASSERT_NE(report, nullptr);
+    EXPECT_EQ(messageOf(report), L"The number of new station is: 1");
+    EXPECT_FALSE(program().boxIsOpen());
+    pressButton(report, IDOK);
+    EXPECT_TRUE(statusBecomes(L"Total Number Of DRM List: 1"));
+    EXPECT_EQ(program().columnTexts(drm, 2), (std::vector<std::wstring>{L"3955"}));
+    EXPECT_TRUE(program().close());
 }
 
 TEST_F(Sync, AScheduleTooLongKeepsTheListAndTheStatusLine) {
