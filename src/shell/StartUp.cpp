@@ -67,10 +67,10 @@ std::string StartUp::convert(std::u16string_view path, const std::optional<std::
 
 void StartUp::prepareLocal() {
     for (const std::u16string& path : {workingCopies_.ListFilePath, workingCopies_.UserFilePath}) {
-        if (files_.exists(path)) {
-            findDiskDriver_.ClearFileAttributes(path);
-        } else {
+        if (isMissing(files_, path)) {
             createWorkingCopy(path, files_, codePages_);
+        } else {
+            findDiskDriver_.ClearFileAttributes(path);
         }
     }
 }

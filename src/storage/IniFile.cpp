@@ -11,7 +11,7 @@
 bool editIniFile(std::u16string_view path, Files& files, CodePages& codePages,
                  const std::function<void(ProfileEdit&)>& change) {
     const auto present = files.read(path);
-    if (!present && files.exists(path)) {
+    if (!present && !isMissing(files, path)) {
         return false;
     }
     ProfileText old = decodeProfile(present ? *present : std::string(), codePages);

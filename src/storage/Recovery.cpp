@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "storage/SafeFile.h"
+
 Recovery::Recovery(std::u16string_view programFolder, Files& files)
     : folder_(std::u16string(programFolder) + u"Recovery"), files_(files) {
     const char16_t separator = programFolder.empty() ? u'/' : programFolder.back();
@@ -10,7 +12,7 @@ Recovery::Recovery(std::u16string_view programFolder, Files& files)
 
 std::optional<WorkingCopyBytes> Recovery::find() {
     for (std::size_t slot = 0; slot < kSlots; ++slot) {
-        const auto file = files_.exists(slots_[slot]) ? readWorkingCopy(slots_[slot], files_) : std::nullopt;
+        const auto file = readWorkingCopy(slots_[slot], files_);
         auto snapshot = file ? decodeSnapshot(*file) : std::nullopt;
         if (snapshot && (!kept_ || snapshot->number > number_)) {
             newest_ = slot;
@@ -53,7 +55,7 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
 void Recovery::discard() {
     // The newest goes last: alone, the older one would be taken for what to go back to.
     for (const std::size_t slot : {(newest_ + 1) % kSlots, newest_}) {
-        if (files_.exists(slots_[slot]) && !files_.remove(slots_[slot])) {
+        if (!isMissing(files_, slots_[slot]) && !files_.remove(slots_[slot])) {
             return;
         }
     }

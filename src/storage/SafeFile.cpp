@@ -23,6 +23,16 @@ bool putInPlace(Files& files, std::u16string_view path) {
 
 std::u16string besideOf(std::u16string_view path) { return std::u16string(path) + u".k7new"; }
 
+bool isMissing(Files& files, std::u16string_view path) {
+    constexpr int kAttempts = 3;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        if (files.exists(path)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 void removeLeftover(Files& files, std::u16string_view path) {
     const std::u16string beside = besideOf(path);
     if (files.exists(beside)) {

@@ -11,6 +11,10 @@
 // Where the new file is written before it takes the place of the old one.
 std::u16string besideOf(std::u16string_view path);
 
+// True when no file or folder has the name. Asked more than once: a device that is away for a moment seems empty, and
+// what follows from a missing file - a new one, nothing to put back - would cost the one that is there.
+bool isMissing(Files& files, std::u16string_view path);
+
 // Removes what a run that was ended in the middle of a write may have left beside the file.
 void removeLeftover(Files& files, std::u16string_view path);
 

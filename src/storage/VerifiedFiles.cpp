@@ -15,11 +15,11 @@ public:
 
     // False: there is an old file that could not be put back.
     bool readOld() {
-        if (files_.exists(path_)) {
-            old_ = files_.read(path_);
-            return old_.has_value();
+        if (isMissing(files_, path_)) {
+            return true;
         }
-        return true;
+        old_ = files_.read(path_);
+        return old_.has_value();
     }
     bool writeBeside() {
         removeLeftover(files_, path_);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iostream>
 #include <memory>
 
 #include "fakes/FakePlatform.h"
@@ -180,8 +181,13 @@ bool nothingBeside(const FakeFiles& disk, std::u16string_view folder) {
 
 class Loop : public testing::Test {
 protected:
+    static void SetUpTestSuite() { runsOfSuite = 0; }
+    static void TearDownTestSuite() {
+        const auto* const suite = testing::UnitTest::GetInstance()->current_test_suite();
+        std::cout << suite->name() << ": " << runsOfSuite << " runs\n";
+    }
     void TearDown() override {
-        RecordProperty("runs", runs);
+        runsOfSuite += runs;
         EXPECT_GT(faults, 0) << "no operation was hit";
     }
     // False: the plan's last fault has not been reached.
@@ -257,6 +263,7 @@ protected:
         }
     }
 
+    inline static int runsOfSuite = 0;
     int runs = 0;
     int faults = 0;  // runs that met the last fault of their plan
 };

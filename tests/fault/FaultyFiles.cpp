@@ -23,9 +23,11 @@ const char* nameOf(Fault fault) {
 }
 
 bool FaultyFiles::canHit(Kind kind) const {
+    const bool writes = kind == Kind::Write || kind == Kind::UnflushedWrite;
+    const bool renames = kind == Kind::Rename || kind == Kind::UnflushedRename;
     switch (plan_.fault) {
-        case Fault::NoSpace:
-            return kind == Kind::Write || kind == Kind::UnflushedWrite;
+        case Fault::NoSpace:  // a new name may need a block of its own
+            return writes || renames || kind == Kind::CreateFolder;
         case Fault::InputOutput:
         case Fault::NoDevice:
             return true;
@@ -33,11 +35,11 @@ bool FaultyFiles::canHit(Kind kind) const {
             return kind != Kind::Read;
         case Fault::ShortWrite:
         case Fault::FailedClose:
-            return kind == Kind::Write || kind == Kind::UnflushedWrite;
+            return writes;
         case Fault::FailedFlush:
-            return kind == Kind::Write;
+            return kind == Kind::Write || kind == Kind::Rename || kind == Kind::FlushFolder;
         case Fault::FailedRename:
-            return kind == Kind::Rename;
+            return renames;
     }
     return false;
 }
@@ -49,6 +51,11 @@ bool FaultyFiles::fails(Kind kind) {
     ++count_;
     return count_ == plan_.first || (plan_.forGood && count_ > plan_.first) ||
            (plan_.second > 0 && count_ == plan_.first + plan_.second);
+}
+
+// A missing device is one without files; with any other fault it cannot be told.
+bool FaultyFiles::exists(std::u16string_view path) {
+    return fails(Kind::Read) ? plan_.fault != Fault::NoDevice : files_.exists(path);
 }
 
 std::optional<std::uint64_t> FaultyFiles::size(std::u16string_view path) {
@@ -63,14 +70,24 @@ std::optional<std::string> FaultyFiles::readBack(std::u16string_view path) {
     return fails(Kind::Read) ? std::nullopt : files_.readBack(path);
 }
 
+std::string_view FaultyFiles::partOf(std::string_view bytes) const {
+    switch (plan_.fault) {
+        case Fault::ShortWrite:
+            return bytes.substr(0, bytes.size() / 2);
+        case Fault::FailedFlush:
+        case Fault::FailedClose:
+            return bytes;
+        default:
+            return {};
+    }
+}
+
 bool FaultyFiles::write(std::u16string_view path, std::string_view bytes) {
     if (!fails(Kind::Write)) {
         return files_.write(path, bytes);
     }
-    if (plan_.fault == Fault::ShortWrite) {
-        files_.write(path, bytes.substr(0, bytes.size() / 2));
-    } else if (plan_.fault == Fault::FailedFlush || plan_.fault == Fault::FailedClose) {
-        files_.write(path, bytes);
+    if (const std::string_view part = partOf(bytes); !part.empty()) {
+        files_.write(path, part);
     }
     return false;
 }
@@ -79,10 +96,8 @@ bool FaultyFiles::writeUnflushed(std::u16string_view path, std::string_view byte
     if (!fails(Kind::UnflushedWrite)) {
         return files_.writeUnflushed(path, bytes);
     }
-    if (plan_.fault == Fault::ShortWrite) {
-        files_.writeUnflushed(path, bytes.substr(0, bytes.size() / 2));
-    } else if (plan_.fault == Fault::FailedClose) {
-        files_.writeUnflushed(path, bytes);
+    if (const std::string_view part = partOf(bytes); !part.empty()) {
+        files_.writeUnflushed(path, part);
     }
     return false;
 }
@@ -91,22 +106,28 @@ bool FaultyFiles::append(std::u16string_view path, std::string_view bytes) {
     if (!fails(Kind::Write)) {
         return files_.append(path, bytes);
     }
-    if (plan_.fault == Fault::ShortWrite) {
-        files_.append(path, bytes.substr(0, bytes.size() / 2));
+    if (const std::string_view part = partOf(bytes); !part.empty()) {
+        files_.append(path, part);
     }
     return false;
 }
 
 bool FaultyFiles::rename(std::u16string_view from, std::u16string_view to) {
-    return !fails(Kind::Rename) && files_.rename(from, to);
+    if (!fails(Kind::Rename)) {
+        return files_.rename(from, to);
+    }
+    if (plan_.fault == Fault::FailedFlush) {
+        files_.renameUnflushed(from, to);
+    }
+    return false;
 }
 
 bool FaultyFiles::renameUnflushed(std::u16string_view from, std::u16string_view to) {
-    return !fails(Kind::Rename) && files_.renameUnflushed(from, to);
+    return !fails(Kind::UnflushedRename) && files_.renameUnflushed(from, to);
 }
 
 void FaultyFiles::flushFolderOf(std::u16string_view path) {
-    if (!fails(Kind::Change)) {
+    if (!fails(Kind::FlushFolder)) {
         files_.flushFolderOf(path);
     }
 }
@@ -117,10 +138,16 @@ bool FaultyFiles::clearAttributes(std::u16string_view path) {
     return !fails(Kind::Change) && files_.clearAttributes(path);
 }
 
-bool FaultyFiles::createFolder(std::u16string_view path) { return !fails(Kind::Change) && files_.createFolder(path); }
+bool FaultyFiles::createFolder(std::u16string_view path) {
+    return !fails(Kind::CreateFolder) && files_.createFolder(path);
+}
 
 bool FaultyFiles::removeFolder(std::u16string_view path) { return !fails(Kind::Change) && files_.removeFolder(path); }
 
 std::vector<std::u16string> FaultyFiles::list(std::u16string_view path) {
     return fails(Kind::Read) ? std::vector<std::u16string>() : files_.list(path);
+}
+
+std::optional<std::uint64_t> FaultyFiles::freeSpace(std::u16string_view folder) {
+    return fails(Kind::Read) ? std::nullopt : files_.freeSpace(folder);
 }

@@ -29,7 +29,7 @@ public:
     bool firstFailed() const { return plan_.first > 0 && count_ >= plan_.first; }
     bool secondFailed() const { return plan_.second > 0 && count_ >= plan_.first + plan_.second; }
 
-    bool exists(std::u16string_view path) override { return files_.exists(path); }
+    bool exists(std::u16string_view path) override;
     std::optional<std::uint64_t> size(std::u16string_view path) override;
     std::optional<std::string> read(std::u16string_view path) override;
     std::optional<std::string> readBack(std::u16string_view path) override;
@@ -44,12 +44,14 @@ public:
     bool createFolder(std::u16string_view path) override;
     bool removeFolder(std::u16string_view path) override;
     std::vector<std::u16string> list(std::u16string_view path) override;
-    std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override { return files_.freeSpace(folder); }
+    std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
 
 private:
-    enum class Kind { Read, Write, UnflushedWrite, Rename, Change };
+    enum class Kind { Read, Write, UnflushedWrite, Rename, UnflushedRename, CreateFolder, FlushFolder, Change };
     bool canHit(Kind kind) const;
     bool fails(Kind kind);
+    // What a failed write has put there nevertheless.
+    std::string_view partOf(std::string_view bytes) const;
 
     Files& files_;
     FaultPlan plan_;
