@@ -46,7 +46,7 @@ macro(make name)
   add_custom_command(OUTPUT ${made}/${name} ${ARGN} WORKING_DIRECTORY ${made} VERBATIM)
   list(APPEND outputs ${made}/${name})
 endmacro()
-foreach(guide IN ITEMS user-guide formats)
+foreach(guide IN ITEMS user-guide formats reliability)
   make(${guide}.html DEPENDS ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${source}/page
     COMMAND ${source}/page ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${guide}.html)
 endforeach()
@@ -60,7 +60,7 @@ add_custom_target(packaging_files ALL DEPENDS ${outputs})
 
 set(samples ${PROJECT_SOURCE_DIR}/samples/List.ini ${PROJECT_SOURCE_DIR}/samples/User.ini
   ${PROJECT_SOURCE_DIR}/samples/DRMSchedule.txt)
-set(guides ${made}/user-guide.html ${made}/formats.html)
+set(guides ${made}/user-guide.html ${made}/formats.html ${made}/reliability.html)
 set(pictures ${PROJECT_SOURCE_DIR}/docs/pictures)
 
 # One folder
