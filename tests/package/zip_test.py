@@ -3,15 +3,14 @@
 
 usage: zip_test.py PACKAGES VERSION
 """
-import os
 import pathlib
 import shutil
-import subprocess
 import sys
 import unittest
 import zipfile
 
 import windows
+from receiver import as_root
 from visit import SESSION, drm_programmes
 
 packages, version = pathlib.Path(sys.argv.pop(1)).resolve(), sys.argv.pop(1)
@@ -37,7 +36,7 @@ class WindowsZip(unittest.TestCase):
         with zipfile.ZipFile(packages / f"{NAME}.zip") as archive:
             names = set(archive.namelist())
         for name in ("Halcyon_K7.exe", "LICENSE.txt", "guide/user-guide.html", "guide/formats.html",
-                     "guide/pictures/windows-drm-list.png", "samples/List.ini", "samples/User.ini"):
+                     "guide/reliability.html", "guide/pictures/windows-drm-list.png", "samples/List.ini", "samples/User.ini"):
             self.assertIn(f"{NAME}/{name}", names)
 
     def test_the_program_tells_its_version(self):
@@ -47,6 +46,8 @@ class WindowsZip(unittest.TestCase):
         resources = program.split("VS_VERSION_INFO".encode("utf-16-le"), 1)[1].decode("utf-16-le", errors="ignore")
         for field in ("FileVersion", "ProductVersion"):
             self.assertEqual(resources.split(field + "\0", 1)[1].strip("\0").split("\0")[0], version)
+        # And in its manifest.
+        self.assertIn(f'name="Halcyon_K7" version="{version}.0"'.encode(), program)
 
     def test_works_in_its_folder(self):
         folder = self.unpack(SESSION.folder)
@@ -64,12 +65,10 @@ class WindowsZip(unittest.TestCase):
 
     def test_works_in_a_folder_that_cannot_be_written(self):
         """The lists then go to the user's application data."""
-        if os.geteuid() != 0:
-            self.skipTest("a folder that nobody can write needs a mount, which needs root")
         folder = self.unpack(SESSION.folder / "installed")
-        subprocess.run(["mount", "--bind", folder, folder], check=True)
-        self.addCleanup(subprocess.run, ["umount", "--lazy", folder], check=True)
-        subprocess.run(["mount", "-o", "remount,bind,ro", folder], check=True)
+        as_root(["mount", "--bind", folder, folder])
+        self.addCleanup(as_root, ["umount", "--lazy", folder])
+        as_root(["mount", "-o", "remount,bind,ro", folder])
         self.assertEqual(self.visit(folder).close(), 0)
         data = next((windows.PREFIX / "drive_c/users").glob("*/AppData/Roaming/Halcyon_K7"))
         self.assertEqual(drm_programmes(data / "List.ini"), EMPTY)
