@@ -4,6 +4,12 @@
 
 #include <string_view>
 
+// How long the short time stays as it is, in milliseconds, at least 1.
+constexpr int millisecondsToNextMinute(int second, int millisecond) {
+    const int passed = second * 1000 + millisecond;
+    return passed < 60'000 ? 60'000 - passed : 1;  // a leap second counts 60
+}
+
 class StatusBar {
 public:
     virtual ~StatusBar() = default;

@@ -58,6 +58,5 @@ void QtStatusBar::showClock() {
     const int width = std::max(metrics.horizontalAdvance(date_->text()), metrics.horizontalAdvance(time_->text()));
     date_->setFixedWidth(width + kPanelPadding);
     time_->setFixedWidth(width + kPanelPadding);
-    constexpr int kMinute = 60'000;  // milliseconds
-    minute_.start(kMinute - now.time().msecsSinceStartOfDay() % kMinute);
+    minute_.start(millisecondsToNextMinute(now.time().second(), now.time().msec()));
 }

@@ -24,13 +24,6 @@ std::wstring shortTime() {
     return text.data();
 }
 
-UINT millisecondsToNextMinute() {
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    const UINT passed = now.wSecond * 1000U + now.wMilliseconds;
-    return passed < 60'000U ? 60'000U - passed : 1U;  // a leap second counts 60
-}
-
 }  // namespace
 
 void Win32StatusBar::createWindow(HWND parent) {
@@ -56,7 +49,10 @@ void Win32StatusBar::layOut(const SystemFont& font) {
 void Win32StatusBar::showTime(UINT_PTR timer) {
     SendMessageW(window_, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(shortDate().c_str()));
     SendMessageW(window_, SB_SETTEXTW, 2, reinterpret_cast<LPARAM>(shortTime().c_str()));
-    SetTimer(GetParent(window_), timer, millisecondsToNextMinute(), nullptr);
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    SetTimer(GetParent(window_), timer, static_cast<UINT>(millisecondsToNextMinute(now.wSecond, now.wMilliseconds)),
+             nullptr);
 }
 
 void Win32StatusBar::setMessage(std::u16string_view text) {
