@@ -7,8 +7,8 @@ constexpr int neighbourTab(int tab, int step, int count) { return (tab + step + 
 class TabListener {
 public:
     virtual ~TabListener() = default;
-    // The shown tab has changed (mouse or keyboard); the tab strip has not taken the focus before this call.
-    virtual void tabClicked(int previousTab) = 0;
+    // Another tab is shown (mouse or keyboard); nothing has moved the focus before this call.
+    virtual void tabClicked() = 0;
     virtual void tabGotFocus() = 0;
 };
 
@@ -18,5 +18,6 @@ public:
     // The listener outlives the window; set once, before the window is shown.
     virtual void setListener(TabListener& listener) = 0;
     virtual int currentTab() const = 0;  // 0-based
+    virtual bool hasFocus() const = 0;   // the strip of tabs
     virtual double left() const = 0;     // twips, within the main window's client area
 };

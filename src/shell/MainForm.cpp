@@ -125,12 +125,17 @@ void MainForm::QuitApplication() {
 
 void MainForm::AddSelectedToFavourites() { addToFavourites_.AddSelectedToFavourites(); }
 
-void MainForm::tabClicked(int) {
+void MainForm::tabClicked() {
+    // First of all: an edit that loses the focus would be committed.
     if (cellEditing_.isEditing()) {
         cellEditing_.hideEditBox();
     }
     tabGotFocus();
     AfterTabShown();
+    // Who goes through the tabs by the arrow keys stays on their strip.
+    if (const int tab = platform_.tabs.currentTab(); isListTab(tab) && !platform_.tabs.hasFocus()) {
+        platform_.gridViews[static_cast<std::size_t>(tab)]->takeFocus();
+    }
 }
 
 void MainForm::tabGotFocus() {

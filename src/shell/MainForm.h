@@ -71,7 +71,7 @@ private:
 
     void windowGotFocus(CameFrom from) override;
     void windowClosing() override { Form_Unload(); }
-    void tabClicked(int previousTab) override;
+    void tabClicked() override;
     void tabGotFocus() override;
     void enterPressed() override;
     void lostFocus() override;

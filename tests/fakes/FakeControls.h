@@ -16,19 +16,20 @@ class FakeTabControl : public TabControl {
 public:
     void setListener(TabListener& tabListener) override { listener = &tabListener; }
     int currentTab() const override { return tab; }
+    bool hasFocus() const override { return focused; }
     double left() const override { return leftTwips; }
 
     // As a user's click on a tab.
     void click(int newTab) {
-        const int previous = tab;
         tab = newTab;
         if (listener != nullptr) {
-            listener->tabClicked(previous);
+            listener->tabClicked();
         }
     }
 
     TabListener* listener = nullptr;
     int tab = 0;
+    bool focused = false;
     double leftTwips = 120;
 };
 

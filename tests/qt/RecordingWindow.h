@@ -52,7 +52,7 @@ public:
     void viewChanged() override { ++viewChanges; }
     void enterPressed() override { note("enter"); }
     void lostFocus() override { note("lost focus"); }
-    void tabClicked(int previousTab) override { note("tab from " + std::to_string(previousTab)); }
+    void tabClicked() override { note("tab"); }
     void tabGotFocus() override { note("tab focus"); }
     void menuChosen(MenuItem item) override { note("menu " + std::to_string(static_cast<int>(item))); }
     void windowGotFocus(CameFrom from) override {

@@ -116,7 +116,8 @@ TEST_F(MainFormTest, EachListIsEditedInItsOwnView) {
         platform.editBox.listener->enterPressed();
         EXPECT_EQ(platform.rows(tab).text(1, 1), u"Edited");
         for (int other = 0; other < kListCount; ++other) {
-            EXPECT_EQ(platform.gridViews[static_cast<std::size_t>(other)].focusCount, other <= tab ? 1 : 0);
+            // Once as its tab was shown, and once more after the edit.
+            EXPECT_EQ(platform.gridViews[static_cast<std::size_t>(other)].focusCount, other <= tab ? 2 : 0);
         }
     }
 }
@@ -137,10 +138,20 @@ TEST_F(MainFormTest, AListThatMovesAsItsTabIsShownTakesNoEditOfAnother) {
     platform.tabs.tab = 1;  // not told yet
     platform.grid(1).viewChanged();
     EXPECT_FALSE(platform.editBox.visible);
-    platform.tabs.listener->tabClicked(0);
+    platform.tabs.listener->tabClicked();
     EXPECT_EQ(platform.rows(0).text(1, 1), u"Radio 0");
     EXPECT_EQ(platform.rows(1).text(1, 1), below);
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of AM List: 5");
+}
+
+TEST_F(MainFormTest, TheListShownTakesTheFocusUnlessTheTabsHaveIt) {
+    startWith(1, 1, 1);
+    platform.tabs.click(1);
+    EXPECT_EQ(platform.gridViews[1].focusCount, 1);
+    platform.tabs.focused = true;
+    platform.tabs.click(2);
+    EXPECT_EQ(platform.gridViews[2].focusCount, 0);
+    EXPECT_EQ(platform.gridViews[1].focusCount, 1);
 }
 
 TEST_F(MainFormTest, DeletingLeavesTheTotalUntilTheWindowGetsTheFocus) {

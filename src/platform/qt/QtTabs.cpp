@@ -38,14 +38,9 @@ void QtTabs::addShortcuts(QWidget* client) {
     add(QKeySequence::keyBindings(QKeySequence::PreviousChild) << QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1);
 }
 
-void QtTabs::tabShown(int tab) {
-    const int previous = previous_;
-    previous_ = tab;
+void QtTabs::tabShown() {
     if (listener_ != nullptr) {
-        listener_->tabClicked(previous);
-    }
-    if (!tabs_->tabBar()->hasFocus()) {
-        currentGrid().takeFocus();
+        listener_->tabClicked();
     }
 }
 
@@ -57,5 +52,7 @@ bool QtTabs::eventFilter(QObject* watched, QEvent* event) {
 }
 
 int QtTabs::currentTab() const { return tabs_->currentIndex(); }
+
+bool QtTabs::hasFocus() const { return tabs_->tabBar()->hasFocus(); }
 
 double QtTabs::left() const { return toTwips(tabs_->mapTo(tabs_->window(), QPoint()).x()); }

@@ -21,16 +21,16 @@ public:
 
     void setListener(TabListener& listener) override { listener_ = &listener; }
     int currentTab() const override;
+    bool hasFocus() const override;
     double left() const override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void addShortcuts(QWidget* client);
-    void tabShown(int tab);
+    void tabShown();
 
     QTabWidget* tabs_;
     std::array<std::unique_ptr<QtGridView>, 4> grids_;
     TabListener* listener_ = nullptr;
-    int previous_ = 0;
 };

@@ -58,19 +58,11 @@ void Win32TabControl::step(int step) {
 }
 
 void Win32TabControl::selectionChanged() {
-    const int previous = shown_;
-    shown_ = currentTab();
-    if (shown_ == previous) {
-        return;
-    }
-    // The listener closes an open edit first; only then may the focus move.
-    if (listener_ != nullptr) {
-        listener_->tabClicked(previous);
-    }
     HWND page = currentPage();
     ShowWindow(page, SW_SHOWNA);
-    if (GetFocus() != window_) {
-        SetFocus(page);
+    // Before the other pages go: the one that has the focus would hand it on before an open edit is closed.
+    if (listener_ != nullptr) {
+        listener_->tabClicked();
     }
     for (HWND other : pages_) {
         if (other != page) {

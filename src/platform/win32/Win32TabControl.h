@@ -23,6 +23,7 @@ public:
 
     void setListener(TabListener& listener) override { listener_ = &listener; }
     int currentTab() const override;
+    bool hasFocus() const override { return GetFocus() == window_; }
     double left() const override;
 
 private:
@@ -32,6 +33,5 @@ private:
     HWND window_ = nullptr;
     Subclass subclass_;
     std::array<HWND, 4> pages_{};
-    int shown_ = 0;
     TabListener* listener_ = nullptr;
 };
