@@ -49,6 +49,7 @@ void addForm::open() {
     mainWindow_.setEnabled(false);
     load();
     view_.show();
+    view_.takeFocus(kAddRows.front().field);
 }
 
 bool addForm::hasRoom() {

@@ -26,7 +26,7 @@ struct AddRow {
     std::optional<AddControl> after{};  // the unit of the field, or what parts it from the second
     std::optional<AddField> second{};
 };
-// From top to bottom, which is the tab order, too. The dialog opens with the focus in the first field.
+// From top to bottom, which is the tab order, too.
 inline constexpr std::array<AddRow, 5> kAddRows = {{
     {AddControl::Label1, AddField::txtLabel},
     {AddControl::Label2, AddField::txtFreq, AddControl::LaFreq},
@@ -64,7 +64,7 @@ public:
     virtual void setItems(AddField combo, const std::vector<std::u16string>& items) = 0;  // none preselected
     virtual std::u16string text(AddField field) const = 0;
     virtual void takeFocus(AddField field) = 0;
-    // Shows the dialog centred over the main window, without modality, focus in the first field.
+    // Shows the dialog centred over the main window, without modality.
     virtual void show() = 0;
     // Closes and forgets the dialog without calling the listener; safe when none is open,
     // and from within a listener call.

@@ -109,6 +109,7 @@ TEST_F(AddListDialog, TheDrmChecksRunInTheirOrder) {
 
 TEST_F(AddListDialog, ABlankProgrammeIsRefusedAndGetsTheFocus) {
     openFor(ListKind::Drm);
+    dialog.focused.clear();
     typeValidDrm();
     type(F::txtLabel, u"   ");
     saveRefused(u"Programme: Input can't be all space");
@@ -117,6 +118,7 @@ TEST_F(AddListDialog, ABlankProgrammeIsRefusedAndGetsTheFocus) {
 
 TEST_F(AddListDialog, OnlyAProgrammeErrorMovesTheFocus) {
     openFor(ListKind::Drm);
+    dialog.focused.clear();
     typeDrm(u"149");
     saveRefused(u"Frequency: Out of range: (150--30000) kHz");
     typeDrm(u"9620", u"");

@@ -12,6 +12,11 @@ TEST_F(AddListDialog, OpensWithTheMainWindowDisabledAndTheTotalRefreshed) {
     EXPECT_EQ(status(), "Total Number Of DRM List: 0");
 }
 
+TEST_F(AddListDialog, OpensWithTheFocusInTheProgramme) {
+    openFor(ListKind::Drm);
+    EXPECT_EQ(dialog.focused, (std::vector<F>{F::txtLabel}));
+}
+
 TEST_F(AddListDialog, HasItsDesignedCaptions) {
     openFor(ListKind::Drm);
     const std::vector<std::pair<AddControl, std::string>> expected = {

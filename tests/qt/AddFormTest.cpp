@@ -34,6 +34,7 @@ protected:
         form.setTitle(u"Add");
         form.setItems(AddField::sHourComb, {u"0", u"1", u"2"});
         form.show();
+        form.takeFocus(AddField::txtLabel);
         EXPECT_TRUE(QTest::qWaitForWindowActive(dialog(), kPatience));
     }
     QDialog* dialog() { return backend.window().widget()->findChild<QDialog*>("addForm"); }

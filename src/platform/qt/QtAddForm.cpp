@@ -77,7 +77,6 @@ void QtAddForm::show() {
     dialog_->adjustSize();
     const QPoint centre = mainWindow_->frameGeometry().center();
     dialog_->move(centre - dialog_->rect().center());
-    takeFocus(kAddRows.front().field);
     dialog_->show();
 }
 

@@ -46,7 +46,7 @@ void Win32AddForm::create(const AddCaptions& captions, AddFormListener& listener
 INT_PTR CALLBACK Win32AddForm::procedure(HWND dialog, UINT message, WPARAM w, LPARAM l) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, static_cast<LONG_PTR>(l));
-        return FALSE;  // the focus is set when the dialog is shown
+        return FALSE;  // it has no field yet that could take the focus
     }
     auto* self = reinterpret_cast<Win32AddForm*>(GetWindowLongPtrW(dialog, DWLP_USER));
     return self != nullptr && self->window_ == dialog ? self->handle(message, w, l) : FALSE;
@@ -143,7 +143,6 @@ void Win32AddForm::show() {
     const int left = static_cast<int>(owner.left + owner.right - (own.right - own.left)) / 2;
     const int top = static_cast<int>(owner.top + owner.bottom - (own.bottom - own.top)) / 2;
     SetWindowPos(window_, HWND_TOP, left, top, 0, 0, SWP_NOSIZE | SWP_SHOWWINDOW);
-    takeFocus(kAddRows.front().field);
 }
 
 void Win32AddForm::destroy() {
