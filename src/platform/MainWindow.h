@@ -25,7 +25,7 @@ public:
     virtual ~MainWindowListener() = default;
     // The window has become the active one.
     virtual void windowGotFocus(CameFrom from) = 0;
-    // The window is about to close (close box, session end, termination signal). Called once.
+    // The window is about to close (close box, session end, termination signal); may be told more than once.
     virtual void windowClosing() = 0;
 };
 

@@ -1,5 +1,7 @@
 #include "shell/MainForm.h"
 
+#include <utility>
+
 #include "platform/SingleInstance.h"
 #include "storage/ListFile.h"
 
@@ -83,6 +85,9 @@ void MainForm::Form_GotFocus() {
 }
 
 void MainForm::Form_Unload() {
+    if (std::exchange(isUnloaded_, true)) {
+        return;
+    }
     if (!SkipSaveOnExit_) {
         keepLists();
         saver_.SaveLists();

@@ -46,6 +46,7 @@ public:
     // and the process is to end without showing anything.
     bool Form_Load();
     void Form_GotFocus();
+    // Nothing the second time: the end of a session may close a window that is about to close.
     void Form_Unload();
     void QuitApplication();
     void AddSelectedToFavourites();
@@ -104,6 +105,7 @@ private:
     const Platform platform_;
     ReceiverSettings settings_;
     bool SkipSaveOnExit_ = false;
+    bool isUnloaded_ = false;
     std::u16string ReceiverRoot_;
     WorkingCopies workingCopies_;
     EditState editState_;

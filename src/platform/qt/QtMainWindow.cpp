@@ -109,9 +109,6 @@ void QtMainWindow::closing(QCloseEvent& event) {
         return;
     }
     event.accept();
-    if (closed_) {
-        return;
-    }
     closed_ = true;
     if (listener_ != nullptr) {
         listener_->windowClosing();

@@ -248,10 +248,6 @@ void Win32MainWindow::resolutionChanged(const RECT& suggested) {
 }
 
 void Win32MainWindow::reportClosing() {
-    if (closing_) {
-        return;
-    }
-    closing_ = true;
     if (listener_ != nullptr) {
         listener_->windowClosing();
     }

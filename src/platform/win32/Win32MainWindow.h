@@ -53,6 +53,5 @@ private:
     HWND window_ = nullptr;
     SystemFont font_;
     HWND lastFocus_ = nullptr;
-    bool closing_ = false;
     MainWindowListener* listener_ = nullptr;
 };
