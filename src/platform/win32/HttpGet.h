@@ -1,4 +1,5 @@
-// One HTTP GET of a whole body into memory.
+// One HTTP GET of a whole body into memory. By the Internet functions, as URLDownloadToFile knows no limits of size
+// and of idle time and leaves it to itself which answers of a server count as the file.
 #pragma once
 
 #include <atomic>
