@@ -6,11 +6,13 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenu>
+#include <QTimer>
 #include <csignal>
 
 #include "platform/StatusBar.h"
 #include "platform/qt/InputBlock.h"
 #include "platform/qt/QtSignals.h"
+#include "platform/qt/QtStatusBar.h"
 #include "qt/RecordingWindow.h"
 
 namespace {
@@ -51,6 +53,42 @@ TEST_F(WindowTest, TheStatusBarShowsMessageDateAndTime) {
     EXPECT_LE(panel("Panel3")->text().count(':'), 1);
     EXPECT_EQ(panel("Panel2")->width(), panel("Panel3")->width());
     EXPECT_GT(panel("Panel1")->width(), 2 * panel("Panel2")->width());
+}
+
+QString shortTime(QTime time) {
+    const QLocale locale = QLocale::system();
+    return locale.language() == QLocale::C ? time.toString("HH:mm") : locale.toString(time, QLocale::ShortFormat);
+}
+
+int untilNextMinute(QTime time) { return millisecondsToNextMinute(time.second(), time.msec()); }
+
+TEST_F(WindowTest, TheClockIsRenewedAsAMinuteBegins) {
+    auto* timer = backend.window().statusBar().findChild<QTimer*>();
+    ASSERT_NE(timer, nullptr);
+    EXPECT_TRUE(timer->isActive());
+    EXPECT_TRUE(timer->isSingleShot());
+    panel("Panel2")->setText("no date");
+    panel("Panel3")->setText("no time");
+    const QDateTime before = QDateTime::currentDateTime();
+    ASSERT_TRUE(QMetaObject::invokeMethod(timer, "timeout"));
+    const QDateTime after = QDateTime::currentDateTime();
+    // A minute, and a day, may begin in between.
+    const auto isOneOf = [](const QString& text, const QString& one, const QString& other) {
+        return text == one || text == other;
+    };
+    const auto date = [](const QDateTime& time) {
+        return QLocale::system().toString(time.date(), QLocale::ShortFormat);
+    };
+    EXPECT_TRUE(isOneOf(panel("Panel2")->text(), date(before), date(after)));
+    EXPECT_TRUE(isOneOf(panel("Panel3")->text(), shortTime(before.time()), shortTime(after.time())));
+    const int longest = untilNextMinute(before.time());
+    const int shortest = untilNextMinute(after.time());
+    if (shortest <= longest) {
+        EXPECT_LE(timer->interval(), longest);
+        EXPECT_GE(timer->interval(), shortest);
+    } else {
+        EXPECT_TRUE(timer->interval() <= longest || timer->interval() >= shortest);
+    }
 }
 
 TEST_F(WindowTest, ALongMessageDoesNotWidenTheWindow) {

@@ -26,5 +26,5 @@ private:
     QLabel* message_;
     QLabel* date_;
     QLabel* time_;
-    QTimer minute_;
+    QTimer minute_{this};
 };
