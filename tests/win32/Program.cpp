@@ -71,17 +71,23 @@ void sendKey(WORD key, DWORD flags) {
     SendInput(1, &input, sizeof input);
 }
 
-std::filesystem::path ownFolder() {
-    std::array<wchar_t, MAX_PATH> own{};
-    GetModuleFileNameW(nullptr, own.data(), MAX_PATH);
-    return std::filesystem::path(own.data()).parent_path();
+void pressWith(WORD held, WORD key) {
+    sendKey(held, 0);
+    pressKey(key);
+    sendKey(held, KEYEVENTF_KEYUP);
 }
 
 }  // namespace
 
-Program::Program(const TemporaryFolder& folder, const wchar_t* built) {
+std::filesystem::path builtProgram(const wchar_t* relative) {
+    std::array<wchar_t, MAX_PATH> own{};
+    GetModuleFileNameW(nullptr, own.data(), MAX_PATH);
+    return std::filesystem::path(own.data()).parent_path() / relative;
+}
+
+Program::Program(const TemporaryFolder& folder, const std::filesystem::path& built) {
     const std::filesystem::path program = folder.file("Halcyon_K7.exe");
-    std::filesystem::copy_file(ownFolder() / built, program, std::filesystem::copy_options::skip_existing);
+    std::filesystem::copy_file(built, program, std::filesystem::copy_options::skip_existing);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     if (CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, folder.path().c_str(), &startup,
@@ -125,7 +131,7 @@ HWND Program::dialog(const wchar_t* title) const {
     return found;
 }
 
-bool Program::hasMenu() const { return findOwnWindow(L"#32768", nullptr) != nullptr; }
+HWND Program::menu() const { return findOwnWindow(L"#32768", nullptr); }
 
 bool Program::close() {
     PostMessageW(window_, WM_CLOSE, 0, 0);
@@ -165,12 +171,25 @@ RECT Program::cellBounds(HWND list, int row, int column) const {
     return bounds;
 }
 
-std::wstring Program::status() const {
-    HWND bar = FindWindowExW(window_, nullptr, STATUSCLASSNAMEW, nullptr);
+std::wstring Program::status(int panel) const {
     const RemoteBlock block(process_.hProcess, sizeof(Text));
     block.put(Text{});
-    SendMessageW(bar, SB_GETTEXTW, 0, block.parameter());
+    SendMessageW(statusBar(), SB_GETTEXTW, static_cast<WPARAM>(panel - 1), block.parameter());
     return block.get<Text>().data();
+}
+
+bool Program::overwriteStatus(int panel, std::wstring_view text) const {
+    const RemoteBlock block(process_.hProcess, sizeof(Text));
+    Text put{};
+    text.copy(put.data(), put.size() - 1);
+    block.put(put);
+    return SendMessageW(statusBar(), SB_SETTEXTW, static_cast<WPARAM>(panel - 1), block.parameter()) != 0;
+}
+
+void Program::comeToResolution(int dpi, const RECT& suggested) const {
+    const RemoteBlock block(process_.hProcess, sizeof suggested);
+    block.put(suggested);
+    SendMessageW(window_, WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)), block.parameter());
 }
 
 LPARAM Program::middleOf(HWND list, int row, int column) const {
@@ -212,11 +231,11 @@ void pressKey(WORD key) {
     sendKey(key, KEYEVENTF_KEYUP);
 }
 
-void pressWithCtrl(WORD key) {
-    sendKey(VK_CONTROL, 0);
-    pressKey(key);
-    sendKey(VK_CONTROL, KEYEVENTF_KEYUP);
-}
+void pressWithCtrl(WORD key) { pressWith(VK_CONTROL, key); }
+
+void pressWithAlt(WORD key) { pressWith(VK_MENU, key); }
+
+void pressWithShift(WORD key) { pressWith(VK_SHIFT, key); }
 
 void typeInto(HWND window, std::wstring_view text) {
     for (const wchar_t unit : text) {

@@ -4,17 +4,21 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "win32/TemporaryFolder.h"
 
-// Column and row numbers are 1-based, pixels are those of the window named.
+// The program as it was built, by its path relative to the folder of this test.
+std::filesystem::path builtProgram(const wchar_t* relative = LR"(..\..\Halcyon_K7.exe)");
+
+// Column, row and panel numbers are 1-based, pixels are those of the window named.
 class Program {
 public:
-    // Copies the program into the folder, starts it and waits for its window. The program's path is relative to
-    // the folder of this test.
-    explicit Program(const TemporaryFolder& folder, const wchar_t* program = LR"(..\..\Halcyon_K7.exe)");
+    // Copies the program into the folder, starts it and waits for its window.
+    explicit Program(const TemporaryFolder& folder, const std::filesystem::path& built = builtProgram());
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -25,7 +29,7 @@ public:
     bool boxIsOpen() const { return IsWindowVisible(box()) != 0; }
     // A dialog or message box of the program with this title; waits for it, null when none comes.
     HWND dialog(const wchar_t* title) const;
-    bool hasMenu() const;
+    HWND menu() const;  // the popup menu on screen, null when there is none
     HWND focus() const;
     bool hasEnded() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0; }
     // Closes the window as a user does and waits for the end.
@@ -35,7 +39,11 @@ public:
     std::wstring cell(HWND list, int row, int column) const;
     std::vector<std::wstring> columnTexts(HWND list, int column) const;
     RECT cellBounds(HWND list, int row, int column) const;
-    std::wstring status() const;
+    std::wstring status(int panel = 1) const;
+    // As another program may; the next text of the program's own stands in its place.
+    bool overwriteStatus(int panel, std::wstring_view text) const;
+    // What the system tells a window that has come to a screen of this resolution.
+    void comeToResolution(int dpi, const RECT& suggested) const;
 
     void click(HWND list, int row, int column) const;
     void doubleClick(HWND list, int row, int column) const;
@@ -43,6 +51,7 @@ public:
     void clickHeader(HWND list, int column) const;
 
 private:
+    HWND statusBar() const { return FindWindowExW(window_, nullptr, STATUSCLASSNAMEW, nullptr); }
     HWND findOwnWindow(const wchar_t* className, const wchar_t* title) const;
     LPARAM middleOf(HWND list, int row, int column) const;
 
@@ -53,6 +62,8 @@ private:
 // Keys as the keyboard gives them, to whatever has the focus.
 void pressKey(WORD key);
 void pressWithCtrl(WORD key);
+void pressWithAlt(WORD key);
+void pressWithShift(WORD key);
 void typeInto(HWND window, std::wstring_view text);
 std::wstring textOf(HWND window);
 std::wstring messageOf(HWND messageBox);                          // an icon's label has no text

@@ -39,7 +39,7 @@ TEST_F(Receiver, GetsTheListsAsSaved) {
     folder.write("List.ini", kList);
     folder.write("User.ini", kUser);
     writeDrive("List.ini", "an older and much longer list of the receiver, which goes as a whole");
-    Program program(folder, LR"(receiver\Halcyon_K7.exe)");
+    Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));
     pressWithCtrl('S');
     ASSERT_TRUE(eventually([] { return readDrive("User.ini").ends_with("[kvt update end]\r\n"); }));
     EXPECT_EQ(readDrive("List.ini"), folder.read("List.ini"));
@@ -52,7 +52,7 @@ TEST_F(Receiver, GetsTheListsAsSaved) {
 TEST_F(Receiver, ItsListsReplaceTheOnesShown) {
     writeDrive("List.ini", kList);
     writeDrive("User.ini", kUser);
-    Program program(folder, LR"(receiver\Halcyon_K7.exe)");
+    Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));
     HWND drm = program.list(L"DRM List");
     ASSERT_EQ(program.rowCount(drm), 0);
     pressWithCtrl('L');
@@ -63,7 +63,7 @@ TEST_F(Receiver, ItsListsReplaceTheOnesShown) {
 }
 
 TEST_F(Receiver, AMissingFileIsNamed) {
-    Program program(folder, LR"(receiver\Halcyon_K7.exe)");
+    Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));
     pressWithCtrl('L');
     HWND report = program.dialog(L"Halcyon_K7");
     ASSERT_NE(report, nullptr);
