@@ -8,8 +8,7 @@ using AddDialog = Window;
 TEST_F(AddDialog, AddsARecordThroughTheDialog) {
     start();
     HWND drm = program().list(kDrm);
-    pressWithCtrl('N');
-    HWND dialog = program().dialog(L"Add List--[DRM List]");
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);
     EXPECT_FALSE(IsWindowEnabled(program().window()));
 
@@ -58,8 +57,7 @@ TEST_F(AddDialog, EveryFieldHasAName) {
     EXPECT_EQ(labelBefore(program().box()), kDrm);
     pressKey(VK_RETURN);
     ASSERT_TRUE(eventually([&] { return !program().boxIsOpen(); }));
-    pressWithCtrl('N');
-    HWND dialog = program().dialog(L"Add List--[DRM List]");
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(labelBefore(childOf(dialog, L"Edit", 1)), L"Programme:");
     EXPECT_EQ(labelBefore(childOf(dialog, L"Edit", 2)), L"Frequency:");
@@ -72,8 +70,7 @@ TEST_F(AddDialog, EveryFieldHasAName) {
 
 TEST_F(AddDialog, TabGoesDownTheRowsAndOverTheButtons) {
     start();
-    pressWithCtrl('N');
-    HWND dialog = program().dialog(L"Add List--[DRM List]");
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);
     const HWND order[] = {childOf(dialog, L"Edit", 1),     childOf(dialog, L"Edit", 2),
                           childOf(dialog, L"ComboBox", 1), childOf(dialog, L"ComboBox", 2),
@@ -88,8 +85,7 @@ TEST_F(AddDialog, TabGoesDownTheRowsAndOverTheButtons) {
 
 TEST_F(AddDialog, EscapeLeavesTheDialogButSavesInAStopTime) {
     start();
-    pressWithCtrl('N');
-    HWND dialog = program().dialog(L"Add List--[DRM List]");
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);
     HWND stopHour = childOf(childOf(dialog, L"ComboBox", 3), L"Edit", 1);
     PostMessageW(stopHour, WM_KEYDOWN, VK_ESCAPE, 1);

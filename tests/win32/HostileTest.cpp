@@ -43,10 +43,9 @@ protected:
         folder.write("config.ini", server.address() + "/schedule\r\n");
         Program program(folder);
         HWND drm = program.list(L"DRM List");
-        pressWithCtrl('I');
         HWND report = nullptr;
         for (int patience = 3; report == nullptr && patience > 0; --patience) {  // 16 MiB take a busy machine a while
-            report = program.dialog(L"Halcyon_K7");
+            report = program.dialogBy('I', L"Halcyon_K7");
         }
         ASSERT_NE(report, nullptr);
         EXPECT_EQ(messageOf(report), message);

@@ -54,8 +54,7 @@ protected:
     }
     // There is no receiver: the lists go into the program's folder, then a box says that no disk is found.
     void beginSave(HWND& box) {
-        pressWithCtrl('S');
-        box = program->dialog(L"Halcyon_K7");
+        box = program->dialogBy('S', L"Halcyon_K7");
         ASSERT_NE(box, nullptr);
         ASSERT_EQ(messageOf(box), L"Can't find disk,please connect DRM receiver to PC");
     }

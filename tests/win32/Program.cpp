@@ -131,6 +131,12 @@ HWND Program::dialog(const wchar_t* title) const {
     return found;
 }
 
+HWND Program::dialogBy(WORD key, const wchar_t* title) const {
+    HWND found = nullptr;
+    pressUntil([key] { pressWithCtrl(key); }, [&] { return (found = findOwnWindow(L"#32770", title)) != nullptr; });
+    return found;
+}
+
 HWND Program::menu() const { return findOwnWindow(L"#32768", nullptr); }
 
 bool Program::close() {

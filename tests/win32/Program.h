@@ -29,6 +29,8 @@ public:
     bool boxIsOpen() const { return IsWindowVisible(box()) != 0; }
     // A dialog or message box of the program with this title; waits for it, null when none comes.
     HWND dialog(const wchar_t* title) const;
+    // The one that a key pressed with Ctrl brings.
+    HWND dialogBy(WORD key, const wchar_t* title) const;
     HWND menu() const;  // the popup menu on screen, null when there is none
     HWND focus() const;
     bool hasEnded() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0; }

@@ -40,8 +40,8 @@ TEST_F(Receiver, GetsTheListsAsSaved) {
     folder.write("User.ini", kUser);
     writeDrive("List.ini", "an older and much longer list of the receiver, which goes as a whole");
     Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));
-    pressWithCtrl('S');
-    ASSERT_TRUE(eventually([] { return readDrive("User.ini").ends_with("[kvt update end]\r\n"); }));
+    ASSERT_TRUE(
+        pressUntil([] { pressWithCtrl('S'); }, [] { return readDrive("User.ini").ends_with("[kvt update end]\r\n"); }));
     EXPECT_EQ(readDrive("List.ini"), folder.read("List.ini"));
     EXPECT_EQ(readDrive("User.ini"), folder.read("User.ini"));
     EXPECT_NE(readDrive("List.ini").find("Programme=\xE7\x94\xB5\xE5\x8F\xB0\r\n"), std::string::npos);
@@ -55,8 +55,8 @@ TEST_F(Receiver, ItsListsReplaceTheOnesShown) {
     Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));
     HWND drm = program.list(L"DRM List");
     ASSERT_EQ(program.rowCount(drm), 0);
-    pressWithCtrl('L');
-    ASSERT_TRUE(eventually([&] { return program.status() == L"Total Number Of DRM List: 1"; }));
+    ASSERT_TRUE(
+        pressUntil([] { pressWithCtrl('L'); }, [&] { return program.status() == L"Total Number Of DRM List: 1"; }));
     EXPECT_EQ(program.cell(drm, 1, 1), L"\u7535\u53F0");
     EXPECT_EQ(program.cell(drm, 1, 4), L"Asia");
     EXPECT_TRUE(program.close());
@@ -64,8 +64,7 @@ TEST_F(Receiver, ItsListsReplaceTheOnesShown) {
 
 TEST_F(Receiver, AMissingFileIsNamed) {
     Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));
-    pressWithCtrl('L');
-    HWND report = program.dialog(L"Halcyon_K7");
+    HWND report = program.dialogBy('L', L"Halcyon_K7");
     ASSERT_NE(report, nullptr);
     EXPECT_EQ(messageOf(report), L"Can't find any file: r:\\List.ini!Please confirm whether the file is exist");
 }

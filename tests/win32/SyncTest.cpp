@@ -19,8 +19,7 @@ TEST_F(Sync, RebuildsTheListFromAPublishedSchedule) {
                                  scheduleRecord("2300-0100", "3965") + scheduleRecord("2300-2400", "03975"));
     folder.write("config.ini", server.address() + "/schedule\r\n");
     start();
-    pressWithCtrl('I');
-    HWND report = program().dialog(L"Halcyon_K7");
+    HWND report = program().dialogBy('I', L"Halcyon_K7");
     ASSERT_NE(report, nullptr);
     EXPECT_EQ(messageOf(report), L"The number of new station is: 2");
     pressButton(report, IDOK);
@@ -44,8 +43,8 @@ TEST_F(Sync, NoInputIsTakenWhileItLoads) {
     HWND drm = program().list(kDrm);
     program().click(drm, 2, 1);
     EXPECT_TRUE(statusBecomes(L"Press 'Delete' Key To Delete "));
-    pressWithCtrl('I');
-    EXPECT_TRUE(statusBecomes(L"Downloading,Please wait..."));
+    EXPECT_TRUE(
+        pressUntil([] { pressWithCtrl('I'); }, [&] { return program().status() == L"Downloading,Please wait..."; }));
     pressKey(VK_DELETE);
     pressKey(VK_RETURN);
     pressWithCtrl('N');
@@ -68,8 +67,7 @@ TEST_F(Sync, AScheduleTooLongKeepsTheListAndTheStatusLine) {
     const OneAnswerServer server("[DRMSchedule]\r\n" + std::string(40'000, 'x'));
     folder.write("config.ini", server.address() + "/schedule\r\n");
     start();
-    pressWithCtrl('I');
-    HWND report = program().dialog(L"Halcyon_K7");
+    HWND report = program().dialogBy('I', L"Halcyon_K7");
     ASSERT_NE(report, nullptr);
     EXPECT_EQ(messageOf(report), L"Overflow");
     // The box hands the activation back to the window, which must not count as the user's return to it, as one from
@@ -88,8 +86,7 @@ TEST_F(Sync, AScheduleTooLongKeepsTheListAndTheStatusLine) {
 TEST_F(Sync, AFailedDownloadLeavesTheList) {
     folder.write("config.ini", "http://127.0.0.1:1/nobody-listens\r\n");
     start();
-    pressWithCtrl('I');
-    HWND report = program().dialog(L"Halcyon_K7");
+    HWND report = program().dialogBy('I', L"Halcyon_K7");
     ASSERT_NE(report, nullptr);
     EXPECT_EQ(messageOf(report), L"Download failed,Please check the network");
     pressButton(report, IDOK);
