@@ -17,7 +17,7 @@ public:
     // From the list of the tab shown, top to bottom, up to 256 favourites; then a message. The total is shown
     // before anything changes, so it stays as it was. Nothing on any tab but DRM, AM and FM.
     void AddSelectedToFavourites();
-    // Called after favourites have been added, before any message.
+    // Called after the selected rows have been copied, as far as they fit, and before any message.
     void onAdded(std::function<void()> listener) { added_ = std::move(listener); }
 
 private:

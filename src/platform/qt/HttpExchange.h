@@ -1,5 +1,5 @@
 // The part of this backend that needs Qt Network. Most runs never sync, and loading that library with the program would
-// be a tenth of its start; so this part is a library of its own, whose bytes the program carries as a resource.
+// slow each start; so this part is a library of its own, whose bytes the program carries as a resource.
 #pragma once
 
 #include <QtGlobal>
