@@ -8,9 +8,9 @@
 #include "MemoryFiles.h"
 #include "SampleLists.h"
 #include "editing/SortListview.h"
-#include "platform/qt/QtCodePages.h"
-#include "storage/ListLoader.h"
-#include "storage/ListSaver.h"
+#include "platform/posix/PosixCodePages.h"
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ public:
 int main(int argc, char** argv) {
     SampleLists sample(u"/");
     MemoryFiles files;
-    QtCodePages codePages;
+    PosixCodePages codePages;
     PlainCompare textCompare;
     SortListview sorter(textCompare);
     sample.fill(kMaxRecords);

@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "SampleLists.h"
+#include "platform/posix/PosixCodePages.h"
+#include "platform/posix/PosixFiles.h"
 #include "platform/qt/QtBackend.h"
-#include "platform/qt/QtCodePages.h"
-#include "platform/qt/QtFiles.h"
 #include "platform/qt/Units.h"
 #include "shell/Design.h"
 #include "shell/MainForm.h"
@@ -62,8 +62,8 @@ private:
 };
 
 void writeLists(const std::u16string& folder, int rows) {
-    QtFiles files;
-    QtCodePages codePages;
+    PosixFiles files;
+    PosixCodePages codePages;
     SampleLists lists(folder);
     lists.fill(rows);
     lists.writeUtf8(files, codePages);

@@ -11,9 +11,9 @@
 #include "MemoryFiles.h"
 #include "Paired.h"
 #include "SampleLists.h"
-#include "platform/qt/QtCodePages.h"
-#include "storage/ListLoader.h"
-#include "storage/ListSaver.h"
+#include "platform/posix/PosixCodePages.h"
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
 #include "sync/ScheduleRecords.h"
 
 namespace {
@@ -39,7 +39,7 @@ struct Lists {
     }
 
     MemoryFiles files;
-    QtCodePages codePages;
+    PosixCodePages codePages;
     SampleLists sample;
     int rows;
 };

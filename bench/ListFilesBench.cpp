@@ -8,11 +8,11 @@
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeGridView.h"
-#include "storage/ListLoader.h"
-#include "storage/ListSaver.h"
-#include "storage/Numbers.h"
-#include "storage/Profile.h"
-#include "storage/RowStore.h"
+#include "storage/ini/IniReader.h"
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
+#include "storage/stations/RowStore.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 
@@ -90,9 +90,9 @@ void Load(benchmark::State& state) {
 void Parse(benchmark::State& state) {
     Program program(static_cast<int>(state.range(0)));
     program.convert();
-    const ProfileText file = decodeProfile(program.files.files[program.copies.ListFilePath], program.codePages);
+    const IniText file = decodeIni(program.files.files[program.copies.ListFilePath], program.codePages);
     for ([[maybe_unused]] auto _ : state) {
-        const Profile profile(file.text);
+        const IniReader profile(file.text);
         benchmark::DoNotOptimize(profile.get(u"Total", u"drmnumber"));
     }
 }

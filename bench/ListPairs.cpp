@@ -10,9 +10,9 @@
 #include "Paired.h"
 #include "SampleLists.h"
 #include "editing/SortListview.h"
-#include "platform/qt/QtCodePages.h"
+#include "platform/posix/PosixCodePages.h"
 #include "platform/qt/QtTextCompare.h"
-#include "storage/Numbers.h"
+#include "storage/text/Numbers.h"
 #include "sync/ScheduleRecords.h"
 
 namespace {
@@ -84,7 +84,7 @@ void measureSorts(int rows, int rounds) {
 
 void measureMerge() {
     const std::u16string schedule = sampleSchedule(kLongestSchedule);
-    QtCodePages codePages;
+    PosixCodePages codePages;
     const std::string bytes = codePages.encode(schedule);
     RowStore grid;
     const Work merge{[&] { keep(static_cast<std::size_t>(AddScheduleRecords(grid, schedule, 0))); },

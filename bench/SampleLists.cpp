@@ -1,7 +1,7 @@
 #include "SampleLists.h"
 
-#include "storage/ListSaver.h"
-#include "storage/Numbers.h"
+#include "storage/lists/ListSaver.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 

@@ -8,10 +8,10 @@
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/GridView.h"
-#include "storage/ReceiverSettings.h"
-#include "storage/RowStore.h"
-#include "storage/StationLists.h"
-#include "storage/WorkingCopies.h"
+#include "storage/lists/WorkingCopies.h"
+#include "storage/stations/ReceiverSettings.h"
+#include "storage/stations/RowStore.h"
+#include "storage/stations/StationLists.h"
 
 // Latin: every name in the letters of English, so that any font has them.
 enum class Names { Mixed, Latin };

@@ -7,16 +7,16 @@
 
 #include "MemoryFiles.h"
 #include "SampleLists.h"
-#include "platform/qt/QtCodePages.h"
-#include "platform/qt/QtFiles.h"
-#include "storage/ListSaver.h"
-#include "storage/Numbers.h"
-#include "storage/Recovery.h"
+#include "platform/posix/PosixCodePages.h"
+#include "platform/posix/PosixFiles.h"
+#include "storage/lists/ListSaver.h"
+#include "storage/recovery/Recovery.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 
 void keepAfterEachEdit(benchmark::State& state, Files& files, const std::u16string& folder) {
-    QtCodePages codePages;
+    PosixCodePages codePages;
     SampleLists sample(folder);
     sample.fill(static_cast<int>(state.range(0)));
     ListSaver saver(sample.lists(), sample.copies(), sample.settings(), files, codePages);
@@ -35,7 +35,7 @@ void keepAfterEachEdit(benchmark::State& state, Files& files, const std::u16stri
 void SnapshotOnDisk(benchmark::State& state) {
     const auto folder = std::filesystem::temp_directory_path() / ("halcyon-snapshot-" + std::to_string(::getpid()));
     std::filesystem::create_directory(folder);
-    QtFiles files;
+    PosixFiles files;
     keepAfterEachEdit(state, files, folder.u16string() + u'/');
     std::filesystem::remove_all(folder);
 }

@@ -19,10 +19,10 @@
 #include "Paired.h"
 #include "SampleLists.h"
 #include "peers/IniParsers.h"
-#include "platform/qt/QtCodePages.h"
-#include "platform/qt/QtFiles.h"
-#include "storage/ListLoader.h"
-#include "storage/ListSaver.h"
+#include "platform/posix/PosixCodePages.h"
+#include "platform/posix/PosixFiles.h"
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
 
 namespace {
 
@@ -60,8 +60,8 @@ struct Sample {
     std::string userPath() const { return folder / "User.ini"; }
 
     std::filesystem::path folder;
-    QtFiles files;
-    QtCodePages codePages;
+    PosixFiles files;
+    PosixCodePages codePages;
     SampleLists lists;
 };
 

@@ -6,16 +6,16 @@
 #include <string>
 
 #include "SampleLists.h"
-#include "platform/qt/QtCodePages.h"
-#include "platform/qt/QtFiles.h"
+#include "platform/posix/PosixCodePages.h"
+#include "platform/posix/PosixFiles.h"
 
 int main(int argc, char** argv) {
     if (argc != 4) {
         std::fprintf(stderr, "usage: write_lists FOLDER/ RECORDS mixed|latin\n");
         return 2;
     }
-    QtFiles files;
-    QtCodePages codePages;
+    PosixFiles files;
+    PosixCodePages codePages;
     SampleLists lists(std::filesystem::path(argv[1]).u16string(),
                       std::string(argv[3]) == "latin" ? Names::Latin : Names::Mixed);
     lists.fill(std::atoi(argv[2]));

@@ -20,4 +20,4 @@
 #include "fakes/FakeMessageBox.h"
 #include "fakes/FakeServices.h"
 #include "fakes/Text.h"
-#include "storage/RowStore.h"
+#include "storage/stations/RowStore.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "storage/ListFile.h"
+#include "storage/lists/ListFile.h"
 
 namespace {
 

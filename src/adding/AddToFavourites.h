@@ -4,10 +4,10 @@
 #include <functional>
 #include <utility>
 
+#include "messages/Totals.h"
+#include "messages/mMsgBox.h"
 #include "platform/TabControl.h"
-#include "shell/Totals.h"
-#include "shell/mMsgBox.h"
-#include "storage/StationLists.h"
+#include "storage/stations/StationLists.h"
 
 class AddToFavourites {
 public:

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "storage/FieldLimits.h"
-#include "storage/Numbers.h"
+#include "storage/stations/FieldLimits.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 

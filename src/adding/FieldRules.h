@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "storage/ListKind.h"
+#include "storage/stations/ListKind.h"
 
 struct FieldRule {
     std::u16string_view prefix;           // in front of every message about the field

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "storage/FieldLimits.h"
-#include "storage/Numbers.h"
+#include "storage/stations/FieldLimits.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 

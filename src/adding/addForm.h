@@ -7,12 +7,12 @@
 #include <utility>
 
 #include "adding/FieldRules.h"
+#include "messages/Totals.h"
+#include "messages/mMsgBox.h"
 #include "platform/AddFormView.h"
 #include "platform/MainWindow.h"
 #include "platform/TabControl.h"
-#include "shell/Totals.h"
-#include "shell/mMsgBox.h"
-#include "storage/StationLists.h"
+#include "storage/stations/StationLists.h"
 
 class addForm : private AddFormListener {
 public:

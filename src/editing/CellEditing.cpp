@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "editing/ColumnFinder.h"
-#include "storage/ListColumns.h"
-#include "storage/ListFile.h"
-#include "storage/Numbers.h"
+#include "storage/lists/ListFile.h"
+#include "storage/stations/ListColumns.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 

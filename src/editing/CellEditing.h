@@ -8,7 +8,7 @@
 #include "platform/EditBox.h"
 #include "platform/StatusBar.h"
 #include "platform/TabControl.h"
-#include "storage/StationLists.h"
+#include "storage/stations/StationLists.h"
 
 class CellEditing {
 public:

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "storage/Numbers.h"
+#include "storage/text/Numbers.h"
 
 std::vector<ColumnSpan> columnSpans(const Grid& grid) {
     std::vector<double> widths;

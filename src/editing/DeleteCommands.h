@@ -1,10 +1,10 @@
 // Deletes the selected rows of a list, or all of them. Files change at the next save only.
 #pragma once
 
+#include "messages/Totals.h"
+#include "messages/mMsgBox.h"
 #include "platform/TabControl.h"
-#include "shell/Totals.h"
-#include "shell/mMsgBox.h"
-#include "storage/StationLists.h"
+#include "storage/stations/StationLists.h"
 
 class DeleteCommands {
 public:

@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "storage/FieldLimits.h"
-#include "storage/ListFile.h"
-#include "storage/Numbers.h"
+#include "storage/lists/ListFile.h"
+#include "storage/stations/FieldLimits.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 

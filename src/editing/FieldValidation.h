@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "editing/EditState.h"
+#include "messages/mMsgBox.h"
 #include "platform/TabControl.h"
-#include "shell/mMsgBox.h"
-#include "storage/StationLists.h"
+#include "storage/stations/StationLists.h"
 
 class FieldValidation {
 public:

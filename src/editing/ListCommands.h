@@ -3,7 +3,7 @@
 
 #include "platform/Grid.h"
 #include "platform/PopupMenu.h"
-#include "storage/ListKind.h"
+#include "storage/stations/ListKind.h"
 
 enum class Command {
     None,

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "storage/Numbers.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 

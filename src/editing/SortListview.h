@@ -6,8 +6,8 @@
 
 #include "editing/RowSorter.h"
 #include "platform/TextCompare.h"
-#include "storage/RowStore.h"
-#include "storage/StationLists.h"
+#include "storage/stations/RowStore.h"
+#include "storage/stations/StationLists.h"
 
 class SortListview {
 public:

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/SingleInstance.h"
-#include "storage/ListFile.h"
+#include "storage/lists/ListFile.h"
 
 MainForm::MainForm(const Platform& platform)
     : platform_(platform),

@@ -1,7 +1,7 @@
 #include "shell/StartUp.h"
 
-#include "storage/ListFile.h"
-#include "storage/SafeFile.h"
+#include "storage/files/SafeFile.h"
+#include "storage/lists/ListFile.h"
 
 void StartUp::run(std::u16string_view RunMode) {
     restore();

@@ -7,12 +7,12 @@
 
 #include "platform/CodePages.h"
 #include "platform/Files.h"
-#include "shell/mFindDiskDriver.h"
-#include "storage/ListLoader.h"
-#include "storage/ListSaver.h"
-#include "storage/ReceiverCopies.h"
-#include "storage/Recovery.h"
-#include "storage/WorkingCopies.h"
+#include "receiver/ReceiverCopies.h"
+#include "receiver/mFindDiskDriver.h"
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
+#include "storage/lists/WorkingCopies.h"
+#include "storage/recovery/Recovery.h"
 
 class StartUp {
 public:

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "storage/Numbers.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 

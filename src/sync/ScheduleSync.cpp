@@ -1,6 +1,6 @@
 #include "sync/ScheduleSync.h"
 
-#include "storage/Numbers.h"
+#include "storage/text/Numbers.h"
 #include "sync/ScheduleRecords.h"
 
 namespace {

@@ -7,13 +7,13 @@
 #include <string_view>
 #include <utility>
 
+#include "messages/Totals.h"
+#include "messages/mMsgBox.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "platform/Grid.h"
 #include "platform/HttpClient.h"
 #include "platform/StatusBar.h"
-#include "shell/Totals.h"
-#include "shell/mMsgBox.h"
 #include "sync/Downloader.h"
 
 // Where the schedule is fetched from when "config.ini" names no address. The host is chosen when the program is built.

@@ -9,8 +9,8 @@
 #include "fakes/FakeMessageBox.h"
 #include "fakes/FakeServices.h"
 #include "fakes/FourLists.h"
-#include "shell/Totals.h"
-#include "shell/mMsgBox.h"
+#include "messages/Totals.h"
+#include "messages/mMsgBox.h"
 
 class AddingFixture : public testing::Test, protected FourLists {
 protected:

@@ -3,7 +3,7 @@
 #include "contract/Backend.h"
 #include "contract/IgnoreGridEvents.h"
 #include "fakes/Text.h"
-#include "storage/RowStore.h"
+#include "storage/stations/RowStore.h"
 
 namespace {
 

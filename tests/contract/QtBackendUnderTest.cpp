@@ -16,13 +16,13 @@
 #include "contract/Backend.h"
 #include "contract/SmallDesign.h"
 #include "platform/MainWindow.h"
+#include "platform/posix/PosixCodePages.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixSingleInstance.h"
 #include "platform/qt/GridTable.h"
-#include "platform/qt/QtCodePages.h"
 #include "platform/qt/QtEditBox.h"
-#include "platform/qt/QtFiles.h"
 #include "platform/qt/QtHttpClient.h"
 #include "platform/qt/QtMainWindow.h"
-#include "platform/qt/QtSingleInstance.h"
 #include "platform/qt/QtTabs.h"
 #include "platform/qt/QtTextCompare.h"
 #include "platform/qt/Units.h"
@@ -104,7 +104,7 @@ public:
         EXPECT_EQ(::pipe(ends), 0);
         child_ = ::fork();
         if (child_ == 0) {
-            QtSingleInstance instance{std::u16string(folder)};
+            PosixSingleInstance instance{std::u16string(folder)};
             const char answer = instance.previousInstance() ? 'n' : 'y';
             if (::write(ends[1], &answer, 1) == 1) {
                 ::pause();  // until killed
@@ -141,7 +141,7 @@ class QtBackendUnderTest : public Backend {
 public:
     std::unique_ptr<TestFolder> folder() override { return std::make_unique<QtTestFolder>(); }
     Files& files() override { return files_; }
-    std::unique_ptr<CodePages> codePages() override { return std::make_unique<QtCodePages>(); }
+    std::unique_ptr<CodePages> codePages() override { return std::make_unique<PosixCodePages>(); }
     std::vector<std::unique_ptr<TextCompare>> textCompares() override {
         std::vector<std::unique_ptr<TextCompare>> all;
         for (const char* name : {"C", "en_US", "de_DE", "zh_CN"}) {
@@ -152,7 +152,7 @@ public:
     std::unique_ptr<GridViewProbe> gridView() override { return std::make_unique<QtGridViewProbe>(); }
     std::unique_ptr<EditBoxProbe> editBox() override { return std::make_unique<QtEditBoxProbe>(); }
     std::unique_ptr<SingleInstance> singleInstance(std::u16string_view folder) override {
-        return std::make_unique<QtSingleInstance>(std::u16string(folder));
+        return std::make_unique<PosixSingleInstance>(std::u16string(folder));
     }
     std::unique_ptr<OtherProcess> otherProcess(std::u16string_view folder) override {
         return std::make_unique<QtOtherProcess>(folder);
@@ -160,7 +160,7 @@ public:
     std::unique_ptr<HttpClient> httpClient() override { return std::make_unique<QtHttpClient>(); }
 
 private:
-    QtFiles files_;
+    PosixFiles files_;
 };
 
 }  // namespace

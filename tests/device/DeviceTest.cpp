@@ -11,25 +11,29 @@
 #include <vector>
 
 #include "device/Volume.h"
-#include "platform/qt/QtFiles.h"
-#include "storage/Recovery.h"
-#include "storage/SafeFile.h"
-#include "storage/VerifiedFiles.h"
+#include "platform/posix/PosixFiles.h"
+#include "storage/files/SafeFile.h"
+#include "storage/files/VerifiedFiles.h"
+#include "storage/recovery/Recovery.h"
 
 namespace {
 
 constexpr std::size_t kCluster = 1024;
 
 // Calls back before each operation that reaches the device.
-class WatchedFiles : public QtFiles {
+class WatchedFiles : public PosixFiles {
 public:
-    std::optional<std::string> read(std::u16string_view path) override { return step(), QtFiles::read(path); }
-    std::optional<std::string> readBack(std::u16string_view path) override { return step(), QtFiles::readBack(path); }
-    bool write(std::u16string_view path, std::string_view bytes) override {
-        return step(), QtFiles::write(path, bytes);
+    std::optional<std::string> read(std::u16string_view path) override { return step(), PosixFiles::read(path); }
+    std::optional<std::string> readBack(std::u16string_view path) override {
+        return step(), PosixFiles::readBack(path);
     }
-    bool rename(std::u16string_view from, std::u16string_view to) override { return step(), QtFiles::rename(from, to); }
-    bool remove(std::u16string_view path) override { return step(), QtFiles::remove(path); }
+    bool write(std::u16string_view path, std::string_view bytes) override {
+        return step(), PosixFiles::write(path, bytes);
+    }
+    bool rename(std::u16string_view from, std::u16string_view to) override {
+        return step(), PosixFiles::rename(from, to);
+    }
+    bool remove(std::u16string_view path) override { return step(), PosixFiles::remove(path); }
 
     std::function<void(int)> before = [](int) {};
 
@@ -67,7 +71,7 @@ protected:
                !std::filesystem::exists(volume.folder() + "/User.ini.k7new");
     }
 
-    QtFiles files;
+    PosixFiles files;
     const std::string oldList = text(20 * kCluster, 'o');
     const std::string oldUser = text(5 * kCluster, 'p');
     const std::string newList = text(24 * kCluster, 'n');
@@ -168,7 +172,7 @@ TEST(Links, AreNotFollowedForWriting) {
     std::filesystem::create_directory(folder);
     const auto at = [&](const char* name) { return (folder / name).u16string(); };
     const std::filesystem::path victim = folder / "victim";
-    QtFiles files;
+    PosixFiles files;
     ASSERT_TRUE(files.write(at("victim"), "precious"));
     std::filesystem::permissions(victim, std::filesystem::perms::owner_read);
     std::filesystem::create_directory(folder / "elsewhere");

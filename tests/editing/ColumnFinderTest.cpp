@@ -3,7 +3,7 @@
 #include <array>
 
 #include "editing/ColumnFinder.h"
-#include "storage/RowStore.h"
+#include "storage/stations/RowStore.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include "fakes/FakeMessageBox.h"
 #include "fakes/FakeServices.h"
 #include "fakes/FourLists.h"
-#include "shell/Totals.h"
-#include "shell/mMsgBox.h"
-#include "storage/ListColumns.h"
+#include "messages/Totals.h"
+#include "messages/mMsgBox.h"
+#include "storage/stations/ListColumns.h"
 
 class EditingFixture : public ::testing::Test, protected FourLists {
 protected:

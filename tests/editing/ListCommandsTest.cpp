@@ -6,7 +6,7 @@
 #include "editing/ListCommands.h"
 #include "fakes/FakeControls.h"
 #include "platform/GridView.h"
-#include "storage/RowStore.h"
+#include "storage/stations/RowStore.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include "editing/EditingFixture.h"
 #include "editing/SortListview.h"
-#include "storage/Numbers.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 
 #include "fakes/FakeGridView.h"
 #include "fakes/Text.h"
-#include "storage/RowStore.h"
-#include "storage/StationLists.h"
+#include "storage/stations/RowStore.h"
+#include "storage/stations/StationLists.h"
 
 inline constexpr std::array<ListKind, kListCount> kAllLists = {ListKind::Drm, ListKind::Am, ListKind::Fm,
                                                                ListKind::Favourite};

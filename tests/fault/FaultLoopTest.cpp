@@ -11,9 +11,9 @@
 #include "fakes/Text.h"
 #include "fault/FaultyFiles.h"
 #include "shell/MainForm.h"
-#include "storage/ListFile.h"
-#include "storage/Profile.h"
-#include "storage/Utf8.h"
+#include "storage/ini/IniReader.h"
+#include "storage/lists/ListFile.h"
+#include "storage/text/Utf8.h"
 
 namespace {
 
@@ -163,8 +163,8 @@ FakeFiles diskOfAKilledRun() {
 bool isWhole(const std::string& bytes) {
     FakeCodePages codePages;
     const bool isUtf16 = bytes.starts_with("\xFF\xFE");
-    const std::u16string text = isUtf16 ? decodeProfile(bytes, codePages).text : fromUtf8(bytes);
-    const Profile profile(text);
+    const std::u16string text = isUtf16 ? decodeIni(bytes, codePages).text : fromUtf8(bytes);
+    const IniReader profile(text);
     const auto holds = [&](ListKind kind) {
         const bool announced = profile.get(ListFile::kTotal, ListFile::countKey(kind)) == u"1";
         return !announced || !profile.get(RecordSection(kind).of(0), ListFile::kUserDef).empty();

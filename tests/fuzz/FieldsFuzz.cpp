@@ -8,7 +8,7 @@
 #include "fakes/FakeServices.h"
 #include "fakes/FourLists.h"
 #include "fuzz/Fuzz.h"
-#include "storage/Utf8.h"
+#include "storage/text/Utf8.h"
 
 namespace {
 

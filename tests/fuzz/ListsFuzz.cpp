@@ -6,10 +6,10 @@
 #include "fakes/FakeFiles.h"
 #include "fakes/FourLists.h"
 #include "fuzz/Fuzz.h"
-#include "storage/ListLoader.h"
-#include "storage/ListSaver.h"
-#include "storage/Numbers.h"
-#include "storage/ProfileLines.h"
+#include "storage/ini/IniSyntax.h"
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
+#include "storage/text/Numbers.h"
 
 namespace {
 
@@ -53,7 +53,7 @@ bool isStable(const std::vector<Rows>& lists) {
     return std::all_of(lists.begin(), lists.end(), [](const Rows& rows) {
         return std::all_of(rows.begin(), rows.end(), [](const auto& cells) {
             return std::all_of(cells.begin(), cells.end(),
-                               [](const std::u16string& cell) { return profileValue(cell) == cell; });
+                               [](const std::u16string& cell) { return iniValue(cell) == cell; });
         });
     });
 }

@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "fuzz/Fuzz.h"
-#include "storage/Numbers.h"
-#include "storage/Utf8.h"
+#include "storage/text/Numbers.h"
+#include "storage/text/Utf8.h"
 
 namespace {
 

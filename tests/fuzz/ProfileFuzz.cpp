@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "fuzz/Fuzz.h"
-#include "storage/Profile.h"
-#include "storage/ProfileEdit.h"
-#include "storage/Utf8.h"
+#include "storage/ini/IniEditor.h"
+#include "storage/ini/IniReader.h"
+#include "storage/text/Utf8.h"
 
 namespace {
 
@@ -109,7 +109,7 @@ bool canBeName(const std::u16string& name, bool isKey) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::u16string text = fromUtf8(bytesOf(data, size));
     const Lines lines = linesOf(text);
-    const Profile profile(text);
+    const IniReader profile(text);
     const Names names = namesIn(lines);
     for (const auto& [section, key] : names) {
         promise(profile.get(section, key) == naiveGet(lines, section, key), "the engine equals the naive reader");
@@ -122,10 +122,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!canBeName(section, false) || !canBeName(key, true)) {
         return 0;
     }
-    ProfileEdit edit(text);
+    IniEditor edit(text);
     edit.set(section, key, value);
     const std::u16string written = edit.compose();
-    const Profile after(written);
+    const IniReader after(written);
     promise(after.get(section, key) == shown(value), "a written value reads back trimmed");
     const Lines writtenLines = linesOf(written);
     for (const auto& [otherSection, otherKey] : names) {

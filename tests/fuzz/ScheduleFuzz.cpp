@@ -3,7 +3,7 @@
 
 #include "fakes/FakeCodePages.h"
 #include "fuzz/Fuzz.h"
-#include "storage/RowStore.h"
+#include "storage/stations/RowStore.h"
 #include "sync/PlainScan.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
 #include "fuzz/Fuzz.h"
-#include "storage/Utf8.h"
-#include "storage/mTextUTF.h"
+#include "storage/text/Utf8.h"
+#include "storage/text/mTextUTF.h"
 
 namespace {
 

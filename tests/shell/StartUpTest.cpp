@@ -2,7 +2,7 @@
 
 #include "fakes/FakePlatform.h"
 #include "shell/StartUp.h"
-#include "storage/RowStore.h"
+#include "storage/stations/RowStore.h"
 
 namespace {
 

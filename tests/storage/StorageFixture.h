@@ -10,9 +10,9 @@
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
 #include "fakes/FourLists.h"
-#include "storage/ListLoader.h"
-#include "storage/ListSaver.h"
-#include "storage/Utf16Bytes.h"
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
+#include "storage/text/Utf16Bytes.h"
 
 // A file of the profile functions: UTF-16LE with its mark.
 inline std::string utf16File(std::u16string_view text) {

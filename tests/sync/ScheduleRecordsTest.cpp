@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/Text.h"
-#include "storage/RowStore.h"
+#include "storage/stations/RowStore.h"
 #include "sync/ScheduleRecords.h"
 #include "sync/ScheduleTexts.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "fakes/Text.h"
-#include "storage/RowStore.h"
+#include "storage/stations/RowStore.h"
 #include "sync/PlainScan.h"
 #include "sync/ScheduleTexts.h"
 

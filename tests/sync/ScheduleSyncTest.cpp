@@ -8,8 +8,8 @@
 #include "fakes/FakeMessageBox.h"
 #include "fakes/FakeServices.h"
 #include "fakes/Text.h"
-#include "storage/RowStore.h"
-#include "storage/Utf8.h"
+#include "storage/stations/RowStore.h"
+#include "storage/text/Utf8.h"
 #include "sync/ScheduleSync.h"
 #include "sync/ScheduleTexts.h"
 

@@ -4,16 +4,16 @@
 #include <string>
 
 #include "platform/Platform.h"
+#include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixCodePages.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixSingleInstance.h"
+#include "platform/posix/PosixVolumes.h"
 #include "platform/qt/QtAddForm.h"
-#include "platform/qt/QtClock.h"
-#include "platform/qt/QtCodePages.h"
-#include "platform/qt/QtFiles.h"
 #include "platform/qt/QtHttpClient.h"
 #include "platform/qt/QtMainWindow.h"
 #include "platform/qt/QtMessageBox.h"
-#include "platform/qt/QtSingleInstance.h"
 #include "platform/qt/QtTextCompare.h"
-#include "platform/qt/QtVolumes.h"
 #include "platform/qt/QtWindowHook.h"
 
 class QtBackend {
@@ -30,11 +30,11 @@ private:
     QtMessageBox messageBox_;
     QtWindowHook windowHook_;
     QtAddForm addForm_;
-    QtFiles files_;
-    QtVolumes volumes_;
+    PosixFiles files_;
+    PosixVolumes volumes_;
     QtHttpClient httpClient_;
-    QtCodePages codePages_;
+    PosixCodePages codePages_;
     QtTextCompare textCompare_;
-    QtSingleInstance singleInstance_;
-    QtClock clock_;
+    PosixSingleInstance singleInstance_;
+    PosixClock clock_;
 };

@@ -1,0 +1,34 @@
+#include "messages/Totals.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace {
+
+int currentTab = 0;  // the application-wide current tab
+
+constexpr std::array<std::u16string_view, 4> kLabels = {u"Total Number Of DRM List: ", u"Total Number Of AM List: ",
+                                                        u"Total Number Of FM List: ",
+                                                        u"Total Number Of Favourite List: "};
+
+std::u16string decimal(int value) {
+    const std::string digits = std::to_string(value);
+    return {digits.begin(), digits.end()};
+}
+
+}  // namespace
+
+void SetCurrentTab(int index) { currentTab = index; }
+
+int GetCurrentTab() { return currentTab; }
+
+void Totals::ShowTotals() { showTotalOf(tabs_.currentTab()); }
+
+void Totals::showTotalOf(int tab) {
+    if (tab < 0 || tab >= static_cast<int>(kLabels.size())) {
+        return;
+    }
+    const auto index = static_cast<std::size_t>(tab);
+    statusBar_.setMessage(std::u16string(kLabels[index]) + decimal(grids_[index]->rowCount()));
+}

@@ -1,0 +1,77 @@
+#include "platform/posix/PosixFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+PosixFile::PosixFile(const std::string& path, int flags, unsigned permissions)
+    // Without O_NONBLOCK a pipe by that name would wait for its other end.
+    : descriptor_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, permissions)) {}
+
+PosixFile::~PosixFile() { close(); }
+
+bool PosixFile::isRegular() const {
+    struct stat status {};
+    return isOpen() && ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::optional<std::string> PosixFile::readAll() const {
+    constexpr std::size_t kMore = 4096;  // the file may grow while it is read
+    struct stat status {};
+    const bool sized = ::fstat(descriptor_, &status) == 0;
+    std::string bytes((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, '\0');
+    std::size_t length = 0;
+    while (true) {
+        const ssize_t count = ::read(descriptor_, bytes.data() + length, bytes.size() - length);
+        if (count == 0) {
+            bytes.resize(length);
+            return bytes;
+        }
+        if (count > 0) {
+            length += static_cast<std::size_t>(count);
+            bytes.resize(std::max(bytes.size(), length + kMore));
+        } else if (errno != EINTR) {
+            return std::nullopt;
+        }
+    }
+}
+
+bool PosixFile::writeAll(std::string_view bytes) const {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(descriptor_, bytes.data(), bytes.size());
+        if (count > 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        } else if (count == 0 || errno != EINTR) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool PosixFile::cutTo(std::size_t size) const { return ::ftruncate(descriptor_, static_cast<off_t>(size)) == 0; }
+
+bool PosixFile::flush() const {
+#ifdef F_FULLFSYNC  // where fsync alone stops at the drive's own cache
+    if (::fcntl(descriptor_, F_FULLFSYNC) == 0) {
+        return true;
+    }
+#endif
+    return ::fsync(descriptor_) == 0;
+}
+
+void PosixFile::forgetCachedPages() const {
+#ifdef POSIX_FADV_DONTNEED
+    ::posix_fadvise(descriptor_, 0, 0, POSIX_FADV_DONTNEED);
+#elif defined(F_NOCACHE)
+    ::fcntl(descriptor_, F_NOCACHE, 1);
+#endif
+}
+
+bool PosixFile::close() {
+    const int descriptor = descriptor_;
+    descriptor_ = -1;
+    return descriptor < 0 || ::close(descriptor) == 0;
+}

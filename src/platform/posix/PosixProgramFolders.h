@@ -1,0 +1,11 @@
+// The executable's folder and the user's application data.
+#pragma once
+
+#include "platform/ProgramFolders.h"
+
+class PosixProgramFolders : public ProgramFolders {
+public:
+    std::u16string ofExecutable() override;
+    bool canWrite(std::u16string_view folder) override;
+    std::u16string ofUser(std::u16string_view name) override;
+};

@@ -1,0 +1,28 @@
+#include "platform/posix/PosixSingleInstance.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <QFile>
+#include <cerrno>
+#include <utility>
+
+#include "platform/posix/PosixFile.h"
+#include "platform/qt/Units.h"
+
+PosixSingleInstance::PosixSingleInstance(std::u16string programFolder) : programFolder_(std::move(programFolder)) {}
+
+PosixSingleInstance::~PosixSingleInstance() = default;
+
+bool PosixSingleInstance::previousInstance() {
+    if (lock_ != nullptr) {
+        return false;
+    }
+    auto lock = std::make_unique<PosixFile>(QFile::encodeName(toQt(programFolder_)).toStdString(), O_RDONLY);
+    // Only a lock that is held counts: a folder that cannot be locked must not keep the program from starting.
+    if (lock->isOpen() && ::flock(lock->descriptor(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        return true;
+    }
+    lock_ = std::move(lock);
+    return false;
+}

@@ -1,0 +1,54 @@
+// The files on the receiver's disk: "Load From Receiver" and "Save To Receiver".
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "messages/Totals.h"
+#include "messages/mMsgBox.h"
+#include "platform/CodePages.h"
+#include "platform/Files.h"
+#include "receiver/mFindDiskDriver.h"
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
+#include "storage/lists/WorkingCopies.h"
+#include "storage/recovery/Backup.h"
+#include "storage/stations/StationLists.h"
+
+class ReceiverCopies {
+public:
+    // All references outlive this object. receiverRoot is set by every search for the disk.
+    ReceiverCopies(StationLists lists, const WorkingCopies& copies, std::u16string& receiverRoot, ListLoader& loader,
+                   ListSaver& saver, mFindDiskDriver& driver, mMsgBox& messages, Totals& totals, Files& files,
+                   CodePages& codePages, Backup& backup);
+
+    // Replaces the working copies by the receiver's files and shows them; what is replaced is backed up. A missing disk
+    // or file gives a message; then, and when a file cannot be copied or converted (silently), the grids stay as they
+    // are.
+    void ReloadFromReceiver();
+    // Saves the grids into the working copies, then copies these to the receiver: both files or neither. The
+    // receiver's old files are backed up.
+    void SaveToReceiver();
+    // Copies one file from the receiver's root, as found last, over a working copy. A file missing there gives
+    // a message; false when nothing has been copied.
+    bool fetch(std::u16string_view name, std::u16string_view workingCopy);
+
+private:
+    bool findDisk();
+    bool fetch(std::u16string_view name, std::u16string_view workingCopy, const std::optional<std::string>& shown);
+    void copyToReceiver();
+    void reloadGrids(WorkingCopyBytes bytes);
+
+    StationLists lists_;
+    const WorkingCopies& copies_;
+    std::u16string& receiverRoot_;
+    ListLoader& loader_;
+    ListSaver& saver_;
+    mFindDiskDriver& driver_;
+    mMsgBox& messages_;
+    Totals& totals_;
+    Files& files_;
+    CodePages& codePages_;
+    Backup& backup_;
+};

@@ -1,0 +1,133 @@
+#include "storage/files/VerifiedFiles.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+
+#include "storage/files/SafeFile.h"
+
+namespace {
+
+// One file on its way to the disk.
+class Replacement {
+public:
+    Replacement(Files& files, const NewFile& newFile) : files_(files), path_(newFile.path), bytes_(newFile.bytes) {}
+
+    // False: there is an old file that could not be put back.
+    bool readOld() {
+        if (isMissing(files_, path_)) {
+            return true;
+        }
+        old_ = files_.read(path_);
+        return old_.has_value();
+    }
+    bool writeBeside() {
+        removeLeftover(files_, path_);
+        return files_.write(besideOf(path_), bytes_);
+    }
+    bool besideHolds() { return files_.readBack(besideOf(path_)) == bytes_; }
+    void abandon() { removeLeftover(files_, path_); }
+    bool put() { return files_.rename(besideOf(path_), path_) && holds(bytes_); }
+    // Both the new bytes and, should they fail, the old ones find room then.
+    bool fitsInPlace(std::uint64_t free) const { return old_ && bytes_.size() <= old_->size() + free; }
+    bool overwrite() {
+        overwritten_ = true;
+        return files_.write(path_, bytes_) && holds(bytes_);
+    }
+
+    void putBack() {
+        abandon();
+        if (!old_) {
+            if (files_.exists(path_)) {
+                files_.remove(path_);
+            }
+            return;
+        }
+        if (holds(*old_)) {
+            return;
+        }
+        constexpr int kAttempts = 2;
+        for (int attempt = 0; attempt < kAttempts; ++attempt) {
+            if (replaceFile(files_, path_, *old_) && holds(*old_)) {
+                return;
+            }
+        }
+        // Writing over a whole new file could tear it; one that is torn or damaged already has nothing to lose.
+        const auto present = files_.readBack(path_);
+        if (overwritten_ || (present && *present != bytes_)) {
+            for (int attempt = 0; attempt < kAttempts && !files_.write(path_, *old_); ++attempt) {
+            }
+        }
+    }
+
+private:
+    bool holds(const std::string& bytes) { return files_.readBack(path_) == bytes; }
+
+    Files& files_;
+    const std::u16string& path_;
+    const std::string& bytes_;
+    std::optional<std::string> old_;
+    bool overwritten_ = false;
+};
+
+using Replacements = std::vector<Replacement>;
+
+template <typename Step>
+bool all(Replacements& replacements, Step step) {
+    return std::all_of(replacements.begin(), replacements.end(), step);
+}
+
+void abandonAll(Replacements& replacements) {
+    for (Replacement& one : replacements) {
+        one.abandon();
+    }
+}
+
+template <typename Step>
+bool allOrNone(Replacements& replacements, Step step) {
+    if (all(replacements, step)) {
+        return true;
+    }
+    for (Replacement& one : replacements) {
+        one.putBack();
+    }
+    return false;
+}
+
+std::optional<std::uint64_t> freeBeside(Files& files, std::u16string_view path) {
+    return files.freeSpace(path.substr(0, std::min(path.find_last_of(u"/\\"), path.size())));
+}
+
+}  // namespace
+
+bool replaceVerified(Files& files, const std::vector<NewFile>& newFiles) {
+    Replacements replacements;
+    std::uint64_t needed = 0;
+    for (const NewFile& newFile : newFiles) {
+        replacements.emplace_back(files, newFile);
+        needed += newFile.bytes.size();
+    }
+    if (replacements.empty() || !all(replacements, [](Replacement& one) { return one.readOld(); })) {
+        return false;
+    }
+    if (all(replacements, [](Replacement& one) { return one.writeBeside(); })) {
+        if (all(replacements, [](Replacement& one) { return one.besideHolds(); })) {
+            return allOrNone(replacements, [](Replacement& one) { return one.put(); });
+        }
+        abandonAll(replacements);
+        return false;
+    }
+    abandonAll(replacements);
+    constexpr std::uint64_t kOverhead = 65'536;  // clusters begun and folder entries, with room to spare
+    const auto free = freeBeside(files, newFiles.front().path);
+    if (!free || *free >= needed + kOverhead) {
+        return false;  // the disk has room: it is failing, and whatever is touched now may be lost
+    }
+    return allOrNone(replacements, [&](Replacement& one) {
+        if (one.writeBeside()) {
+            return one.besideHolds() && one.put();
+        }
+        one.abandon();
+        return one.fitsInPlace(freeBeside(files, newFiles.front().path).value_or(0)) && one.overwrite();
+    });
+}

@@ -1,0 +1,16 @@
+#include "storage/lists/ComposedFile.h"
+
+#include <utility>
+
+#include "storage/text/Utf8.h"
+
+void ComposedFile::encode() {
+    bytes_ += toUtf8(text_);
+    encodedUnits_ += text_.size();
+    text_.clear();
+}
+
+std::string ComposedFile::takeBytes() {
+    encode();
+    return std::move(bytes_);
+}

@@ -1,0 +1,40 @@
+#include "storage/lists/ListFile.h"
+
+#include <array>
+
+#include "storage/text/Numbers.h"
+
+namespace {
+
+struct ListNames {
+    std::u16string_view countKey;
+    std::u16string_view sectionPrefix;
+    std::u16string_view type;
+};
+
+const ListNames& namesOf(ListKind kind) {
+    static constexpr std::array<ListNames, kListCount> kNames = {{{u"drmnumber", u"DRMSchedule", u"DRM"},
+                                                                  {u"amnumber", u"AMSchedule", u"AM"},
+                                                                  {u"fmnumber", u"FMSchedule", u"FM"},
+                                                                  {u"favnumber", u"FAVSchedule", u""}}};
+    return kNames[static_cast<std::size_t>(kind)];
+}
+
+}  // namespace
+
+std::u16string_view ListFile::countKey(ListKind kind) { return namesOf(kind).countKey; }
+
+std::u16string_view ListFile::sectionPrefix(ListKind kind) { return namesOf(kind).sectionPrefix; }
+
+std::u16string_view ListFile::typeOf(ListKind kind) { return namesOf(kind).type; }
+
+bool ListFile::isFm(std::u16string_view type) { return type.find(u"FM") != type.npos; }
+
+RecordSection::RecordSection(ListKind kind)
+    : name_(ListFile::sectionPrefix(kind)), prefixLength_(ListFile::sectionPrefix(kind).size()) {}
+
+std::u16string_view RecordSection::of(int index) {
+    name_.resize(prefixLength_);
+    name_ += decimal(index);
+    return name_;
+}

@@ -1,0 +1,57 @@
+// Writes the four grids into the working copies, in the receiver's encoding.
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/CodePages.h"
+#include "platform/Files.h"
+#include "storage/lists/WorkingCopies.h"
+#include "storage/stations/ReceiverSettings.h"
+#include "storage/stations/StationLists.h"
+
+class ComposedFile;
+
+class ListSaver {
+public:
+    // All references outlive the saver. The paths are read at each save.
+    ListSaver(StationLists lists, const WorkingCopies& copies, const ReceiverSettings& settings, Files& files,
+              CodePages& codePages)
+        : lists_(lists), copies_(copies), settings_(settings), files_(files), codePages_(codePages) {}
+
+    // Rewrites both working copies, each in one step; a file that cannot be written stays whole as it was, silently.
+    void SaveLists();
+    // True when the last SaveLists has written both files.
+    bool ListsSaved() const { return listsSaved_; }
+    // What SaveLists would write now; nullopt for a file that it would leave as it is.
+    WorkingCopyBytes compose();
+
+    // The saver leaves a working copy that could not be loaded as it is: the grids never held what is in it.
+    void leave(std::u16string_view path);
+    // Both have been loaded.
+    void leaveNone();
+
+    // Removes the record sections and the end marker from a working copy; the counts stay.
+    void ResetContentOfINI();
+    void ResetContentOfUserINI();
+
+private:
+    std::size_t usualBytes(std::initializer_list<ListKind> kinds);
+    void appendRecords(ComposedFile& file, ListKind kind);
+    std::optional<std::string> composeListFile();
+    std::optional<std::string> composeUserFile();
+    std::u16string startOf(std::u16string_view path);
+    static std::string finish(ComposedFile& file);
+    void resetContent(std::u16string_view path, std::initializer_list<ListKind> kinds);
+
+    StationLists lists_;
+    const WorkingCopies& copies_;
+    const ReceiverSettings& settings_;
+    Files& files_;
+    CodePages& codePages_;
+    bool listsSaved_ = false;
+    bool leavesListFile_ = false;
+    bool leavesUserFile_ = false;
+};

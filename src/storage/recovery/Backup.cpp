@@ -1,0 +1,109 @@
+#include "storage/recovery/Backup.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "storage/files/SafeFile.h"
+#include "storage/text/Numbers.h"
+
+namespace {
+
+constexpr std::u16string_view kStampShape = u"00000000T000000Z";  // 0 stands for any digit
+
+std::u16string digits(int value, std::size_t count) {
+    std::u16string text = decimal(value);
+    return text.size() < count ? std::u16string(count - text.size(), u'0') + text : text;
+}
+
+std::u16string stampOf(const UtcTime& time) {
+    return digits(time.year, 4) + digits(time.month, 2) + digits(time.day, 2) + u'T' + digits(time.hour, 2) +
+           digits(time.minute, 2) + digits(time.second, 2) + u'Z';
+}
+
+bool isStamp(std::u16string_view text) {
+    return std::equal(text.begin(), text.end(), kStampShape.begin(), kStampShape.end(),
+                      [](char16_t c, char16_t shape) { return shape == u'0' ? isDigit(c) : c == shape; });
+}
+
+// The number behind the stamp: nothing is 1, "-2" and up; anything else is no copy of ours.
+std::optional<int> countOf(std::u16string_view text) {
+    if (text.empty()) {
+        return 1;
+    }
+    constexpr std::size_t kMostDigits = 6;
+    text.remove_prefix(1);
+    if (text.empty() || text.size() > kMostDigits || !std::all_of(text.begin(), text.end(), isDigit)) {
+        return std::nullopt;
+    }
+    int count = 0;
+    for (const char16_t digit : text) {
+        count = count * 10 + (digit - u'0');
+    }
+    return count;
+}
+
+}  // namespace
+
+Backup::Backup(std::u16string_view programFolder, Files& files, Clock& clock)
+    : folder_(std::u16string(programFolder) + u"Backup"),
+      separator_(programFolder.empty() ? u'/' : programFolder.back()),
+      files_(files),
+      clock_(clock) {}
+
+void Backup::keep(std::u16string_view name, std::string_view bytes) {
+    const std::size_t dot = std::min(name.rfind(u'.'), name.size());
+    const std::u16string stem = std::u16string(name.substr(0, dot)) + u'-';
+    const std::u16string_view extension = name.substr(dot);
+    std::vector<Copy> copies = copiesOf(stem, extension);
+    if (!copies.empty() && files_.read(pathOf(copies.back().name)) == bytes) {
+        return;
+    }
+    Copy added{stampOf(clock_.now()), 1, {}};
+    // A clock that has been set back must not make the newest copy look old.
+    if (!copies.empty() && added.stamp <= copies.back().stamp) {
+        added.stamp = copies.back().stamp;
+        added.count = copies.back().count + 1;
+    }
+    added.name = stem + added.stamp + (added.count > 1 ? u"-" + decimal(added.count) : u"");
+    added.name += extension;
+    if (!files_.createFolder(folder_) || !replaceFile(files_, pathOf(added.name), bytes)) {
+        return;
+    }
+    files_.flushFolderOf(folder_);
+    for (std::size_t i = 0; i + kCopies <= copies.size(); ++i) {
+        files_.remove(pathOf(copies[i].name));
+    }
+}
+
+void Backup::removeLeftovers() {
+    const std::u16string ending = besideOf(u"");
+    for (const std::u16string& name : files_.list(folder_)) {
+        if (name.ends_with(ending)) {
+            files_.remove(pathOf(name));
+        }
+    }
+}
+
+std::vector<Backup::Copy> Backup::copiesOf(std::u16string_view stem, std::u16string_view extension) {
+    std::vector<Copy> copies;
+    for (const std::u16string& name : files_.list(folder_)) {
+        std::u16string_view middle = name;
+        if (!middle.starts_with(stem) || !middle.ends_with(extension) ||
+            middle.size() < stem.size() + kStampShape.size() + extension.size()) {
+            continue;
+        }
+        middle.remove_prefix(stem.size());
+        middle.remove_suffix(extension.size());
+        const std::u16string_view stamp = middle.substr(0, kStampShape.size());
+        const auto count = countOf(middle.substr(stamp.size()));
+        if (isStamp(stamp) && count) {
+            copies.push_back({std::u16string(stamp), *count, name});
+        }
+    }
+    std::sort(copies.begin(), copies.end(), [](const Copy& left, const Copy& right) {
+        return std::tie(left.stamp, left.count) < std::tie(right.stamp, right.count);
+    });
+    return copies;
+}
+
+std::u16string Backup::pathOf(std::u16string_view copy) const { return folder_ + separator_ + std::u16string(copy); }

@@ -1,0 +1,101 @@
+#include "storage/text/Numbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <system_error>
+
+namespace {
+
+constexpr double kLargest = std::numeric_limits<double>::max();
+constexpr double kInt16Min = -32768;
+constexpr double kInt16Max = 32767;
+
+bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
+
+// The number's characters without blanks and "+"; from_chars takes them as they are.
+std::string numberText(std::u16string_view text) {
+    std::size_t at = 0;
+    while (at < text.size() && isBlank(text[at])) {
+        ++at;
+    }
+    std::string number;
+    if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) {
+        number.append(text[at] == u'-' ? 1 : 0, '-');
+        ++at;
+    }
+    bool hasPoint = false;
+    for (; at < text.size() && (isDigit(text[at]) || (text[at] == u'.' && !hasPoint)); ++at) {
+        hasPoint = hasPoint || text[at] == u'.';
+        number.push_back(static_cast<char>(text[at]));
+    }
+    return number;
+}
+
+double parse(std::string_view number, std::chars_format format) {
+    double value = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value, format);
+    if (error != std::errc::result_out_of_range) {
+        return value;
+    }
+    // Out of range is too large or too close to zero; only the former has a digit before the point.
+    const std::size_t digit = number.find_first_of("123456789");
+    const bool large = digit < number.find('.');
+    return large ? (number.front() == '-' ? -kLargest : kLargest) : 0;
+}
+
+std::u16string widen(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
+
+}  // namespace
+
+double leadingNumber(std::u16string_view text) { return parse(numberText(text), std::chars_format::fixed); }
+
+std::u16string shortestDecimal(double value) {
+    if (std::isnan(value) || value == 0) {
+        return u"0";
+    }
+    if (std::isinf(value)) {
+        value = std::copysign(kLargest, value);
+    }
+    std::array<char, 800> text;  // the smallest double has over 320 zeros behind the point
+    const auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+    return widen({text.data(), result.ptr});
+}
+
+std::optional<int> roundToInt16(double value) {
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= kInt16Min && rounded <= kInt16Max)) {
+        return std::nullopt;
+    }
+    return static_cast<int>(rounded);
+}
+
+int saturateToInt16(double value) {
+    if (std::isnan(value)) {
+        return 0;
+    }
+    const double rounded = std::nearbyint(value);
+    return static_cast<int>(rounded < kInt16Min ? kInt16Min : (rounded > kInt16Max ? kInt16Max : rounded));
+}
+
+std::u16string decimal(int value) {
+    std::array<char, 12> text{};
+    const auto result = std::to_chars(text.data(), text.data() + text.size(), value);
+    return widen({text.data(), result.ptr});
+}
+
+double kilohertzOf(double megahertz) {
+    const double product = megahertz * 1000;
+    if (!std::isfinite(product)) {
+        return product;
+    }
+    constexpr int kDigitsAfterFirst = 14;  // 15 significant digits always survive a double
+    std::array<char, 40> text{};
+    const auto result = std::to_chars(text.data(), text.data() + text.size(), product, std::chars_format::scientific,
+                                      kDigitsAfterFirst);
+    const double rounded = parse({text.data(), result.ptr}, std::chars_format::scientific);
+    const double noise = std::abs(product) * std::numeric_limits<double>::epsilon();
+    return std::abs(rounded - product) <= noise ? rounded : product;
+}

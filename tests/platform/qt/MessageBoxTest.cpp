@@ -1,0 +1,112 @@
+#include <QLibraryInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QTranslator>
+#include <functional>
+#include <utility>
+
+#include "messages/mMsgBox.h"
+#include "platform/qt/RecordingWindow.h"
+
+namespace {
+
+// Shows boxes and answers each with a button as soon as it is on screen.
+class MessageBoxTest : public RecordingWindow {
+protected:
+    MessageBoxTest() {
+        user.setSingleShot(true);
+        QObject::connect(&user, &QTimer::timeout, &user, [this] { action(); });
+    }
+    int show(int style, QMessageBox::StandardButton press) {
+        pressOnceShown(press);
+        return boxes.show(u"Text <b>as it is</b>", style, u"Add List");
+    }
+    void pressOnceShown(QMessageBox::StandardButton press) {
+        captions.clear();
+        onceShown([this, press] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            title = box->windowTitle();
+            format = box->textFormat();
+            for (const QAbstractButton* button : box->buttons()) {
+                captions.insert(button->text());
+            }
+            box->button(press)->click();
+        });
+    }
+    // When the box runs its events.
+    void onceShown(std::function<void()> act) {
+        action = std::move(act);
+        user.start(0);
+    }
+
+    mMsgBox boxes{platform.messageBox, platform.windowHook};
+    QSet<QString> captions;
+    QString title;
+    Qt::TextFormat format = Qt::AutoText;
+    QTimer user;
+    std::function<void()> action;
+};
+
+class ChineseMessageBoxTest : public MessageBoxTest {
+protected:
+    ChineseMessageBoxTest() {
+        EXPECT_TRUE(chinese.load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
+        QApplication::installTranslator(&chinese);
+        QCoreApplication::processEvents();  // every window hears of the new language
+    }
+    ~ChineseMessageBoxTest() override { QApplication::removeTranslator(&chinese); }
+
+    QTranslator chinese;
+};
+
+TEST_F(MessageBoxTest, AnswersWithTheButton) {
+    EXPECT_EQ(show(BoxStyle::Ok, QMessageBox::Ok), BoxAnswer::Ok);
+    EXPECT_EQ(title, "Add List");
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_EQ(show(BoxStyle::OkCancel, QMessageBox::Ok), BoxAnswer::Ok);
+    EXPECT_EQ(show(BoxStyle::OkCancel, QMessageBox::Cancel), BoxAnswer::Cancel);
+    EXPECT_EQ(show(BoxStyle::AbortRetryIgnore, QMessageBox::Abort), BoxAnswer::Abort);
+    EXPECT_EQ(show(BoxStyle::AbortRetryIgnore, QMessageBox::Ignore), BoxAnswer::Ignore);
+    EXPECT_EQ(show(BoxStyle::YesNoCancel, QMessageBox::No), BoxAnswer::No);
+    EXPECT_EQ(show(BoxStyle::YesNo, QMessageBox::Yes), BoxAnswer::Yes);
+    EXPECT_EQ(show(BoxStyle::RetryCancel, QMessageBox::Retry), BoxAnswer::Retry);
+}
+
+TEST_F(MessageBoxTest, ClosingTheBoxAnswersCancelOrOk) {
+    for (const auto& [style, answer] :
+         {std::pair{BoxStyle::OkCancel, BoxAnswer::Cancel}, {BoxStyle::Ok, BoxAnswer::Ok}}) {
+        onceShown([] { QApplication::activeModalWidget()->close(); });
+        EXPECT_EQ(platform.messageBox.show(u"?", style, u""), answer);
+    }
+}
+
+TEST_F(MessageBoxTest, EnglishCaptionsStayAsTheyAre) {
+    show(BoxStyle::OkCancel, QMessageBox::Ok);
+    EXPECT_FALSE(captions.contains("Ok"));
+    EXPECT_TRUE(captions.contains("Cancel") || captions.contains("&Cancel"));
+}
+
+TEST_F(ChineseMessageBoxTest, KnownCaptionsBecomeEnglish) {
+    show(BoxStyle::OkCancel, QMessageBox::Ok);
+    EXPECT_EQ(captions, (QSet<QString>{"Ok", "Cancel"}));
+    show(BoxStyle::AbortRetryIgnore, QMessageBox::Abort);
+    EXPECT_EQ(captions, (QSet<QString>{"Abort(&A)", "Retry(&R)", "Ignore(&I)"}));
+}
+
+TEST_F(ChineseMessageBoxTest, YesAndNoKeepTheSystemsCaptions) {
+    show(BoxStyle::YesNo, QMessageBox::Yes);
+    EXPECT_EQ(captions.size(), 2);
+    for (const QString& caption : captions) {
+        EXPECT_GT(caption.at(0).unicode(), 0x2000) << caption.toStdString();
+    }
+}
+
+TEST_F(ChineseMessageBoxTest, WithoutTheHookNothingIsRenamed) {
+    pressOnceShown(QMessageBox::Ok);
+    boxes.showPlain(u"full");
+    EXPECT_EQ(captions, (QSet<QString>{QString::fromUtf8("确定")}));
+}
+
+}  // namespace

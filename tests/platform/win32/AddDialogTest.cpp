@@ -1,0 +1,101 @@
+// The Add List dialog of the whole program, worked by keys and read as a screen reader does.
+#include "platform/win32/WindowFixture.h"
+
+namespace {
+
+using AddDialog = Window;
+
+TEST_F(AddDialog, AddsARecordThroughTheDialog) {
+    start();
+    HWND drm = program().list(kDrm);
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_FALSE(IsWindowEnabled(program().window()));
+
+    // Enter in a field saves; an empty programme is refused.
+    ASSERT_TRUE(eventually([&] { return program().focus() == childOf(dialog, L"Edit", 1); }));
+    pressKey(VK_RETURN);
+    HWND refusal = program().dialog(L"Add List");
+    ASSERT_NE(refusal, nullptr);
+    EXPECT_EQ(messageOf(refusal), L"Programme: Input can't be empty");
+    pressButton(refusal, IDOK);
+    ASSERT_TRUE(eventually([&] { return IsWindow(refusal) == 0; }));
+
+    SendMessageW(childOf(dialog, L"Edit", 1), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"\u7535\u53F0"));
+    SendMessageW(childOf(dialog, L"Edit", 2), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"7100"));
+    SendMessageW(childOf(dialog, L"Edit", 3), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Asia"));
+    SendMessageW(childOf(dialog, L"ComboBox", 1), CB_SETCURSEL, 7, 0);
+    SendMessageW(childOf(dialog, L"ComboBox", 2), CB_SETCURSEL, 5, 0);
+    SendMessageW(childOf(dialog, L"ComboBox", 3), CB_SETCURSEL, 8, 0);
+    SendMessageW(childOf(dialog, L"ComboBox", 4), CB_SETCURSEL, 0, 0);
+    ASSERT_TRUE(eventually([&] { return program().focus() == childOf(dialog, L"Edit", 1); }));
+    pressKey(VK_RETURN);
+    ASSERT_TRUE(eventually([&] { return program().rowCount(drm) == 4; }));
+    EXPECT_EQ(program().cell(drm, 4, 1), L"\u7535\u53F0");
+    EXPECT_EQ(program().cell(drm, 4, 3), L"07:05-08:00");
+    EXPECT_TRUE(statusBecomes(L"Total Number Of DRM List: 4"));
+    EXPECT_TRUE(eventually([&] { return IsWindow(dialog) == 0 && IsWindowEnabled(program().window()) != 0; }));
+    EXPECT_TRUE(eventually([&] { return GetForegroundWindow() == program().window(); }));
+}
+
+// Such is the name of a field that shows none itself: what screen readers are told by the system.
+std::wstring labelBefore(HWND field) {
+    HWND label = GetWindow(field, GW_HWNDPREV);
+    wchar_t className[16]{};
+    GetClassNameW(label, className, 16);
+    if (_wcsicmp(className, L"Static") != 0) {
+        return L"(none)";
+    }
+    std::wstring text = textOf(label);
+    std::erase(text, L'&');
+    return text;
+}
+
+TEST_F(AddDialog, EveryFieldHasAName) {
+    start();
+    ASSERT_TRUE(opensBoxAt(program().list(kDrm), 1, 1));
+    EXPECT_EQ(labelBefore(program().box()), kDrm);
+    pressKey(VK_RETURN);
+    ASSERT_TRUE(eventually([&] { return !program().boxIsOpen(); }));
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(labelBefore(childOf(dialog, L"Edit", 1)), L"Programme:");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"Edit", 2)), L"Frequency:");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"Edit", 3)), L"Target:");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 1)), L"Start Time(UTC):");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 2)), L"Start Time(UTC):");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 3)), L"StopTime(UTC):");
+    EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 4)), L"StopTime(UTC):");
+}
+
+TEST_F(AddDialog, TabGoesDownTheRowsAndOverTheButtons) {
+    start();
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
+    ASSERT_NE(dialog, nullptr);
+    const HWND order[] = {childOf(dialog, L"Edit", 1),     childOf(dialog, L"Edit", 2),
+                          childOf(dialog, L"ComboBox", 1), childOf(dialog, L"ComboBox", 2),
+                          childOf(dialog, L"ComboBox", 3), childOf(dialog, L"ComboBox", 4),
+                          childOf(dialog, L"Edit", 3),     GetDlgItem(dialog, IDOK),
+                          GetDlgItem(dialog, IDCANCEL),    childOf(dialog, L"Edit", 1)};
+    for (std::size_t i = 0; i + 1 < std::size(order); ++i) {
+        EXPECT_EQ(GetNextDlgTabItem(dialog, order[i], FALSE), order[i + 1]) << i;
+    }
+    EXPECT_EQ(LOWORD(SendMessageW(dialog, DM_GETDEFID, 0, 0)), IDOK);
+}
+
+TEST_F(AddDialog, EscapeLeavesTheDialogButSavesInAStopTime) {
+    start();
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
+    ASSERT_NE(dialog, nullptr);
+    HWND stopHour = childOf(childOf(dialog, L"ComboBox", 3), L"Edit", 1);
+    PostMessageW(stopHour, WM_KEYDOWN, VK_ESCAPE, 1);
+    HWND refusal = program().dialog(L"Add List");
+    ASSERT_NE(refusal, nullptr);
+    pressButton(refusal, IDOK);
+    ASSERT_TRUE(eventually([&] { return IsWindow(refusal) == 0; }));
+    PostMessageW(childOf(dialog, L"Edit", 2), WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_TRUE(eventually([&] { return IsWindow(dialog) == 0 && IsWindowEnabled(program().window()) != 0; }));
+    EXPECT_EQ(program().rowCount(program().list(kDrm)), 3);
+}
+
+}  // namespace

@@ -1,0 +1,117 @@
+// Servers that mean no good, met by the real program: a message, nothing left behind, the list as it was.
+#include <windows.h>
+#include <gtest/gtest.h>
+#include <psapi.h>
+#include <winsock2.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/win32/OneAnswerServer.h"
+#include "platform/win32/Poll.h"
+#include "platform/win32/Program.h"
+#include "platform/win32/TemporaryFolder.h"
+
+namespace {
+
+constexpr const wchar_t* kFailed = L"Download failed,Please check the network";
+constexpr std::size_t kMostMemory = std::size_t{400} << 20;  // bytes at any time; the largest download is 16 MiB
+const std::string kHead = "HTTP/1.1 200 OK\r\nConnection: close\r\n";
+const std::string kSchedule =
+    "[DRMSchedule]\nStartStopTimeUTC=0600-0700\nx\nFrequency=6000\nTarget=T\nx\nProgramme=P\nx\nx\nx\n";
+
+std::function<void(SOCKET)> sends(const std::string& bytes) {
+    return [bytes](SOCKET client) { sendAll(client, bytes); };
+}
+
+std::string redirectTo(const std::string& target) {
+    return "HTTP/1.1 302 Found\r\nConnection: close\r\nContent-Length: 0\r\nLocation: " + target + "\r\n\r\n";
+}
+
+class Hostile : public testing::Test {
+protected:
+    Hostile() {
+        folder.write("List.ini",
+                     "[Total]\r\ndrmnumber=1\r\namnumber=0\r\nfmnumber=0\r\n[DRMSchedule0]\r\nFrequency=6095\r\n"
+                     "Programme=Mine\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\nUserDef=0\r\n");
+    }
+
+    void expectRefused(const std::function<void(SOCKET)>& answer, const wchar_t* message = kFailed) {
+        const OneAnswerServer server(answer);
+        folder.write("config.ini", server.address() + "/schedule\r\n");
+        Program program(folder);
+        HWND drm = program.list(L"DRM List");
+        HWND report = nullptr;
+        for (int patience = 3; report == nullptr && patience > 0; --patience) {  // 16 MiB take a busy machine a while
+            report = program.dialogBy('I', L"Halcyon_K7");
+        }
+        ASSERT_NE(report, nullptr);
+        EXPECT_EQ(messageOf(report), message);
+        PostMessageW(report, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+        ASSERT_TRUE(eventually([&] { return IsWindow(report) == 0; }));
+        EXPECT_EQ(program.columnTexts(drm, 1), std::vector<std::wstring>{L"Mine"});
+        EXPECT_LT(mostMemory(program), kMostMemory);
+        ASSERT_TRUE(program.close());
+        EXPECT_NE(folder.read("List.ini").find("Programme=Mine\r\n"), std::string::npos);
+    }
+    void expectNothingLeft() { EXPECT_FALSE(std::filesystem::exists(folder.file("DRMSchedule.ini"))); }
+
+    TemporaryFolder folder;
+
+private:
+    static std::size_t mostMemory(const Program& program) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(program.window(), &id);
+        HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id);
+        PROCESS_MEMORY_COUNTERS counters{};
+        EXPECT_NE(K32GetProcessMemoryInfo(process, &counters, sizeof counters), 0);
+        EXPECT_GT(counters.PeakWorkingSetSize, 0U);
+        CloseHandle(process);
+        return counters.PeakWorkingSetSize;
+    }
+};
+
+TEST_F(Hostile, AnEndlessBody) {
+    expectRefused([](SOCKET client) {
+        const std::string chunk = "10000\r\n" + std::string(0x10000, 'x') + "\r\n";
+        bool listens = sendAll(client, kHead + "Transfer-Encoding: chunked\r\n\r\n");
+        while (listens) {
+            listens = sendAll(client, chunk);
+        }
+    });
+    expectNothingLeft();
+}
+
+TEST_F(Hostile, RedirectsInACircle) {
+    expectRefused(sends(redirectTo("/schedule")));
+    expectNothingLeft();
+}
+
+TEST_F(Hostile, ARedirectToAFile) {
+    folder.write("local.txt", kSchedule);
+    std::string path = folder.file("local.txt").string();
+    std::replace(path.begin(), path.end(), '\\', '/');
+    expectRefused(sends(redirectTo("file:///" + path)));
+    expectNothingLeft();
+}
+
+TEST_F(Hostile, ALengthThatIsNotKept) {
+    expectRefused(sends(kHead + "Content-Length: 1000000\r\n\r\n" + kSchedule));
+    expectNothingLeft();
+}
+
+TEST_F(Hostile, Nuls) {
+    const std::string nuls(5000, '\0');
+    expectRefused(sends(kHead + "Content-Length: 5000\r\n\r\n" + nuls), L"Illegal file,sync failed");
+    expectNothingLeft();
+}
+
+TEST_F(Hostile, AFolderInThePlaceOfTheDownload) {
+    std::filesystem::create_directory(folder.file("DRMSchedule.ini"));
+    expectRefused(sends(kHead + "Content-Length: " + std::to_string(kSchedule.size()) + "\r\n\r\n" + kSchedule));
+    EXPECT_TRUE(std::filesystem::is_directory(folder.file("DRMSchedule.ini")));
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+// The real program in a folder of its own, driven from outside through messages and the keyboard.
+#pragma once
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/win32/TemporaryFolder.h"
+
+// The program as it was built, by its path relative to the folder of this test.
+std::filesystem::path builtProgram(const wchar_t* relative = LR"(..\..\Halcyon_K7.exe)");
+
+// Column, row and panel numbers are 1-based, pixels are those of the window named.
+class Program {
+public:
+    // Copies the program into the folder, starts it and waits for its window.
+    explicit Program(const TemporaryFolder& folder, const std::filesystem::path& built = builtProgram());
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    HWND window() const { return window_; }
+    HWND list(const wchar_t* tabCaption) const { return FindWindowExW(window_, nullptr, L"SysListView32", tabCaption); }
+    HWND box() const { return FindWindowExW(window_, nullptr, L"Edit", nullptr); }
+    bool boxIsOpen() const { return IsWindowVisible(box()) != 0; }
+    // A dialog or message box of the program with this title; waits for it, null when none comes.
+    HWND dialog(const wchar_t* title) const;
+    // The one that a key pressed with Ctrl brings.
+    HWND dialogBy(WORD key, const wchar_t* title) const;
+    HWND menu() const;  // the popup menu on screen, null when there is none
+    HWND focus() const;
+    bool hasEnded() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0; }
+    // Closes the window as a user does and waits for the end.
+    bool close();
+
+    int rowCount(HWND list) const { return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)); }
+    std::wstring cell(HWND list, int row, int column) const;
+    std::vector<std::wstring> columnTexts(HWND list, int column) const;
+    RECT cellBounds(HWND list, int row, int column) const;
+    std::wstring status(int panel = 1) const;
+    // As another program may; the next text of the program's own stands in its place.
+    bool overwriteStatus(int panel, std::wstring_view text) const;
+    // What the system tells a window that has come to a screen of this resolution.
+    void comeToResolution(int dpi, const RECT& suggested) const;
+
+    void click(HWND list, int row, int column) const;
+    void doubleClick(HWND list, int row, int column) const;
+    void rightClick(HWND list, int row, int column) const;
+    void clickHeader(HWND list, int column) const;
+
+private:
+    HWND statusBar() const { return FindWindowExW(window_, nullptr, STATUSCLASSNAMEW, nullptr); }
+    HWND findOwnWindow(const wchar_t* className, const wchar_t* title) const;
+    LPARAM middleOf(HWND list, int row, int column) const;
+
+    PROCESS_INFORMATION process_{};
+    HWND window_ = nullptr;
+};
+
+// Keys as the keyboard gives them, to whatever has the focus.
+void pressKey(WORD key);
+void pressWithCtrl(WORD key);
+void pressWithAlt(WORD key);
+void pressWithShift(WORD key);
+void typeInto(HWND window, std::wstring_view text);
+std::wstring textOf(HWND window);
+std::wstring messageOf(HWND messageBox);                          // an icon's label has no text
+HWND childOf(HWND dialog, const wchar_t* className, int number);  // 1-based, in the dialog's order

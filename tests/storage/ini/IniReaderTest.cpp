@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include "fakes/FakeCodePages.h"
+#include "fakes/FakeFiles.h"
+#include "fakes/Text.h"
+#include "storage/ini/IniReader.h"
+#include "storage/text/Numbers.h"
+
+using namespace std::string_literals;
+
+namespace {
+
+std::string get(std::u16string text, std::u16string_view section, std::u16string_view key) {
+    const IniReader profile(std::move(text));
+    return narrow(profile.get(section, key));
+}
+
+}  // namespace
+
+TEST(IniReader, LinesEndAtCrLfLfOrCr) {
+    EXPECT_EQ(get(u"[A]\r\nx=1\r\ny=2\r\n", u"A", u"y"), "2");
+    EXPECT_EQ(get(u"[A]\nx=1\ny=2\n", u"A", u"y"), "2");
+    EXPECT_EQ(get(u"[A]\rx=1\ry=2\r", u"A", u"y"), "2");
+    EXPECT_EQ(get(u"[A]\nx=1\r\ny=2", u"A", u"y"), "2") << "the last line needs no end";
+    EXPECT_EQ(get(u"[A]\n\rx=1", u"A", u"x"), "1");
+}
+
+TEST(IniReader, NamesCompareWithoutRegardToCase) {
+    EXPECT_EQ(get(u"[tOTAL]\r\nDRMNumber=3\r\n", u"Total", u"drmnumber"), "3");
+    EXPECT_EQ(get(u"[A]\r\nx_[=1\r\n", u"A", u"X_{"), "") << "only letters fold";
+}
+
+TEST(IniReader, BlanksAroundNamesAndValuesAreDropped) {
+    EXPECT_EQ(get(u"  [ A ]  \r\n\t x =  1 2\t\r\n", u"A", u"x"), "1 2");
+}
+
+TEST(IniReader, OnePairOfEqualQuotesIsDropped) {
+    EXPECT_EQ(get(u"[A]\r\nx=\" a \"", u"A", u"x"), " a ");
+    EXPECT_EQ(get(u"[A]\r\nx='a'", u"A", u"x"), "a");
+    EXPECT_EQ(get(u"[A]\r\nx=\"\"a\"\"", u"A", u"x"), "\"a\"");
+    EXPECT_EQ(get(u"[A]\r\nx=\"a'", u"A", u"x"), "\"a'");
+    EXPECT_EQ(get(u"[A]\r\nx=\"", u"A", u"x"), "\"");
+    EXPECT_EQ(get(u"[A]\r\nx=\"\"", u"A", u"x"), "");
+}
+
+TEST(IniReader, TheFirstSectionAndTheFirstKeyOfANameWin) {
+    const std::u16string text = u"[A]\r\nx=1\r\nX=2\r\n[B]\r\nx=3\r\n[a]\r\nx=4\r\nz=5\r\n";
+    EXPECT_EQ(get(text, u"A", u"x"), "1");
+    EXPECT_EQ(get(text, u"A", u"z"), "") << "a second section of the name does not continue the first";
+}
+
+TEST(IniReader, OfAHundredEqualKeysTheFirstIsRead) {
+    std::u16string text = u"[A]\r\n";
+    for (int i = 0; i < 100; ++i) {
+        text += u"x=" + decimal(i) + u"\r\n";
+    }
+    EXPECT_EQ(get(text, u"A", u"x"), "0");
+}
+
+TEST(IniReader, ALineThatIsNeitherSectionNorKeyIsSkipped) {
+    const std::u16string text = u" \r\nx=0\r\n[A]\r\n;x=1\r\n  ; x=2\r\nnothing\r\n=3\r\n[open\r\n\r\nx=4\r\n"s;
+    EXPECT_EQ(get(text, u"A", u"x"), "4");
+    EXPECT_EQ(get(text, u"A", u""), "");
+}
+
+TEST(IniReader, ANulInALineIsNoError) {
+    const std::u16string text = u"[A]\r\nx=1\r\n\0\r\n[kvt update end]\r\n[B]\r\ny=a\0b\r\n"s;
+    EXPECT_EQ(get(text, u"A", u"x"), "1");
+    const IniReader profile(text);
+    EXPECT_EQ(profile.get(u"B", u"y"), u"a\0b"s);
+}
+
+TEST(IniReader, AtMost254UnitsOfAValueAreReturned) {
+    const auto length = [](std::size_t units) {
+        return get(u"[A]\r\nx=" + std::u16string(units, u'v') + u"\r\n", u"A", u"x").size();
+    };
+    EXPECT_EQ(length(253), 253U);
+    EXPECT_EQ(length(254), 254U);
+    EXPECT_EQ(length(255), 254U);
+    EXPECT_EQ(length(400), 254U);
+}
+
+TEST(IniReader, AMissingSectionOrKeyIsEmpty) {
+    EXPECT_EQ(get(u"", u"A", u"x"), "");
+    EXPECT_EQ(get(u"[A]\r\nx=1\r\n", u"B", u"x"), "");
+    EXPECT_EQ(get(u"[A]\r\nx=1\r\n", u"A", u"xx"), "");
+    EXPECT_EQ(IniReader().get(u"A", u"x"), u"");
+}
+
+TEST(IniReader, AValueKeepsItsEqualsSigns) { EXPECT_EQ(get(u"[A]\nx=a=b", u"A", u"x"), "a=b"); }
+
+TEST(IniReader, FindsEverySectionOfALargeFile) {
+    constexpr int kCount = 32767;
+    std::u16string text;
+    for (int i = 0; i < kCount; ++i) {
+        text += u"[DRMSchedule" + decimal(i) + u"]\r\nFrequency=" + decimal(i) + u"\r\n";
+    }
+    const IniReader profile(std::move(text));
+    int wrong = 0;
+    for (int i = 0; i < kCount; ++i) {
+        wrong += profile.get(u"DRMSCHEDULE" + decimal(i), u"frequency") == decimal(i) ? 0 : 1;
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
+TEST(IniReaderTest, AFileWithTheMarkIsUtf16AndAnyOtherAnsi) {
+    FakeFiles files;
+    FakeCodePages codePages;
+    files.files[u"/u"] = "\xFF\xFE[\0A\0]\0\n\0x\0=\0\x2D\x4E"s;
+    files.files[u"/a"] = "[A]\nx=\xE9";
+    EXPECT_EQ(readIni(u"/u", files, codePages).get(u"A", u"x"), u"中");
+    EXPECT_EQ(readIni(u"/a", files, codePages).get(u"A", u"x"), u"é");
+}
+
+TEST(IniReaderTest, AnOddLastByteOfUtf16IsIgnored) {
+    FakeFiles files;
+    FakeCodePages codePages;
+    files.files[u"/u"] = "\xFF\xFE[\0A\0]\0\n\0x\0=\0v\0w"s;
+    EXPECT_EQ(readIni(u"/u", files, codePages).get(u"A", u"x"), u"v");
+}
+
+TEST(IniReaderTest, AFileOfMoreThan31BitsIsNotRead) {
+    FakeFiles files;
+    FakeCodePages codePages;
+    files.files[u"/huge"] = "[A]\nx=1";
+    files.sizes[u"/huge"] = 0x80000000U;
+    EXPECT_EQ(readIni(u"/huge", files, codePages).get(u"A", u"x"), u"");
+    EXPECT_TRUE(files.accesses.empty());
+}
+
+TEST(IniReaderTest, AMissingOrUnreadableFileIsEmpty) {
+    FakeFiles files;
+    FakeCodePages codePages;
+    files.files[u"/bad"] = "[A]\nx=1";
+    files.failing.insert(u"/bad");
+    EXPECT_EQ(readIni(u"/bad", files, codePages).get(u"A", u"x"), u"");
+    EXPECT_EQ(readIni(u"/none", files, codePages).get(u"A", u"x"), u"");
+}

@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include "fakes/Text.h"
+#include "storage/lists/ListFile.h"
+
+TEST(ListFile, NamesTheRecordsAndCountsOfEachList) {
+    EXPECT_EQ(narrow(RecordSection(ListKind::Drm).of(0)), "DRMSchedule0");
+    EXPECT_EQ(narrow(RecordSection(ListKind::Am).of(10)), "AMSchedule10");
+    EXPECT_EQ(narrow(RecordSection(ListKind::Fm).of(255)), "FMSchedule255");
+    RecordSection favourites(ListKind::Favourite);
+    EXPECT_EQ(narrow(favourites.of(100)), "FAVSchedule100");
+    EXPECT_EQ(narrow(favourites.of(1)), "FAVSchedule1") << "one buffer for all";
+    EXPECT_EQ(narrow(ListFile::countKey(ListKind::Drm)), "drmnumber");
+    EXPECT_EQ(narrow(ListFile::countKey(ListKind::Am)), "amnumber");
+    EXPECT_EQ(narrow(ListFile::countKey(ListKind::Fm)), "fmnumber");
+    EXPECT_EQ(narrow(ListFile::countKey(ListKind::Favourite)), "favnumber");
+}
+
+TEST(ListFile, TheTypeOfAFavouriteDecidesItsUnit) {
+    EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Drm))), "  kHz");
+    EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Am))), "  kHz");
+    EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Fm))), "  MHz");
+    EXPECT_TRUE(ListFile::isFm(u"my FM list"));
+    EXPECT_FALSE(ListFile::isFm(u"fm"));
+    EXPECT_FALSE(ListFile::isFm(u""));
+    EXPECT_TRUE(ListFile::typeOf(ListKind::Favourite).empty());
+}

@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+
+#include "fakes/FakeFiles.h"
+#include "fakes/FakeServices.h"
+#include "storage/recovery/Backup.h"
+
+namespace {
+
+using Names = std::vector<std::u16string>;
+
+class BackupTest : public testing::Test {
+protected:
+    Names names() { return files.list(u"/app/Backup"); }
+    std::string content(const std::u16string& name) { return files.files[u"/app/Backup/" + name]; }
+
+    FakeFiles files;
+    FakeClock clock;
+    Backup backup{u"/app/", files, clock};
+};
+
+}  // namespace
+
+TEST_F(BackupTest, TheTimeIsInTheName) {
+    backup.keep(u"List.ini", "a");
+    clock.time = {2027, 1, 2, 3, 4, 5};
+    backup.keep(u"List.ini", "b");
+    backup.keep(u"User.ini", "c");
+    EXPECT_EQ(names(),
+              (Names{u"List-20261120T224501Z.ini", u"List-20270102T030405Z.ini", u"User-20270102T030405Z.ini"}));
+    EXPECT_EQ(content(u"List-20270102T030405Z.ini"), "b");
+}
+
+TEST_F(BackupTest, WhatTheNewestHoldsIsNotKeptAgain) {
+    backup.keep(u"List.ini", "a");
+    backup.keep(u"List.ini", "a");
+    EXPECT_EQ(names().size(), 1U);
+    backup.keep(u"List.ini", "b");
+    backup.keep(u"List.ini", "a");
+    EXPECT_EQ(names().size(), 3U) << "only the newest counts";
+}
+
+TEST_F(BackupTest, OneSecondMayHoldMany) {
+    for (int i = 0; i < 12; ++i) {
+        backup.keep(u"List.ini", std::to_string(i));
+    }
+    EXPECT_EQ(content(u"List-20261120T224501Z.ini"), "0");
+    EXPECT_EQ(content(u"List-20261120T224501Z-2.ini"), "1");
+    EXPECT_EQ(content(u"List-20261120T224501Z-12.ini"), "11");
+    backup.keep(u"List.ini", "11");
+    EXPECT_EQ(names().size(), 12U) << "the twelfth is newer than the second";
+}
+
+TEST_F(BackupTest, AClockSetBackMakesNoCopyLookOld) {
+    backup.keep(u"List.ini", "a");
+    clock.time.year = 2020;
+    backup.keep(u"List.ini", "b");
+    EXPECT_EQ(names(), (Names{u"List-20261120T224501Z-2.ini", u"List-20261120T224501Z.ini"}));
+    backup.keep(u"List.ini", "b");
+    EXPECT_EQ(names().size(), 2U);
+}
+
+TEST_F(BackupTest, TheNewestThirtyStay) {
+    for (int i = 0; i < 100; ++i) {
+        clock.time.minute = i / 60;
+        clock.time.second = i % 60;
+        backup.keep(u"List.ini", std::to_string(i));
+        backup.keep(u"User.ini", std::to_string(i));
+    }
+    EXPECT_EQ(names().size(), 60U);
+    EXPECT_EQ(content(names().front()), "70");
+    EXPECT_EQ(content(names().back()), "99");
+}
+
+TEST_F(BackupTest, FilesOfTheUserAreLeftAlone) {
+    const Names own = {u"List-.ini",
+                       u"List-20261120T224501Z-.ini",
+                       u"List-20261120T224501Z-x.ini",
+                       u"List-20261120T224501Z-9999999.ini",
+                       u"List-20261120T2245012.ini",
+                       u"List-mine.ini",
+                       u"List.ini",
+                       u"List-20261120T224501Z.txt"};
+    for (const std::u16string& name : own) {
+        files.files[u"/app/Backup/" + name] = "mine";
+    }
+    for (int i = 0; i < 40; ++i) {
+        backup.keep(u"List.ini", std::to_string(i));
+    }
+    for (const std::u16string& name : own) {
+        EXPECT_EQ(content(name), "mine");
+    }
+    EXPECT_EQ(names().size(), own.size() + Backup::kCopies);
+}
+
+TEST_F(BackupTest, OnlyUnfinishedCopiesAreLeftovers) {
+    backup.keep(u"List.ini", "a");
+    files.files[u"/app/Backup/List-20261120T224502Z.ini.k7new"] = "half";
+    files.files[u"/app/List.ini.k7new"] = "of another folder";
+    backup.removeLeftovers();
+    EXPECT_EQ(names(), Names{u"List-20261120T224501Z.ini"});
+    EXPECT_TRUE(files.files.contains(u"/app/List.ini.k7new"));
+}
+
+TEST_F(BackupTest, AFailureLeavesTheOldCopies) {
+    backup.keep(u"List.ini", "a");
+    clock.time.second = 2;
+    files.failing = {u"/app/Backup/List-20261120T224502Z.ini.k7new"};
+    backup.keep(u"List.ini", "b");
+    EXPECT_EQ(names(), Names{u"List-20261120T224501Z.ini"});
+    files.failing = {u"/app/Backup"};
+    backup.keep(u"List.ini", "b");
+    EXPECT_EQ(names(), Names{u"List-20261120T224501Z.ini"});
+}

@@ -1,0 +1,226 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "fakes/FakeFiles.h"
+#include "storage/recovery/Recovery.h"
+
+namespace {
+
+constexpr const char16_t* kFirst = u"/app/Recovery/Snapshot1";
+constexpr const char16_t* kSecond = u"/app/Recovery/Snapshot2";
+
+class RecoveryTest : public testing::Test {
+protected:
+    // What the next run finds.
+    std::optional<WorkingCopyBytes> found() { return Recovery(u"/app/", files).find(); }
+    auto writes() const {
+        return std::count_if(files.accesses.begin(), files.accesses.end(),
+                             [](const std::string& access) { return access.starts_with("write "); });
+    }
+
+    FakeFiles files;
+    Recovery recovery{u"/app/", files};
+    const WorkingCopyBytes one{"list 1", "user 1"};
+    const WorkingCopyBytes two{"list 2", "user 2"};
+    const WorkingCopyBytes three{"list 3", "user 3"};
+};
+
+}  // namespace
+
+TEST_F(RecoveryTest, NothingIsFoundWhereNothingWasKept) {
+    EXPECT_EQ(found(), std::nullopt);
+    EXPECT_TRUE(files.folders.empty()) << "looking makes no folder";
+}
+
+TEST_F(RecoveryTest, TheNewestIsFound) {
+    for (const WorkingCopyBytes& bytes : {one, two, three, one}) {
+        ASSERT_TRUE(recovery.keep(bytes));
+        EXPECT_EQ(found(), bytes);
+    }
+    EXPECT_EQ(files.files.size(), 2U);
+}
+
+TEST_F(RecoveryTest, TheSameIsNotWrittenAgain) {
+    recovery.keep(one);
+    recovery.keep(one);
+    EXPECT_EQ(writes(), 1);
+}
+
+TEST_F(RecoveryTest, WhatAKilledRunHasLeftIsWrittenOnceMore) {
+    recovery.keep(one);
+    // Killed before the flush: found after the kill, but not after a power cut.
+    files.writeUnflushed(kFirst, std::string(files.files[kFirst]));
+    Recovery next(u"/app/", files);
+    next.find();
+    EXPECT_TRUE(next.keep(one));
+    EXPECT_TRUE(next.keep(one));
+    EXPECT_EQ(writes(), 2);
+    files.cutPower([](std::u16string_view) { return FakeFiles::Fate::Empty; });
+    EXPECT_EQ(found(), one);
+}
+
+TEST_F(RecoveryTest, ALaterRunCountsOn) {
+    recovery.keep(one);
+    recovery.keep(two);
+    Recovery next(u"/app/", files);
+    next.find();
+    next.keep(three);
+    EXPECT_EQ(found(), three);
+}
+
+TEST_F(RecoveryTest, ATornOneGivesWayToTheOneBefore) {
+    recovery.keep(one);
+    recovery.keep(two);
+    const std::string whole = files.files[kSecond];
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        files.files[kSecond] = whole.substr(0, length);
+        ASSERT_EQ(found(), one) << length;
+    }
+}
+
+TEST_F(RecoveryTest, ADamagedOneGivesWayToTheOneBefore) {
+    recovery.keep(one);
+    recovery.keep(two);
+    const std::string whole = files.files[kSecond];
+    for (std::size_t at = 0; at < whole.size(); ++at) {
+        files.files[kSecond] = whole;
+        files.files[kSecond][at] = static_cast<char>(whole[at] ^ 0x40);
+        ASSERT_EQ(found(), one) << at;
+    }
+    files.files[kSecond] = whole + '\0';
+    EXPECT_EQ(found(), one) << "too long";
+}
+
+TEST_F(RecoveryTest, AFailedWriteNeverTouchesTheNewestWholeOne) {
+    recovery.keep(one);
+    recovery.keep(two);
+    files.failing = {kFirst};
+    EXPECT_FALSE(recovery.keep(three));
+    files.files[kFirst] = "torn";
+    files.failing.clear();
+    EXPECT_EQ(found(), two);
+    EXPECT_TRUE(recovery.keep(three));
+    EXPECT_EQ(found(), three);
+}
+
+TEST_F(RecoveryTest, AFileOfWhichNothingIsKnownStaysAsKeptLast) {
+    recovery.keep({"list 1", std::nullopt});
+    EXPECT_EQ(found(), (WorkingCopyBytes{"list 1", std::nullopt}));
+    recovery.keep(two);
+    recovery.keep({std::nullopt, "user 3"});
+    EXPECT_EQ(found(), (WorkingCopyBytes{"list 2", "user 3"}));
+    recovery.keep({"", ""});
+    EXPECT_EQ(found(), (WorkingCopyBytes{"", ""})) << "empty is known";
+}
+
+TEST_F(RecoveryTest, AFolderThatCannotBeMadeAtFirstIsTriedAgain) {
+    files.failing = {u"/app/Recovery"};
+    EXPECT_FALSE(recovery.keep(one));
+    files.failing.clear();
+    EXPECT_TRUE(recovery.keep(one));
+    EXPECT_EQ(found(), one);
+}
+
+TEST_F(RecoveryTest, DiscardLeavesNothing) {
+    recovery.keep(one);
+    recovery.keep(two);
+    recovery.discard();
+    EXPECT_TRUE(files.files.empty());
+    EXPECT_TRUE(files.folders.empty());
+    recovery.keep(one);
+    EXPECT_EQ(found(), one) << "the same bytes are written after they were removed";
+}
+
+TEST_F(RecoveryTest, DiscardNeverLeavesTheOlderOneAlone) {
+    recovery.keep(one);
+    recovery.keep(two);
+    files.failing = {kFirst};
+    recovery.discard();
+    EXPECT_EQ(found(), two);
+    files.failing = {kSecond};
+    recovery.discard();
+    EXPECT_EQ(found(), std::nullopt);
+    EXPECT_FALSE(files.files.contains(kFirst));
+    files.failing.clear();
+    EXPECT_EQ(found(), two);
+}
+
+TEST_F(RecoveryTest, AFolderThatIsALinkIsNotWrittenInto) {
+    files.files[u"/app/Recovery"] = "not a folder";
+    EXPECT_FALSE(recovery.keep(one));
+    EXPECT_EQ(files.files.size(), 1U);
+}
+
+namespace {
+
+std::string withSum(std::string file, std::uint64_t sum) {
+    for (std::size_t i = 0; i < 8; ++i) {
+        file[file.size() - 8 + i] = static_cast<char>((sum >> (8 * i)) & 0xFFU);
+    }
+    return file;
+}
+
+std::string withChecksum(const std::string& file) {
+    std::uint64_t sum = 14695981039346656037U;
+    for (std::size_t start = 0; start <= file.size() - 8; start += 8) {
+        std::uint64_t word = 0;
+        for (std::size_t i = 0; i < 8 && start + i < file.size() - 8; ++i) {
+            word |= std::uint64_t{static_cast<unsigned char>(file[start + i])} << (8 * i);
+        }
+        sum = (sum ^ word) * 1099511628211U;
+        sum ^= sum >> 32U;
+    }
+    return withSum(file, sum);
+}
+
+// As version 1.0.0 wrote it.
+std::string ofFirstVersion(std::string file) {
+    file[7] = '1';
+    std::uint64_t sum = 14695981039346656037U;
+    for (std::size_t i = 0; i + 8 < file.size(); ++i) {
+        sum = (sum ^ static_cast<unsigned char>(file[i])) * 1099511628211U;
+    }
+    return withSum(file, sum);
+}
+
+}  // namespace
+
+TEST(Snapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
+    std::string file = encodeSnapshot(7, {"list", "user"});
+    ASSERT_TRUE(decodeSnapshot(file));
+    EXPECT_EQ(decodeSnapshot(file)->number, 7U);
+    EXPECT_EQ(withChecksum(file), file);
+    EXPECT_EQ(decodeSnapshot(std::string(100, 'x')), std::nullopt);
+    EXPECT_EQ(decodeSnapshot(file.substr(0, 8)), std::nullopt);
+    // The checksum is right, but the lengths are not those of the files.
+    for (const auto& [list, user] : {std::pair(5, 4), std::pair(4, 5), std::pair(3, 4), std::pair(4, 3)}) {
+        file[16] = static_cast<char>(list);
+        file[24] = static_cast<char>(user);
+        EXPECT_EQ(decodeSnapshot(withChecksum(file)), std::nullopt) << list << " and " << user;
+    }
+    file[16] = file[24] = 4;
+    EXPECT_TRUE(decodeSnapshot(withChecksum(file)));
+}
+
+TEST(Snapshot, OneOfTheFirstVersionIsRead) {
+    const WorkingCopyBytes bytes{"the list", std::nullopt};
+    std::string file = ofFirstVersion(encodeSnapshot(7, bytes));
+    ASSERT_TRUE(decodeSnapshot(file));
+    EXPECT_EQ(decodeSnapshot(file)->number, 7U);
+    EXPECT_EQ(decodeSnapshot(file)->bytes, bytes);
+    file[33] = 'T';
+    EXPECT_EQ(decodeSnapshot(file), std::nullopt);
+}
+
+TEST(Snapshot, ChangesThatTouchTheSameBitOfTwoWordsAreFound) {
+    const std::string file = encodeSnapshot(7, {std::string(100, 'x'), std::string(3, 'y')});
+    for (std::size_t first = 32; first < 40; ++first) {
+        for (const int bit : {0, 3, 7}) {
+            std::string changed = file;
+            changed[first] = static_cast<char>(changed[first] ^ (1 << bit));
+            changed[first + 8] = static_cast<char>(changed[first + 8] ^ (1 << bit));
+            EXPECT_EQ(decodeSnapshot(changed), std::nullopt) << first << ' ' << bit;
+        }
+    }
+}

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <utility>
+
+#include "fakes/FakeGridView.h"
+#include "storage/stations/RowStore.h"
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+TEST(RowStore, RowsAndColumnsAreOneBasedAndAnythingOutsideIsEmpty) {
+    RowStore rows;
+    rows.appendRow({u"a", u"b"});
+    EXPECT_EQ(rows.text(1, 1), u"a");
+    EXPECT_EQ(rows.text(1, 2), u"b");
+    EXPECT_EQ(rows.text(1, 3), u"");
+    EXPECT_EQ(rows.text(0, 1), u"");
+    EXPECT_EQ(rows.text(2, 1), u"");
+    EXPECT_EQ(rows.text(1, 0), u"");
+    EXPECT_EQ(rows.text(1, 5), u"");
+    rows.setText(2, 1, u"lost");
+    rows.setText(1, 5, u"lost");
+    EXPECT_EQ(rows.rowCount(), 1);
+}
+
+TEST(RowStore, ColumnsThatAreNotThereAreNeitherWidenedNorDragged) {
+    RowStore rows;
+    rows.addColumn(u"Programme", u"PROG", 100);
+    rows.setColumnWidth(1, 150);
+    for (const int column : {0, 2}) {
+        rows.setColumnWidth(column, 300);
+        rows.columnDragged(column, 300);
+    }
+    ASSERT_EQ(rows.columns().size(), 1U);
+    EXPECT_EQ(rows.columns()[0].width, 150);
+    EXPECT_FALSE(rows.isSelected(1));
+}
+
+TEST(RowStore, EveryChangeOfARowIsCounted) {
+    RowStore rows;
+    std::uint64_t last = rows.changes();
+    const auto grew = [&] { return rows.changes() > std::exchange(last, rows.changes()); };
+    rows.appendRow({u"a"});
+    EXPECT_TRUE(grew());
+    rows.setText(1, 1, u"b");
+    EXPECT_TRUE(grew());
+    rows.setSelected(1, true);
+    rows.addColumn(u"Programme", u"PROG", 100);
+    EXPECT_FALSE(grew()) << "no row has changed";
+    rows.removeSelectedRows();
+    EXPECT_TRUE(grew());
+    rows.clear();
+    EXPECT_TRUE(grew());
+}
+
+TEST(RowStore, RemovingSelectedRowsKeepsTheOthersInOrder) {
+    RowStore rows;
+    for (const char16_t* name : {u"1", u"2", u"3", u"4", u"5", u"6"}) {
+        rows.appendRow({name});
+    }
+    for (const int row : {2, 5, 6}) {
+        rows.setSelected(row, true);
+    }
+    rows.removeSelectedRows();
+    ASSERT_EQ(rows.rowCount(), 3);
+    EXPECT_EQ(rows.text(1, 1), u"1");
+    EXPECT_EQ(rows.text(2, 1), u"3");
+    EXPECT_EQ(rows.text(3, 1), u"4");
+    EXPECT_EQ(rows.firstSelected(), 0);
+}
+
+TEST(RowStore, AnUpdateOfManyRowsResetsTheViewOnce) {
+    FakeGridView view;
+    RowStore rows(view);
+    {
+        const GridUpdate outer(rows);
+        const GridUpdate inner(rows);
+        rows.appendRow({u"a"});
+        rows.appendRow({u"b"});
+        rows.setText(1, 1, u"c");
+        rows.clear();
+    }
+    EXPECT_EQ(view.calls, (Calls{"beforeReset", "afterReset"}));
+}
+
+TEST(RowStore, SingleChangesReachTheView) {
+    FakeGridView view;
+    RowStore rows(view);
+    rows.appendRow({u"a"});
+    rows.setText(1, 1, u"b");
+    EXPECT_EQ(view.calls, (Calls{"beforeAppend", "afterAppend", "cellChanged"}));
+}
+
+TEST(RowStore, AColumnKeepsTheWidthThatTheViewShows) {
+    class RoundingView : public FakeGridView {
+        double showColumnWidth(int, double) override { return 1500; }
+    } view;
+    RowStore rows(view);
+    rows.addColumn(u"Programme", u"PROG", 1440);
+    EXPECT_EQ(rows.columns().at(0).width, 1500);
+    rows.columnDragged(1, 900);
+    EXPECT_EQ(rows.columns().at(0).width, 900);
+}
+
+}  // namespace
