@@ -46,7 +46,8 @@ public:
     virtual bool createFolder(std::u16string_view path) = 0;
     // Empty folders only.
     virtual bool removeFolder(std::u16string_view path) = 0;
-    // The names of everything in a folder, in the order of their UTF-16 units; empty when it cannot be read.
+    // The names of everything in a folder, in the order of their UTF-16 units; empty when it cannot be read. Names
+    // that have no UTF-16 form are left out.
     virtual std::vector<std::u16string> list(std::u16string_view path) = 0;
     // Bytes that files of this user can still take on the folder's volume; nullopt when that cannot be told.
     virtual std::optional<std::uint64_t> freeSpace(std::u16string_view folder) = 0;

@@ -1,9 +1,10 @@
 #include "platform/posix/PosixClock.h"
 
-#include <QDateTime>
+#include <ctime>
 
 UtcTime PosixClock::now() {
-    const QDateTime time = QDateTime::currentDateTimeUtc();
-    return {time.date().year(), time.date().month(),  time.date().day(),
-            time.time().hour(), time.time().minute(), time.time().second()};
+    const std::time_t seconds = std::time(nullptr);
+    std::tm utc{};
+    ::gmtime_r(&seconds, &utc);
+    return {utc.tm_year + 1900, utc.tm_mon + 1, utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec};
 }

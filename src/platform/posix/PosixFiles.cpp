@@ -6,21 +6,18 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-#include <QFile>
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <memory>
 
+#include "platform/posix/NativePath.h"
 #include "platform/posix/PosixFile.h"
-#include "platform/qt/Units.h"
 
 namespace {
 
 constexpr unsigned kDefaultPermissions = 0666;  // less what the user's mask takes away
 constexpr mode_t kFolderPermissions = 0777;
-
-std::string native(std::u16string_view path) { return QFile::encodeName(toQt(path)).toStdString(); }
 
 // Makes a new name in the folder durable. Some file systems have no such notion; nothing is lost then.
 void flushFolder(const std::string& path) {
@@ -45,24 +42,24 @@ bool fill(const std::string& path, std::string_view bytes, bool flush) {
 
 bool PosixFiles::exists(std::u16string_view path) {
     struct stat status {};
-    return ::lstat(native(path).c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+    return ::lstat(nativePath(path).c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 
 std::optional<std::uint64_t> PosixFiles::size(std::u16string_view path) {
     struct stat status {};
-    if (::stat(native(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (::stat(nativePath(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return std::nullopt;
     }
     return static_cast<std::uint64_t>(status.st_size);
 }
 
 std::optional<std::string> PosixFiles::read(std::u16string_view path) {
-    const PosixFile file(native(path), O_RDONLY);
+    const PosixFile file(nativePath(path), O_RDONLY);
     return file.isRegular() ? file.readAll() : std::nullopt;
 }
 
 std::optional<std::string> PosixFiles::readBack(std::u16string_view path) {
-    const PosixFile file(native(path), O_RDONLY);
+    const PosixFile file(nativePath(path), O_RDONLY);
     if (!file.isRegular()) {
         return std::nullopt;
     }
@@ -70,14 +67,14 @@ std::optional<std::string> PosixFiles::readBack(std::u16string_view path) {
     return file.readAll();
 }
 
-bool PosixFiles::write(std::u16string_view path, std::string_view bytes) { return fill(native(path), bytes, true); }
+bool PosixFiles::write(std::u16string_view path, std::string_view bytes) { return fill(nativePath(path), bytes, true); }
 
 bool PosixFiles::writeUnflushed(std::u16string_view path, std::string_view bytes) {
-    return fill(native(path), bytes, false);
+    return fill(nativePath(path), bytes, false);
 }
 
 bool PosixFiles::append(std::u16string_view path, std::string_view bytes) {
-    const std::string name = native(path);
+    const std::string name = nativePath(path);
     PosixFile file(name, O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
     const bool written = file.isRegular() && file.writeAll(bytes) && file.flush();
     flushFolder(name);
@@ -93,13 +90,13 @@ bool PosixFiles::rename(std::u16string_view from, std::u16string_view to) {
 }
 
 bool PosixFiles::renameUnflushed(std::u16string_view from, std::u16string_view to) {
-    return ::rename(native(from).c_str(), native(to).c_str()) == 0;
+    return ::rename(nativePath(from).c_str(), nativePath(to).c_str()) == 0;
 }
 
-void PosixFiles::flushFolderOf(std::u16string_view path) { flushFolder(native(path)); }
+void PosixFiles::flushFolderOf(std::u16string_view path) { flushFolder(nativePath(path)); }
 
 bool PosixFiles::remove(std::u16string_view path) {
-    const std::string name = native(path);
+    const std::string name = nativePath(path);
     if (::unlink(name.c_str()) != 0) {
         return false;
     }
@@ -108,7 +105,7 @@ bool PosixFiles::remove(std::u16string_view path) {
 }
 
 bool PosixFiles::clearAttributes(std::u16string_view path) {
-    const std::string name = native(path);
+    const std::string name = nativePath(path);
     struct stat status {};
     constexpr mode_t kPermissionBits = 07777;
     if (::lstat(name.c_str(), &status) != 0 || S_ISLNK(status.st_mode)) {
@@ -119,7 +116,7 @@ bool PosixFiles::clearAttributes(std::u16string_view path) {
 }
 
 bool PosixFiles::createFolder(std::u16string_view path) {
-    const std::string name = native(path);
+    const std::string name = nativePath(path);
     if (::mkdir(name.c_str(), kFolderPermissions) == 0) {
         return true;
     }
@@ -127,18 +124,18 @@ bool PosixFiles::createFolder(std::u16string_view path) {
     return ::lstat(name.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool PosixFiles::removeFolder(std::u16string_view path) { return ::rmdir(native(path).c_str()) == 0; }
+bool PosixFiles::removeFolder(std::u16string_view path) { return ::rmdir(nativePath(path).c_str()) == 0; }
 
 std::vector<std::u16string> PosixFiles::list(std::u16string_view path) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(native(path).c_str()), ::closedir);
+    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(nativePath(path).c_str()), ::closedir);
     std::vector<std::u16string> names;
     if (folder == nullptr) {
         return names;
     }
     while (const dirent* const entry = ::readdir(folder.get())) {
-        const std::string_view name = static_cast<const char*>(entry->d_name);
-        if (name != "." && name != "..") {
-            names.push_back(fromQt(QFile::decodeName(QByteArray(name.data(), static_cast<qsizetype>(name.size())))));
+        const std::u16string name = portablePath(static_cast<const char*>(entry->d_name));
+        if (!name.empty() && name != u"." && name != u"..") {
+            names.push_back(name);
         }
     }
     std::sort(names.begin(), names.end());
@@ -147,7 +144,7 @@ std::vector<std::u16string> PosixFiles::list(std::u16string_view path) {
 
 std::optional<std::uint64_t> PosixFiles::freeSpace(std::u16string_view folder) {
     struct statvfs volume {};
-    if (::statvfs(native(folder).c_str(), &volume) != 0) {
+    if (::statvfs(nativePath(folder).c_str(), &volume) != 0) {
         return std::nullopt;
     }
     return static_cast<std::uint64_t>(volume.f_bavail) * volume.f_frsize;

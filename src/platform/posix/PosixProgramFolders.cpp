@@ -1,27 +1,50 @@
 #include "platform/posix/PosixProgramFolders.h"
 
+#include <pwd.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <system_error>
 
-#include "platform/qt/Units.h"
+#include "platform/posix/NativePath.h"
 
 namespace {
 
-std::u16string withSeparator(const QString& path) { return fromQt(path.endsWith('/') ? path : path + '/'); }
+std::u16string withSeparator(const std::filesystem::path& path) { return portablePath((path / "").native()); }
+
+// The base directory of user data; relative values count as unset. Empty for a user without a home.
+std::filesystem::path userData() {
+    if (const char* data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data == '/') {
+        return data;
+    }
+    const char* home = std::getenv("HOME");
+    if (home == nullptr || *home != '/') {
+        const passwd* user = ::getpwuid(::getuid());
+        home = user != nullptr ? user->pw_dir : nullptr;
+    }
+    return home != nullptr && *home == '/' ? std::filesystem::path(home) / ".local/share" : std::filesystem::path();
+}
 
 }  // namespace
 
-std::u16string PosixProgramFolders::ofExecutable() { return withSeparator(QCoreApplication::applicationDirPath()); }
+std::u16string PosixProgramFolders::ofExecutable() {
+    std::error_code error;
+    return withSeparator(std::filesystem::read_symlink("/proc/self/exe", error).parent_path());
+}
 
 bool PosixProgramFolders::canWrite(std::u16string_view folder) {
-    return ::access(QFile::encodeName(toQt(folder)).constData(), W_OK) == 0;
+    return ::access(nativePath(folder).c_str(), W_OK) == 0;
 }
 
 std::u16string PosixProgramFolders::ofUser(std::u16string_view name) {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + '/' + toQt(name);
-    return QDir().mkpath(folder) ? withSeparator(QDir(folder).absolutePath()) : std::u16string();
+    const std::filesystem::path data = userData();
+    if (data.empty()) {
+        return {};
+    }
+    const std::filesystem::path folder = data / nativePath(name);
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    return std::filesystem::is_directory(folder, error) ? withSeparator(folder) : std::u16string();
 }

@@ -3,12 +3,11 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
-#include <QFile>
 #include <cerrno>
 #include <utility>
 
+#include "platform/posix/NativePath.h"
 #include "platform/posix/PosixFile.h"
-#include "platform/qt/Units.h"
 
 PosixSingleInstance::PosixSingleInstance(std::u16string programFolder) : programFolder_(std::move(programFolder)) {}
 
@@ -18,7 +17,7 @@ bool PosixSingleInstance::previousInstance() {
     if (lock_ != nullptr) {
         return false;
     }
-    auto lock = std::make_unique<PosixFile>(QFile::encodeName(toQt(programFolder_)).toStdString(), O_RDONLY);
+    auto lock = std::make_unique<PosixFile>(nativePath(programFolder_), O_RDONLY);
     // Only a lock that is held counts: a folder that cannot be locked must not keep the program from starting.
     if (lock->isOpen() && ::flock(lock->descriptor(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         return true;

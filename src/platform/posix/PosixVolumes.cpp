@@ -3,44 +3,55 @@
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
-#include <QDirIterator>
-#include <QFile>
-#include <QRegularExpression>
 #include <algorithm>
+#include <charconv>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <string>
+#include <string_view>
+#include <system_error>
 
 #include "platform/posix/MountTable.h"
-#include "platform/qt/Units.h"
+#include "platform/posix/NativePath.h"
 
 namespace {
 
-std::string native(std::u16string_view path) { return QFile::encodeName(toQt(path)).toStdString(); }
-
+// Empty if the mount point cannot be named in UTF-16.
 std::u16string rootOf(const std::string& mountPoint) {
-    std::u16string root = fromQt(QFile::decodeName(mountPoint.c_str()));
-    if (!root.ends_with(u'/')) {
+    std::u16string root = portablePath(mountPoint);
+    if (!root.empty() && !root.ends_with(u'/')) {
         root.push_back(u'/');
     }
     return root;
 }
 
-// The device manager's links to the devices are named by their labels, blanks and the like as \xNN.
-QString labelOfDevice(dev_t device) {
-    QDirIterator links(QStringLiteral("/dev/disk/by-label"), QDir::System | QDir::Files);
-    while (links.hasNext()) {
+// A blank in a label stands as \x20 in the name of its link, and likewise other characters.
+std::string withoutEscapes(std::string_view name) {
+    std::string result;
+    while (!name.empty()) {
+        unsigned value = 0;
+        if (name.starts_with("\\x") && name.size() >= 4 &&
+            std::from_chars(name.data() + 2, name.data() + 4, value, 16).ptr == name.data() + 4) {
+            result.push_back(static_cast<char>(value));
+            name.remove_prefix(4);
+        } else {
+            result.push_back(name.front());
+            name.remove_prefix(1);
+        }
+    }
+    return result;
+}
+
+// The device manager links the labels of volumes to their devices. Empty if there is no such link.
+std::string labelOfDevice(dev_t device) {
+    std::error_code error;
+    std::filesystem::directory_iterator link("/dev/disk/by-label", error);
+    for (; link != std::filesystem::directory_iterator(); link.increment(error)) {
         struct stat status {};
-        if (::stat(QFile::encodeName(links.next()).constData(), &status) != 0 || status.st_rdev != device) {
-            continue;
+        if (::stat(link->path().c_str(), &status) == 0 && status.st_rdev == device) {
+            return withoutEscapes(link->path().filename().native());
         }
-        static const QRegularExpression kEscape(QStringLiteral("\\\\x([0-9a-f]{2})"));
-        QByteArray name = links.fileName().toUtf8();
-        for (auto match = kEscape.match(QString::fromLatin1(name)); match.hasMatch();
-             match = kEscape.match(QString::fromLatin1(name), match.capturedStart() + 1)) {
-            name.replace(match.capturedStart(), match.capturedLength(),
-                         QByteArray::fromHex(match.captured(1).toLatin1()));
-        }
-        return QString::fromUtf8(name);
     }
     return {};
 }
@@ -53,7 +64,9 @@ std::vector<std::u16string> PosixVolumes::roots() {
     table << file.rdbuf();
     std::vector<std::u16string> result;
     for (const std::string& point : diskMountPoints(table.str())) {
-        result.push_back(rootOf(point));
+        if (std::u16string root = rootOf(point); !root.empty()) {
+            result.push_back(std::move(root));
+        }
     }
     return result;
 }
@@ -62,21 +75,21 @@ std::vector<std::u16string> PosixVolumes::roots() {
 bool PosixVolumes::isPresent(std::u16string_view root) {
     const std::vector<std::u16string> known = roots();
     struct stat status {};
-    return std::find(known.begin(), known.end(), root) != known.end() && ::stat(native(root).c_str(), &status) == 0 &&
-           S_ISDIR(status.st_mode);
+    return std::find(known.begin(), known.end(), root) != known.end() &&
+           ::stat(nativePath(root).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 std::optional<std::u16string> PosixVolumes::label(std::u16string_view root) {
     struct stat status {};
-    if (!isPresent(root) || ::stat(native(root).c_str(), &status) != 0) {
+    if (!isPresent(root) || ::stat(nativePath(root).c_str(), &status) != 0) {
         return std::nullopt;
     }
-    return fromQt(labelOfDevice(status.st_dev));
+    return portablePath(labelOfDevice(status.st_dev));
 }
 
 std::optional<DiskGeometry> PosixVolumes::geometry(std::u16string_view root) {
     struct statvfs status {};
-    if (!isPresent(root) || ::statvfs(native(root).c_str(), &status) != 0) {
+    if (!isPresent(root) || ::statvfs(nativePath(root).c_str(), &status) != 0) {
         return std::nullopt;
     }
     return DiskGeometry{1, static_cast<std::uint32_t>(status.f_frsize), status.f_blocks};
