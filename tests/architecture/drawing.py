@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Draws the floors of the house from the includes of the sources, as the Mermaid drawing of docs/architecture.md.
+"""Draws which folder includes which, from the sources, as the Mermaid drawing of docs/architecture.md.
 
 usage: drawing.py SRC PAGE           exits 1 when the drawing in the page is not that of the sources
        drawing.py --write SRC PAGE   puts it into the page
@@ -9,51 +9,32 @@ import pathlib
 import re
 import sys
 
-# Top to bottom: name, what a box says, and what belongs there. The first pattern that fits a file wins.
-FLOORS = (
-    ("mains", "main programs", r"platform/(qt|win32)/main\.cpp"),
-    ("roof", "shell: MainForm, StartUp", r"shell/(MainForm|StartUp)\."),
-    ("adding", "adding", r"adding/"),
-    ("sync", "sync", r"sync/"),
-    ("editing", "editing", r"editing/"),
-    ("storage", "storage", r"storage/"),
-    ("ground", "shell: mMsgBox, mFindDiskDriver, Totals", r"shell/(mMsgBox|mFindDiskDriver|Totals)\."),
-    ("design", "shell: Design", r"shell/Design\."),
-    ("qt", "platform/qt", r"platform/qt/"),
-    ("win32", "platform/win32", r"platform/win32/"),
-    ("platform", "platform: interfaces", r"platform/"),
-)
+from include_rules import FOLDERS
+
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 DRAWING = re.compile(r"```mermaid\n.*?```\n", re.DOTALL)
-
-
-def floor_of(name):
-    for floor, _, pattern in FLOORS:
-        if re.match(pattern, name):
-            return floor
-    return None
 
 
 def draw(source):
     edges = set()
     seen = set()
-    for path in sorted(source.rglob("*")):
-        name = path.relative_to(source).as_posix()
+    for path in source.rglob("*"):
         if path.suffix not in (".h", ".cpp"):
             continue
-        floor = floor_of(name)
-        if floor is None:
-            sys.exit(f"{name} belongs to no floor of the drawing")
-        seen.add(floor)
+        folder = path.parent.relative_to(source).as_posix()
+        seen.add(folder)
         for included in INCLUDE.findall(path.read_text(encoding="utf-8")):
-            below = floor_of(included)
-            if below and below != floor:
-                edges.add((floor, below))
-    order = [floor for floor, _, _ in FLOORS]
+            below = included.rsplit("/", 1)[0]
+            if below in FOLDERS and below != folder:
+                edges.add((folder, below))
+    # An arrow that other arrows imply says nothing new.
+    direct = [(upper, lower) for upper, lower in edges
+              if not any((upper, middle) in edges and (middle, lower) in edges for middle in FOLDERS)]
+    highest_first = FOLDERS[::-1]
     lines = ["```mermaid", "flowchart TD"]
-    lines += [f'    {floor}["{text}"]' for floor, text, _ in FLOORS if floor in seen]
-    lines += [f"    {above} --> {below}" for above, below in
-              sorted(edges, key=lambda edge: (order.index(edge[0]), order.index(edge[1])))]
+    lines += [f'    {folder.replace("/", "_")}["{folder}"]' for folder in highest_first if folder in seen]
+    lines += [f'    {upper.replace("/", "_")} --> {lower.replace("/", "_")}' for upper, lower in
+              sorted(direct, key=lambda edge: (highest_first.index(edge[0]), highest_first.index(edge[1])))]
     return "\n".join(lines + ["```"]) + "\n"
 
 
@@ -76,4 +57,5 @@ def main():
         sys.exit(f"The drawing is out of date: {sys.argv[0]} --write {source} {page}")
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Holds the sources to the floors of the house: who may include whom, and no circle anywhere.
+"""Checks who may include whom: a folder includes only folders that stand before it in FOLDERS, and no circle anywhere.
 
 usage: include_rules.py SRC    prints every broken rule as FILE:LINE: RULE: text, exits 1 when there is one
 """
@@ -7,11 +7,33 @@ import pathlib
 import re
 import sys
 
-PORTABLE = ("storage", "editing", "adding", "sync", "shell")
-SUBSYSTEMS = ("storage", "editing", "adding", "sync")
-GROUND_FLOOR = ("shell/mMsgBox", "shell/mFindDiskDriver", "shell/Totals")
-ROOF = "shell/MainForm.h"
-BACKEND_MAIN_MAY_INCLUDE = ("shell/Design.h", ROOF)
+# From the ground up. A folder includes only those before it and itself.
+FOLDERS = (
+    "platform",
+    "platform/posix",
+    "platform/qt",
+    "platform/win32",
+    "storage/files",
+    "storage/text",
+    "storage/stations",
+    "storage/ini",
+    "storage/lists",
+    "storage/recovery",
+    "messages",
+    "editing",
+    "adding",
+    "sync",
+    "receiver",
+    "shell",
+    "ctl",
+    "main",
+)
+# Known to the programs only; the POSIX services to the toolkits that run on them, too.
+BACKENDS = {
+    "platform/posix": ("platform/qt", "main"),
+    "platform/qt": ("main",),
+    "platform/win32": ("main",),
+}
 MAX_LINES = 400
 
 STANDARD = set("""
@@ -51,19 +73,8 @@ class Source:
             elif match := CONDITION.match(line):
                 self.conditions.append((number, match.group(1)))
 
-    def top(self):
-        return self.name.split("/", 1)[0]
-
-    def stem(self):
-        return self.name.rsplit(".", 1)[0]
-
-
-def is_platform_interface(name):
-    return re.fullmatch(r"platform/[^/]+\.h", name) is not None
-
-
-def is_ground_floor(name):
-    return name.rsplit(".", 1)[0] in GROUND_FLOOR
+    def is_portable(self):
+        return self.folder in FOLDERS and self.folder not in BACKENDS and self.folder != "main"
 
 
 class Checker:
@@ -92,7 +103,7 @@ class Checker:
             graph[source.name] = [(line, target) for line, name, quoted in source.includes
                                   if quoted and (target := self.resolve(source, name))]
             self.check_includes(source)
-            if source.top() in PORTABLE or is_platform_interface(source.name):
+            if source.is_portable():
                 self.check_conditions(source)
         self.check_circles(graph)
         return self.broken
@@ -103,57 +114,24 @@ class Checker:
                 self.fail(source, line, "platform-condition", match.group())
 
     def check_includes(self, source):
+        if source.folder not in FOLDERS:
+            self.fail(source, 1, "folder", f"{source.folder} is not in the list of folders")
+            return
         for line, name, quoted in source.includes:
             target = self.resolve(source, name) if quoted else None
-            if target == ROOF:
-                self.check_roof(source, line)
-            if is_platform_interface(source.name):
-                self.check_interface(source, line, name, quoted, target)
-            elif source.top() in PORTABLE:
-                self.check_portable(source, line, name, quoted, target)
-            elif source.top() == "platform":
-                self.check_backend(source, line, name, quoted, target)
-            else:
-                self.fail(source, line, "folder", "no floor is known for this folder")
+            if target:
+                self.check_order(source, line, target)
+            elif source.is_portable() and (quoted or name not in STANDARD):
+                self.fail(source, line, "portable", f"{name} is neither in the tree nor a standard header")
 
-    def check_roof(self, source, line):
-        main_program = re.fullmatch(r"platform/[^/]+/main\.cpp", source.name)
-        if not main_program and source.name != "shell/MainForm.cpp":
-            self.fail(source, line, "roof", f"{ROOF} is for main programs only")
-
-    def check_interface(self, source, line, name, quoted, target):
-        if quoted and target and is_platform_interface(target):
+    def check_order(self, source, line, target):
+        folder = target.rsplit("/", 1)[0]
+        if folder not in FOLDERS or folder == source.folder:
             return
-        if quoted or name not in STANDARD:
-            self.fail(source, line, "interface", f"{name} is no standard header")
-
-    def check_portable(self, source, line, name, quoted, target):
-        if not quoted:
-            if name not in STANDARD:
-                self.fail(source, line, "portable", f"{name} is no standard header")
-            return
-        if target is None:
-            self.fail(source, line, "portable", f"{name} is not in the tree")
-        elif target.startswith("platform/"):
-            if not is_platform_interface(target):
-                self.fail(source, line, "portable", f"{target} belongs to a backend")
-        elif is_ground_floor(source.name):
-            if target.rsplit(".", 1)[0] != source.stem():
-                self.fail(source, line, "ground-floor", f"{target}: the ground floor knows platform/ only")
-        elif source.top() in SUBSYSTEMS:
-            allowed = (source.top(), "storage")
-            if target.split("/", 1)[0] not in allowed and not is_ground_floor(target):
-                self.fail(source, line, "subsystem", f"{source.top()} may not know {target}")
-
-    def check_backend(self, source, line, name, quoted, target):
-        if not quoted or target is None:
-            # A system header, or one that the build generates; whatever else is missing the compiler reports.
-            return
-        if is_platform_interface(target) or target.startswith(source.folder + "/"):
-            return
-        if source.name == f"{source.folder}/main.cpp" and target in BACKEND_MAIN_MAY_INCLUDE:
-            return
-        self.fail(source, line, "backend", f"a backend may not know {target}")
+        if FOLDERS.index(folder) > FOLDERS.index(source.folder):
+            self.fail(source, line, "order", f"{source.folder} comes before {folder}")
+        elif source.folder not in BACKENDS.get(folder, (source.folder,)):
+            self.fail(source, line, "backend", f"{source.folder} may not know {folder}")
 
     def check_circles(self, graph):
         done, path = set(), []
