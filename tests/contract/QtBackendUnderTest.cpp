@@ -23,7 +23,7 @@
 #include "platform/qt/QtEditBox.h"
 #include "platform/qt/QtHttpClient.h"
 #include "platform/qt/QtMainWindow.h"
-#include "platform/qt/QtTabs.h"
+#include "platform/qt/QtTabControl.h"
 #include "platform/qt/QtTextCompare.h"
 #include "platform/qt/Units.h"
 

@@ -5,7 +5,7 @@
 #include "platform/qt/QtEditBox.h"
 #include "platform/qt/QtPopupMenu.h"
 #include "platform/qt/QtStatusBar.h"
-#include "platform/qt/QtTabs.h"
+#include "platform/qt/QtTabControl.h"
 
 QtBackend::QtBackend(const WindowDesign& design, std::u16string programFolder)
     : programFolder_(std::move(programFolder)),
@@ -15,7 +15,7 @@ QtBackend::QtBackend(const WindowDesign& design, std::u16string programFolder)
       singleInstance_(programFolder_) {}
 
 Platform QtBackend::platform() {
-    QtTabs& tabs = window_.tabs();
+    QtTabControl& tabs = window_.tabs();
     return {{&tabs.grid(0), &tabs.grid(1), &tabs.grid(2), &tabs.grid(3)},
             tabs,
             window_.editBox(),

@@ -13,12 +13,12 @@
 #include "platform/qt/QtEditBox.h"
 #include "platform/qt/QtPopupMenu.h"
 #include "platform/qt/QtStatusBar.h"
-#include "platform/qt/QtTabs.h"
+#include "platform/qt/QtTabControl.h"
 #include "platform/qt/Units.h"
 
 QtMainWindow::QtMainWindow(const WindowDesign& design)
     : window_(std::make_unique<QMainWindow>()),
-      tabs_(std::make_unique<QtTabs>(design, window_.get())),
+      tabs_(std::make_unique<QtTabControl>(design, window_.get())),
       statusBar_(std::make_unique<QtStatusBar>(window_.get())),
       editBox_(std::make_unique<QtEditBox>(window_.get(), [this] { tabs_->currentGrid().takeFocus(); })),
       popupMenu_(std::make_unique<QtPopupMenu>(design, window_.get(), *tabs_)) {

@@ -13,7 +13,7 @@ class QWidget;
 class QtEditBox;
 class QtPopupMenu;
 class QtStatusBar;
-class QtTabs;
+class QtTabControl;
 
 class QtMainWindow : public QObject, public MainWindow {
 public:
@@ -22,7 +22,7 @@ public:
     ~QtMainWindow() override;
 
     QWidget* widget() const;
-    QtTabs& tabs() { return *tabs_; }
+    QtTabControl& tabs() { return *tabs_; }
     QtEditBox& editBox() { return *editBox_; }
     QtStatusBar& statusBar() { return *statusBar_; }
     QtPopupMenu& popupMenu() { return *popupMenu_; }
@@ -45,7 +45,7 @@ private:
     void closing(QCloseEvent& event);
 
     std::unique_ptr<QMainWindow> window_;
-    std::unique_ptr<QtTabs> tabs_;
+    std::unique_ptr<QtTabControl> tabs_;
     std::unique_ptr<QtStatusBar> statusBar_;
     std::unique_ptr<QtEditBox> editBox_;
     std::unique_ptr<QtPopupMenu> popupMenu_;

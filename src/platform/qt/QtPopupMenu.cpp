@@ -3,10 +3,10 @@
 #include <QMenu>
 
 #include "platform/MainWindow.h"
-#include "platform/qt/QtTabs.h"
+#include "platform/qt/QtTabControl.h"
 #include "platform/qt/Units.h"
 
-QtPopupMenu::QtPopupMenu(const WindowDesign& design, QWidget* client, QtTabs& tabs)
+QtPopupMenu::QtPopupMenu(const WindowDesign& design, QWidget* client, QtTabControl& tabs)
     : menu_(new QMenu(client)), tabs_(tabs) {
     static constexpr std::array kNames{
         "Edt", "Del", "AddNew", "AddTo", "SyncInternet", "LoadFromReceiver", "SaveToReceiver", "DeleteAll"};

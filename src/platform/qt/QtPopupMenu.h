@@ -9,12 +9,13 @@
 class QAction;
 class QMenu;
 class QWidget;
-class QtTabs;
+class QtTabControl;
 struct WindowDesign;
 
 class QtPopupMenu : public QObject, public PopupMenu {
 public:
-    QtPopupMenu(const WindowDesign& design, QWidget* client, QtTabs& tabs);  // the menu belongs to the client area
+    QtPopupMenu(const WindowDesign& design, QWidget* client,
+                QtTabControl& tabs);  // the menu belongs to the client area
 
     void setListener(MenuListener& listener) override { listener_ = &listener; }
     void setEnabled(MenuItem item, bool enabled) override;
@@ -22,7 +23,7 @@ public:
 
 private:
     QMenu* menu_;
-    QtTabs& tabs_;
+    QtTabControl& tabs_;
     std::array<QAction*, kMenuItemCount> actions_{};
     MenuListener* listener_ = nullptr;
 };

@@ -21,7 +21,7 @@
 #include "platform/qt/GridTable.h"
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/QtEditBox.h"
-#include "platform/qt/QtTabs.h"
+#include "platform/qt/QtTabControl.h"
 #include "platform/qt/Units.h"
 #include "storage/stations/RowStore.h"
 

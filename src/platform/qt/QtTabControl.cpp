@@ -1,4 +1,4 @@
-#include "platform/qt/QtTabs.h"
+#include "platform/qt/QtTabControl.h"
 
 #include <QEvent>
 #include <QShortcut>
@@ -9,7 +9,7 @@
 #include "platform/qt/GridTable.h"
 #include "platform/qt/Units.h"
 
-QtTabs::QtTabs(const WindowDesign& design, QWidget* client) : tabs_(new QTabWidget(client)) {
+QtTabControl::QtTabControl(const WindowDesign& design, QWidget* client) : tabs_(new QTabWidget(client)) {
     static constexpr std::array kGridNames{"drmLV", "amLV", "fmLV", "favLV"};
     tabs_->setObjectName("SSTab1");
     for (std::size_t tab = 0; tab < grids_.size(); ++tab) {
@@ -21,12 +21,12 @@ QtTabs::QtTabs(const WindowDesign& design, QWidget* client) : tabs_(new QTabWidg
     tabs_->setFocusPolicy(Qt::NoFocus);
     tabs_->tabBar()->setFocusPolicy(Qt::TabFocus);
     tabs_->tabBar()->installEventFilter(this);
-    connect(tabs_, &QTabWidget::currentChanged, this, &QtTabs::tabShown);
+    connect(tabs_, &QTabWidget::currentChanged, this, &QtTabControl::tabShown);
     addShortcuts(client);
 }
 
 // Shortcuts of the window, because the edit box is no child of the tab control.
-void QtTabs::addShortcuts(QWidget* client) {
+void QtTabControl::addShortcuts(QWidget* client) {
     const auto add = [&](const QList<QKeySequence>& keys, int step) {
         for (const QKeySequence& key : keys) {
             connect(new QShortcut(key, client), &QShortcut::activated, this, [this, step] {
@@ -38,21 +38,21 @@ void QtTabs::addShortcuts(QWidget* client) {
     add(QKeySequence::keyBindings(QKeySequence::PreviousChild) << QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1);
 }
 
-void QtTabs::tabShown() {
+void QtTabControl::tabShown() {
     if (listener_ != nullptr) {
         listener_->tabClicked();
     }
 }
 
-bool QtTabs::eventFilter(QObject* watched, QEvent* event) {
+bool QtTabControl::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn && listener_ != nullptr) {
         listener_->tabGotFocus();
     }
     return QObject::eventFilter(watched, event);
 }
 
-int QtTabs::currentTab() const { return tabs_->currentIndex(); }
+int QtTabControl::currentTab() const { return tabs_->currentIndex(); }
 
-bool QtTabs::hasFocus() const { return tabs_->tabBar()->hasFocus(); }
+bool QtTabControl::hasFocus() const { return tabs_->tabBar()->hasFocus(); }
 
-double QtTabs::left() const { return toTwips(tabs_->mapTo(tabs_->window(), QPoint()).x()); }
+double QtTabControl::left() const { return toTwips(tabs_->mapTo(tabs_->window(), QPoint()).x()); }

@@ -11,9 +11,9 @@
 class QTabWidget;
 struct WindowDesign;
 
-class QtTabs : public QObject, public TabControl {
+class QtTabControl : public QObject, public TabControl {
 public:
-    QtTabs(const WindowDesign& design, QWidget* client);  // the widget belongs to the client area
+    QtTabControl(const WindowDesign& design, QWidget* client);  // the widget belongs to the client area
 
     QTabWidget* widget() const { return tabs_; }
     QtGridView& grid(int tab) { return *grids_[static_cast<std::size_t>(tab)]; }
