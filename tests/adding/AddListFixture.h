@@ -16,7 +16,7 @@ inline constexpr std::array<AddField, 7> kAllFields = {AddField::txtLabel,  AddF
 inline constexpr std::array<AddField, 4> kCombos = {AddField::sHourComb, AddField::sMinComb, AddField::eHourComb,
                                                     AddField::eMinComb};
 
-class AddListDialog : public AddingFixture {
+class AddListFixture : public AddingFixture {
 protected:
     void openFor(ListKind kind) {
         showTab(kind);

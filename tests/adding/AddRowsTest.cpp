@@ -11,7 +11,7 @@ using FieldCounts = std::array<int, kAddFieldCount>;
 
 }  // namespace
 
-TEST(AddRows, EveryControlAndFieldHasOnePlace) {
+TEST(AddRowsTest, EveryControlAndFieldHasOnePlace) {
     ControlCounts controls{};
     FieldCounts fields{};
     const auto count = [](auto& counts, auto which) { ++counts.at(static_cast<std::size_t>(which)); };

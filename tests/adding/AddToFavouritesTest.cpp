@@ -5,7 +5,7 @@ namespace {
 
 constexpr ListKind kFavourite = ListKind::Favourite;
 
-class Favourites : public AddingFixture {
+class AddToFavouritesTest : public AddingFixture {
 protected:
     void addStation(ListKind kind, const std::u16string& programme, const std::u16string& frequency,
                     bool selected = true) {
@@ -21,7 +21,7 @@ protected:
     AddToFavourites command{lists, tabs, totals, messages};
 };
 
-TEST_F(Favourites, KeepProgrammeFrequencyWithUnitAndSystem) {
+TEST_F(AddToFavouritesTest, KeepProgrammeFrequencyWithUnitAndSystem) {
     addStation(ListKind::Drm, u"Радио", u"09620");
     addStation(ListKind::Am, u"中波", u"999");
     addStation(ListKind::Fm, u"City", u"98.5");
@@ -34,7 +34,7 @@ TEST_F(Favourites, KeepProgrammeFrequencyWithUnitAndSystem) {
     EXPECT_EQ(grid(kFavourite).rowCount(), 3);
 }
 
-TEST_F(Favourites, With255OneOfThreeIsAddedAndTheMessageShownOnce) {
+TEST_F(AddToFavouritesTest, With255OneOfThreeIsAddedAndTheMessageShownOnce) {
     fill(kFavourite, 255);
     for (const char16_t* programme : {u"first", u"second", u"third"}) {
         addStation(ListKind::Drm, programme, u"6095");
@@ -47,7 +47,7 @@ TEST_F(Favourites, With255OneOfThreeIsAddedAndTheMessageShownOnce) {
     EXPECT_EQ(view(ListKind::Drm).focusCount, 1);
 }
 
-TEST_F(Favourites, ThatJustFitAreAddedWithoutAMessage) {
+TEST_F(AddToFavouritesTest, ThatJustFitAreAddedWithoutAMessage) {
     fill(kFavourite, 254);
     addStation(ListKind::Drm, u"first", u"6095");
     addStation(ListKind::Drm, u"second", u"6095");
@@ -56,7 +56,7 @@ TEST_F(Favourites, ThatJustFitAreAddedWithoutAMessage) {
     EXPECT_EQ(grid(kFavourite).rowCount(), 256);
 }
 
-TEST_F(Favourites, AFullListGetsTheMessageAtOnceWhateverIsSelected) {
+TEST_F(AddToFavouritesTest, AFullListGetsTheMessageAtOnceWhateverIsSelected) {
     fill(kFavourite, 256);
     for (const ListKind tab : {ListKind::Drm, ListKind::Am, ListKind::Fm, kFavourite}) {
         expectFull();
@@ -67,7 +67,7 @@ TEST_F(Favourites, AFullListGetsTheMessageAtOnceWhateverIsSelected) {
     EXPECT_EQ(grid(kFavourite).rowCount(), 256);
 }
 
-TEST_F(Favourites, TheMessageIsShownWithTheCaptionHook) {
+TEST_F(AddToFavouritesTest, TheMessageIsShownWithTheCaptionHook) {
     fill(kFavourite, 257);
     expectFull();
     add(ListKind::Am);
@@ -75,7 +75,7 @@ TEST_F(Favourites, TheMessageIsShownWithTheCaptionHook) {
     EXPECT_EQ(hook.live, 0U);
 }
 
-TEST_F(Favourites, TheSameStationTwiceGivesTwoEqualRows) {
+TEST_F(AddToFavouritesTest, TheSameStationTwiceGivesTwoEqualRows) {
     addStation(ListKind::Am, u"Twice", u"198");
     add(ListKind::Am);
     add(ListKind::Am);
@@ -84,7 +84,7 @@ TEST_F(Favourites, TheSameStationTwiceGivesTwoEqualRows) {
     EXPECT_EQ(rowText(kFavourite, 2), rowText(kFavourite, 1));
 }
 
-TEST_F(Favourites, OnlySelectedRowsAreAddedFromTopToBottomBehindTheOthers) {
+TEST_F(AddToFavouritesTest, OnlySelectedRowsAreAddedFromTopToBottomBehindTheOthers) {
     fill(kFavourite, 1);
     addStation(ListKind::Fm, u"a", u"88");
     addStation(ListKind::Fm, u"b", u"89", false);
@@ -97,7 +97,7 @@ TEST_F(Favourites, OnlySelectedRowsAreAddedFromTopToBottomBehindTheOthers) {
     EXPECT_TRUE(grid(ListKind::Fm).isSelected(1));
 }
 
-TEST_F(Favourites, TheTotalIsShownBeforeAndDoesNotFollow) {
+TEST_F(AddToFavouritesTest, TheTotalIsShownBeforeAndDoesNotFollow) {
     addStation(ListKind::Drm, u"a", u"6095");
     statusBar.setMessage(u"hint");
     add(ListKind::Drm);
@@ -109,34 +109,34 @@ TEST_F(Favourites, TheTotalIsShownBeforeAndDoesNotFollow) {
     EXPECT_EQ(status(), "Total Number Of Favourite List: 1");
 }
 
-TEST_F(Favourites, GiveTheFocusBackToTheSource) {
+TEST_F(AddToFavouritesTest, GiveTheFocusBackToTheSource) {
     addStation(ListKind::Fm, u"a", u"88");
     add(ListKind::Fm);
     EXPECT_EQ(view(ListKind::Fm).focusCount, 1);
     EXPECT_EQ(view(kFavourite).focusCount, 0);
 }
 
-TEST_F(Favourites, WithNothingSelectedNothingIsAdded) {
+TEST_F(AddToFavouritesTest, WithNothingSelectedNothingIsAdded) {
     addStation(ListKind::Drm, u"a", u"6095", false);
     add(ListKind::Drm);
     EXPECT_EQ(grid(kFavourite).rowCount(), 0);
     EXPECT_EQ(view(ListKind::Drm).focusCount, 1);
 }
 
-TEST_F(Favourites, FromAnEmptyListNothingHappens) {
+TEST_F(AddToFavouritesTest, FromAnEmptyListNothingHappens) {
     add(ListKind::Drm);
     EXPECT_EQ(grid(kFavourite).rowCount(), 0);
     EXPECT_EQ(view(ListKind::Drm).focusCount, 0);
 }
 
-TEST_F(Favourites, OnTheFavouriteTabNothingIsAdded) {
+TEST_F(AddToFavouritesTest, OnTheFavouriteTabNothingIsAdded) {
     addStation(kFavourite, u"a", u"6095  kHz");
     add(kFavourite);
     EXPECT_EQ(grid(kFavourite).rowCount(), 1);
     EXPECT_EQ(view(kFavourite).focusCount, 0);
 }
 
-TEST_F(Favourites, OnATabOutsideTheListsNothingHappens) {
+TEST_F(AddToFavouritesTest, OnATabOutsideTheListsNothingHappens) {
     addStation(ListKind::Drm, u"a", u"6095");
     for (const int tab : {-1, 4}) {
         tabs.tab = tab;

@@ -21,9 +21,9 @@ struct RuleCase {
     const char* error;
 };
 
-class FieldRules : public testing::TestWithParam<RuleCase> {};
+class FieldRulesTest : public testing::TestWithParam<RuleCase> {};
 
-TEST_P(FieldRules, TellTheFirstFailingCheck) {
+TEST_P(FieldRulesTest, TellTheFirstFailingCheck) {
     EXPECT_EQ(narrow(fieldError(*GetParam().rule, GetParam().text)), GetParam().error) << narrow(GetParam().text);
 }
 
@@ -33,18 +33,18 @@ const FieldRule* const kDrm = &kDrmFrequencyRule;
 const FieldRule* const kAm = &kAmFrequencyRule;
 const FieldRule* const kFm = &kFmFrequencyRule;
 
-INSTANTIATE_TEST_SUITE_P(Programme, FieldRules,
+INSTANTIATE_TEST_SUITE_P(Programme, FieldRulesTest,
                          testing::Values(RuleCase{kProgramme, u"", kEmpty}, RuleCase{kProgramme, u" ", kBlank},
                                          RuleCase{kProgramme, u"   ", kBlank}, RuleCase{kProgramme, u"\t", kValid},
                                          RuleCase{kProgramme, u"\u00A0", kValid}, RuleCase{kProgramme, u" A ", kValid},
                                          RuleCase{kProgramme, u"X.Y.Z", kValid},
                                          RuleCase{kProgramme, u"Радио中国", kValid}));
 
-INSTANTIATE_TEST_SUITE_P(Target, FieldRules,
+INSTANTIATE_TEST_SUITE_P(Target, FieldRulesTest,
                          testing::Values(RuleCase{kTarget, u"", kEmpty}, RuleCase{kTarget, u"  ", kBlank},
                                          RuleCase{kTarget, u"West Europe, 7", kValid}));
 
-INSTANTIATE_TEST_SUITE_P(DrmFrequency, FieldRules,
+INSTANTIATE_TEST_SUITE_P(DrmFrequency, FieldRulesTest,
                          testing::Values(RuleCase{kDrm, u"", kEmpty}, RuleCase{kDrm, u"  ", kBlank},
                                          RuleCase{kDrm, u" 9620", kCharacters}, RuleCase{kDrm, u"9620 ", kCharacters},
                                          RuleCase{kDrm, u"96.2", kCharacters}, RuleCase{kDrm, u"-100", kCharacters},
@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(DrmFrequency, FieldRules,
                                          RuleCase{kDrm, u"0149", kDrmRange}, RuleCase{kDrm, u"400", kValid},
                                          RuleCase{kDrm, u"99999999999999999999999999", kDrmRange}));
 
-INSTANTIATE_TEST_SUITE_P(AmFrequency, FieldRules,
+INSTANTIATE_TEST_SUITE_P(AmFrequency, FieldRulesTest,
                          testing::Values(RuleCase{kAm, u"", kEmpty}, RuleCase{kAm, u" ", kBlank},
                                          RuleCase{kAm, u"5.5", kCharacters}, RuleCase{kAm, u"MW", kCharacters},
                                          RuleCase{kAm, u"149", kAmRange}, RuleCase{kAm, u"150", kValid},
@@ -66,7 +66,7 @@ INSTANTIATE_TEST_SUITE_P(AmFrequency, FieldRules,
                                          RuleCase{kAm, u"1711", kValid}, RuleCase{kAm, u"30000", kValid},
                                          RuleCase{kAm, u"30001", kAmRange}));
 
-INSTANTIATE_TEST_SUITE_P(FmFrequency, FieldRules,
+INSTANTIATE_TEST_SUITE_P(FmFrequency, FieldRulesTest,
                          testing::Values(RuleCase{kFm, u"", kEmpty}, RuleCase{kFm, u"    ", kBlank},
                                          RuleCase{kFm, u"87", kValid}, RuleCase{kFm, u"87.0", kValid},
                                          RuleCase{kFm, u"86.9", kFmRange}, RuleCase{kFm, u"86.9999999", kFmRange},
@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(FmFrequency, FieldRules,
                                          RuleCase{kFm, u".", kFmRange}, RuleCase{kFm, u".5", kFmRange},
                                          RuleCase{kFm, u"0098.50", kValid}));
 
-TEST(FieldPrefixes, StandInFrontOfTheFieldsMessages) {
+TEST(FieldRulesTestPrefixes, StandInFrontOfTheFieldsMessages) {
     EXPECT_EQ(narrow(kProgrammeRule.prefix), "Programme: ");
     EXPECT_EQ(narrow(kTargetRule.prefix), "Target: ");
     for (const FieldRule* rule : {kDrm, kAm, kFm}) {
@@ -86,7 +86,7 @@ TEST(FieldPrefixes, StandInFrontOfTheFieldsMessages) {
     }
 }
 
-TEST(BandOfNewRecord, HasBoundsOfItsOwn) {
+TEST(FieldRulesTestBand, HasBoundsOfItsOwn) {
     const std::vector<std::pair<double, std::string>> expected = {
         {149, ""},    {150, "LW"},  {288, "LW"},  {289, ""},     {521, ""},   {522, "MW"},
         {1709, "MW"}, {1710, "SW"}, {1711, "SW"}, {29999, "SW"}, {30000, ""}, {30001, ""}};

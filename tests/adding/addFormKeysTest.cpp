@@ -2,9 +2,11 @@
 
 namespace {
 
+class addFormKeysTest : public AddListFixture {};
+
 using F = AddField;
 
-TEST_F(AddListDialog, EnterSavesFromEveryField) {
+TEST_F(addFormKeysTest, EnterSavesFromEveryField) {
     for (const F field : kAllFields) {
         const int before = grid(ListKind::Drm).rowCount();
         openFor(ListKind::Drm);
@@ -15,7 +17,7 @@ TEST_F(AddListDialog, EnterSavesFromEveryField) {
     }
 }
 
-TEST_F(AddListDialog, OtherKeysAreTypedInTheOtherFields) {
+TEST_F(addFormKeysTest, OtherKeysAreTypedInTheOtherFields) {
     openFor(ListKind::Drm);
     for (const F field : {F::txtLabel, F::txtFreq, F::txtTarget, F::sHourComb, F::sMinComb}) {
         for (const char16_t key : {u'7', u'x', u' ', u'.'}) {
@@ -27,7 +29,7 @@ TEST_F(AddListDialog, OtherKeysAreTypedInTheOtherFields) {
     EXPECT_TRUE(box.shown.empty());
 }
 
-TEST_F(AddListDialog, EveryKeyInAStopTimeRunsSave) {
+TEST_F(addFormKeysTest, EveryKeyInAStopTimeRunsSave) {
     openFor(ListKind::Drm);
     for (const F field : {F::eHourComb, F::eMinComb}) {
         for (const char16_t key : {u'7', u'x', u' ', char16_t{8}, char16_t{27}, kEnter}) {
@@ -39,7 +41,7 @@ TEST_F(AddListDialog, EveryKeyInAStopTimeRunsSave) {
     }
 }
 
-TEST_F(AddListDialog, AKeyInAStopTimeSavesACompleteRecordBeforeItIsTyped) {
+TEST_F(addFormKeysTest, AKeyInAStopTimeSavesACompleteRecordBeforeItIsTyped) {
     for (const F field : {F::eHourComb, F::eMinComb}) {
         const int row = grid(ListKind::Drm).rowCount() + 1;
         openFor(ListKind::Drm);
@@ -50,7 +52,7 @@ TEST_F(AddListDialog, AKeyInAStopTimeSavesACompleteRecordBeforeItIsTyped) {
     }
 }
 
-TEST_F(AddListDialog, AKeyInAStopTimeIsTypedAfterARefusedSave) {
+TEST_F(addFormKeysTest, AKeyInAStopTimeIsTypedAfterARefusedSave) {
     openFor(ListKind::Drm);
     typeDrm();
     typeTimes({u"7", u"5", u"", u""});
@@ -59,7 +61,7 @@ TEST_F(AddListDialog, AKeyInAStopTimeIsTypedAfterARefusedSave) {
     EXPECT_EQ(dialog.text(F::eHourComb), u"8");
 }
 
-TEST_F(AddListDialog, EscapeInAStopTimeSavesAndDoesNotCancel) {
+TEST_F(addFormKeysTest, EscapeInAStopTimeSavesAndDoesNotCancel) {
     openFor(ListKind::Drm);
     typeValidDrm();
     EXPECT_TRUE(dialog.press(F::eMinComb, 27));
@@ -67,7 +69,7 @@ TEST_F(AddListDialog, EscapeInAStopTimeSavesAndDoesNotCancel) {
     expectClosed();
 }
 
-TEST_F(AddListDialog, EscapeElsewhereCancels) {
+TEST_F(addFormKeysTest, EscapeElsewhereCancels) {
     openFor(ListKind::Drm);
     typeValidDrm();
     dialog.press(F::txtLabel, 27);

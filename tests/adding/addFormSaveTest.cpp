@@ -2,9 +2,11 @@
 
 namespace {
 
+class addFormSaveTest : public AddListFixture {};
+
 using F = AddField;
 
-TEST_F(AddListDialog, SetUpForTheFavouriteListChangesNothingMoreAndSavesNothing) {
+TEST_F(addFormSaveTest, SetUpForTheFavouriteListChangesNothingMoreAndSavesNothing) {
     tabs.tab = 0;
     SetCurrentTab(3);
     form.open();
@@ -17,14 +19,14 @@ TEST_F(AddListDialog, SetUpForTheFavouriteListChangesNothingMoreAndSavesNothing)
     EXPECT_EQ(grid(ListKind::Favourite).rowCount(), 0);
 }
 
-TEST_F(AddListDialog, TheFieldMessagesAreShownWithTheCaptionHook) {
+TEST_F(addFormSaveTest, TheFieldMessagesAreShownWithTheCaptionHook) {
     openFor(ListKind::Drm);
     saveRefused(u"Programme: Input can't be empty");
     EXPECT_EQ(hook.issued, 1U);
     EXPECT_EQ(hook.live, 0U);
 }
 
-TEST_F(AddListDialog, ADrmRecordIsAppendedAsTypedWithTwoDigitTimes) {
+TEST_F(addFormSaveTest, ADrmRecordIsAppendedAsTypedWithTwoDigitTimes) {
     fill(ListKind::Drm, 2);
     openFor(ListKind::Drm);
     typeValidDrm();
@@ -38,7 +40,7 @@ TEST_F(AddListDialog, ADrmRecordIsAppendedAsTypedWithTwoDigitTimes) {
     EXPECT_EQ(status(), "Total Number Of DRM List: 3");
 }
 
-TEST_F(AddListDialog, SavingShowsNoMessageAndTellsTheViewOfOneRow) {
+TEST_F(addFormSaveTest, SavingShowsNoMessageAndTellsTheViewOfOneRow) {
     openFor(ListKind::Drm);
     typeValidDrm();
     view(ListKind::Drm).calls.clear();
@@ -47,7 +49,7 @@ TEST_F(AddListDialog, SavingShowsNoMessageAndTellsTheViewOfOneRow) {
     EXPECT_TRUE(box.shown.empty());
 }
 
-TEST_F(AddListDialog, AStopThatIsNotAfterTheStartIsRefused) {
+TEST_F(addFormSaveTest, AStopThatIsNotAfterTheStartIsRefused) {
     using Times = std::array<std::u16string, 4>;
     openFor(ListKind::Drm);
     typeDrm();
@@ -58,7 +60,7 @@ TEST_F(AddListDialog, AStopThatIsNotAfterTheStartIsRefused) {
     }
 }
 
-TEST_F(AddListDialog, TypedTimesAreTakenAsTheyStandAndComparedByCode) {
+TEST_F(addFormSaveTest, TypedTimesAreTakenAsTheyStandAndComparedByCode) {
     openFor(ListKind::Drm);
     typeDrm();
     typeTimes({u"007", u"5", u"ab", u"x"});
@@ -71,7 +73,7 @@ TEST_F(AddListDialog, TypedTimesAreTakenAsTheyStandAndComparedByCode) {
     saveRefused(u"Start Time Must Smaller Than Stop Time");
 }
 
-TEST_F(AddListDialog, AMissingTimeIsRefusedWithItsPrefix) {
+TEST_F(addFormSaveTest, AMissingTimeIsRefusedWithItsPrefix) {
     openFor(ListKind::Drm);
     typeDrm();
     using Times = std::array<std::u16string, 4>;
@@ -85,7 +87,7 @@ TEST_F(AddListDialog, AMissingTimeIsRefusedWithItsPrefix) {
     }
 }
 
-TEST_F(AddListDialog, TheDrmChecksRunInTheirOrder) {
+TEST_F(addFormSaveTest, TheDrmChecksRunInTheirOrder) {
     openFor(ListKind::Drm);
     saveRefused(u"Programme: Input can't be empty");
     type(F::txtLabel, u"Radio");
@@ -107,7 +109,7 @@ TEST_F(AddListDialog, TheDrmChecksRunInTheirOrder) {
     EXPECT_EQ(rowText(ListKind::Drm, 1), "Radio|9620|08:00-09:00|Europe");
 }
 
-TEST_F(AddListDialog, ABlankProgrammeIsRefusedAndGetsTheFocus) {
+TEST_F(addFormSaveTest, ABlankProgrammeIsRefusedAndGetsTheFocus) {
     openFor(ListKind::Drm);
     dialog.focused.clear();
     typeValidDrm();
@@ -116,7 +118,7 @@ TEST_F(AddListDialog, ABlankProgrammeIsRefusedAndGetsTheFocus) {
     EXPECT_EQ(dialog.focused, (std::vector<F>{F::txtLabel}));
 }
 
-TEST_F(AddListDialog, OnlyAProgrammeErrorMovesTheFocus) {
+TEST_F(addFormSaveTest, OnlyAProgrammeErrorMovesTheFocus) {
     openFor(ListKind::Drm);
     dialog.focused.clear();
     typeDrm(u"149");
@@ -128,7 +130,7 @@ TEST_F(AddListDialog, OnlyAProgrammeErrorMovesTheFocus) {
     EXPECT_TRUE(dialog.focused.empty());
 }
 
-TEST_F(AddListDialog, DrmFrequenciesFrom150To30000AreAdded) {
+TEST_F(addFormSaveTest, DrmFrequenciesFrom150To30000AreAdded) {
     for (const char16_t* frequency : {u"150", u"30000"}) {
         openFor(ListKind::Drm);
         typeValidDrm();
@@ -145,7 +147,7 @@ TEST_F(AddListDialog, DrmFrequenciesFrom150To30000AreAdded) {
     EXPECT_EQ(grid(ListKind::Drm).rowCount(), 2);
 }
 
-TEST_F(AddListDialog, AnAmRecordGetsItsBandFromTheFrequency) {
+TEST_F(addFormSaveTest, AnAmRecordGetsItsBandFromTheFrequency) {
     const std::vector<std::pair<std::u16string, std::string>> cases = {
         {u"150", "LW"},  {u"288", "LW"},   {u"522", "MW"}, {u"1709", "MW"},
         {u"1710", "SW"}, {u"29999", "SW"}, {u"30000", ""}, {u"0999", "MW"}};
@@ -160,7 +162,7 @@ TEST_F(AddListDialog, AnAmRecordGetsItsBandFromTheFrequency) {
     EXPECT_EQ(status(), "Total Number Of AM List: 8");
 }
 
-TEST_F(AddListDialog, AnAmFrequencyBetweenTheBandsIsRefused) {
+TEST_F(addFormSaveTest, AnAmFrequencyBetweenTheBandsIsRefused) {
     openFor(ListKind::Am);
     for (const char16_t* frequency : {u"149", u"289", u"521", u"30001"}) {
         typePlain(frequency);
@@ -168,7 +170,7 @@ TEST_F(AddListDialog, AnAmFrequencyBetweenTheBandsIsRefused) {
     }
 }
 
-TEST_F(AddListDialog, AnFmRecordGetsTheBandVhf) {
+TEST_F(addFormSaveTest, AnFmRecordGetsTheBandVhf) {
     int row = 0;
     for (const char16_t* frequency : {u"87", u"108", u"98.50"}) {
         openFor(ListKind::Fm);
@@ -180,7 +182,7 @@ TEST_F(AddListDialog, AnFmRecordGetsTheBandVhf) {
     EXPECT_EQ(status(), "Total Number Of FM List: 3");
 }
 
-TEST_F(AddListDialog, AWrongFmFrequencyIsRefused) {
+TEST_F(addFormSaveTest, AWrongFmFrequencyIsRefused) {
     openFor(ListKind::Fm);
     for (const char16_t* frequency : {u"86.9", u"108.1", u"."}) {
         typePlain(frequency);
@@ -192,7 +194,7 @@ TEST_F(AddListDialog, AWrongFmFrequencyIsRefused) {
     }
 }
 
-TEST_F(AddListDialog, FieldsHaveNoLengthLimit) {
+TEST_F(addFormSaveTest, FieldsHaveNoLengthLimit) {
     openFor(ListKind::Am);
     type(F::txtLabel, std::u16string(1000, u'x'));
     type(F::txtFreq, std::u16string(500, u'0') + u"999");
@@ -202,7 +204,7 @@ TEST_F(AddListDialog, FieldsHaveNoLengthLimit) {
     EXPECT_EQ(grid(ListKind::Am).text(1, 3), u"MW");
 }
 
-TEST_F(AddListDialog, TheListKindIsReadAgainWhenSaving) {
+TEST_F(addFormSaveTest, TheListKindIsReadAgainWhenSaving) {
     openFor(ListKind::Am);
     typePlain(u"98.5");
     SetCurrentTab(2);
@@ -211,7 +213,7 @@ TEST_F(AddListDialog, TheListKindIsReadAgainWhenSaving) {
     EXPECT_EQ(grid(ListKind::Am).rowCount(), 0);
 }
 
-TEST_F(AddListDialog, TheLimitIsNotTestedAgainWhenSaving) {
+TEST_F(addFormSaveTest, TheLimitIsNotTestedAgainWhenSaving) {
     openFor(ListKind::Am);
     fill(ListKind::Am, 256);
     typePlain(u"999");

@@ -4,20 +4,22 @@
 
 namespace {
 
+class addFormTest : public AddListFixture {};
+
 using F = AddField;
 
-TEST_F(AddListDialog, OpensWithTheMainWindowDisabledAndTheTotalRefreshed) {
+TEST_F(addFormTest, OpensWithTheMainWindowDisabledAndTheTotalRefreshed) {
     openFor(ListKind::Drm);
     EXPECT_FALSE(mainWindow.enabled);
     EXPECT_EQ(status(), "Total Number Of DRM List: 0");
 }
 
-TEST_F(AddListDialog, OpensWithTheFocusInTheProgramme) {
+TEST_F(addFormTest, OpensWithTheFocusInTheProgramme) {
     openFor(ListKind::Drm);
     EXPECT_EQ(dialog.focused, (std::vector<F>{F::txtLabel}));
 }
 
-TEST_F(AddListDialog, HasItsDesignedCaptions) {
+TEST_F(addFormTest, HasItsDesignedCaptions) {
     openFor(ListKind::Drm);
     const std::vector<std::pair<AddControl, std::string>> expected = {
         {AddControl::Label1, "Programme:"}, {AddControl::Label2, "Frequency:"},
@@ -30,7 +32,7 @@ TEST_F(AddListDialog, HasItsDesignedCaptions) {
     }
 }
 
-TEST_F(AddListDialog, ForDrmAllFieldsAreEnabledAndTheCombosFilled) {
+TEST_F(addFormTest, ForDrmAllFieldsAreEnabledAndTheCombosFilled) {
     openFor(ListKind::Drm);
     EXPECT_EQ(narrow(dialog.title), "Add List--[DRM List]");
     for (const F field : kAllFields) {
@@ -47,7 +49,7 @@ TEST_F(AddListDialog, ForDrmAllFieldsAreEnabledAndTheCombosFilled) {
     }
 }
 
-TEST_F(AddListDialog, ForAmAndFmTheTimesAndTheTargetAreDisabledAndEmpty) {
+TEST_F(addFormTest, ForAmAndFmTheTimesAndTheTargetAreDisabledAndEmpty) {
     for (const ListKind kind : {ListKind::Am, ListKind::Fm}) {
         openFor(kind);
         for (const F field : {F::txtTarget, F::sHourComb, F::sMinComb, F::eHourComb, F::eMinComb}) {
@@ -62,7 +64,7 @@ TEST_F(AddListDialog, ForAmAndFmTheTimesAndTheTargetAreDisabledAndEmpty) {
     }
 }
 
-TEST_F(AddListDialog, EachOpeningStartsAfresh) {
+TEST_F(addFormTest, EachOpeningStartsAfresh) {
     openFor(ListKind::Drm);
     typeValidDrm();
     form.close();
@@ -74,7 +76,7 @@ TEST_F(AddListDialog, EachOpeningStartsAfresh) {
     EXPECT_EQ(dialog.createCount, 2);
 }
 
-TEST_F(AddListDialog, OpeningWhileOpenIsHarmless) {
+TEST_F(addFormTest, OpeningWhileOpenIsHarmless) {
     openFor(ListKind::Drm);
     type(F::txtLabel, u"Radio");
     form.open();
@@ -83,7 +85,7 @@ TEST_F(AddListDialog, OpeningWhileOpenIsHarmless) {
     EXPECT_FALSE(mainWindow.enabled);
 }
 
-TEST_F(AddListDialog, With255RowsItOpensAndAfterOneRowNoMore) {
+TEST_F(addFormTest, With255RowsItOpensAndAfterOneRowNoMore) {
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
         fill(kind, 255);
         openFor(kind);
@@ -98,7 +100,7 @@ TEST_F(AddListDialog, With255RowsItOpensAndAfterOneRowNoMore) {
     }
 }
 
-TEST_F(AddListDialog, AListOver256RowsIsFullToo) {
+TEST_F(addFormTest, AListOver256RowsIsFullToo) {
     fill(ListKind::Am, 257);
     showTab(ListKind::Am);
     box.expect({u"Max number of each list is 256!"});
@@ -107,12 +109,12 @@ TEST_F(AddListDialog, AListOver256RowsIsFullToo) {
     EXPECT_EQ(status(), "Total Number Of AM List: 257");
 }
 
-TEST_F(AddListDialog, AnotherListBeingFullDoesNotMatter) {
+TEST_F(addFormTest, AnotherListBeingFullDoesNotMatter) {
     fill(ListKind::Am, 256);
     openFor(ListKind::Drm);
 }
 
-TEST_F(AddListDialog, TheFavouriteTabGetsTheFullMessageWhateverItsCount) {
+TEST_F(addFormTest, TheFavouriteTabGetsTheFullMessageWhateverItsCount) {
     showTab(ListKind::Favourite);
     box.expect({u"Max number of each list is 256!"});
     form.open();
@@ -121,7 +123,7 @@ TEST_F(AddListDialog, TheFavouriteTabGetsTheFullMessageWhateverItsCount) {
     EXPECT_EQ(status(), "Total Number Of Favourite List: 0");
 }
 
-TEST_F(AddListDialog, ATabOutsideTheListsGetsTheFullMessageToo) {
+TEST_F(addFormTest, ATabOutsideTheListsGetsTheFullMessageToo) {
     for (const int tab : {-1, 4}) {
         tabs.tab = tab;
         box.expect({u"Max number of each list is 256!"});
@@ -131,14 +133,14 @@ TEST_F(AddListDialog, ATabOutsideTheListsGetsTheFullMessageToo) {
     EXPECT_EQ(dialog.createCount, 0);
 }
 
-TEST_F(AddListDialog, TheFullMessageIsShownWithoutTheCaptionHook) {
+TEST_F(addFormTest, TheFullMessageIsShownWithoutTheCaptionHook) {
     showTab(ListKind::Favourite);
     box.expect({u"Max number of each list is 256!"});
     form.open();
     EXPECT_EQ(hook.issued, 0U);
 }
 
-TEST_F(AddListDialog, CancelAddsNothing) {
+TEST_F(addFormTest, CancelAddsNothing) {
     openFor(ListKind::Am);
     typePlain(u"999");
     dialog.listener->cancelClicked();
@@ -146,7 +148,7 @@ TEST_F(AddListDialog, CancelAddsNothing) {
     EXPECT_EQ(grid(ListKind::Am).rowCount(), 0);
 }
 
-TEST_F(AddListDialog, EveryWayOutEnablesTheMainWindowAndShowsTheTotalOfTheCurrentTab) {
+TEST_F(addFormTest, EveryWayOutEnablesTheMainWindowAndShowsTheTotalOfTheCurrentTab) {
     fill(ListKind::Fm, 4);
     const std::vector<std::function<void()>> ways = {[this] { dialog.listener->cancelClicked(); },
                                                      [this] { dialog.listener->closeBoxClicked(); },
@@ -160,7 +162,7 @@ TEST_F(AddListDialog, EveryWayOutEnablesTheMainWindowAndShowsTheTotalOfTheCurren
     }
 }
 
-TEST_F(AddListDialog, TheTotalAtTheEndIsThatOfTheCurrentTabAsTheMainWindowSetIt) {
+TEST_F(addFormTest, TheTotalAtTheEndIsThatOfTheCurrentTabAsTheMainWindowSetIt) {
     fill(ListKind::Favourite, 3);
     openFor(ListKind::Drm);
     SetCurrentTab(3);
@@ -168,7 +170,7 @@ TEST_F(AddListDialog, TheTotalAtTheEndIsThatOfTheCurrentTabAsTheMainWindowSetIt)
     EXPECT_EQ(status(), "Total Number Of Favourite List: 3");
 }
 
-TEST_F(AddListDialog, ClosingAClosedDialogDoesNothing) {
+TEST_F(addFormTest, ClosingAClosedDialogDoesNothing) {
     mainWindow.enabled = false;
     form.close();
     EXPECT_FALSE(mainWindow.enabled);

@@ -44,7 +44,7 @@ private:
 
 std::string text(std::size_t size, char letter) { return std::string(size, letter) + "\r\n[kvt update end]\r\n"; }
 
-class Device : public testing::Test {
+class DeviceTest : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(Volume::isPossible()) << "needs root, or sudo without a password, and loop devices";
@@ -80,7 +80,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Device, PulledOutAtAnyOperationKeepsWholeFilesAndTheNextSaveMakesThePairWhole) {
+TEST_F(DeviceTest, PulledOutAtAnyOperationKeepsWholeFilesAndTheNextSaveMakesThePairWhole) {
     int pulled = 0;
     for (bool reached = true; reached; ++pulled) {
         reached = false;
@@ -113,7 +113,7 @@ TEST_F(Device, PulledOutAtAnyOperationKeepsWholeFilesAndTheNextSaveMakesThePairW
     std::cout << "pulled out at each of " << pulled - 1 << " operations\n";
 }
 
-TEST_F(Device, AnyFreeSpaceGivesBothFilesOrNeither) {
+TEST_F(DeviceTest, AnyFreeSpaceGivesBothFilesOrNeither) {
     const Volume volume;
     int saved = 0;
     int refused = 0;
@@ -132,7 +132,7 @@ TEST_F(Device, AnyFreeSpaceGivesBothFilesOrNeither) {
     std::cout << saved + refused << " steps: " << saved << " saved, " << refused << " refused\n";
 }
 
-TEST_F(Device, AnyFreeSpaceLeavesWholeWorkingCopiesAndSnapshots) {
+TEST_F(DeviceTest, AnyFreeSpaceLeavesWholeWorkingCopiesAndSnapshots) {
     const Volume volume;
     const std::u16string programFolder = volume.at(u"");
     for (std::size_t free = 0; free <= newList.size() + newUser.size() + 2 * kCluster; free += kCluster / 2) {
@@ -155,7 +155,7 @@ TEST_F(Device, AnyFreeSpaceLeavesWholeWorkingCopiesAndSnapshots) {
     EXPECT_FALSE(std::filesystem::exists(volume.folder() + "/Recovery"));
 }
 
-TEST_F(Device, AReadOnlyVolumeStaysAsItIs) {
+TEST_F(DeviceTest, AReadOnlyVolumeStaysAsItIs) {
     const Volume volume;
     putOld(volume);
     volume.makeReadOnly();
@@ -166,7 +166,7 @@ TEST_F(Device, AReadOnlyVolumeStaysAsItIs) {
     EXPECT_TRUE(nothingBeside(volume));
 }
 
-TEST(Links, AreNotFollowedForWriting) {
+TEST(DeviceTestLinks, AreNotFollowedForWriting) {
     const std::filesystem::path folder =
         std::filesystem::temp_directory_path() / ("halcyon-links-" + std::to_string(::getpid()));
     std::filesystem::create_directory(folder);
@@ -193,7 +193,7 @@ TEST(Links, AreNotFollowedForWriting) {
     std::filesystem::remove_all(folder);
 }
 
-TEST_F(Device, FreeSpaceIsWhatFilesCanTake) {
+TEST_F(DeviceTest, FreeSpaceIsWhatFilesCanTake) {
     const Volume volume;
     volume.leaveFree(10 * kCluster);
     const auto free = files.freeSpace(volume.at(u"").substr(0, volume.folder().size()));

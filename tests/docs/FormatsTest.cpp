@@ -15,9 +15,9 @@ constexpr const char16_t* kUserFile = u"/app/User.ini";
 constexpr std::string_view kBlankLine = " \r\n";
 
 // The examples of docs/formats.md, as a programmer would feed them to the program.
-class Formats : public ::testing::Test {
+class FormatsTest : public ::testing::Test {
 protected:
-    ~Formats() override { SetCurrentTab(0); }
+    ~FormatsTest() override { SetCurrentTab(0); }
 
     void start() { ASSERT_TRUE(form.Form_Load()); }
 
@@ -52,7 +52,7 @@ protected:
     MainForm form{platform.bundle};
 };
 
-TEST_F(Formats, TheListFileIsShownAsDescribedAndSavedBackUnchanged) {
+TEST_F(FormatsTest, TheListFileIsShownAsDescribedAndSavedBackUnchanged) {
     const std::string file = std::string(kBlankLine) + page.block("List.ini", "\r\n");
     platform.files.files[kListFile] = file;
     start();
@@ -62,7 +62,7 @@ TEST_F(Formats, TheListFileIsShownAsDescribedAndSavedBackUnchanged) {
     EXPECT_EQ(saved(kListFile), file);
 }
 
-TEST_F(Formats, TheUserFileIsShownAsDescribedAndSavedBackUnchanged) {
+TEST_F(FormatsTest, TheUserFileIsShownAsDescribedAndSavedBackUnchanged) {
     const std::string file = std::string(kBlankLine) + page.block("User.ini", "\r\n");
     platform.files.files[kUserFile] = file;
     start();
@@ -72,7 +72,7 @@ TEST_F(Formats, TheUserFileIsShownAsDescribedAndSavedBackUnchanged) {
     EXPECT_EQ(saved(kUserFile), file);
 }
 
-TEST_F(Formats, TheScheduleGivesTheRowsDescribed) {
+TEST_F(FormatsTest, TheScheduleGivesTheRowsDescribed) {
     start();
     for (const char* lineEnd : {"\n", "\r\n"}) {
         platform.httpClient.answer.body = page.block("Broadcast schedule", lineEnd);

@@ -2,9 +2,11 @@
 
 namespace {
 
+class CellEditingCommitTest : public CellEditingFixture {};
+
 using enum ListKind;
 
-TEST_F(CellEditingTest, EnterCommitsHidesAndGivesTheFocusBack) {
+TEST_F(CellEditingCommitTest, EnterCommitsHidesAndGivesTheFocusBack) {
     addRow(Am, {u"Medium", u"700", u"MW"});
     start(Am, kFrequencyX);
     box.content = u"6000";
@@ -14,7 +16,7 @@ TEST_F(CellEditingTest, EnterCommitsHidesAndGivesTheFocusBack) {
     expectHidden();
 }
 
-TEST_F(CellEditingTest, LossOfFocusCommitsToo) {
+TEST_F(CellEditingCommitTest, LossOfFocusCommitsToo) {
     addDrmRow();
     start(Drm, kDrmTargetX);
     box.content = u"Asia";
@@ -23,7 +25,7 @@ TEST_F(CellEditingTest, LossOfFocusCommitsToo) {
     expectHidden();
 }
 
-TEST_F(CellEditingTest, EnterAndLossOfFocusDoNothingWhileHidden) {
+TEST_F(CellEditingCommitTest, EnterAndLossOfFocusDoNothingWhileHidden) {
     addDrmRow();
     start(Drm, 0);
     editing.hideEditBox();
@@ -35,7 +37,7 @@ TEST_F(CellEditingTest, EnterAndLossOfFocusDoNothingWhileHidden) {
     EXPECT_EQ(0, view(Drm).focusCount);
 }
 
-TEST_F(CellEditingTest, ARefusedTextIsDroppedAndTheBoxHidden) {
+TEST_F(CellEditingCommitTest, ARefusedTextIsDroppedAndTheBoxHidden) {
     addDrmRow();
     start(Drm, kDrmFrequencyX);
     box.content = u"149";
@@ -45,7 +47,7 @@ TEST_F(CellEditingTest, ARefusedTextIsDroppedAndTheBoxHidden) {
     expectHidden();
 }
 
-TEST_F(CellEditingTest, CommitsOnceWhenTheMessageBoxTakesTheFocus) {
+TEST_F(CellEditingCommitTest, CommitsOnceWhenTheMessageBoxTakesTheFocus) {
     addDrmRow();
     for (const bool byEnter : {true, false}) {
         start(Drm, kDrmFrequencyX);
@@ -62,7 +64,7 @@ TEST_F(CellEditingTest, CommitsOnceWhenTheMessageBoxTakesTheFocus) {
     EXPECT_EQ(2U, messageBox.shown.size());
 }
 
-TEST_F(CellEditingTest, HidesTheBoxOnlyAfterTheMessage) {
+TEST_F(CellEditingCommitTest, HidesTheBoxOnlyAfterTheMessage) {
     addDrmRow();
     start(Drm, kDrmFrequencyX);
     box.content = u"";
@@ -74,7 +76,7 @@ TEST_F(CellEditingTest, HidesTheBoxOnlyAfterTheMessage) {
     expectHidden();
 }
 
-TEST_F(CellEditingTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
+TEST_F(CellEditingCommitTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
     typeOverProgramme();
     tabs.tab = 1;  // a tab switch hides the box
     editing.hideEditBox();
@@ -82,7 +84,7 @@ TEST_F(CellEditingTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
     expectHidden();
 }
 
-TEST_F(CellEditingTest, AClickOnARowHidesAndHints) {
+TEST_F(CellEditingCommitTest, AClickOnARowHidesAndHints) {
     typeOverProgramme();
     editing.itemClicked();
     EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
@@ -90,7 +92,7 @@ TEST_F(CellEditingTest, AClickOnARowHidesAndHints) {
     expectHidden();
 }
 
-TEST_F(CellEditingTest, AClickOnAnotherRowCommitsByTheLossOfFocusBeforeIt) {
+TEST_F(CellEditingCommitTest, AClickOnAnotherRowCommitsByTheLossOfFocusBeforeIt) {
     typeOverProgramme();
     editing.lostFocus();
     editing.itemClicked();
@@ -98,7 +100,7 @@ TEST_F(CellEditingTest, AClickOnAnotherRowCommitsByTheLossOfFocusBeforeIt) {
     EXPECT_EQ(u"Press 'Delete' Key To Delete ", statusBar.message);
 }
 
-TEST_F(CellEditingTest, AScrollUnderTheBoxCommits) {
+TEST_F(CellEditingCommitTest, AScrollUnderTheBoxCommits) {
     typeOverProgramme();
     editing.viewChanged();
     EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));
@@ -107,7 +109,7 @@ TEST_F(CellEditingTest, AScrollUnderTheBoxCommits) {
     EXPECT_EQ(1, view(Drm).focusCount);
 }
 
-TEST_F(CellEditingTest, SurvivesTheViewChangesThatItsOwnStartCauses) {
+TEST_F(CellEditingCommitTest, SurvivesTheViewChangesThatItsOwnStartCauses) {
     addDrmRow();
     view(Drm).moved = [this] { editing.viewChanged(); };
     start(Drm, kDrmFrequencyX);
@@ -117,7 +119,7 @@ TEST_F(CellEditingTest, SurvivesTheViewChangesThatItsOwnStartCauses) {
     EXPECT_EQ(0, view(Drm).focusCount);
 }
 
-TEST_F(CellEditingTest, AnEditStartedOverAnOpenOneCommitsThatFirst) {
+TEST_F(CellEditingCommitTest, AnEditStartedOverAnOpenOneCommitsThatFirst) {
     typeOverProgramme();
     start(Drm, kDrmTargetX);
     EXPECT_EQ("Typed|9620|0000-2400|Europe", rowText(Drm, 1));

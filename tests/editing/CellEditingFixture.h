@@ -16,9 +16,9 @@ public:
     }
 };
 
-class CellEditingTest : public EditingFixture, private EditBoxListener {
+class CellEditingFixture : public EditingFixture, private EditBoxListener {
 protected:
-    CellEditingTest() { box.setListener(*this); }
+    CellEditingFixture() { box.setListener(*this); }
 
     void enterPressed() override { editing.enterPressed(); }
     void lostFocus() override { editing.lostFocus(); }

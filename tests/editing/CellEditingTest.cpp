@@ -2,6 +2,8 @@
 
 namespace {
 
+class CellEditingTest : public CellEditingFixture {};
+
 using enum ListKind;
 
 TEST_F(CellEditingTest, RoundsThePointerPositionHalfToEvenAndSaturates) {

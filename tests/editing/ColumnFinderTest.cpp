@@ -25,7 +25,7 @@ int neighbourColumn(const Grid& grid, int x, int step) {
     return found ? found->column : -1;
 }
 
-TEST(ColumnFinder, GivesAnEdgeToTheColumnOnItsRight) {
+TEST(ColumnFinderTest, GivesAnEdgeToTheColumnOnItsRight) {
     const RowStore grid = gridOf({1200, 1200, 1200, 2000});
     EXPECT_EQ(-1, columnAtX(grid, -1));
     EXPECT_EQ(1, columnAtX(grid, 0));
@@ -39,7 +39,7 @@ TEST(ColumnFinder, GivesAnEdgeToTheColumnOnItsRight) {
     EXPECT_EQ(-1, columnAtX(grid, 32767));
 }
 
-TEST(ColumnFinder, RoundsEachRunningSumHalfToEven) {
+TEST(ColumnFinderTest, RoundsEachRunningSumHalfToEven) {
     const RowStore grid = gridOf({10.5, 10.5, 1.5});
     const auto spans = columnSpans(grid);  // 10.5 to 10; 20.5 to 20; 21.5 to 22
     EXPECT_EQ(0, spans[0].left);
@@ -50,21 +50,21 @@ TEST(ColumnFinder, RoundsEachRunningSumHalfToEven) {
     EXPECT_EQ(2, spans[2].width);
 }
 
-TEST(ColumnFinder, SaturatesSumsBeyondSixteenBits) {
+TEST(ColumnFinderTest, SaturatesSumsBeyondSixteenBits) {
     const RowStore grid = gridOf({40000, 40000, 40000});
     EXPECT_EQ(1, columnAtX(grid, 32766));
     EXPECT_EQ(-1, columnAtX(grid, 32767));
     EXPECT_EQ(0, columnSpans(grid)[1].width);
 }
 
-TEST(ColumnFinder, FindsNothingInAGridWithoutColumns) {
+TEST(ColumnFinderTest, FindsNothingInAGridWithoutColumns) {
     const RowStore grid;
     EXPECT_EQ(-1, columnAtX(grid, 0));
     EXPECT_EQ(-1, neighbourColumn(grid, 0, 1));
     EXPECT_EQ(-1, neighbourColumn(grid, 0, -1));
 }
 
-TEST(ColumnFinder, KnowsTheEditableColumns) {
+TEST(ColumnFinderTest, KnowsTheEditableColumns) {
     EXPECT_FALSE(isEditableColumn(-1));
     EXPECT_FALSE(isEditableColumn(0));
     EXPECT_TRUE(isEditableColumn(1));
@@ -73,7 +73,7 @@ TEST(ColumnFinder, KnowsTheEditableColumns) {
     EXPECT_TRUE(isEditableColumn(4));
 }
 
-TEST(ColumnFinder, StepsOverColumnThree) {
+TEST(ColumnFinderTest, StepsOverColumnThree) {
     const RowStore grid = gridOf({100, 100, 100, 100});
     const std::vector<std::array<int, 3>> table = {// x, column to the left, column to the right
                                                    {-1, 1, 1},  {0, 1, 2},   {99, 1, 2},  {100, 1, 4},
@@ -85,7 +85,7 @@ TEST(ColumnFinder, StepsOverColumnThree) {
     }
 }
 
-TEST(ColumnFinder, StaysBeforeColumnThreeWhereItIsTheLast) {
+TEST(ColumnFinderTest, StaysBeforeColumnThreeWhereItIsTheLast) {
     const RowStore grid = gridOf({100, 100, 100});
     EXPECT_EQ(2, neighbourColumn(grid, 50, 1));
     EXPECT_EQ(2, neighbourColumn(grid, 150, 1));

@@ -68,7 +68,7 @@ RowStore threeRows(int selectedRow) {
     return grid;
 }
 
-TEST(ListCommands, RoutesEveryKeyInEveryShiftStateOfEveryList) {
+TEST(ListCommandsTest, RoutesEveryKeyInEveryShiftStateOfEveryList) {
     for (const int selectedRow : {0, 1, 3}) {
         const RowStore grid = threeRows(selectedRow);
         for (const ListKind kind : kLists) {
@@ -82,7 +82,7 @@ TEST(ListCommands, RoutesEveryKeyInEveryShiftStateOfEveryList) {
     }
 }
 
-TEST(ListCommands, RoutesKeysOfAnEmptyListAsWithoutSelection) {
+TEST(ListCommandsTest, RoutesKeysOfAnEmptyListAsWithoutSelection) {
     const RowStore grid;
     EXPECT_EQ(DeleteSelected, commandForKey(ListKind::Am, grid, Key::Delete, Shift::None));
     EXPECT_EQ(Edit, commandForKey(ListKind::Am, grid, Key::Enter, Shift::None));
@@ -91,7 +91,7 @@ TEST(ListCommands, RoutesKeysOfAnEmptyListAsWithoutSelection) {
     EXPECT_EQ(None, commandForKey(ListKind::Am, grid, 'A', Shift::Ctrl));
 }
 
-TEST(ListCommands, KeepsItsKeysFromTheGridWhetherTheyActOrNot) {
+TEST(ListCommandsTest, KeepsItsKeysFromTheGridWhetherTheyActOrNot) {
     for (int key = 0; key < 256; ++key) {
         for (int shift = 0; shift < 8; ++shift) {
             const bool ctrl = shift == 2 || shift == 3 || shift == 6 || shift == 7;
@@ -102,7 +102,7 @@ TEST(ListCommands, KeepsItsKeysFromTheGridWhetherTheyActOrNot) {
     }
 }
 
-TEST(ListCommands, KeepsEveryKeyFromTheGridThatIsACommand) {
+TEST(ListCommandsTest, KeepsEveryKeyFromTheGridThatIsACommand) {
     const RowStore grid = threeRows(2);
     int commands = 0;
     for (const ListKind kind : kLists) {
@@ -119,7 +119,7 @@ TEST(ListCommands, KeepsEveryKeyFromTheGridThatIsACommand) {
     EXPECT_EQ(4 * (2 * 4 + 2) + 7 + 6 + 6 + 4, commands);
 }
 
-TEST(ListCommands, OffersTheMenuItemsOfEachList) {
+TEST(ListCommandsTest, OffersTheMenuItemsOfEachList) {
     for (const ListKind kind : kLists) {
         for (const int rows : {0, 3}) {
             for (const int selectedRow : {0, 1, 3}) {

@@ -75,7 +75,7 @@ int pivotsOf(const std::vector<SortRow>& rows) {
     return static_cast<int>(std::count_if(rows.begin(), rows.end(), [](const SortRow& row) { return row.wasPivot; }));
 }
 
-TEST(RowSorter, OrdersAndOnlyPermutesRandomNumbers) {
+TEST(RowSorterTest, OrdersAndOnlyPermutesRandomNumbers) {
     FakeTextCompare compare;
     RowSorter sorter(compare);
     std::mt19937 random(7);
@@ -96,7 +96,7 @@ TEST(RowSorter, OrdersAndOnlyPermutesRandomNumbers) {
     }
 }
 
-TEST(RowSorter, OrdersAndOnlyPermutesRandomTexts) {
+TEST(RowSorterTest, OrdersAndOnlyPermutesRandomTexts) {
     FakeTextCompare compare;
     RowSorter sorter(compare);
     std::mt19937 random(11);
@@ -121,7 +121,7 @@ TEST(RowSorter, OrdersAndOnlyPermutesRandomTexts) {
     }
 }
 
-TEST(RowSorter, HasNoPivotInARangeOfLessThanTwoRows) {
+TEST(RowSorterTest, HasNoPivotInARangeOfLessThanTwoRows) {
     FakeTextCompare compare;
     RowSorter sorter(compare);
     std::vector<SortRow> none;
@@ -132,7 +132,7 @@ TEST(RowSorter, HasNoPivotInARangeOfLessThanTwoRows) {
     EXPECT_EQ(0, pivotsOf(one));
 }
 
-TEST(RowSorter, HasOnePivotInARangeOfTwoRows) {
+TEST(RowSorterTest, HasOnePivotInARangeOfTwoRows) {
     FakeTextCompare compare;
     RowSorter sorter(compare);
     for (const std::vector<double>& numbers : {std::vector<double>{1, 2}, {2, 1}, {1, 1}}) {
@@ -144,7 +144,7 @@ TEST(RowSorter, HasOnePivotInARangeOfTwoRows) {
     }
 }
 
-TEST(RowSorter, MakesAllEqualKeysButOnePivots) {
+TEST(RowSorterTest, MakesAllEqualKeysButOnePivots) {
     FakeTextCompare compare;
     RowSorter sorter(compare);
     for (const std::size_t size : {2U, 3U, 10U, 999U}) {
@@ -154,7 +154,7 @@ TEST(RowSorter, MakesAllEqualKeysButOnePivots) {
     }
 }
 
-TEST(RowSorter, DrawsDifferentPivotsInTheSameOrderInEachRun) {
+TEST(RowSorterTest, DrawsDifferentPivotsInTheSameOrderInEachRun) {
     FakeTextCompare compare;
     std::vector<double> numbers(500);
     for (std::size_t i = 0; i < numbers.size(); ++i) {
@@ -180,7 +180,7 @@ TEST(RowSorter, DrawsDifferentPivotsInTheSameOrderInEachRun) {
 }
 
 // The largest lists that may be loaded, in the orders that a quicksort dislikes.
-class LargeSort : public ::testing::TestWithParam<int> {
+class RowSorterTestLarge : public ::testing::TestWithParam<int> {
 protected:
     static std::u16string keyAt(int row) {
         switch (GetParam()) {
@@ -200,7 +200,7 @@ protected:
     }
 };
 
-TEST_P(LargeSort, StaysShallowAndFarFromQuadratic) {
+TEST_P(RowSorterTestLarge, StaysShallowAndFarFromQuadratic) {
     MeasuringTextCompare compare;
     RowSorter sorter(compare);
     std::vector<std::u16string> texts;
@@ -220,6 +220,6 @@ TEST_P(LargeSort, StaysShallowAndFarFromQuadratic) {
     EXPECT_LT(compare.comparisons, 2'000'000U);
 }
 
-INSTANTIATE_TEST_SUITE_P(Orders, LargeSort, ::testing::Range(0, 6));
+INSTANTIATE_TEST_SUITE_P(Orders, RowSorterTestLarge, ::testing::Range(0, 6));
 
 }  // namespace

@@ -268,26 +268,26 @@ protected:
     int faults = 0;  // runs that met the last fault of their plan
 };
 
-class FaultLoop : public Loop, public testing::WithParamInterface<Fault> {};
-class PowerCutFaultLoop : public Loop {};
+class FaultLoopTest : public Loop, public testing::WithParamInterface<Fault> {};
+class FaultLoopTestPowerCut : public Loop {};
 
 }  // namespace
 
-TEST_P(FaultLoop, EveryOperationFailsOnce) {
+TEST_P(FaultLoopTest, EveryOperationFailsOnce) {
     for (const Scenario& scenario : scenarios()) {
         for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, 0, false}) && !HasFailure(); ++n) {
         }
     }
 }
 
-TEST_P(FaultLoop, EveryOperationAndAllAfterItFail) {
+TEST_P(FaultLoopTest, EveryOperationAndAllAfterItFail) {
     for (const Scenario& scenario : scenarios()) {
         for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, 0, true}) && !HasFailure(); ++n) {
         }
     }
 }
 
-TEST_P(FaultLoop, AStartAfterAKilledRunFails) {
+TEST_P(FaultLoopTest, AStartAfterAKilledRunFails) {
     for (const bool forGood : {false, true}) {
         for (const Scenario& scenario : scenarios()) {
             for (int n = 1; run(scenario, diskOfAKilledRun(), {GetParam(), n, 0, forGood}) && !HasFailure(); ++n) {
@@ -296,7 +296,7 @@ TEST_P(FaultLoop, AStartAfterAKilledRunFails) {
     }
 }
 
-TEST_P(FaultLoop, ASecondOneFailsWhileTheFirstIsBeingMended) {
+TEST_P(FaultLoopTest, ASecondOneFailsWhileTheFirstIsBeingMended) {
     constexpr int kMendingOperations = 12;
     for (const Scenario& scenario : scenarios()) {
         for (int second = 1; second <= kMendingOperations; ++second) {
@@ -306,7 +306,7 @@ TEST_P(FaultLoop, ASecondOneFailsWhileTheFirstIsBeingMended) {
     }
 }
 
-TEST_F(PowerCutFaultLoop, AtEveryOperation) {
+TEST_F(FaultLoopTestPowerCut, AtEveryOperation) {
     using Fate = FakeFiles::Fate;
     for (const FakeFiles& disk : {soundDisk(), diskOfAKilledRun()}) {
         for (const Scenario& scenario : scenarios()) {
@@ -320,7 +320,7 @@ TEST_F(PowerCutFaultLoop, AtEveryOperation) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FaultLoop, testing::ValuesIn(kFaults), [](const auto& kind) {
+INSTANTIATE_TEST_SUITE_P(Kinds, FaultLoopTest, testing::ValuesIn(kFaults), [](const auto& kind) {
     std::string name = nameOf(kind.param);
     std::erase_if(name, [](char c) { return std::isalpha(static_cast<unsigned char>(c)) == 0; });
     return name;

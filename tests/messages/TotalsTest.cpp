@@ -7,9 +7,9 @@
 
 namespace {
 
-class TotalsLine : public testing::Test {
+class TotalsTest : public testing::Test {
 protected:
-    TotalsLine() {
+    TotalsTest() {
         for (int tab = 0; tab < 4; ++tab) {
             for (int row = 0; row < 10 * tab + 2; ++row) {
                 grids[static_cast<std::size_t>(tab)].appendRow({u"station"});
@@ -24,7 +24,7 @@ protected:
     Totals totals{tabs, statusBar, {&grids[0], &grids[1], &grids[2], &grids[3]}};
 };
 
-TEST_F(TotalsLine, EachTabHasItsLabelFollowedByItsCount) {
+TEST_F(TotalsTest, EachTabHasItsLabelFollowedByItsCount) {
     const std::array<std::string, 4> expected = {"Total Number Of DRM List: 2", "Total Number Of AM List: 12",
                                                  "Total Number Of FM List: 22", "Total Number Of Favourite List: 32"};
     for (int tab = 0; tab < 4; ++tab) {
@@ -34,13 +34,13 @@ TEST_F(TotalsLine, EachTabHasItsLabelFollowedByItsCount) {
     }
 }
 
-TEST_F(TotalsLine, AnEmptyListHasZero) {
+TEST_F(TotalsTest, AnEmptyListHasZero) {
     grids[0].clear();
     totals.ShowTotals();
     EXPECT_EQ(message(), "Total Number Of DRM List: 0");
 }
 
-TEST_F(TotalsLine, ATabOutsideTheFourLeavesTheStatusBarAlone) {
+TEST_F(TotalsTest, ATabOutsideTheFourLeavesTheStatusBarAlone) {
     statusBar.setMessage(u"hint");
     for (const int tab : {-1, 4, 99}) {
         tabs.tab = tab;
@@ -51,7 +51,7 @@ TEST_F(TotalsLine, ATabOutsideTheFourLeavesTheStatusBarAlone) {
     EXPECT_EQ(statusBar.history.size(), 1U);
 }
 
-TEST_F(TotalsLine, OnlyTheTabShownIsTold) {
+TEST_F(TotalsTest, OnlyTheTabShownIsTold) {
     tabs.tab = 1;
     totals.ShowTotals();
     grids[2].appendRow({u"station"});
@@ -62,7 +62,7 @@ TEST_F(TotalsLine, OnlyTheTabShownIsTold) {
     EXPECT_EQ(message(), "Total Number Of FM List: 23");
 }
 
-TEST_F(TotalsLine, TheTotalLagsBehindTheRowsUntilItIsShownAgain) {
+TEST_F(TotalsTest, TheTotalLagsBehindTheRowsUntilItIsShownAgain) {
     totals.ShowTotals();
     grids[0].appendRow({u"station"});
     EXPECT_EQ(message(), "Total Number Of DRM List: 2");
@@ -70,13 +70,13 @@ TEST_F(TotalsLine, TheTotalLagsBehindTheRowsUntilItIsShownAgain) {
     EXPECT_EQ(message(), "Total Number Of DRM List: 3");
 }
 
-TEST_F(TotalsLine, ATotalCanBeShownOfATabThatIsNotTheOneShown) {
+TEST_F(TotalsTest, ATotalCanBeShownOfATabThatIsNotTheOneShown) {
     tabs.tab = 0;
     totals.showTotalOf(3);
     EXPECT_EQ(message(), "Total Number Of Favourite List: 32");
 }
 
-TEST(ApplicationTab, IsOneValueForTheProcess) {
+TEST(TotalsTestCurrentTab, IsOneValueForTheProcess) {
     for (const int tab : {3, 0, 2}) {
         SetCurrentTab(tab);
         EXPECT_EQ(GetCurrentTab(), tab);

@@ -11,9 +11,9 @@ constexpr WindowHandle kBox = 100;
 constexpr int kCreateWindow = 3;  // any other event of the hook
 
 // The system activates the window of a message box while it is shown.
-class MessageBoxes : public testing::Test {
+class mMsgBoxTest : public testing::Test {
 protected:
-    MessageBoxes() {
+    mMsgBoxTest() {
         box.whileShown = [this] {
             hookedDuringBox = hook.live != 0;
             if (hook.listener != nullptr) {
@@ -37,7 +37,7 @@ protected:
     std::intptr_t allowed = -1;  // what the hook answered
 };
 
-TEST_F(MessageBoxes, AChineseAbortRetryIgnoreBoxBecomesEnglishAndKeepsItsAccelerators) {
+TEST_F(mMsgBoxTest, AChineseAbortRetryIgnoreBoxBecomesEnglishAndKeepsItsAccelerators) {
     addChild(101, u"Button", u"中止(&A)");
     addChild(102, u"Button", u"重试(&R)");
     addChild(103, u"Button", u"忽略(&I)");
@@ -47,7 +47,7 @@ TEST_F(MessageBoxes, AChineseAbortRetryIgnoreBoxBecomesEnglishAndKeepsItsAcceler
     EXPECT_EQ(captionOf(103), "Ignore(&I)");
 }
 
-TEST_F(MessageBoxes, AChineseOkCancelBoxBecomesEnglish) {
+TEST_F(mMsgBoxTest, AChineseOkCancelBoxBecomesEnglish) {
     addChild(101, u"Button", u"确定");
     addChild(102, u"Button", u"取消");
     showOnce(BoxStyle::OkCancel, BoxAnswer::Cancel);
@@ -55,7 +55,7 @@ TEST_F(MessageBoxes, AChineseOkCancelBoxBecomesEnglish) {
     EXPECT_EQ(captionOf(102), "Cancel");
 }
 
-TEST_F(MessageBoxes, AChineseYesNoBoxKeepsItsCaptions) {
+TEST_F(mMsgBoxTest, AChineseYesNoBoxKeepsItsCaptions) {
     addChild(101, u"Button", u"是(&Y)");
     addChild(102, u"Button", u"否(&N)");
     showOnce(BoxStyle::YesNo, BoxAnswer::Yes);
@@ -64,7 +64,7 @@ TEST_F(MessageBoxes, AChineseYesNoBoxKeepsItsCaptions) {
     EXPECT_EQ(hook.captionsSet, 0);
 }
 
-TEST_F(MessageBoxes, OnAnEnglishSystemNoCaptionChanges) {
+TEST_F(mMsgBoxTest, OnAnEnglishSystemNoCaptionChanges) {
     addChild(101, u"Button", u"OK");
     addChild(102, u"Button", u"Cancel");
     addChild(103, u"Button", u"&Retry");
@@ -72,7 +72,7 @@ TEST_F(MessageBoxes, OnAnEnglishSystemNoCaptionChanges) {
     EXPECT_EQ(hook.captionsSet, 0);
 }
 
-TEST_F(MessageBoxes, OnlyWindowsOfTheButtonClassAreRenamed) {
+TEST_F(mMsgBoxTest, OnlyWindowsOfTheButtonClassAreRenamed) {
     addChild(101, u"Static", u"确定");
     addChild(102, u"button", u"确定");
     addChild(103, u"BUTTON", u"确定");
@@ -83,7 +83,7 @@ TEST_F(MessageBoxes, OnlyWindowsOfTheButtonClassAreRenamed) {
     EXPECT_EQ(captionOf(105), "Ok");
 }
 
-TEST_F(MessageBoxes, ASecondActivationFindsEnglishCaptionsAndChangesNothing) {
+TEST_F(mMsgBoxTest, ASecondActivationFindsEnglishCaptionsAndChangesNothing) {
     addChild(101, u"Button", u"确定");
     addChild(102, u"Button", u"重试(&R)");
     messages.Install();
@@ -93,21 +93,21 @@ TEST_F(MessageBoxes, ASecondActivationFindsEnglishCaptionsAndChangesNothing) {
     EXPECT_EQ(hook.captionsSet, 2);
 }
 
-TEST_F(MessageBoxes, ANullChildEndsTheWalk) {
+TEST_F(mMsgBoxTest, ANullChildEndsTheWalk) {
     addChild(0, u"Button", u"确定");
     addChild(101, u"Button", u"确定");
     showOnce();
     EXPECT_EQ(hook.captionsSet, 0);
 }
 
-TEST_F(MessageBoxes, AChildLetsTheWalkGoOnAndANullChildEndsIt) {
+TEST_F(mMsgBoxTest, AChildLetsTheWalkGoOnAndANullChildEndsIt) {
     addChild(101, u"Static", u"text");
     messages.Install();
     EXPECT_EQ(hook.listener->childProcedure(101), 1);
     EXPECT_EQ(hook.listener->childProcedure(0), 0);
 }
 
-TEST_F(MessageBoxes, ANegativeCodeIsPassedOnWithItsResult) {
+TEST_F(mMsgBoxTest, ANegativeCodeIsPassedOnWithItsResult) {
     addChild(101, u"Button", u"确定");
     messages.Install();
     EXPECT_EQ(hook.listener->hookProcedure(-1, kBox, 0), 77);
@@ -115,13 +115,13 @@ TEST_F(MessageBoxes, ANegativeCodeIsPassedOnWithItsResult) {
     EXPECT_EQ(hook.captionsSet, 0);
 }
 
-TEST_F(MessageBoxes, AnActivationIsAllowedAndNotPassedOn) {
+TEST_F(mMsgBoxTest, AnActivationIsAllowedAndNotPassedOn) {
     showOnce();
     EXPECT_EQ(allowed, 0);
     EXPECT_TRUE(hook.passedOn.empty());
 }
 
-TEST_F(MessageBoxes, EveryOtherCodeGivesZeroWithoutTheNextHook) {
+TEST_F(mMsgBoxTest, EveryOtherCodeGivesZeroWithoutTheNextHook) {
     addChild(101, u"Button", u"确定");
     messages.Install();
     for (const int code : {0, 1, 2, kCreateWindow, 4, 6, 9}) {
@@ -131,7 +131,7 @@ TEST_F(MessageBoxes, EveryOtherCodeGivesZeroWithoutTheNextHook) {
     EXPECT_EQ(hook.captionsSet, 0);
 }
 
-TEST_F(MessageBoxes, TheHookIsThereDuringTheBoxOnlyAndOfTheRightType) {
+TEST_F(mMsgBoxTest, TheHookIsThereDuringTheBoxOnlyAndOfTheRightType) {
     EXPECT_EQ(hook.live, 0U);
     showOnce();
     EXPECT_TRUE(hookedDuringBox);
@@ -140,7 +140,7 @@ TEST_F(MessageBoxes, TheHookIsThereDuringTheBoxOnlyAndOfTheRightType) {
     EXPECT_EQ(hook.staleUnhooks, 0);
 }
 
-TEST_F(MessageBoxes, InstallingTwiceSetsOneHook) {
+TEST_F(mMsgBoxTest, InstallingTwiceSetsOneHook) {
     messages.Install();
     messages.Install();
     EXPECT_EQ(hook.issued, 1U);
@@ -149,7 +149,7 @@ TEST_F(MessageBoxes, InstallingTwiceSetsOneHook) {
     EXPECT_EQ(hook.staleUnhooks, 0);
 }
 
-TEST_F(MessageBoxes, RemovingTwiceNeverUnhooksAStaleHandle) {
+TEST_F(mMsgBoxTest, RemovingTwiceNeverUnhooksAStaleHandle) {
     messages.Remove();
     messages.Install();
     messages.Remove();
@@ -160,7 +160,7 @@ TEST_F(MessageBoxes, RemovingTwiceNeverUnhooksAStaleHandle) {
     EXPECT_EQ(hook.live, 2U);
 }
 
-TEST_F(MessageBoxes, AFailedInstallLeavesTheSystemsCaptionsAndStillAnswers) {
+TEST_F(mMsgBoxTest, AFailedInstallLeavesTheSystemsCaptionsAndStillAnswers) {
     hook.failing = true;
     addChild(101, u"Button", u"确定");
     showOnce(BoxStyle::OkCancel, BoxAnswer::Cancel);
@@ -168,7 +168,7 @@ TEST_F(MessageBoxes, AFailedInstallLeavesTheSystemsCaptionsAndStillAnswers) {
     EXPECT_EQ(hook.staleUnhooks, 0);
 }
 
-TEST_F(MessageBoxes, APlainBoxIsShownWithoutTheHook) {
+TEST_F(mMsgBoxTest, APlainBoxIsShownWithoutTheHook) {
     addChild(101, u"Button", u"确定");
     box.expect({u"plain", u"Halcyon_K7", BoxStyle::Ok, BoxAnswer::Ok});
     EXPECT_EQ(messages.showPlain(u"plain"), BoxAnswer::Ok);
@@ -177,7 +177,7 @@ TEST_F(MessageBoxes, APlainBoxIsShownWithoutTheHook) {
     EXPECT_EQ(hook.captionsSet, 0);
 }
 
-TEST_F(MessageBoxes, EveryAnswerOfTheBoxIsReturned) {
+TEST_F(mMsgBoxTest, EveryAnswerOfTheBoxIsReturned) {
     for (const int answer : {BoxAnswer::Abort, BoxAnswer::Retry, BoxAnswer::Ignore}) {
         showOnce(BoxStyle::AbortRetryIgnore, answer);
     }
@@ -186,7 +186,7 @@ TEST_F(MessageBoxes, EveryAnswerOfTheBoxIsReturned) {
     }
 }
 
-TEST_F(MessageBoxes, AGivenTitleIsShown) {
+TEST_F(mMsgBoxTest, AGivenTitleIsShown) {
     box.expect({u"text", u"Add List", BoxStyle::Ok, BoxAnswer::Ok});
     messages.show(u"text", BoxStyle::Ok, u"Add List");
     EXPECT_EQ(box.shown.size(), 1U);
@@ -197,16 +197,16 @@ struct CaptionCase {
     const char* english;  // empty: stays
 };
 
-class CaptionTable : public testing::TestWithParam<CaptionCase> {};
+class mMsgBoxTestCaptions : public testing::TestWithParam<CaptionCase> {};
 
-TEST_P(CaptionTable, GivesTheEnglishCaption) {
+TEST_P(mMsgBoxTestCaptions, GivesTheEnglishCaption) {
     const auto renamed = englishCaption(GetParam().systems);
     EXPECT_EQ(narrow(renamed.value_or(u"")), GetParam().english);
     EXPECT_EQ(renamed.has_value(), *GetParam().english != '\0');
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    AllRows, CaptionTable,
+    AllRows, mMsgBoxTestCaptions,
     testing::Values(CaptionCase{u"确定", "Ok"}, CaptionCase{u"取消", "Cancel"}, CaptionCase{u"中止(&A)", "Abort(&A)"},
                     CaptionCase{u"终止(&A)", "Abort(&A)"}, CaptionCase{u"重试(&R)", "Retry(&R)"},
                     CaptionCase{u"忽略(&I)", "Ignore(&I)"}, CaptionCase{u"请终止(&T)", "Abort(&T)"},

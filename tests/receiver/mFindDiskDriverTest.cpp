@@ -10,7 +10,7 @@ namespace {
 constexpr DiskGeometry kReceiver{2, 512, 999};
 constexpr DiskGeometry kOneBlockMore{2, 512, 1000};
 
-class ReceiverDisk : public testing::Test {
+class mFindDiskDriverTest : public testing::Test {
 protected:
     void addVolume(std::u16string root, std::optional<DiskGeometry> geometry, std::optional<std::u16string> label = u"",
                    bool present = true) {
@@ -23,7 +23,7 @@ protected:
     mFindDiskDriver finder{volumes, files};
 };
 
-TEST_F(ReceiverDisk, TheLowerOfTwoReceiversIsReturned) {
+TEST_F(mFindDiskDriverTest, TheLowerOfTwoReceiversIsReturned) {
     addVolume(u"c:\\", kOneBlockMore);
     addVolume(u"e:\\", kReceiver);
     addVolume(u"f:\\", kReceiver);
@@ -31,27 +31,27 @@ TEST_F(ReceiverDisk, TheLowerOfTwoReceiversIsReturned) {
     EXPECT_EQ(volumes.geometryQueries, 2);
 }
 
-TEST_F(ReceiverDisk, TheLabelDecidesNothing) {
+TEST_F(mFindDiskDriverTest, TheLabelDecidesNothing) {
     addVolume(u"d:\\", kOneBlockMore, u"STNMEMORY");
     EXPECT_EQ(found(), "Unkonwn Driver");
     addVolume(u"e:\\", kReceiver, u"HOLIDAY");
     EXPECT_EQ(found(), "e:\\");
 }
 
-TEST_F(ReceiverDisk, TheRootIsReturnedAsTheSystemNamesItWithItsSeparator) {
+TEST_F(mFindDiskDriverTest, TheRootIsReturnedAsTheSystemNamesItWithItsSeparator) {
     addVolume(u"/media/radio/", kReceiver);
     EXPECT_EQ(found(), "/media/radio/");
 }
 
-TEST_F(ReceiverDisk, WithoutAnyVolumeTheDriveIsUnknown) { EXPECT_EQ(found(), "Unkonwn Driver"); }
+TEST_F(mFindDiskDriverTest, WithoutAnyVolumeTheDriveIsUnknown) { EXPECT_EQ(found(), "Unkonwn Driver"); }
 
-TEST_F(ReceiverDisk, AnAbsentRootIsNotAskedForItsSize) {
+TEST_F(mFindDiskDriverTest, AnAbsentRootIsNotAskedForItsSize) {
     addVolume(u"a:\\", kReceiver, u"", false);
     EXPECT_EQ(found(), "Unkonwn Driver");
     EXPECT_EQ(volumes.geometryQueries, 0);
 }
 
-TEST_F(ReceiverDisk, AnUnreadableVolumeIsSkipped) {
+TEST_F(mFindDiskDriverTest, AnUnreadableVolumeIsSkipped) {
     addVolume(u"d:\\", kReceiver, std::nullopt);
     addVolume(u"e:\\", std::nullopt);
     addVolume(u"f:\\", kReceiver);
@@ -59,7 +59,7 @@ TEST_F(ReceiverDisk, AnUnreadableVolumeIsSkipped) {
     EXPECT_EQ(volumes.geometryQueries, 2);
 }
 
-TEST_F(ReceiverDisk, EachSearchStartsAnew) {
+TEST_F(mFindDiskDriverTest, EachSearchStartsAnew) {
     addVolume(u"e:\\", kReceiver);
     EXPECT_EQ(found(), "e:\\");
     volumes.volumes.clear();
@@ -71,15 +71,15 @@ struct CapacityCase {
     bool isReceiver;
 };
 
-class Capacity : public ReceiverDisk, public testing::WithParamInterface<CapacityCase> {};
+class mFindDiskDriverTestCapacity : public mFindDiskDriverTest, public testing::WithParamInterface<CapacityCase> {};
 
-TEST_P(Capacity, IsExactlyTheReceivers) {
+TEST_P(mFindDiskDriverTestCapacity, IsExactlyTheReceivers) {
     addVolume(u"e:\\", GetParam().geometry);
     EXPECT_EQ(found(), GetParam().isReceiver ? "e:\\" : "Unkonwn Driver");
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Bounds, Capacity,
+    Bounds, mFindDiskDriverTestCapacity,
     testing::Values(CapacityCase{{1, 1024, 999}, true}, CapacityCase{{1, 1, 1'022'976}, true},
                     CapacityCase{{1, 512, 1998}, true}, CapacityCase{{1, 1, 1'022'975}, false},
                     CapacityCase{{1, 1, 1'022'977}, false}, CapacityCase{{1, 512, 1997}, false},
@@ -88,14 +88,14 @@ INSTANTIATE_TEST_SUITE_P(
                     CapacityCase{{1, 1, 1'022'976 + (1ULL << 32)}, false},
                     CapacityCase{{1, 1024, 999 + (1ULL << 54)}, false}));
 
-TEST_F(ReceiverDisk, ClearingAttributesMakesAFileWritable) {
+TEST_F(mFindDiskDriverTest, ClearingAttributesMakesAFileWritable) {
     files.files[u"/d/List.ini"] = "x";
     files.readOnly.insert(u"/d/List.ini");
     finder.ClearFileAttributes(u"/d/List.ini");
     EXPECT_TRUE(files.write(u"/d/List.ini", "y"));
 }
 
-TEST_F(ReceiverDisk, ClearingAttributesOfAMissingFileIsSilent) {
+TEST_F(mFindDiskDriverTest, ClearingAttributesOfAMissingFileIsSilent) {
     finder.ClearFileAttributes(u"/d/none");
     EXPECT_EQ(files.accesses, (std::vector<std::string>{"clearAttributes /d/none"}));
     EXPECT_TRUE(files.files.empty());

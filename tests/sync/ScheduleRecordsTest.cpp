@@ -11,21 +11,21 @@ std::string parse(std::u16string_view line, std::size_t fieldIndex) {
     return narrow(ParseScheduleLine(line, fieldIndex));
 }
 
-TEST(ScheduleLine, GivesTheValueBehindTheKeyOfItsPosition) {
+TEST(ScheduleRecordsTestLine, GivesTheValueBehindTheKeyOfItsPosition) {
     EXPECT_EQ(parse(u"StartStopTimeUTC=0600-0700", 0), "0600-0700");
     EXPECT_EQ(parse(u"Frequency=5955", 2), "5955");
     EXPECT_EQ(parse(u"Target=West Europe", 3), "West Europe");
     EXPECT_EQ(parse(u"Programme=A=B", 5), "A=B");
 }
 
-TEST(ScheduleLine, OfAnotherPositionIsTakenAsItStands) {
+TEST(ScheduleRecordsTestLine, OfAnotherPositionIsTakenAsItStands) {
     for (const std::size_t index : {1U, 4U, 6U, 7U, 8U}) {
         EXPECT_EQ(parse(u" any text =", index), " any text =");
         EXPECT_EQ(parse(u"Frequency=5955", index), "Frequency=5955");
     }
 }
 
-TEST(ScheduleLine, WithAnotherKeyIsEmpty) {
+TEST(ScheduleRecordsTestLine, WithAnotherKeyIsEmpty) {
     EXPECT_EQ(parse(u"Frequency=5955", 0), "");
     EXPECT_EQ(parse(u"frequency=5955", 2), "");
     EXPECT_EQ(parse(u"FREQUENCY=5955", 2), "");
@@ -35,13 +35,13 @@ TEST(ScheduleLine, WithAnotherKeyIsEmpty) {
     EXPECT_EQ(parse(u"", 2), "");
 }
 
-TEST(ScheduleLine, WithoutAValueIsEmpty) {
+TEST(ScheduleRecordsTestLine, WithoutAValueIsEmpty) {
     EXPECT_EQ(parse(u"Frequency=", 2), "");
     EXPECT_EQ(parse(u"Frequency=\r", 2), "");
     EXPECT_EQ(parse(u"", 1), "");
 }
 
-TEST(ScheduleLine, LosesOneCarriageReturnOrLineFeedAtItsEnd) {
+TEST(ScheduleRecordsTestLine, LosesOneCarriageReturnOrLineFeedAtItsEnd) {
     EXPECT_EQ(parse(u"Target=Asia\r", 3), "Asia");
     EXPECT_EQ(parse(u"Target=Asia\n", 3), "Asia");
     EXPECT_EQ(parse(u"Target=Asia\r\r", 3), "Asia\r");
@@ -50,9 +50,9 @@ TEST(ScheduleLine, LosesOneCarriageReturnOrLineFeedAtItsEnd) {
     EXPECT_EQ(parse(u"a\rb\r", 1), "a\rb");
 }
 
-TEST(ScheduleLine, KeepsBlanksAroundTheValue) { EXPECT_EQ(parse(u"Target= Asia ", 3), " Asia "); }
+TEST(ScheduleRecordsTestLine, KeepsBlanksAroundTheValue) { EXPECT_EQ(parse(u"Target= Asia ", 3), " Asia "); }
 
-class ScheduleRecord : public testing::Test {
+class ScheduleRecordsTestRecord : public testing::Test {
 protected:
     static ScheduleFields fieldsOf(const RecordTexts& texts) {
         ScheduleFields fields;
@@ -71,12 +71,12 @@ protected:
     RowStore drmLV;
 };
 
-TEST_F(ScheduleRecord, BecomesARow) {
+TEST_F(ScheduleRecordsTestRecord, BecomesARow) {
     EXPECT_TRUE(add({}));
     EXPECT_EQ(row(1), "Radio|5955|06:00-07:00|Europe");
 }
 
-TEST_F(ScheduleRecord, NeedsAllFourFields) {
+TEST_F(ScheduleRecordsTestRecord, NeedsAllFourFields) {
     EXPECT_FALSE(add({.time = u""}));
     EXPECT_FALSE(add({.frequency = u""}));
     EXPECT_FALSE(add({.target = u""}));
@@ -89,14 +89,15 @@ struct FrequencyCase {
     bool accepted;
 };
 
-class ScheduleFrequency : public ScheduleRecord, public testing::WithParamInterface<FrequencyCase> {};
+class ScheduleRecordsTestFrequency : public ScheduleRecordsTestRecord,
+                                     public testing::WithParamInterface<FrequencyCase> {};
 
-TEST_P(ScheduleFrequency, IsDigitsUpTo30000) {
+TEST_P(ScheduleRecordsTestFrequency, IsDigitsUpTo30000) {
     EXPECT_EQ(add({.frequency = GetParam().frequency}), GetParam().accepted);
     EXPECT_EQ(narrow(drmLV.text(1, 2)), GetParam().accepted ? narrow(GetParam().frequency) : "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Bounds, ScheduleFrequency,
+INSTANTIATE_TEST_SUITE_P(Bounds, ScheduleRecordsTestFrequency,
                          testing::Values(FrequencyCase{u"0", true}, FrequencyCase{u"149", true},
                                          FrequencyCase{u"30000", true}, FrequencyCase{u"30001", false},
                                          FrequencyCase{u"0005955", true}, FrequencyCase{u"00000000000000030000", true},
@@ -111,15 +112,15 @@ struct TimeCase {
     const char* cell;  // empty: refused
 };
 
-class ScheduleTime : public ScheduleRecord, public testing::WithParamInterface<TimeCase> {};
+class ScheduleRecordsTestTime : public ScheduleRecordsTestRecord, public testing::WithParamInterface<TimeCase> {};
 
-TEST_P(ScheduleTime, BecomesASpanThatEndsAfterItsStart) {
+TEST_P(ScheduleRecordsTestTime, BecomesASpanThatEndsAfterItsStart) {
     EXPECT_EQ(add({.time = GetParam().time}), *GetParam().cell != '\0');
     EXPECT_EQ(narrow(drmLV.text(1, 3)), GetParam().cell);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Spans, ScheduleTime,
+    Spans, ScheduleRecordsTestTime,
     testing::Values(TimeCase{u"0600-0700", "06:00-07:00"}, TimeCase{u"2300-2400", "23:00-24:00"},
                     TimeCase{u"0000-2400", "00:00-24:00"}, TimeCase{u"2359-2459", "23:59-24:59"},
                     TimeCase{u"0000-0001", "00:00-00:01"}, TimeCase{u"0700-0600", ""}, TimeCase{u"0600-0600", ""},
@@ -131,14 +132,14 @@ INSTANTIATE_TEST_SUITE_P(
                     TimeCase{u"0600-0700 ", ""}, TimeCase{u"00010", "00:01-00:10"}, TimeCase{u"0600", ""},
                     TimeCase{u"060", ""}, TimeCase{u"1", ""}, TimeCase{u"06", ""}));
 
-TEST_F(ScheduleRecord, EqualToAnEarlierRowIsADuplicate) {
+TEST_F(ScheduleRecordsTestRecord, EqualToAnEarlierRowIsADuplicate) {
     ASSERT_TRUE(add({}));
     EXPECT_FALSE(add({}, 1));
     EXPECT_FALSE(add({.programme = u"Another name"}, 1)) << "the programme does not count";
     EXPECT_EQ(drmLV.rowCount(), 1);
 }
 
-TEST_F(ScheduleRecord, DifferingInFrequencyTimeOrTargetIsNoDuplicate) {
+TEST_F(ScheduleRecordsTestRecord, DifferingInFrequencyTimeOrTargetIsNoDuplicate) {
     ASSERT_TRUE(add({}));
     EXPECT_TRUE(add({.frequency = u"05955"}, 1));
     EXPECT_TRUE(add({.time = u"0600-0701"}, 1));
@@ -146,7 +147,7 @@ TEST_F(ScheduleRecord, DifferingInFrequencyTimeOrTargetIsNoDuplicate) {
     EXPECT_EQ(drmLV.rowCount(), 4);
 }
 
-TEST_F(ScheduleRecord, IsComparedWithTheFirstRowsOnly) {
+TEST_F(ScheduleRecordsTestRecord, IsComparedWithTheFirstRowsOnly) {
     ASSERT_TRUE(add({.target = u"Asia"}));
     ASSERT_TRUE(add({}));
     EXPECT_TRUE(add({}, 0));
@@ -156,27 +157,29 @@ TEST_F(ScheduleRecord, IsComparedWithTheFirstRowsOnly) {
     EXPECT_EQ(drmLV.rowCount(), 4);
 }
 
-class ScheduleScan : public ScheduleRecord {
+class ScheduleRecordsTest : public ScheduleRecordsTestRecord {
 protected:
     int scan(const std::u16string& text) { return AddScheduleRecords(drmLV, text, 0); }
 };
 
-TEST_F(ScheduleScan, ReadsLinesThatEndInCrLfOrInLfAlike) {
+TEST_F(ScheduleRecordsTest, ReadsLinesThatEndInCrLfOrInLfAlike) {
     EXPECT_EQ(scan(recordLines()), 1);
     EXPECT_EQ(scan(recordLines({}, u"\n")), 1);
     EXPECT_EQ(row(1), "Radio|5955|06:00-07:00|Europe");
     EXPECT_EQ(row(2), row(1));
 }
 
-TEST_F(ScheduleScan, DoesNotEndALineAtACarriageReturnAlone) { EXPECT_EQ(scan(recordLines({}, u"\r") + u"\n"), 0); }
+TEST_F(ScheduleRecordsTest, DoesNotEndALineAtACarriageReturnAlone) {
+    EXPECT_EQ(scan(recordLines({}, u"\r") + u"\n"), 0);
+}
 
-TEST_F(ScheduleScan, SkipsEmptyLinesOfAnLfFileEvenWithinARecord) {
+TEST_F(ScheduleRecordsTest, SkipsEmptyLinesOfAnLfFileEvenWithinARecord) {
     const std::u16string record = recordLines({}, u"\n");
     const std::size_t middle = record.find(u"Frequency=");
     EXPECT_EQ(scan(u"\n\n" + record + u"\n\n" + record.substr(0, middle) + u"\n" + record.substr(middle)), 2);
 }
 
-TEST_F(ScheduleScan, ALineOfACarriageReturnAloneBreaksARecord) {
+TEST_F(ScheduleRecordsTest, ALineOfACarriageReturnAloneBreaksARecord) {
     const std::u16string record = recordLines();
     for (const char16_t* key : {u"Days=", u"Frequency=", u"Power=", u"Country="}) {
         const std::size_t at = record.find(key);
@@ -184,41 +187,41 @@ TEST_F(ScheduleScan, ALineOfACarriageReturnAloneBreaksARecord) {
     }
 }
 
-TEST_F(ScheduleScan, ALineOfACarriageReturnAloneBetweenRecordsIsHarmless) {
+TEST_F(ScheduleRecordsTest, ALineOfACarriageReturnAloneBetweenRecordsIsHarmless) {
     EXPECT_EQ(scan(recordLines() + u"\r\n" + recordLines()), 2);
 }
 
-TEST_F(ScheduleScan, ALowerCaseKeyDropsTheRecordAndScanningGoesOn) {
+TEST_F(ScheduleRecordsTest, ALowerCaseKeyDropsTheRecordAndScanningGoesOn) {
     std::u16string broken = recordLines({.programme = u"Broken"});
     broken.replace(broken.find(u"Frequency"), 9, u"frequency");
     EXPECT_EQ(scan(broken + recordLines()), 1);
     EXPECT_EQ(row(1), "Radio|5955|06:00-07:00|Europe");
 }
 
-TEST_F(ScheduleScan, TheLineThatBreaksARecordIsNotTheFirstOfAnother) {
+TEST_F(ScheduleRecordsTest, TheLineThatBreaksARecordIsNotTheFirstOfAnother) {
     // The second record's first line stands where the first record's third should.
     EXPECT_EQ(scan(u"StartStopTimeUTC=0100-0200\nDays=1\n" + recordLines()), 0);
     EXPECT_EQ(scan(u"StartStopTimeUTC=0100-0200\nDays=1\nbroken\n" + recordLines()), 1);
 }
 
-TEST_F(ScheduleScan, ALastRecordWithoutALineFeedIsNotAdded) {
+TEST_F(ScheduleRecordsTest, ALastRecordWithoutALineFeedIsNotAdded) {
     std::u16string text = recordLines() + recordLines({.programme = u"Last"});
     text.pop_back();
     EXPECT_EQ(scan(text), 1);
     EXPECT_EQ(drmLV.rowCount(), 1);
 }
 
-TEST_F(ScheduleScan, AnInvalidRecordIsSkippedAndNotCounted) {
+TEST_F(ScheduleRecordsTest, AnInvalidRecordIsSkippedAndNotCounted) {
     EXPECT_EQ(scan(recordLines({.time = u"0700-0600"}) + recordLines() + recordLines({.frequency = u"30001"})), 1);
     EXPECT_EQ(drmLV.rowCount(), 1);
 }
 
-TEST_F(ScheduleScan, TheSameRecordTwiceGivesTwoRows) {
+TEST_F(ScheduleRecordsTest, TheSameRecordTwiceGivesTwoRows) {
     EXPECT_EQ(scan(recordLines() + recordLines()), 2);
     EXPECT_EQ(row(1), row(2));
 }
 
-TEST_F(ScheduleScan, EndsAfterThe257thRecord) {
+TEST_F(ScheduleRecordsTest, EndsAfterThe257thRecord) {
     std::u16string text;
     for (int i = 0; i < 300; ++i) {
         text += recordLines();
@@ -227,7 +230,7 @@ TEST_F(ScheduleScan, EndsAfterThe257thRecord) {
     EXPECT_EQ(drmLV.rowCount(), 257);
 }
 
-TEST_F(ScheduleScan, RefusedRecordsDoNotCountTowardsTheLimit) {
+TEST_F(ScheduleRecordsTest, RefusedRecordsDoNotCountTowardsTheLimit) {
     std::u16string text;
     for (int i = 0; i < 256; ++i) {
         text += recordLines() + recordLines({.time = u"0700-0600"});
@@ -235,7 +238,7 @@ TEST_F(ScheduleScan, RefusedRecordsDoNotCountTowardsTheLimit) {
     EXPECT_EQ(scan(text), 256);
 }
 
-TEST_F(ScheduleScan, AnEmptyTextHasNoRecord) {
+TEST_F(ScheduleRecordsTest, AnEmptyTextHasNoRecord) {
     EXPECT_EQ(scan(u""), 0);
     EXPECT_EQ(scan(u"\n"), 0);
 }

@@ -79,7 +79,7 @@ std::string contentOf(const Grid& grid) {
     return content;
 }
 
-TEST(ScheduleScanProperty, EqualsThePlainScanOnRandomTexts) {
+TEST(ScheduleScanPropertyTest, EqualsThePlainScanOnRandomTexts) {
     RandomText random(20'240'601);
     int added = 0;
     int full = 0;

@@ -22,9 +22,9 @@ constexpr const char* kSynchronizing = "Synchronizing,Please wait...";
 constexpr const char* kOldTotal = "Total Number Of DRM List: 2";
 constexpr std::size_t kMostCharacters = 32'767;
 
-class Sync : public testing::Test {
+class ScheduleSyncTest : public testing::Test {
 protected:
-    Sync() {
+    ScheduleSyncTest() {
         drmLV.appendRow({u"old 1", u"6095", u"06:00-07:00", u"Asia"});
         drmLV.appendRow({u"old 2", u"6095", u"06:00-07:00", u"Asia"});
         view.calls.clear();
@@ -68,7 +68,7 @@ protected:
     ScheduleSync command{drmLV, files, codePages, httpClient, statusBar, totals, messages, u"/program/"};
 };
 
-TEST_F(Sync, RebuildsTheListFromTheSchedule) {
+TEST_F(ScheduleSyncTest, RebuildsTheListFromTheSchedule) {
     serve(scheduleOf(recordLines() + recordLines({.time = u"2300-2400", .programme = u"Late"})));
     sync(u"The number of new station is: 2");
     ASSERT_EQ(drmLV.rowCount(), 2);
@@ -78,14 +78,14 @@ TEST_F(Sync, RebuildsTheListFromTheSchedule) {
     EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading, kSynchronizing, kOldTotal}));
 }
 
-TEST_F(Sync, TheMessagesAreShownWithTheCaptionHook) {
+TEST_F(ScheduleSyncTest, TheMessagesAreShownWithTheCaptionHook) {
     serve(scheduleOf(recordLines()));
     sync(u"The number of new station is: 1");
     EXPECT_EQ(hook.issued, 1U);
     EXPECT_EQ(hook.live, 0U);
 }
 
-TEST_F(Sync, The300RecordsOfAScheduleGive257Rows) {
+TEST_F(ScheduleSyncTest, The300RecordsOfAScheduleGive257Rows) {
     // Short lines, so that 300 records fit into the length that can be read.
     std::u16string records;
     for (int i = 0; i < 300; ++i) {
@@ -98,7 +98,7 @@ TEST_F(Sync, The300RecordsOfAScheduleGive257Rows) {
     EXPECT_EQ(narrow(statusBar.message), "Total Number Of DRM List: 257");
 }
 
-TEST_F(Sync, TheSameRecordTwiceGivesTwoRowsAlsoWhenItWasListedBefore) {
+TEST_F(ScheduleSyncTest, TheSameRecordTwiceGivesTwoRowsAlsoWhenItWasListedBefore) {
     const RecordTexts listed{.frequency = u"6095", .target = u"Asia"};
     serve(scheduleOf(recordLines(listed) + recordLines(listed)));
     sync(u"The number of new station is: 2");
@@ -106,20 +106,20 @@ TEST_F(Sync, TheSameRecordTwiceGivesTwoRowsAlsoWhenItWasListedBefore) {
     EXPECT_EQ(drmLV.text(2, 1), u"Radio");
 }
 
-TEST_F(Sync, TheGridIsResetOnce) {
+TEST_F(ScheduleSyncTest, TheGridIsResetOnce) {
     serve(scheduleOf(recordLines() + recordLines() + recordLines()));
     sync(u"The number of new station is: 3");
     EXPECT_EQ(view.calls, (std::vector<std::string>{"beforeReset", "afterReset"}));
 }
 
-TEST_F(Sync, AScheduleWithoutAValidRecordEmptiesTheList) {
+TEST_F(ScheduleSyncTest, AScheduleWithoutAValidRecordEmptiesTheList) {
     serve(scheduleOf(recordLines({.time = u"0700-0600"})));
     sync(u"No new station");
     EXPECT_EQ(drmLV.rowCount(), 0);
     EXPECT_EQ(narrow(statusBar.message), "Total Number Of DRM List: 0");
 }
 
-TEST_F(Sync, AFailedDownloadLeavesTheListAndReadsNothing) {
+TEST_F(ScheduleSyncTest, AFailedDownloadLeavesTheListAndReadsNothing) {
     httpClient.answer.status = 404;
     sync(u"Download failed,Please check the network");
     expectListUnchanged();
@@ -127,7 +127,7 @@ TEST_F(Sync, AFailedDownloadLeavesTheListAndReadsNothing) {
     EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading, kOldTotal}));
 }
 
-TEST_F(Sync, ADownloadWhoseFileVanishesIsAFailedOneButForgetsTheCachedCopy) {
+TEST_F(ScheduleSyncTest, ADownloadWhoseFileVanishesIsAFailedOneButForgetsTheCachedCopy) {
     files.vanishing.insert(kTarget);
     serve(scheduleOf(recordLines()));
     sync(u"Download failed,Please check the network");
@@ -137,7 +137,7 @@ TEST_F(Sync, ADownloadWhoseFileVanishesIsAFailedOneButForgetsTheCachedCopy) {
     EXPECT_EQ(files.accesses, (std::vector<std::string>{"read /program/config.ini", "write /program/DRMSchedule.ini"}));
 }
 
-TEST_F(Sync, ATextThatIsNoScheduleIsRefused) {
+TEST_F(ScheduleSyncTest, ATextThatIsNoScheduleIsRefused) {
     for (const char16_t* text : {u"", u"<html>Not found</html>\n", u"[drmschedule]\n", u"[DRMSchedule\n"}) {
         serve(text + recordLines());
         sync(u"Illegal file,sync failed");
@@ -147,12 +147,12 @@ TEST_F(Sync, ATextThatIsNoScheduleIsRefused) {
     }
 }
 
-TEST_F(Sync, TheMarkMayStandAnywhere) {
+TEST_F(ScheduleSyncTest, TheMarkMayStandAnywhere) {
     serve(recordLines() + u"; see [DRMSchedule] above");
     sync(u"The number of new station is: 1");
 }
 
-TEST_F(Sync, TheDownloadedFileIsDeletedAfterReading) {
+TEST_F(ScheduleSyncTest, TheDownloadedFileIsDeletedAfterReading) {
     serve(scheduleOf(recordLines()));
     sync(u"The number of new station is: 1");
     EXPECT_FALSE(files.files.contains(kTarget));
@@ -161,34 +161,34 @@ TEST_F(Sync, TheDownloadedFileIsDeletedAfterReading) {
                                         "read /program/DRMSchedule.ini", "remove /program/DRMSchedule.ini"}));
 }
 
-TEST_F(Sync, AFileThatCannotBeReadIsNoSchedule) {
+TEST_F(ScheduleSyncTest, AFileThatCannotBeReadIsNoSchedule) {
     serve(scheduleOf(recordLines()));
     files.unreadable.insert(kTarget);
     sync(u"Illegal file,sync failed");
     expectListUnchanged();
 }
 
-TEST_F(Sync, TheTextIsReadInTheAnsiCodePage) {
+TEST_F(ScheduleSyncTest, TheTextIsReadInTheAnsiCodePage) {
     httpClient.answer.body = codePages.encode(scheduleOf(recordLines({.programme = u"Café €"})));
     EXPECT_NE(httpClient.answer.body.find("Caf\xE9 \x80"), std::string::npos);
     sync(u"The number of new station is: 1");
     EXPECT_EQ(narrow(drmLV.text(1, 1)), "Café €");
 }
 
-TEST_F(Sync, Utf8IsReadByteByByte) {
+TEST_F(ScheduleSyncTest, Utf8IsReadByteByByte) {
     httpClient.answer.body = toUtf8(scheduleOf(recordLines({.programme = u"Café"})));
     sync(u"The number of new station is: 1");
     EXPECT_EQ(narrow(drmLV.text(1, 1)), "CafÃ©");
 }
 
-TEST_F(Sync, ATextOf32767CharactersIsRead) {
+TEST_F(ScheduleSyncTest, ATextOf32767CharactersIsRead) {
     std::u16string text = scheduleOf(recordLines());
     text.resize(kMostCharacters, u'x');
     serve(text);
     sync(u"The number of new station is: 1");
 }
 
-TEST_F(Sync, ALongerScheduleOverflowsBeforeTheListIsEmptied) {
+TEST_F(ScheduleSyncTest, ALongerScheduleOverflowsBeforeTheListIsEmptied) {
     std::u16string text = scheduleOf(recordLines());
     text.resize(kMostCharacters + 1, u'x');
     serve(text);
@@ -198,20 +198,20 @@ TEST_F(Sync, ALongerScheduleOverflowsBeforeTheListIsEmptied) {
     EXPECT_FALSE(files.files.contains(kTarget));
 }
 
-TEST_F(Sync, ALongTextThatIsNoScheduleIsIllegalAndNotTooLong) {
+TEST_F(ScheduleSyncTest, ALongTextThatIsNoScheduleIsIllegalAndNotTooLong) {
     serve(std::u16string(kMostCharacters + 1, u'x'));
     sync(u"Illegal file,sync failed");
     EXPECT_EQ(narrow(statusBar.message), kOldTotal);
 }
 
-TEST_F(Sync, TheBuiltInAddressIsFetchedIntoTheProgramFolder) {
+TEST_F(ScheduleSyncTest, TheBuiltInAddressIsFetchedIntoTheProgramFolder) {
     serve(scheduleOf(recordLines()));
     sync(u"The number of new station is: 1");
     expectFetched(builtInScheduleUrl());
     EXPECT_EQ(files.accesses[1], "write " + narrow(kTarget));
 }
 
-TEST_F(Sync, TheBuiltInAddressHasItsPathAndQueryBehindAHost) {
+TEST_F(ScheduleSyncTest, TheBuiltInAddressHasItsPathAndQueryBehindAHost) {
     const std::string url = narrow(builtInScheduleUrl());
     const std::string path = "/cgi-bin/dbgate.pl?htx=/drmdx/scheduleini2";
     EXPECT_EQ(url.find("http://"), 0U);
@@ -225,9 +225,9 @@ struct ConfigCase {
     const char16_t* url;  // empty: the built-in one
 };
 
-class Config : public Sync, public testing::WithParamInterface<ConfigCase> {};
+class ScheduleSyncTestConfig : public ScheduleSyncTest, public testing::WithParamInterface<ConfigCase> {};
 
-TEST_P(Config, FirstLineReplacesTheAddressWhenItBeginsWithHttp) {
+TEST_P(ScheduleSyncTestConfig, FirstLineReplacesTheAddressWhenItBeginsWithHttp) {
     files.files[kConfig] = GetParam().content;
     serve(scheduleOf(recordLines()));
     sync(u"The number of new station is: 1");
@@ -238,7 +238,7 @@ TEST_P(Config, FirstLineReplacesTheAddressWhenItBeginsWithHttp) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Lines, Config,
+    Lines, ScheduleSyncTestConfig,
     testing::Values(ConfigCase{"http://a.example/s", u"http://a.example/s"},
                     ConfigCase{"http://a.example/s\r\nhttp://b.example/", u"http://a.example/s"},
                     ConfigCase{"http://a.example/s\nrest", u"http://a.example/s"},
@@ -250,7 +250,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ConfigCase{"\nhttp://a.example/s", u""}, ConfigCase{"# comment\nhttp://a.example/s", u""},
                     ConfigCase{"\xEF\xBB\xBFhttp://a.example/s", u""}));
 
-TEST_F(Sync, AnEmptyConfigEndsTheCommandSilently) {
+TEST_F(ScheduleSyncTest, AnEmptyConfigEndsTheCommandSilently) {
     files.files[kConfig] = "";
     command.SyncDrmSchedule();
     EXPECT_TRUE(box.shown.empty());
@@ -259,7 +259,7 @@ TEST_F(Sync, AnEmptyConfigEndsTheCommandSilently) {
     EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading}));
 }
 
-TEST_F(Sync, AConfigThatCannotBeReadIsIgnored) {
+TEST_F(ScheduleSyncTest, AConfigThatCannotBeReadIsIgnored) {
     files.files[kConfig] = "http://a.example/s";
     files.failing.insert(kConfig);
     serve(scheduleOf(recordLines()));
@@ -267,7 +267,7 @@ TEST_F(Sync, AConfigThatCannotBeReadIsIgnored) {
     expectFetched(builtInScheduleUrl());
 }
 
-TEST_F(Sync, ARecordBrokenByALowerCaseKeyIsDropped) {
+TEST_F(ScheduleSyncTest, ARecordBrokenByALowerCaseKeyIsDropped) {
     std::u16string broken = recordLines({.programme = u"Broken"});
     broken.replace(broken.find(u"Frequency"), 9, u"frequency");
     serve(scheduleOf(broken + recordLines()));
@@ -275,14 +275,14 @@ TEST_F(Sync, ARecordBrokenByALowerCaseKeyIsDropped) {
     EXPECT_EQ(drmLV.text(1, 1), u"Radio");
 }
 
-TEST_F(Sync, ALastRecordWithoutALineFeedIsNotAdded) {
+TEST_F(ScheduleSyncTest, ALastRecordWithoutALineFeedIsNotAdded) {
     std::u16string text = scheduleOf(recordLines());
     text.pop_back();
     serve(text);
     sync(u"No new station");
 }
 
-TEST_F(Sync, TheTotalShownIsThatOfTheTabShown) {
+TEST_F(ScheduleSyncTest, TheTotalShownIsThatOfTheTabShown) {
     tabs.tab = 3;
     serve(scheduleOf(recordLines()));
     sync(u"The number of new station is: 1");

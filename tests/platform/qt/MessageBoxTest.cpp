@@ -49,14 +49,14 @@ protected:
     std::function<void()> action;
 };
 
-class ChineseMessageBoxTest : public MessageBoxTest {
+class MessageBoxTestChinese : public MessageBoxTest {
 protected:
-    ChineseMessageBoxTest() {
+    MessageBoxTestChinese() {
         EXPECT_TRUE(chinese.load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
         QApplication::installTranslator(&chinese);
         QCoreApplication::processEvents();  // every window hears of the new language
     }
-    ~ChineseMessageBoxTest() override { QApplication::removeTranslator(&chinese); }
+    ~MessageBoxTestChinese() override { QApplication::removeTranslator(&chinese); }
 
     QTranslator chinese;
 };
@@ -88,14 +88,14 @@ TEST_F(MessageBoxTest, EnglishCaptionsStayAsTheyAre) {
     EXPECT_TRUE(captions.contains("Cancel") || captions.contains("&Cancel"));
 }
 
-TEST_F(ChineseMessageBoxTest, KnownCaptionsBecomeEnglish) {
+TEST_F(MessageBoxTestChinese, KnownCaptionsBecomeEnglish) {
     show(BoxStyle::OkCancel, QMessageBox::Ok);
     EXPECT_EQ(captions, (QSet<QString>{"Ok", "Cancel"}));
     show(BoxStyle::AbortRetryIgnore, QMessageBox::Abort);
     EXPECT_EQ(captions, (QSet<QString>{"Abort(&A)", "Retry(&R)", "Ignore(&I)"}));
 }
 
-TEST_F(ChineseMessageBoxTest, YesAndNoKeepTheSystemsCaptions) {
+TEST_F(MessageBoxTestChinese, YesAndNoKeepTheSystemsCaptions) {
     show(BoxStyle::YesNo, QMessageBox::Yes);
     EXPECT_EQ(captions.size(), 2);
     for (const QString& caption : captions) {
@@ -103,7 +103,7 @@ TEST_F(ChineseMessageBoxTest, YesAndNoKeepTheSystemsCaptions) {
     }
 }
 
-TEST_F(ChineseMessageBoxTest, WithoutTheHookNothingIsRenamed) {
+TEST_F(MessageBoxTestChinese, WithoutTheHookNothingIsRenamed) {
     pressOnceShown(QMessageBox::Ok);
     boxes.showPlain(u"full");
     EXPECT_EQ(captions, (QSet<QString>{QString::fromUtf8("确定")}));

@@ -3,9 +3,9 @@
 
 namespace {
 
-using AddDialog = Window;
+using AddDialogTest = WindowFixture;
 
-TEST_F(AddDialog, AddsARecordThroughTheDialog) {
+TEST_F(AddDialogTest, AddsARecordThroughTheDialog) {
     start();
     HWND drm = program().list(kDrm);
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
@@ -51,7 +51,7 @@ std::wstring labelBefore(HWND field) {
     return text;
 }
 
-TEST_F(AddDialog, EveryFieldHasAName) {
+TEST_F(AddDialogTest, EveryFieldHasAName) {
     start();
     ASSERT_TRUE(opensBoxAt(program().list(kDrm), 1, 1));
     EXPECT_EQ(labelBefore(program().box()), kDrm);
@@ -68,7 +68,7 @@ TEST_F(AddDialog, EveryFieldHasAName) {
     EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 4)), L"StopTime(UTC):");
 }
 
-TEST_F(AddDialog, TabGoesDownTheRowsAndOverTheButtons) {
+TEST_F(AddDialogTest, TabGoesDownTheRowsAndOverTheButtons) {
     start();
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);
@@ -83,7 +83,7 @@ TEST_F(AddDialog, TabGoesDownTheRowsAndOverTheButtons) {
     EXPECT_EQ(LOWORD(SendMessageW(dialog, DM_GETDEFID, 0, 0)), IDOK);
 }
 
-TEST_F(AddDialog, EscapeLeavesTheDialogButSavesInAStopTime) {
+TEST_F(AddDialogTest, EscapeLeavesTheDialogButSavesInAStopTime) {
     start();
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);

@@ -78,7 +78,7 @@ std::string systemEncodes(std::u16string_view text) {
 
 // Systems differ in how many replacements an ill-formed sequence becomes, so what they find ill-formed is only to be
 // repaired.
-TEST(Utf8, IsDecodedAsBySystem) {
+TEST(CodePagesTest, Utf8IsDecodedAsBySystem) {
     std::mt19937 random(1);
     int wellFormed = 0;
     for (int i = 0; i < 20'000 && !testing::Test::HasFailure(); ++i) {
@@ -93,7 +93,7 @@ TEST(Utf8, IsDecodedAsBySystem) {
     EXPECT_GT(wellFormed, 1000);
 }
 
-TEST(Utf8, IsEncodedAsBySystem) {
+TEST(CodePagesTest, Utf8IsEncodedAsBySystem) {
     std::mt19937 random(2);
     std::uniform_int_distribution<int> unit(0xD780, 0xE080);  // surrogates and their neighbours
     for (int i = 0; i < 20'000 && !testing::Test::HasFailure(); ++i) {
@@ -105,7 +105,7 @@ TEST(Utf8, IsEncodedAsBySystem) {
     }
 }
 
-TEST(Win32CodePages, AnsiIsTheCodePageOfTheSystemsLanguage) {
+TEST(CodePagesTest, Win32CodePagesAnsiIsTheCodePageOfTheSystemsLanguage) {
     if (GetACP() != 1252) {
         GTEST_SKIP() << "the system's code page is " << GetACP();
     }

@@ -6,7 +6,7 @@
 namespace {
 
 // The half of the contract's case that holds on Wine too.
-TEST(Win32HttpClient, ABodyShorterThanAnnouncedIsAFailure) {
+TEST(CutShortTest, ABodyShorterThanAnnouncedIsAFailure) {
     const auto backend = makeBackend();
     const auto folder = backend->folder();
     const std::u16string target = folder->path() + u"DRMSchedule.ini";

@@ -30,9 +30,9 @@ std::string redirectTo(const std::string& target) {
     return "HTTP/1.1 302 Found\r\nConnection: close\r\nContent-Length: 0\r\nLocation: " + target + "\r\n\r\n";
 }
 
-class Hostile : public testing::Test {
+class HostileTest : public testing::Test {
 protected:
-    Hostile() {
+    HostileTest() {
         folder.write("List.ini",
                      "[Total]\r\ndrmnumber=1\r\namnumber=0\r\nfmnumber=0\r\n[DRMSchedule0]\r\nFrequency=6095\r\n"
                      "Programme=Mine\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\nUserDef=0\r\n");
@@ -73,7 +73,7 @@ private:
     }
 };
 
-TEST_F(Hostile, AnEndlessBody) {
+TEST_F(HostileTest, AnEndlessBody) {
     expectRefused([](SOCKET client) {
         const std::string chunk = "10000\r\n" + std::string(0x10000, 'x') + "\r\n";
         bool listens = sendAll(client, kHead + "Transfer-Encoding: chunked\r\n\r\n");
@@ -84,12 +84,12 @@ TEST_F(Hostile, AnEndlessBody) {
     expectNothingLeft();
 }
 
-TEST_F(Hostile, RedirectsInACircle) {
+TEST_F(HostileTest, RedirectsInACircle) {
     expectRefused(sends(redirectTo("/schedule")));
     expectNothingLeft();
 }
 
-TEST_F(Hostile, ARedirectToAFile) {
+TEST_F(HostileTest, ARedirectToAFile) {
     folder.write("local.txt", kSchedule);
     std::string path = folder.file("local.txt").string();
     std::replace(path.begin(), path.end(), '\\', '/');
@@ -97,18 +97,18 @@ TEST_F(Hostile, ARedirectToAFile) {
     expectNothingLeft();
 }
 
-TEST_F(Hostile, ALengthThatIsNotKept) {
+TEST_F(HostileTest, ALengthThatIsNotKept) {
     expectRefused(sends(kHead + "Content-Length: 1000000\r\n\r\n" + kSchedule));
     expectNothingLeft();
 }
 
-TEST_F(Hostile, Nuls) {
+TEST_F(HostileTest, Nuls) {
     const std::string nuls(5000, '\0');
     expectRefused(sends(kHead + "Content-Length: 5000\r\n\r\n" + nuls), L"Illegal file,sync failed");
     expectNothingLeft();
 }
 
-TEST_F(Hostile, AFolderInThePlaceOfTheDownload) {
+TEST_F(HostileTest, AFolderInThePlaceOfTheDownload) {
     std::filesystem::create_directory(folder.file("DRMSchedule.ini"));
     expectRefused(sends(kHead + "Content-Length: " + std::to_string(kSchedule.size()) + "\r\n\r\n" + kSchedule));
     EXPECT_TRUE(std::filesystem::is_directory(folder.file("DRMSchedule.ini")));

@@ -3,7 +3,7 @@
 
 namespace {
 
-class Keyboard : public Window {
+class KeyboardTest : public WindowFixture {
 protected:
     void expectMenuAtRow(HWND list, int row) {
         ASSERT_TRUE(eventually([&] { return program().menu() != nullptr; }));
@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(Keyboard, TheMenuOpensAtTheSelectedRow) {
+TEST_F(KeyboardTest, TheMenuOpensAtTheSelectedRow) {
     start();
     HWND drm = program().list(kDrm);
     program().click(drm, 2, 2);
@@ -46,7 +46,7 @@ WORD mnemonicOf(HWND label) {
     return mark + 1 < text.size() && mark != std::wstring::npos ? static_cast<WORD>(towupper(text[mark + 1])) : WORD{0};
 }
 
-TEST_F(Keyboard, AMnemonicLeadsToItsField) {
+TEST_F(KeyboardTest, AMnemonicLeadsToItsField) {
     start();
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);

@@ -27,9 +27,9 @@ std::string listFile() {
     return text + "\r\n[kvt update end]\r\n";
 }
 
-class Kill : public testing::Test {
+class KillTest : public testing::Test {
 protected:
-    Kill() { folder.write("List.ini", listFile()); }
+    KillTest() { folder.write("List.ini", listFile()); }
 
     void openBox(int row) {
         program->doubleClick(list, row, 1);
@@ -110,7 +110,7 @@ protected:
     std::mt19937 random{seed};
 };
 
-TEST_F(Kill, EveryFinishedEditSurvives) {
+TEST_F(KillTest, EveryFinishedEditSurvives) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::vector<std::wstring> underWay = names;
     for (int kill = 0; kill < kKills; ++kill) {

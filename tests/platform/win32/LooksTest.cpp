@@ -16,7 +16,7 @@ DateAndTime dateAndTime() {
     return {date.data(), time.data()};
 }
 
-class Looks : public Window {
+class LooksTest : public WindowFixture {
 protected:
     static constexpr int kColumns = 4;
 
@@ -50,12 +50,12 @@ protected:
     }
 };
 
-TEST_F(Looks, TheStatusBarShowsDateAndTime) {
+TEST_F(LooksTest, TheStatusBarShowsDateAndTime) {
     start();
     EXPECT_TRUE(eventually([&] { return DateAndTime(program().status(2), program().status(3)) == dateAndTime(); }));
 }
 
-TEST_F(Looks, DateAndTimeAreRenewedByTheTimerAndByASetClock) {
+TEST_F(LooksTest, DateAndTimeAreRenewedByTheTimerAndByASetClock) {
     start();
     constexpr WPARAM kClockTimer = 1;
     expectClockRenewedBy(WM_TIMER, kClockTimer);
@@ -63,7 +63,7 @@ TEST_F(Looks, DateAndTimeAreRenewedByTheTimerAndByASetClock) {
     expectClockRenewedBy(WM_SETTINGCHANGE, 0);
 }
 
-TEST_F(Looks, AnotherResolutionMovesTheWindowAndLosesNothing) {
+TEST_F(LooksTest, AnotherResolutionMovesTheWindowAndLosesNothing) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 2, 2));
@@ -87,7 +87,7 @@ TEST_F(Looks, AnotherResolutionMovesTheWindowAndLosesNothing) {
     expectBoxOnCell(drm, 3, 4);
 }
 
-TEST_F(Looks, ADraggedColumnKeepsItsWidthInAnotherResolution) {
+TEST_F(LooksTest, ADraggedColumnKeepsItsWidthInAnotherResolution) {
     start();
     HWND drm = program().list(kDrm);
     SendMessageW(drm, LVM_SETCOLUMNWIDTH, 0, SendMessageW(drm, LVM_GETCOLUMNWIDTH, 0, 0) + 60);
@@ -96,7 +96,7 @@ TEST_F(Looks, ADraggedColumnKeepsItsWidthInAnotherResolution) {
     EXPECT_EQ(columnWidths(drm), widths);
 }
 
-TEST_F(Looks, OtherColoursAndSettingsLeaveTheListsReadable) {
+TEST_F(LooksTest, OtherColoursAndSettingsLeaveTheListsReadable) {
     start();
     HWND drm = program().list(kDrm);
     const auto widths = columnWidths(drm);

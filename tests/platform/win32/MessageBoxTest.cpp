@@ -42,7 +42,7 @@ BOOL CALLBACK findBox(HWND window, LPARAM found) {
     return TRUE;
 }
 
-class MessageBoxButtons : public testing::Test {
+class MessageBoxTest : public testing::Test {
 protected:
     // The captions of the box while it is on screen; it is then answered.
     Captions shown(bool hooked, int style, int answer) {
@@ -75,18 +75,18 @@ protected:
     mMsgBox boxes{box, hook};
 };
 
-TEST_F(MessageBoxButtons, Ok) { expectButtons(BoxStyle::Ok, BoxAnswer::Ok, {L"确定"}, {L"Ok"}, {L"OK"}); }
+TEST_F(MessageBoxTest, Ok) { expectButtons(BoxStyle::Ok, BoxAnswer::Ok, {L"确定"}, {L"Ok"}, {L"OK"}); }
 
-TEST_F(MessageBoxButtons, OkCancel) {
+TEST_F(MessageBoxTest, OkCancel) {
     expectButtons(BoxStyle::OkCancel, BoxAnswer::Cancel, {L"确定", L"取消"}, {L"Ok", L"Cancel"}, {L"OK", L"Cancel"});
 }
 
-TEST_F(MessageBoxButtons, AbortRetryIgnore) {
+TEST_F(MessageBoxTest, AbortRetryIgnore) {
     expectButtons(BoxStyle::AbortRetryIgnore, BoxAnswer::Retry, {L"中止(&A)", L"重试(&R)", L"忽略(&I)"},
                   {L"Abort(&A)", L"Retry(&R)", L"Ignore(&I)"}, {L"&Abort", L"&Retry", L"&Ignore"});
 }
 
-TEST_F(MessageBoxButtons, YesNo) {
+TEST_F(MessageBoxTest, YesNo) {
     expectButtons(BoxStyle::YesNo, BoxAnswer::No, {L"是(&Y)", L"否(&N)"}, {L"是(&Y)", L"否(&N)"}, {L"&Yes", L"&No"});
 }
 

@@ -109,7 +109,7 @@ std::string utf16File(std::u16string_view text) {
     return bytes;
 }
 
-class ProfileDifferential : public testing::Test {
+class ProfileDifferentialTest : public testing::Test {
 protected:
     std::u16string systemRead(const std::u16string& section, const std::u16string& key) const {
         std::array<wchar_t, kBufferUnits> buffer{};
@@ -141,7 +141,7 @@ protected:
     Win32CodePages codePages_;
 };
 
-TEST_F(ProfileDifferential, ReadsTheSameValues) {
+TEST_F(ProfileDifferentialTest, ReadsTheSameValues) {
     for (unsigned seed = 1; seed <= kSequences && !HasFailure(); ++seed) {
         Generator generator(seed);
         const bool ansi = generator.chance(30);
@@ -158,7 +158,7 @@ TEST_F(ProfileDifferential, ReadsTheSameValues) {
     }
 }
 
-TEST_F(ProfileDifferential, WritesTheSameFile) {
+TEST_F(ProfileDifferentialTest, WritesTheSameFile) {
     for (unsigned seed = 1; seed <= kSequences && !HasFailure(); ++seed) {
         Generator generator(seed);
         const bool ansi = generator.chance(30);

@@ -7,19 +7,19 @@
 
 namespace {
 
-TEST(Win32ProgramFolders, TheExecutablesFolderHoldsIt) {
+TEST(ProgramFoldersTest, TheExecutablesFolderHoldsIt) {
     const std::wstring folder = toWide(Win32ProgramFolders().ofExecutable());
     EXPECT_NE(GetFileAttributesW((folder + L"win32_services_test.exe").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST(Win32ProgramFolders, OnlyAFolderThatIsThereCanBeWritten) {
+TEST(ProgramFoldersTest, OnlyAFolderThatIsThereCanBeWritten) {
     Win32ProgramFolders folders;
     const TemporaryFolder folder;
     EXPECT_TRUE(folders.canWrite(fromWide(folder.file("").wstring())));
     EXPECT_FALSE(folders.canWrite(fromWide(folder.file("none\\").wstring())));
 }
 
-TEST(Win32ProgramFolders, TheUsersFolderIsMade) {
+TEST(ProgramFoldersTest, TheUsersFolderIsMade) {
     Win32ProgramFolders folders;
     const std::u16string folder = folders.ofUser(u"Halcyon_K7.Test");
     EXPECT_TRUE(folder.ends_with(u"\\Halcyon_K7.Test\\"));

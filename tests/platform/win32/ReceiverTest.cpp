@@ -25,9 +25,9 @@ constexpr std::string_view kList =
     "Programme=\xE7\x94\xB5\xE5\x8F\xB0\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Asia\r\nUserDef=0\r\n";
 constexpr std::string_view kUser = "[LAST]\r\nStation=4711\r\n[Total]\r\nfavnumber=0\r\n";
 
-class Receiver : public testing::Test {
+class ReceiverTest : public testing::Test {
 protected:
-    Receiver() {
+    ReceiverTest() {
         std::remove("r:\\List.ini");
         std::remove("r:\\User.ini");
     }
@@ -35,7 +35,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(Receiver, GetsTheListsAsSaved) {
+TEST_F(ReceiverTest, GetsTheListsAsSaved) {
     folder.write("List.ini", kList);
     folder.write("User.ini", kUser);
     writeDrive("List.ini", "an older and much longer list of the receiver, which goes as a whole");
@@ -49,7 +49,7 @@ TEST_F(Receiver, GetsTheListsAsSaved) {
     EXPECT_TRUE(program.close());
 }
 
-TEST_F(Receiver, ItsListsReplaceTheOnesShown) {
+TEST_F(ReceiverTest, ItsListsReplaceTheOnesShown) {
     writeDrive("List.ini", kList);
     writeDrive("User.ini", kUser);
     Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));
@@ -62,7 +62,7 @@ TEST_F(Receiver, ItsListsReplaceTheOnesShown) {
     EXPECT_TRUE(program.close());
 }
 
-TEST_F(Receiver, AMissingFileIsNamed) {
+TEST_F(ReceiverTest, AMissingFileIsNamed) {
     Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));
     HWND report = program.dialogBy('L', L"Halcyon_K7");
     ASSERT_NE(report, nullptr);

@@ -6,7 +6,7 @@
 
 namespace {
 
-using Sync = Window;
+using SyncTest = WindowFixture;
 
 std::string scheduleRecord(const std::string& times, const std::string& frequency) {
     return "StartStopTimeUTC=" + times + "\r\nDays=1234567\r\nFrequency=" + frequency +
@@ -14,7 +14,7 @@ std::string scheduleRecord(const std::string& times, const std::string& frequenc
            "\r\nLanguage=English\r\nSite=Somewhere\r\nCountry=XXX\r\n";
 }
 
-TEST_F(Sync, RebuildsTheListFromAPublishedSchedule) {
+TEST_F(SyncTest, RebuildsTheListFromAPublishedSchedule) {
     const OneAnswerServer server("[DRMSchedule]\r\nx\r\n" + scheduleRecord("0600-0730", "3955") +
                                  scheduleRecord("2300-0100", "3965") + scheduleRecord("2300-2400", "03975"));
     folder.write("config.ini", server.address() + "/schedule\r\n");
@@ -30,7 +30,7 @@ TEST_F(Sync, RebuildsTheListFromAPublishedSchedule) {
     EXPECT_FALSE(std::filesystem::exists(folder.file("DRMSchedule.ini")));
 }
 
-TEST_F(Sync, NoInputIsTakenWhileItLoads) {
+TEST_F(SyncTest, NoInputIsTakenWhileItLoads) {
     std::promise<void> answer;
     const std::string schedule = "[DRMSchedule]\r\nx\r\n" + scheduleRecord("0600-0730", "3955");
     const OneAnswerServer server([&, released = answer.get_future().share()](SOCKET client) {
@@ -63,7 +63,7 @@ TEST_F(Sync, NoInputIsTakenWhileItLoads) {
     EXPECT_TRUE(program().close());
 }
 
-TEST_F(Sync, AScheduleTooLongKeepsTheListAndTheStatusLine) {
+TEST_F(SyncTest, AScheduleTooLongKeepsTheListAndTheStatusLine) {
     const OneAnswerServer server("[DRMSchedule]\r\n" + std::string(40'000, 'x'));
     folder.write("config.ini", server.address() + "/schedule\r\n");
     start();
@@ -83,7 +83,7 @@ TEST_F(Sync, AScheduleTooLongKeepsTheListAndTheStatusLine) {
     EXPECT_EQ(program().rowCount(program().list(kDrm)), 3);
 }
 
-TEST_F(Sync, AFailedDownloadLeavesTheList) {
+TEST_F(SyncTest, AFailedDownloadLeavesTheList) {
     folder.write("config.ini", "http://127.0.0.1:1/nobody-listens\r\n");
     start();
     HWND report = program().dialogBy('I', L"Halcyon_K7");

@@ -54,7 +54,7 @@ inline std::string favouriteRecord(int index, const std::string& programme, cons
            "\r\nTYPE=" + type + "\r\nUserDef=0\r\n";
 }
 
-class Window : public testing::Test {
+class WindowFixture : public testing::Test {
 protected:
     static constexpr int kDrmRows = 3;
 
@@ -62,7 +62,7 @@ protected:
         return drmRecord(0, "Charlie", "6095") + drmRecord(1, "alpha", "15100") + drmRecord(2, "Bravo", "9620");
     }
 
-    Window() {
+    WindowFixture() {
         folder.write("List.ini", savedFile(totals(kDrmRows) + drmRecords() + otherRecords()));
         folder.write("User.ini", userFile(1, favouriteRecord(0, "City FM", "98500", "FM")));
     }

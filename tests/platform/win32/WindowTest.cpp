@@ -3,7 +3,9 @@
 
 namespace {
 
-TEST_F(Window, ShowsTheListsAndSavesThemUnchanged) {
+class WindowTest : public WindowFixture {};
+
+TEST_F(WindowTest, ShowsTheListsAndSavesThemUnchanged) {
     start();
     HWND drm = program().list(kDrm);
     EXPECT_EQ(program().columnTexts(drm, 1), (std::vector<std::wstring>{L"Charlie", L"alpha", L"Bravo"}));
@@ -18,7 +20,7 @@ TEST_F(Window, ShowsTheListsAndSavesThemUnchanged) {
     EXPECT_EQ(folder.read("User.ini"), userFile(1, favouriteRecord(0, "City FM", "98500", "FM")));
 }
 
-TEST_F(Window, StartsWithoutFilesAndLeavesEmptyLists) {
+TEST_F(WindowTest, StartsWithoutFilesAndLeavesEmptyLists) {
     std::filesystem::remove(folder.file("List.ini"));
     std::filesystem::remove(folder.file("User.ini"));
     start();
@@ -28,7 +30,7 @@ TEST_F(Window, StartsWithoutFilesAndLeavesEmptyLists) {
     EXPECT_EQ(folder.read("User.ini"), userFile(0, ""));
 }
 
-TEST_F(Window, EnterAndTheLossOfFocusStoreAnEdit) {
+TEST_F(WindowTest, EnterAndTheLossOfFocusStoreAnEdit) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 2, 2));
@@ -47,7 +49,7 @@ TEST_F(Window, EnterAndTheLossOfFocusStoreAnEdit) {
                         drmRecord(2, "Bravo", "9620", "Asia") + otherRecords()));
 }
 
-TEST_F(Window, TypingStopsAtTheLimitAndLongTextsStay) {
+TEST_F(WindowTest, TypingStopsAtTheLimitAndLongTextsStay) {
     folder.write("List.ini", savedFile(totals(1) + drmRecord(0, "A programme of more than ten", "6095")));
     start();
     HWND drm = program().list(kDrm);
@@ -62,7 +64,7 @@ TEST_F(Window, TypingStopsAtTheLimitAndLongTextsStay) {
     EXPECT_EQ(program().cell(drm, 1, 1), L"A programme of more than ten");
 }
 
-TEST_F(Window, ARefusedTextLeavesTheCell) {
+TEST_F(WindowTest, ARefusedTextLeavesTheCell) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 1, 2));
@@ -76,7 +78,7 @@ TEST_F(Window, ARefusedTextLeavesTheCell) {
     EXPECT_TRUE(eventually([&] { return !program().boxIsOpen(); }));
 }
 
-TEST_F(Window, ATabSwitchDiscardsAnEdit) {
+TEST_F(WindowTest, ATabSwitchDiscardsAnEdit) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 1, 2));
@@ -90,7 +92,7 @@ TEST_F(Window, ATabSwitchDiscardsAnEdit) {
     EXPECT_EQ(program().cell(program().list(kAm), 1, 2), L"198");
 }
 
-TEST_F(Window, TheBoxLiesOnItsCell) {
+TEST_F(WindowTest, TheBoxLiesOnItsCell) {
     std::string records;
     for (int i = 0; i < 60; ++i) {
         records += drmRecord(i, "Radio " + std::to_string(i), std::to_string(6000 + i));
@@ -120,7 +122,7 @@ TEST_F(Window, TheBoxLiesOnItsCell) {
     expectBoxOnCell(drm, 10, 4);
 }
 
-TEST_F(Window, AHeaderClickSortsDescendingFirst) {
+TEST_F(WindowTest, AHeaderClickSortsDescendingFirst) {
     start();
     HWND drm = program().list(kDrm);
     const auto orderBecomes = [&](const std::vector<std::wstring>& order) {
@@ -132,7 +134,7 @@ TEST_F(Window, AHeaderClickSortsDescendingFirst) {
     EXPECT_TRUE(orderBecomes({L"alpha", L"Bravo", L"Charlie"}));
 }
 
-TEST_F(Window, DeletesByKeyAndByMenu) {
+TEST_F(WindowTest, DeletesByKeyAndByMenu) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_NO_FATAL_FAILURE(deleteSecondOfThree(drm));
@@ -145,7 +147,7 @@ TEST_F(Window, DeletesByKeyAndByMenu) {
     EXPECT_EQ(program().columnTexts(drm, 1), (std::vector<std::wstring>{L"Charlie"}));
 }
 
-TEST_F(Window, AddsTheSelectedRowToTheFavourites) {
+TEST_F(WindowTest, AddsTheSelectedRowToTheFavourites) {
     start();
     HWND favourites = program().list(kFavourite);
     const auto addFirst = [&] {
@@ -161,7 +163,7 @@ TEST_F(Window, AddsTheSelectedRowToTheFavourites) {
               userFile(2, favouriteRecord(0, "City FM", "98500", "FM") + favouriteRecord(1, "Charlie", "6095", "DRM")));
 }
 
-TEST_F(Window, SavesItsOwnCopiesWithoutAReceiver) {
+TEST_F(WindowTest, SavesItsOwnCopiesWithoutAReceiver) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 1, 2));
@@ -174,7 +176,7 @@ TEST_F(Window, SavesItsOwnCopiesWithoutAReceiver) {
     pressButton(report, IDOK);
 }
 
-TEST_F(Window, ASecondStartShowsNothingAndTouchesNothing) {
+TEST_F(WindowTest, ASecondStartShowsNothingAndTouchesNothing) {
     start();
     const std::string list = folder.read("List.ini");
     Program second(folder);
@@ -184,7 +186,7 @@ TEST_F(Window, ASecondStartShowsNothingAndTouchesNothing) {
     EXPECT_TRUE(program().close());
 }
 
-TEST_F(Window, TheEndOfTheSessionSaves) {
+TEST_F(WindowTest, TheEndOfTheSessionSaves) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_NO_FATAL_FAILURE(deleteSecondOfThree(drm));

@@ -56,7 +56,7 @@ bool replaceVerified(Files& files, std::u16string_view path, std::string_view by
     return replaceVerified(files, {NewFile{std::u16string(path), std::string(bytes)}});
 }
 
-class SafeFile : public testing::Test {
+class SafeFileTest : public testing::Test {
 protected:
     void expectOnly(const std::string& content) {
         EXPECT_EQ(disk.files, (std::map<std::u16string, std::string>{{kPath, content}}));
@@ -66,7 +66,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SafeFile, ReplacesInOneStep) {
+TEST_F(SafeFileTest, ReplacesInOneStep) {
     disk.files[kPath] = "old";
     EXPECT_TRUE(replaceFile(disk, kPath, "new"));
     expectOnly("new");
@@ -74,19 +74,19 @@ TEST_F(SafeFile, ReplacesInOneStep) {
                                                        "onto /disk/List.ini"}));
 }
 
-TEST_F(SafeFile, CreatesAMissingFile) {
+TEST_F(SafeFileTest, CreatesAMissingFile) {
     EXPECT_TRUE(replaceFile(disk, kPath, "new"));
     expectOnly("new");
 }
 
-TEST_F(SafeFile, AFullDiskLeavesTheOldFileAndNothingBeside) {
+TEST_F(SafeFileTest, AFullDiskLeavesTheOldFileAndNothingBeside) {
     disk.files[kPath] = "old";
     disk.room = 5;
     EXPECT_FALSE(replaceFile(disk, kPath, "new"));
     expectOnly("old");
 }
 
-TEST_F(SafeFile, AFailedRenameLeavesTheOldFileAndNothingBeside) {
+TEST_F(SafeFileTest, AFailedRenameLeavesTheOldFileAndNothingBeside) {
     disk.files[kPath] = "old";
     disk.readOnly.insert(kPath);
     EXPECT_FALSE(replaceFile(disk, kPath, "new"));
@@ -94,7 +94,7 @@ TEST_F(SafeFile, AFailedRenameLeavesTheOldFileAndNothingBeside) {
     expectOnly("old");
 }
 
-TEST_F(SafeFile, VerifiedReadsBackBeforeAndAfterReplacing) {
+TEST_F(SafeFileTest, VerifiedReadsBackBeforeAndAfterReplacing) {
     disk.files[kPath] = "old";
     EXPECT_TRUE(replaceVerified(disk, kPath, "new"));
     expectOnly("new");
@@ -103,41 +103,41 @@ TEST_F(SafeFile, VerifiedReadsBackBeforeAndAfterReplacing) {
                                                        "onto /disk/List.ini", "read /disk/List.ini"}));
 }
 
-TEST_F(SafeFile, VerifiedKeepsTheOldFileWhenTheNewOneIsDamagedBeside) {
+TEST_F(SafeFileTest, VerifiedKeepsTheOldFileWhenTheNewOneIsDamagedBeside) {
     disk.files[kPath] = "old";
     disk.losing = kBeside;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
 }
 
-TEST_F(SafeFile, VerifiedPutsTheOldFileBackWhenTheNewOneIsDamagedInPlace) {
+TEST_F(SafeFileTest, VerifiedPutsTheOldFileBackWhenTheNewOneIsDamagedInPlace) {
     disk.files[kPath] = "old";
     disk.losing = kPath;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
 }
 
-TEST_F(SafeFile, VerifiedRemovesADamagedFileThatWasNotThereBefore) {
+TEST_F(SafeFileTest, VerifiedRemovesADamagedFileThatWasNotThereBefore) {
     disk.losing = kPath;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     EXPECT_TRUE(disk.files.empty());
 }
 
-TEST_F(SafeFile, VerifiedOverwritesInPlaceWithoutRoomForBoth) {
+TEST_F(SafeFileTest, VerifiedOverwritesInPlaceWithoutRoomForBoth) {
     disk.files[kPath] = "12345678";
     disk.room = 12;
     EXPECT_TRUE(replaceVerified(disk, kPath, "abcdefghij"));
     expectOnly("abcdefghij");
 }
 
-TEST_F(SafeFile, VerifiedPutsTheOldBytesBackWhenEvenTheNewOneAloneHasNoRoom) {
+TEST_F(SafeFileTest, VerifiedPutsTheOldBytesBackWhenEvenTheNewOneAloneHasNoRoom) {
     disk.files[kPath] = "12345678";
     disk.room = 9;
     EXPECT_FALSE(replaceVerified(disk, kPath, "abcdefghij"));
     expectOnly("12345678");
 }
 
-TEST_F(SafeFile, VerifiedPutsTheOldBytesBackWhenTheOverwrittenFileIsDamaged) {
+TEST_F(SafeFileTest, VerifiedPutsTheOldBytesBackWhenTheOverwrittenFileIsDamaged) {
     disk.files[kPath] = "12345678";
     disk.room = 12;
     disk.losing = kPath;
@@ -145,13 +145,13 @@ TEST_F(SafeFile, VerifiedPutsTheOldBytesBackWhenTheOverwrittenFileIsDamaged) {
     expectOnly("12345678");
 }
 
-TEST_F(SafeFile, VerifiedLeavesNothingOfANewFileThatDoesNotFit) {
+TEST_F(SafeFileTest, VerifiedLeavesNothingOfANewFileThatDoesNotFit) {
     disk.room = 5;
     EXPECT_FALSE(replaceVerified(disk, kPath, "abcdefghij"));
     EXPECT_TRUE(disk.files.empty());
 }
 
-TEST_F(SafeFile, VerifiedDoesNotTouchAFileThatCannotBeKept) {
+TEST_F(SafeFileTest, VerifiedDoesNotTouchAFileThatCannotBeKept) {
     disk.files[kPath] = "old";
     disk.failing.insert(kPath);
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
@@ -163,9 +163,9 @@ namespace {
 
 constexpr auto kOther = u"/disk/User.ini";
 
-class VerifiedPair : public SafeFile {
+class SafeFileTestVerifiedPair : public SafeFileTest {
 protected:
-    VerifiedPair() { disk.files = old; }
+    SafeFileTestVerifiedPair() { disk.files = old; }
     bool replace() { return ::replaceVerified(disk, {NewFile{kPath, "new list"}, NewFile{kOther, "new user"}}); }
 
     const std::map<std::u16string, std::string> old{{kPath, "old list"}, {kOther, "old user"}};
@@ -174,12 +174,12 @@ protected:
 
 }  // namespace
 
-TEST_F(VerifiedPair, BothAreReplaced) {
+TEST_F(SafeFileTestVerifiedPair, BothAreReplaced) {
     EXPECT_TRUE(replace());
     EXPECT_EQ(disk.files, both);
 }
 
-TEST_F(VerifiedPair, ADamagedSecondFileBringsTheFirstOneBack) {
+TEST_F(SafeFileTestVerifiedPair, ADamagedSecondFileBringsTheFirstOneBack) {
     for (const auto* const fault : {kPath, kOther, kBeside, u"/disk/User.ini.k7new"}) {
         disk.losing = fault;
         EXPECT_FALSE(replace());
@@ -187,14 +187,14 @@ TEST_F(VerifiedPair, ADamagedSecondFileBringsTheFirstOneBack) {
     }
 }
 
-TEST_F(VerifiedPair, LeftoversOfAnEarlierAttemptAreInNobodysWay) {
+TEST_F(SafeFileTestVerifiedPair, LeftoversOfAnEarlierAttemptAreInNobodysWay) {
     disk.files[kBeside] = "half";
     disk.files[u"/disk/User.ini.k7new"] = "half";
     EXPECT_TRUE(replace());
     EXPECT_EQ(disk.files, both);
 }
 
-TEST_F(VerifiedPair, EachTakesTheRoomThatTheOtherLeaves) {
+TEST_F(SafeFileTestVerifiedPair, EachTakesTheRoomThatTheOtherLeaves) {
     for (std::size_t room = 16; room < 40; ++room) {
         disk.files = old;
         disk.room = room;
@@ -203,7 +203,7 @@ TEST_F(VerifiedPair, EachTakesTheRoomThatTheOtherLeaves) {
     }
 }
 
-TEST_F(VerifiedPair, ADiskThatFailsWithRoomLeftIsNotWrittenInPlace) {
+TEST_F(SafeFileTestVerifiedPair, ADiskThatFailsWithRoomLeftIsNotWrittenInPlace) {
     disk.room = 1'000'000;
     disk.failing = {kBeside};
     EXPECT_FALSE(replace());
@@ -211,14 +211,14 @@ TEST_F(VerifiedPair, ADiskThatFailsWithRoomLeftIsNotWrittenInPlace) {
     EXPECT_EQ(std::count(disk.accesses.begin(), disk.accesses.end(), "write /disk/List.ini"), 0);
 }
 
-TEST_F(VerifiedPair, WithoutOldFilesNothingIsLeftOfAFailure) {
+TEST_F(SafeFileTestVerifiedPair, WithoutOldFilesNothingIsLeftOfAFailure) {
     disk.files.clear();
     disk.losing = kOther;
     EXPECT_FALSE(replace());
     EXPECT_TRUE(disk.files.empty());
 }
 
-TEST_F(SafeFile, WithoutAFlushReadersFindTheNewFileAndAPowerCutWhateverItLikes) {
+TEST_F(SafeFileTest, WithoutAFlushReadersFindTheNewFileAndAPowerCutWhateverItLikes) {
     using Fate = FakeFiles::Fate;
     for (const auto& [fate, left] : {std::pair(Fate::Old, "old"), std::pair(Fate::Empty, ""),
                                      std::pair(Fate::Torn, "12"), std::pair(Fate::New, "1234")}) {
@@ -234,7 +234,7 @@ TEST_F(SafeFile, WithoutAFlushReadersFindTheNewFileAndAPowerCutWhateverItLikes) 
     expectOnly("flushed");
 }
 
-TEST_F(SafeFile, AFailedUnflushedReplacementLeavesTheOldFile) {
+TEST_F(SafeFileTest, AFailedUnflushedReplacementLeavesTheOldFile) {
     disk.files[kPath] = "old";
     disk.failing = {kBeside};
     EXPECT_FALSE(replaceFileUnflushed(disk, kPath, "new"));
@@ -243,14 +243,14 @@ TEST_F(SafeFile, AFailedUnflushedReplacementLeavesTheOldFile) {
     expectOnly("old");
 }
 
-TEST_F(SafeFile, SeveralAreReplacedAndDurableTogether) {
+TEST_F(SafeFileTest, SeveralAreReplacedAndDurableTogether) {
     EXPECT_TRUE(replaceFiles(disk, {NewFile{kPath, "list"}, NewFile{kOther, "user"}}));
     disk.cutPower([](std::u16string_view) { return FakeFiles::Fate::Old; });
     EXPECT_EQ(disk.files, (std::map<std::u16string, std::string>{{kPath, "list"}, {kOther, "user"}}));
     EXPECT_TRUE(replaceFiles(disk, {}));
 }
 
-TEST_F(SafeFile, OneOfSeveralThatFailsKeepsNoneOfTheOthersBack) {
+TEST_F(SafeFileTest, OneOfSeveralThatFailsKeepsNoneOfTheOthersBack) {
     for (const auto* const fault : {kPath, kBeside}) {
         disk.files = {{kPath, "old"}};
         disk.failing = {fault};

@@ -20,35 +20,35 @@ std::string afterSet(std::u16string text, std::u16string_view section, std::u16s
 
 }  // namespace
 
-TEST(IniEditor, AnUnchangedTextComesOutAsItWas) {
+TEST(IniEditorTest, AnUnchangedTextComesOutAsItWas) {
     const std::u16string text = u" \r\n; note\n[A]\rx = 1\r\n\r\n[a]\nnothing\n\0\n[B"s;
     EXPECT_EQ(IniEditor(text).compose(), text);
 }
 
-TEST(IniEditor, ANewSectionGoesToTheEndOnALineOfItsOwn) {
+TEST(IniEditorTest, ANewSectionGoesToTheEndOnALineOfItsOwn) {
     EXPECT_EQ(afterSet(u"", u"A", u"x", u"1"), "[A]\r\nx=1\r\n");
     EXPECT_EQ(afterSet(u" ", u"A", u"x", u"1"), " \r\n[A]\r\nx=1\r\n");
     EXPECT_EQ(afterSet(u"[B]\r\ny=2\r\n", u"A", u"x", u"1"), "[B]\r\ny=2\r\n[A]\r\nx=1\r\n");
     EXPECT_EQ(afterSet(u"[B]\ny=2", u"A", u"x", u"1"), "[B]\ny=2\r\n[A]\r\nx=1\r\n");
 }
 
-TEST(IniEditor, ANewKeyGoesToTheEndOfItsSection) {
+TEST(IniEditorTest, ANewKeyGoesToTheEndOfItsSection) {
     EXPECT_EQ(afterSet(u"[A]\r\nx=1\r\n[B]\r\n", u"a", u"y", u"2"), "[A]\r\nx=1\r\ny=2\r\n[B]\r\n");
     EXPECT_EQ(afterSet(u"[A]\r\nx=1\r\n\r\n[B]\r\n", u"A", u"y", u"2"), "[A]\r\nx=1\r\ny=2\r\n\r\n[B]\r\n");
     EXPECT_EQ(afterSet(u"[A]", u"A", u"y", u"2"), "[A]\r\ny=2\r\n");
 }
 
-TEST(IniEditor, AnExistingKeyChangesWhereItStands) {
+TEST(IniEditorTest, AnExistingKeyChangesWhereItStands) {
     EXPECT_EQ(afterSet(u"[A]\r\nX = 1\r\ny=2\r\n", u"A", u"x", u"9"), "[A]\r\nX=9\r\ny=2\r\n");
     EXPECT_EQ(afterSet(u"[A]\r\nx=1\r\nx=2\r\n[A]\r\nx=3\r\n", u"A", u"x", u"9"),
               "[A]\r\nx=9\r\nx=2\r\n[A]\r\nx=3\r\n");
 }
 
-TEST(IniEditor, ALineEndInAValueBecomesABlank) {
+TEST(IniEditorTest, ALineEndInAValueBecomesABlank) {
     EXPECT_EQ(afterSet(u"", u"A", u"x", u"1\r\n[B]\ny=2"), "[A]\r\nx=1  [B] y=2\r\n");
 }
 
-TEST(IniEditor, ARemovedSectionTakesItsLinesAlongUpToTheNext) {
+TEST(IniEditorTest, ARemovedSectionTakesItsLinesAlongUpToTheNext) {
     IniEditor edit(u"[A]\r\nx=1\r\n; note\r\n\r\n[B]\r\ny=2\r\n[a]\r\nx=3\r\n");
     edit.removeSection(u"A");
     edit.removeSection(u"None");
@@ -62,7 +62,7 @@ TEST(IniEditor, ARemovedSectionTakesItsLinesAlongUpToTheNext) {
     EXPECT_EQ(narrow(edit.compose()), "[B]\r\ny=2\r\n[A]\r\nx=5\r\n");
 }
 
-TEST(IniEditor, TakesManyKeysOfManySections) {
+TEST(IniEditorTest, TakesManyKeysOfManySections) {
     IniEditor edit(u"");
     std::string expected;
     for (int i = 0; i < 10000; ++i) {
@@ -72,7 +72,7 @@ TEST(IniEditor, TakesManyKeysOfManySections) {
     EXPECT_EQ(narrow(edit.compose()), expected);
 }
 
-TEST(WriteIniValue, KeepsTheEncodingOfTheFile) {
+TEST(IniEditorTest, WriteIniValueKeepsTheEncodingOfTheFile) {
     FakeFiles files;
     FakeCodePages codePages;
     files.files[u"/u"] = "\xFF\xFE \0"s;
@@ -83,21 +83,21 @@ TEST(WriteIniValue, KeepsTheEncodingOfTheFile) {
     EXPECT_EQ(files.files[u"/a"], "[A]\r\nx=\xE9\r\ny=\x80?\r\n");
 }
 
-TEST(WriteIniValue, CreatesAMissingFileWithoutMark) {
+TEST(IniEditorTest, WriteIniValueCreatesAMissingFileWithoutMark) {
     FakeFiles files;
     FakeCodePages codePages;
     WriteIniValue(u"A", u"x", u"1", u"/a", files, codePages);
     EXPECT_EQ(files.files[u"/a"], "[A]\r\nx=1\r\n");
 }
 
-TEST(WriteIniValue, TextsEndAtTheirFirstNul) {
+TEST(IniEditorTest, WriteIniValueTextsEndAtTheirFirstNul) {
     FakeFiles files;
     FakeCodePages codePages;
     WriteIniValue(u"A\0B"s, u"x\0y"s, u"1\0002"s, u"/a", files, codePages);
     EXPECT_EQ(files.files[u"/a"], "[A]\r\nx=1\r\n");
 }
 
-TEST(WriteIniValue, AFileThatCannotBeReadOrWrittenStaysAsItWas) {
+TEST(IniEditorTest, WriteIniValueAFileThatCannotBeReadOrWrittenStaysAsItWas) {
     FakeFiles files;
     FakeCodePages codePages;
     files.files[u"/a"] = "[A]\r\nx=1\r\n";

@@ -17,7 +17,7 @@ std::string get(std::u16string text, std::u16string_view section, std::u16string
 
 }  // namespace
 
-TEST(IniReader, LinesEndAtCrLfLfOrCr) {
+TEST(IniReaderTest, LinesEndAtCrLfLfOrCr) {
     EXPECT_EQ(get(u"[A]\r\nx=1\r\ny=2\r\n", u"A", u"y"), "2");
     EXPECT_EQ(get(u"[A]\nx=1\ny=2\n", u"A", u"y"), "2");
     EXPECT_EQ(get(u"[A]\rx=1\ry=2\r", u"A", u"y"), "2");
@@ -25,16 +25,16 @@ TEST(IniReader, LinesEndAtCrLfLfOrCr) {
     EXPECT_EQ(get(u"[A]\n\rx=1", u"A", u"x"), "1");
 }
 
-TEST(IniReader, NamesCompareWithoutRegardToCase) {
+TEST(IniReaderTest, NamesCompareWithoutRegardToCase) {
     EXPECT_EQ(get(u"[tOTAL]\r\nDRMNumber=3\r\n", u"Total", u"drmnumber"), "3");
     EXPECT_EQ(get(u"[A]\r\nx_[=1\r\n", u"A", u"X_{"), "") << "only letters fold";
 }
 
-TEST(IniReader, BlanksAroundNamesAndValuesAreDropped) {
+TEST(IniReaderTest, BlanksAroundNamesAndValuesAreDropped) {
     EXPECT_EQ(get(u"  [ A ]  \r\n\t x =  1 2\t\r\n", u"A", u"x"), "1 2");
 }
 
-TEST(IniReader, OnePairOfEqualQuotesIsDropped) {
+TEST(IniReaderTest, OnePairOfEqualQuotesIsDropped) {
     EXPECT_EQ(get(u"[A]\r\nx=\" a \"", u"A", u"x"), " a ");
     EXPECT_EQ(get(u"[A]\r\nx='a'", u"A", u"x"), "a");
     EXPECT_EQ(get(u"[A]\r\nx=\"\"a\"\"", u"A", u"x"), "\"a\"");
@@ -43,13 +43,13 @@ TEST(IniReader, OnePairOfEqualQuotesIsDropped) {
     EXPECT_EQ(get(u"[A]\r\nx=\"\"", u"A", u"x"), "");
 }
 
-TEST(IniReader, TheFirstSectionAndTheFirstKeyOfANameWin) {
+TEST(IniReaderTest, TheFirstSectionAndTheFirstKeyOfANameWin) {
     const std::u16string text = u"[A]\r\nx=1\r\nX=2\r\n[B]\r\nx=3\r\n[a]\r\nx=4\r\nz=5\r\n";
     EXPECT_EQ(get(text, u"A", u"x"), "1");
     EXPECT_EQ(get(text, u"A", u"z"), "") << "a second section of the name does not continue the first";
 }
 
-TEST(IniReader, OfAHundredEqualKeysTheFirstIsRead) {
+TEST(IniReaderTest, OfAHundredEqualKeysTheFirstIsRead) {
     std::u16string text = u"[A]\r\n";
     for (int i = 0; i < 100; ++i) {
         text += u"x=" + decimal(i) + u"\r\n";
@@ -57,20 +57,20 @@ TEST(IniReader, OfAHundredEqualKeysTheFirstIsRead) {
     EXPECT_EQ(get(text, u"A", u"x"), "0");
 }
 
-TEST(IniReader, ALineThatIsNeitherSectionNorKeyIsSkipped) {
+TEST(IniReaderTest, ALineThatIsNeitherSectionNorKeyIsSkipped) {
     const std::u16string text = u" \r\nx=0\r\n[A]\r\n;x=1\r\n  ; x=2\r\nnothing\r\n=3\r\n[open\r\n\r\nx=4\r\n"s;
     EXPECT_EQ(get(text, u"A", u"x"), "4");
     EXPECT_EQ(get(text, u"A", u""), "");
 }
 
-TEST(IniReader, ANulInALineIsNoError) {
+TEST(IniReaderTest, ANulInALineIsNoError) {
     const std::u16string text = u"[A]\r\nx=1\r\n\0\r\n[kvt update end]\r\n[B]\r\ny=a\0b\r\n"s;
     EXPECT_EQ(get(text, u"A", u"x"), "1");
     const IniReader profile(text);
     EXPECT_EQ(profile.get(u"B", u"y"), u"a\0b"s);
 }
 
-TEST(IniReader, AtMost254UnitsOfAValueAreReturned) {
+TEST(IniReaderTest, AtMost254UnitsOfAValueAreReturned) {
     const auto length = [](std::size_t units) {
         return get(u"[A]\r\nx=" + std::u16string(units, u'v') + u"\r\n", u"A", u"x").size();
     };
@@ -80,16 +80,16 @@ TEST(IniReader, AtMost254UnitsOfAValueAreReturned) {
     EXPECT_EQ(length(400), 254U);
 }
 
-TEST(IniReader, AMissingSectionOrKeyIsEmpty) {
+TEST(IniReaderTest, AMissingSectionOrKeyIsEmpty) {
     EXPECT_EQ(get(u"", u"A", u"x"), "");
     EXPECT_EQ(get(u"[A]\r\nx=1\r\n", u"B", u"x"), "");
     EXPECT_EQ(get(u"[A]\r\nx=1\r\n", u"A", u"xx"), "");
     EXPECT_EQ(IniReader().get(u"A", u"x"), u"");
 }
 
-TEST(IniReader, AValueKeepsItsEqualsSigns) { EXPECT_EQ(get(u"[A]\nx=a=b", u"A", u"x"), "a=b"); }
+TEST(IniReaderTest, AValueKeepsItsEqualsSigns) { EXPECT_EQ(get(u"[A]\nx=a=b", u"A", u"x"), "a=b"); }
 
-TEST(IniReader, FindsEverySectionOfALargeFile) {
+TEST(IniReaderTest, FindsEverySectionOfALargeFile) {
     constexpr int kCount = 32767;
     std::u16string text;
     for (int i = 0; i < kCount; ++i) {

@@ -3,7 +3,7 @@
 #include "fakes/Text.h"
 #include "storage/lists/ListFile.h"
 
-TEST(ListFile, NamesTheRecordsAndCountsOfEachList) {
+TEST(ListFileTest, NamesTheRecordsAndCountsOfEachList) {
     EXPECT_EQ(narrow(RecordSection(ListKind::Drm).of(0)), "DRMSchedule0");
     EXPECT_EQ(narrow(RecordSection(ListKind::Am).of(10)), "AMSchedule10");
     EXPECT_EQ(narrow(RecordSection(ListKind::Fm).of(255)), "FMSchedule255");
@@ -16,7 +16,7 @@ TEST(ListFile, NamesTheRecordsAndCountsOfEachList) {
     EXPECT_EQ(narrow(ListFile::countKey(ListKind::Favourite)), "favnumber");
 }
 
-TEST(ListFile, TheTypeOfAFavouriteDecidesItsUnit) {
+TEST(ListFileTest, TheTypeOfAFavouriteDecidesItsUnit) {
     EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Drm))), "  kHz");
     EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Am))), "  kHz");
     EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Fm))), "  MHz");

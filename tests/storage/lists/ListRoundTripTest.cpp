@@ -28,7 +28,7 @@ private:
     std::mt19937 random_{20};
 };
 
-class ListRoundTrip : public StorageTest {
+class ListRoundTripTest : public StorageTest {
 protected:
     void fill() {
         for (int row = random.number(0, 20); row > 0; --row) {
@@ -61,7 +61,7 @@ protected:
 
 }  // namespace
 
-TEST_F(ListRoundTrip, WhatIsSavedLoadsAsTheSameRowsAndSavesAsTheSameBytes) {
+TEST_F(ListRoundTripTest, WhatIsSavedLoadsAsTheSameRowsAndSavesAsTheSameBytes) {
     createWorkingCopy(copies.ListFilePath, files, codePages);
     createWorkingCopy(copies.UserFilePath, files, codePages);
     for (int round = 0; round < 100; ++round) {
@@ -77,7 +77,7 @@ TEST_F(ListRoundTrip, WhatIsSavedLoadsAsTheSameRowsAndSavesAsTheSameBytes) {
     }
 }
 
-TEST_F(ListRoundTrip, AnyCellsAreStableAfterTheFirstLoad) {
+TEST_F(ListRoundTripTest, AnyCellsAreStableAfterTheFirstLoad) {
     createWorkingCopy(copies.ListFilePath, files, codePages);
     createWorkingCopy(copies.UserFilePath, files, codePages);
     drm.appendRow({u"  blanks ", u"'quoted'", u"two\r\nlines", std::u16string(400, u'x')});
@@ -94,7 +94,7 @@ TEST_F(ListRoundTrip, AnyCellsAreStableAfterTheFirstLoad) {
     EXPECT_EQ(files.files, saved);
 }
 
-TEST_F(ListRoundTrip, AListOfAllSixteenBitsIsKept) {
+TEST_F(ListRoundTripTest, AListOfAllSixteenBitsIsKept) {
     createWorkingCopy(copies.ListFilePath, files, codePages);
     for (int row = 0; row < 32767; ++row) {
         drm.appendRow({decimal(row)});

@@ -13,7 +13,7 @@ using namespace std::string_literals;
 
 namespace {
 
-class WorkingCopy : public testing::Test {
+class WorkingCopiesTest : public testing::Test {
 protected:
     bool convert(std::string bytes) {
         files.files[kPath] = std::move(bytes);
@@ -26,14 +26,14 @@ protected:
 
 }  // namespace
 
-TEST_F(WorkingCopy, ANewOneHoldsOneBlank) {
+TEST_F(WorkingCopiesTest, ANewOneHoldsOneBlank) {
     createWorkingCopy(kPath, files, codePages);
     EXPECT_EQ(files.files[kPath], "\xEF\xBB\xBF\x20");
     EXPECT_TRUE(convertWorkingCopy(kPath, files));
     EXPECT_EQ(files.files[kPath], "\xFF\xFE\x20\0"s);
 }
 
-TEST_F(WorkingCopy, Utf8IsConvertedWithAndWithoutMark) {
+TEST_F(WorkingCopiesTest, Utf8IsConvertedWithAndWithoutMark) {
     EXPECT_TRUE(convert("\xEF\xBB\xBF\xE4\xB8\xAD"));
     EXPECT_EQ(files.files[kPath], "\xFF\xFE\x2D\x4E"s);
     EXPECT_TRUE(convert("a\xC3\xA9\0b"s));
@@ -42,7 +42,7 @@ TEST_F(WorkingCopy, Utf8IsConvertedWithAndWithoutMark) {
               "a\0\xE9\0\0\0b\0"s);
 }
 
-TEST_F(WorkingCopy, TheEncodingIsNotGuessed) {
+TEST_F(WorkingCopiesTest, TheEncodingIsNotGuessed) {
     EXPECT_TRUE(
         convert("\xFF\xFE"
                 "a\0"s));
@@ -51,7 +51,7 @@ TEST_F(WorkingCopy, TheEncodingIsNotGuessed) {
               "a\0\0\0"s);
 }
 
-TEST_F(WorkingCopy, TheTextLayerConvertsAnyBytesToTheSame) {
+TEST_F(WorkingCopiesTest, TheTextLayerConvertsAnyBytesToTheSame) {
     static constexpr std::array<std::string_view, 12> kPieces = {
         "\xEF\xBB\xBF", "\xFF\xFE",     "\xFE\xFF",         std::string_view("\0", 1),
         "\xE4\xB8",     "\xE4\xB8\xAD", "\xF0\x9F\x93\xBB", "\xED\xA0\x80",
@@ -73,17 +73,17 @@ TEST_F(WorkingCopy, TheTextLayerConvertsAnyBytesToTheSame) {
     }
 }
 
-TEST_F(WorkingCopy, AnEmptyFileBecomesAnEmptyText) {
+TEST_F(WorkingCopiesTest, AnEmptyFileBecomesAnEmptyText) {
     EXPECT_TRUE(convert(""));
     EXPECT_EQ(files.files[kPath], "\xFF\xFE");
 }
 
-TEST_F(WorkingCopy, AMissingFileStaysMissing) {
+TEST_F(WorkingCopiesTest, AMissingFileStaysMissing) {
     EXPECT_FALSE(convertWorkingCopy(kPath, files));
     EXPECT_TRUE(files.files.empty());
 }
 
-TEST_F(WorkingCopy, AFaultLeavesTheFileAsItWas) {
+TEST_F(WorkingCopiesTest, AFaultLeavesTheFileAsItWas) {
     files.failing = {kPath};
     EXPECT_FALSE(convert("abc"));
     EXPECT_EQ(files.files[kPath], "abc") << "could not be read";
@@ -93,13 +93,13 @@ TEST_F(WorkingCopy, AFaultLeavesTheFileAsItWas) {
     EXPECT_EQ(files.files.size(), 1U);
 }
 
-TEST_F(WorkingCopy, AFileOfMoreThan31BitsIsNotRead) {
+TEST_F(WorkingCopiesTest, AFileOfMoreThan31BitsIsNotRead) {
     files.sizes[kPath] = 0x80000000U;
     EXPECT_EQ(readWorkingCopy(kPath, files), std::nullopt);
     EXPECT_TRUE(files.accesses.empty());
 }
 
-TEST_F(WorkingCopy, AFailedReadingIsTriedTwiceMore) {
+TEST_F(WorkingCopiesTest, AFailedReadingIsTriedTwiceMore) {
     files.files[kPath] = "x";
     files.failing = {kPath};
     EXPECT_EQ(readWorkingCopy(kPath, files), std::nullopt);

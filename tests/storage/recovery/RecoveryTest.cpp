@@ -186,7 +186,7 @@ std::string ofFirstVersion(std::string file) {
 
 }  // namespace
 
-TEST(Snapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
+TEST(RecoveryTestSnapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
     std::string file = encodeSnapshot(7, {"list", "user"});
     ASSERT_TRUE(decodeSnapshot(file));
     EXPECT_EQ(decodeSnapshot(file)->number, 7U);
@@ -203,7 +203,7 @@ TEST(Snapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
     EXPECT_TRUE(decodeSnapshot(withChecksum(file)));
 }
 
-TEST(Snapshot, OneOfTheFirstVersionIsRead) {
+TEST(RecoveryTestSnapshot, OneOfTheFirstVersionIsRead) {
     const WorkingCopyBytes bytes{"the list", std::nullopt};
     std::string file = ofFirstVersion(encodeSnapshot(7, bytes));
     ASSERT_TRUE(decodeSnapshot(file));
@@ -213,7 +213,7 @@ TEST(Snapshot, OneOfTheFirstVersionIsRead) {
     EXPECT_EQ(decodeSnapshot(file), std::nullopt);
 }
 
-TEST(Snapshot, ChangesThatTouchTheSameBitOfTwoWordsAreFound) {
+TEST(RecoveryTestSnapshot, ChangesThatTouchTheSameBitOfTwoWordsAreFound) {
     const std::string file = encodeSnapshot(7, {std::string(100, 'x'), std::string(3, 'y')});
     for (std::size_t first = 32; first < 40; ++first) {
         for (const int bit : {0, 3, 7}) {

@@ -10,7 +10,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-TEST(RowStore, RowsAndColumnsAreOneBasedAndAnythingOutsideIsEmpty) {
+TEST(RowStoreTest, RowsAndColumnsAreOneBasedAndAnythingOutsideIsEmpty) {
     RowStore rows;
     rows.appendRow({u"a", u"b"});
     EXPECT_EQ(rows.text(1, 1), u"a");
@@ -25,7 +25,7 @@ TEST(RowStore, RowsAndColumnsAreOneBasedAndAnythingOutsideIsEmpty) {
     EXPECT_EQ(rows.rowCount(), 1);
 }
 
-TEST(RowStore, ColumnsThatAreNotThereAreNeitherWidenedNorDragged) {
+TEST(RowStoreTest, ColumnsThatAreNotThereAreNeitherWidenedNorDragged) {
     RowStore rows;
     rows.addColumn(u"Programme", u"PROG", 100);
     rows.setColumnWidth(1, 150);
@@ -38,7 +38,7 @@ TEST(RowStore, ColumnsThatAreNotThereAreNeitherWidenedNorDragged) {
     EXPECT_FALSE(rows.isSelected(1));
 }
 
-TEST(RowStore, EveryChangeOfARowIsCounted) {
+TEST(RowStoreTest, EveryChangeOfARowIsCounted) {
     RowStore rows;
     std::uint64_t last = rows.changes();
     const auto grew = [&] { return rows.changes() > std::exchange(last, rows.changes()); };
@@ -55,7 +55,7 @@ TEST(RowStore, EveryChangeOfARowIsCounted) {
     EXPECT_TRUE(grew());
 }
 
-TEST(RowStore, RemovingSelectedRowsKeepsTheOthersInOrder) {
+TEST(RowStoreTest, RemovingSelectedRowsKeepsTheOthersInOrder) {
     RowStore rows;
     for (const char16_t* name : {u"1", u"2", u"3", u"4", u"5", u"6"}) {
         rows.appendRow({name});
@@ -71,7 +71,7 @@ TEST(RowStore, RemovingSelectedRowsKeepsTheOthersInOrder) {
     EXPECT_EQ(rows.firstSelected(), 0);
 }
 
-TEST(RowStore, AnUpdateOfManyRowsResetsTheViewOnce) {
+TEST(RowStoreTest, AnUpdateOfManyRowsResetsTheViewOnce) {
     FakeGridView view;
     RowStore rows(view);
     {
@@ -85,7 +85,7 @@ TEST(RowStore, AnUpdateOfManyRowsResetsTheViewOnce) {
     EXPECT_EQ(view.calls, (Calls{"beforeReset", "afterReset"}));
 }
 
-TEST(RowStore, SingleChangesReachTheView) {
+TEST(RowStoreTest, SingleChangesReachTheView) {
     FakeGridView view;
     RowStore rows(view);
     rows.appendRow({u"a"});
@@ -93,7 +93,7 @@ TEST(RowStore, SingleChangesReachTheView) {
     EXPECT_EQ(view.calls, (Calls{"beforeAppend", "afterAppend", "cellChanged"}));
 }
 
-TEST(RowStore, AColumnKeepsTheWidthThatTheViewShows) {
+TEST(RowStoreTest, AColumnKeepsTheWidthThatTheViewShows) {
     class RoundingView : public FakeGridView {
         double showColumnWidth(int, double) override { return 1500; }
     } view;

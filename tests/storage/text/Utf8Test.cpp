@@ -58,7 +58,7 @@ std::string repaired(std::string_view bytes) {
 
 }  // namespace
 
-TEST(Utf8, WellFormedTextAtEveryBoundaryConvertsBothWays) {
+TEST(Utf8Test, WellFormedTextAtEveryBoundaryConvertsBothWays) {
     struct Case {
         std::u16string text;
         std::string bytes;
@@ -88,7 +88,7 @@ TEST(Utf8, WellFormedTextAtEveryBoundaryConvertsBothWays) {
     }
 }
 
-TEST(Utf8, EachMaximalIllFormedPartBecomesOneReplacement) {
+TEST(Utf8Test, EachMaximalIllFormedPartBecomesOneReplacement) {
     struct Case {
         std::string bytes;
         std::u16string text;
@@ -123,7 +123,7 @@ TEST(Utf8, EachMaximalIllFormedPartBecomesOneReplacement) {
     }
 }
 
-TEST(Utf8, LoneSurrogatesAreReplaced) {
+TEST(Utf8Test, LoneSurrogatesAreReplaced) {
     const char16_t high = 0xD83D;
     const char16_t low = 0xDE00;
     EXPECT_EQ(toUtf8(std::u16string{high}), "\xEF\xBF\xBD");
@@ -135,7 +135,7 @@ TEST(Utf8, LoneSurrogatesAreReplaced) {
               "b");
 }
 
-TEST(Utf8, EveryCharacterComesBack) {
+TEST(Utf8Test, EveryCharacterComesBack) {
     for (char32_t c = 0; c <= 0x10FFFF; ++c) {
         if (c == 0xD800) {
             c = 0xE000;
@@ -152,7 +152,7 @@ TEST(Utf8, EveryCharacterComesBack) {
 }
 
 // Any four bytes from both ends of every range, with a letter on either side.
-TEST(Utf8, AnyBytesAreReadAsTheTableTells) {
+TEST(Utf8Test, AnyBytesAreReadAsTheTableTells) {
     const std::string_view edges(
         "\0A\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3\xF4\xF5\xFF", 25);
     std::string bytes = "<1234>";
@@ -166,7 +166,7 @@ TEST(Utf8, AnyBytesAreReadAsTheTableTells) {
 }
 
 // A character behind runs of letters of every length, and one cut off by the end of the text.
-TEST(Utf8, ALongTextIsReadAndWrittenWhole) {
+TEST(Utf8Test, ALongTextIsReadAndWrittenWhole) {
     std::string bytes;
     std::u16string text;
     for (std::size_t run = 0; run < 40; ++run) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr auto kPath = u"/text.ini";
 
-class TextFiles : public testing::Test {
+class mTextUTFTest : public testing::Test {
 protected:
     std::u16string read(std::string bytes, TextFormat forced) {
         files.files[kPath] = std::move(bytes);
@@ -37,7 +37,7 @@ protected:
 
 }  // namespace
 
-TEST(DetectTextFormat, FollowsTheMarkLongestFirst) {
+TEST(mTextUTFTestPlain, DetectTextFormatFollowsTheMarkLongestFirst) {
     const auto expect = [](const std::string& start, TextFormat format, std::size_t length) {
         const DetectedFormat detected = DetectTextFormat(start);
         EXPECT_EQ(detected.format, format);
@@ -53,19 +53,19 @@ TEST(DetectTextFormat, FollowsTheMarkLongestFirst) {
     expect("", TextFormat::Ansi, 0);
 }
 
-TEST(DetectTextFormat, MissingBytesCountAsZero) {
+TEST(mTextUTFTestPlain, DetectTextFormatMissingBytesCountAsZero) {
     EXPECT_EQ(DetectTextFormat("\xFF\xFE"s).format, TextFormat::Utf32Le);
     EXPECT_EQ(DetectTextFormat("\xFF\xFE\x00"s).format, TextFormat::Utf32Le);
 }
 
-TEST(TextFormatBom, IsEmptyForAnsiAndForNoFormat) {
+TEST(mTextUTFTestPlain, TextFormatBomIsEmptyForAnsiAndForNoFormat) {
     EXPECT_EQ(TextFormatBom(TextFormat::Ansi), "");
     EXPECT_EQ(TextFormatBom(TextFormat::Detect), "");
     EXPECT_EQ(TextFormatBom(static_cast<TextFormat>(6)), "");
     EXPECT_EQ(TextFormatBom(TextFormat::Utf32Be), "\x00\x00\xFE\xFF"s);
 }
 
-TEST(PtrToStrW, EndsAtTheFirstNul) {
+TEST(mTextUTFTestPlain, PtrToStrWEndsAtTheFirstNul) {
     const std::u16string text = u"ab\0cd"s;
     EXPECT_EQ(PtrToStrW(text.c_str()), u"ab");
     EXPECT_EQ(PtrToStrW(std::u16string_view(text)), u"ab");
@@ -73,7 +73,7 @@ TEST(PtrToStrW, EndsAtTheFirstNul) {
     EXPECT_EQ(PtrToStrW(static_cast<const char16_t*>(nullptr)), u"");
 }
 
-TEST_F(TextFiles, DetectedUtf8IsReadWithoutItsMarkAndReported) {
+TEST_F(mTextUTFTest, DetectedUtf8IsReadWithoutItsMarkAndReported) {
     EXPECT_EQ(read("\xEF\xBB\xBF"
                    "a\xC3\xA9",
                    TextFormat::Detect),
@@ -81,17 +81,17 @@ TEST_F(TextFiles, DetectedUtf8IsReadWithoutItsMarkAndReported) {
     EXPECT_EQ(format, TextFormat::Utf8);
 }
 
-TEST_F(TextFiles, WithoutMarkAFileIsAnsi) {
+TEST_F(mTextUTFTest, WithoutMarkAFileIsAnsi) {
     EXPECT_EQ(read("a\xE9", TextFormat::Detect), u"aé");
     EXPECT_EQ(format, TextFormat::Ansi);
 }
 
-TEST_F(TextFiles, ForcedUtf8AcceptsAFileWithAndWithoutMark) {
+TEST_F(mTextUTFTest, ForcedUtf8AcceptsAFileWithAndWithoutMark) {
     EXPECT_EQ(read("\xC3\xA9", TextFormat::Utf8), u"é");
     EXPECT_EQ(read("\xEF\xBB\xBF\xC3\xA9", TextFormat::Utf8), u"é");
 }
 
-TEST_F(TextFiles, ForcedFormatKeepsTheMarkOfAnother) {
+TEST_F(mTextUTFTest, ForcedFormatKeepsTheMarkOfAnother) {
     EXPECT_EQ(read("\xFF\xFE"
                    "A\0"s,
                    TextFormat::Utf8),
@@ -103,7 +103,7 @@ TEST_F(TextFiles, ForcedFormatKeepsTheMarkOfAnother) {
               u"ï»¿A");
 }
 
-TEST_F(TextFiles, Utf16ReadingYieldsOneUnitMoreThanBytes) {
+TEST_F(mTextUTFTest, Utf16ReadingYieldsOneUnitMoreThanBytes) {
     const std::u16string text5 = read(
         "\xFF\xFE"
         "a\0b\0c\0d\0e\0"s,
@@ -118,7 +118,7 @@ TEST_F(TextFiles, Utf16ReadingYieldsOneUnitMoreThanBytes) {
     EXPECT_EQ(read("", TextFormat::Utf16Le), u"\0"s);
 }
 
-TEST_F(TextFiles, HalvingUndoesTheLongRead) {
+TEST_F(mTextUTFTest, HalvingUndoesTheLongRead) {
     const std::u16string odd = read(
         "\xFF\xFE"
         "a\0b\0c\0d\0e\0"s,
@@ -134,7 +134,7 @@ TEST_F(TextFiles, HalvingUndoesTheLongRead) {
     EXPECT_EQ(bytes(), "abcdef");
 }
 
-TEST_F(TextFiles, HalvesAreRoundedToEven) {
+TEST_F(mTextUTFTest, HalvesAreRoundedToEven) {
     const auto half = [this](std::size_t length) {
         write(std::u16string(length, u'x'), TextFormat::Ansi, false, true);
         return bytes().size();
@@ -146,12 +146,12 @@ TEST_F(TextFiles, HalvesAreRoundedToEven) {
     EXPECT_EQ(half(9), 4U);
 }
 
-TEST_F(TextFiles, AHalfOfNothingIsAFailureThatLeavesTheMark) {
+TEST_F(mTextUTFTest, AHalfOfNothingIsAFailureThatLeavesTheMark) {
     EXPECT_FALSE(write(u"x", TextFormat::Utf8, true, true));
     EXPECT_EQ(bytes(), "\xEF\xBB\xBF");
 }
 
-TEST_F(TextFiles, BigEndianIsSwappedBothWays) {
+TEST_F(mTextUTFTest, BigEndianIsSwappedBothWays) {
     EXPECT_EQ(read("\xFE\xFF\x00"
                    "A\x4E\x2D"s,
                    TextFormat::Detect),
@@ -163,7 +163,7 @@ TEST_F(TextFiles, BigEndianIsSwappedBothWays) {
               "A\x4E\x2D"s);
 }
 
-TEST_F(TextFiles, Utf32IsRefused) {
+TEST_F(mTextUTFTest, Utf32IsRefused) {
     EXPECT_EQ(read("\xFF\xFE\x00\x00"
                    "A\0\0\0"s,
                    TextFormat::Detect),
@@ -174,7 +174,7 @@ TEST_F(TextFiles, Utf32IsRefused) {
     EXPECT_FALSE(write(u"A", TextFormat::Utf32Be));
 }
 
-TEST_F(TextFiles, AFormatThatDoesNotExistTouchesNothing) {
+TEST_F(mTextUTFTest, AFormatThatDoesNotExistTouchesNothing) {
     EXPECT_EQ(read("abc", static_cast<TextFormat>(6)), u"");
     EXPECT_EQ(read("abc", static_cast<TextFormat>(-2)), u"");
     EXPECT_FALSE(write(u"x", static_cast<TextFormat>(6)));
@@ -183,12 +183,12 @@ TEST_F(TextFiles, AFormatThatDoesNotExistTouchesNothing) {
     EXPECT_TRUE(files.accesses.empty());
 }
 
-TEST_F(TextFiles, AMissingFileIsAnEmptyTextAndDetectsNothing) {
+TEST_F(mTextUTFTest, AMissingFileIsAnEmptyTextAndDetectsNothing) {
     EXPECT_EQ(text.ReadTextFile(u"/none", format), u"");
     EXPECT_EQ(format, TextFormat::Detect);
 }
 
-TEST_F(TextFiles, ASizeOver31BitsIsRefusedWithoutReading) {
+TEST_F(mTextUTFTest, ASizeOver31BitsIsRefusedWithoutReading) {
     files.sizes[u"/huge"] = 0x80000000ULL;
     EXPECT_EQ(text.ReadTextFile(u"/huge", format), u"");
     EXPECT_TRUE(files.accesses.empty());
@@ -197,12 +197,12 @@ TEST_F(TextFiles, ASizeOver31BitsIsRefusedWithoutReading) {
     EXPECT_EQ(files.accesses, std::vector<std::string>{"read /huge"});
 }
 
-TEST_F(TextFiles, ABlankInUtf16HasTheBytesOfTheSeed) {
+TEST_F(mTextUTFTest, ABlankInUtf16HasTheBytesOfTheSeed) {
     EXPECT_TRUE(write(u" ", TextFormat::Utf16Le));
     EXPECT_EQ(bytes(), "\xFF\xFE\x20\x00"s);
 }
 
-TEST_F(TextFiles, AnEmptyTextTruncatesToTheMark) {
+TEST_F(mTextUTFTest, AnEmptyTextTruncatesToTheMark) {
     EXPECT_TRUE(write(u"long text", TextFormat::Utf8));
     EXPECT_TRUE(write(u"", TextFormat::Utf8));
     EXPECT_EQ(bytes(), "\xEF\xBB\xBF");
@@ -210,7 +210,7 @@ TEST_F(TextFiles, AnEmptyTextTruncatesToTheMark) {
     EXPECT_EQ(bytes(), "");
 }
 
-TEST_F(TextFiles, AppendingToAMissingOrEmptyFileWritesItsMark) {
+TEST_F(mTextUTFTest, AppendingToAMissingOrEmptyFileWritesItsMark) {
     EXPECT_TRUE(append(u"a", TextFormat::Detect, TextFormat::Utf16Le));
     EXPECT_EQ(format, TextFormat::Utf16Le);
     EXPECT_EQ(bytes(),
@@ -223,7 +223,7 @@ TEST_F(TextFiles, AppendingToAMissingOrEmptyFileWritesItsMark) {
               "a");
 }
 
-TEST_F(TextFiles, AppendingDetectsTheFormatAndWritesNoMark) {
+TEST_F(mTextUTFTest, AppendingDetectsTheFormatAndWritesNoMark) {
     files.files[kPath] =
         "\xFF\xFE"
         "a\0"s;
@@ -238,7 +238,7 @@ TEST_F(TextFiles, AppendingDetectsTheFormatAndWritesNoMark) {
               "a\0b\0"s);
 }
 
-TEST_F(TextFiles, AppendingInAGivenFormatIsNotGuessed) {
+TEST_F(mTextUTFTest, AppendingInAGivenFormatIsNotGuessed) {
     files.files[kPath] =
         "\xFF\xFE"
         "a\0"s;
@@ -252,13 +252,13 @@ TEST_F(TextFiles, AppendingInAGivenFormatIsNotGuessed) {
     EXPECT_EQ(bytes(), "ab") << "one byte is content";
 }
 
-TEST_F(TextFiles, AppendingToUtf32IsRefused) {
+TEST_F(mTextUTFTest, AppendingToUtf32IsRefused) {
     files.files[kPath] = "\xFF\xFE\x00\x00"s;
     EXPECT_FALSE(append(u"b", TextFormat::Detect));
     EXPECT_EQ(bytes(), "\xFF\xFE\x00\x00"s);
 }
 
-TEST_F(TextFiles, AFileThatCannotBeWrittenStaysWhole) {
+TEST_F(mTextUTFTest, AFileThatCannotBeWrittenStaysWhole) {
     files.files[kPath] = "old";
     files.readOnly.insert(kPath);
     EXPECT_FALSE(write(u"new", TextFormat::Utf8));
@@ -267,12 +267,12 @@ TEST_F(TextFiles, AFileThatCannotBeWrittenStaysWhole) {
     EXPECT_EQ(files.files.size(), 1U) << "a temporary file is left";
 }
 
-TEST_F(TextFiles, AnsiWritesWhatTheCodePageHas) {
+TEST_F(mTextUTFTest, AnsiWritesWhatTheCodePageHas) {
     EXPECT_TRUE(write(u"€é中", TextFormat::Ansi));
     EXPECT_EQ(bytes(), "\x80\xE9?");
 }
 
-TEST_F(TextFiles, AppendingWithoutAnyFormatIsAFailure) {
+TEST_F(mTextUTFTest, AppendingWithoutAnyFormatIsAFailure) {
     EXPECT_FALSE(append(u"a", TextFormat::Detect, TextFormat::Detect));
     EXPECT_FALSE(append(u"a", TextFormat::Detect, static_cast<TextFormat>(6)));
     EXPECT_TRUE(files.files.empty());
