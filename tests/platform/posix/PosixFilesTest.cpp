@@ -1,0 +1,51 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/TemporaryFolder.h"
+
+namespace {
+
+class PosixFilesTest : public testing::Test {
+protected:
+    TemporaryFolder folder;
+    PosixFiles files;
+};
+
+TEST_F(PosixFilesTest, WritingNeverFollowsALink) {
+    ASSERT_TRUE(files.write(folder.at(u"target"), "precious"));
+    ASSERT_EQ(::symlink(folder.native("target").c_str(), folder.native("link").c_str()), 0);
+    EXPECT_FALSE(files.write(folder.at(u"link"), "x"));
+    EXPECT_FALSE(files.append(folder.at(u"link"), "x"));
+    EXPECT_EQ(files.read(folder.at(u"target")), "precious");
+    EXPECT_EQ(files.read(folder.at(u"link")), "precious");
+}
+
+TEST_F(PosixFilesTest, ANameThatLeadsNowhereExists) {
+    ASSERT_EQ(::symlink(folder.native("nothing").c_str(), folder.native("link").c_str()), 0);
+    EXPECT_TRUE(files.exists(folder.at(u"link")));
+    EXPECT_EQ(files.size(folder.at(u"link")), std::nullopt);
+}
+
+TEST_F(PosixFilesTest, APipeIsNoFileAndDoesNotHang) {
+    ASSERT_EQ(::mkfifo(folder.native("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(files.read(folder.at(u"pipe")), std::nullopt);
+    EXPECT_FALSE(files.write(folder.at(u"pipe"), "x"));
+}
+
+TEST_F(PosixFilesTest, ANewFileHasTheUsersDefaultPermissions) {
+    const mode_t mask = ::umask(027);
+    EXPECT_TRUE(files.write(folder.at(u"new"), "x"));
+    ::umask(mask);
+    struct stat status {};
+    ASSERT_EQ(::stat(folder.native("new").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+TEST_F(PosixFilesTest, AMissingFolderCannotTakeAFile) {
+    EXPECT_FALSE(files.write(folder.at(u"none/List.ini"), "x"));
+    EXPECT_FALSE(files.append(folder.at(u"none/List.ini"), "x"));
+}
+
+}  // namespace
