@@ -1,4 +1,4 @@
-// The time of day, for names of kept files.
+// The current time, for the names of backups.
 #pragma once
 
 // Coordinated universal time by the Gregorian calendar.

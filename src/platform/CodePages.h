@@ -1,4 +1,5 @@
-// Conversion between bytes of the ANSI code page and UTF-16. Nothing fails: what cannot be converted is replaced.
+// Converts between bytes of the ANSI code page and UTF-16. No conversion fails: characters without a counterpart are
+// replaced.
 #pragma once
 
 #include <string>
@@ -8,7 +9,7 @@
 class CodePages {
 public:
     virtual ~CodePages() = default;
-    // NULs pass.
+    // NULs are kept.
     virtual std::u16string decode(std::string_view bytes) = 0;
     // A character that the code page lacks becomes "?".
     virtual std::string encode(std::u16string_view text) = 0;

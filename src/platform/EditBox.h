@@ -1,4 +1,4 @@
-// The single-line edit box that is laid over a grid cell. A child of the main window's client area.
+// The single-line edit box over a grid cell, a child of the main window's client area.
 #pragma once
 
 #include <string>
@@ -16,8 +16,8 @@ public:
     virtual ~EditBox() = default;
     // The listener outlives the window; set once, before the window is shown.
     virtual void setListener(EditBoxListener& listener) = 0;
-    // Most UTF-16 units that typing and pasting may reach; a text set by setText is never cut by it.
-    // A paste is cut to what fits. Line breaks never enter the text.
+    // Maximum length by typing or pasting, in UTF-16 units; a longer paste is cut. setText is never truncated. The text
+    // never contains a line break.
     virtual void setLimit(int units) = 0;
     virtual void setText(std::u16string_view text) = 0;  // caret at the end, everything selected
     virtual std::u16string text() const = 0;

@@ -1,5 +1,5 @@
 // A list of station records as rows of cells: the only copy of the records in memory.
-// Implemented once, in portable code; a backend reads it to draw and reports selection into it.
+// Implemented once, in portable code. A backend draws it and sets the selection.
 #pragma once
 
 #include <initializer_list>
@@ -10,7 +10,7 @@
 struct GridColumn {
     std::u16string caption;
     std::u16string key;  // four capital letters; identifies the header in a click
-    double width = 0;    // twips, as the view really shows it
+    double width = 0;    // twips, as shown by the view
 };
 
 // Rows and columns are 1-based everywhere. A row or column outside the grid is a no-op
@@ -22,7 +22,7 @@ public:
     virtual const std::vector<GridColumn>& columns() const = 0;
     virtual void addColumn(std::u16string caption, std::u16string key, double widthTwips) = 0;
     virtual void setColumnWidth(int column, double widthTwips) = 0;
-    // The user has dragged a column; called by the view, which already shows the width.
+    // Called by the view after the user has dragged a column; the view already shows the width.
     virtual void columnDragged(int column, double widthTwips) = 0;
 
     virtual int rowCount() const = 0;
@@ -35,12 +35,12 @@ public:
     virtual void clear() = 0;
 
     virtual bool isSelected(int row) const = 0;
-    // Called by the view as the user selects; tells the view nothing back.
+    // Called by the view when the user selects; does not notify the view.
     virtual void setSelected(int row, bool selected) = 0;
     // First selected row, 0 when none is.
     virtual int firstSelected() const = 0;
 
-    // Between the two calls (they nest) the view is told nothing; at the end it is reset once.
+    // The view gets no notification between the two calls, which nest, and one reset after the last endUpdate.
     virtual void beginUpdate() = 0;
     virtual void endUpdate() = 0;
 };

@@ -5,7 +5,7 @@
 
 class Grid;
 
-// Key codes and shift states are the classic ones on every system.
+// Windows virtual-key codes and shift states, on every system.
 namespace Key {
 inline constexpr int Enter = 13;
 inline constexpr int Left = 37;
@@ -24,12 +24,12 @@ inline constexpr int Alt = 4;  // AltGr reports Alt, with or without Ctrl
 class GridListener {
 public:
     virtual ~GridListener() = default;
-    // True: the key has been used and must not reach the control.
+    // Returns true if the key is handled and must not reach the control.
     virtual bool keyDown(int key, int shift) = 0;
     virtual void pointerMoved(double x, double y) = 0;
-    // The user asks for the popup menu with the pointer; the selection has been updated already.
+    // The user asks for the popup menu with the pointer; the selection is already up to date.
     virtual void rightButton(double x, double y) = 0;
-    // The same with the menu key or Shift+F10; y is the middle of the focused row.
+    // The user asks for the popup menu with the menu key or Shift+F10; y is the middle of the focused row.
     virtual void menuKey(double y) = 0;
     virtual void itemClicked() = 0;        // left click on a row
     virtual void itemDoubleClicked() = 0;  // left double-click on a row; the row is selected

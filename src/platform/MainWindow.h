@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-// What the backend needs to build the window; every text of it comes from here. Lengths in twips.
+// Texts and sizes from which a backend builds the window. Lengths are in twips.
 struct WindowDesign {
     std::u16string caption;
     std::array<std::u16string, 4> tabCaptions;
@@ -25,7 +25,7 @@ public:
     virtual ~MainWindowListener() = default;
     // The window has become the active one.
     virtual void windowGotFocus(CameFrom from) = 0;
-    // The window is about to close (close box, session end, termination signal); may be told more than once.
+    // The window is about to close (close box, session end, termination signal). May be called more than once.
     virtual void windowClosing() = 0;
 };
 
@@ -35,6 +35,6 @@ public:
     // The listener outlives the window; set once, before the window is shown.
     virtual void setListener(MainWindowListener& listener) = 0;
     virtual void setEnabled(bool enabled) = 0;
-    // As a click on the close box, also while disabled. The program ends when no window is left.
+    // Acts as a click on the close box, even while disabled. The program ends when no window is left.
     virtual void close() = 0;
 };

@@ -26,7 +26,7 @@ inline constexpr int No = 7;
 class StandardMessageBox {
 public:
     virtual ~StandardMessageBox() = default;
-    // Modal over the active window of the program; returns the button pressed. Closing the box answers
-    // Cancel where there is such a button, else Ok. The button captions are the system's own.
+    // Modal over the active window of the program; returns the button pressed. Closing the box returns Cancel if the
+    // box has that button, Ok otherwise. The system provides the button captions.
     virtual int show(std::u16string_view text, int style, std::u16string_view title) = 0;
 };

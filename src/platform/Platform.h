@@ -1,4 +1,4 @@
-// Everything a backend provides, in one bundle. Only the main window's code holds it whole.
+// Everything that a backend provides. Only the main window takes it whole.
 #pragma once
 
 #include <array>
@@ -21,7 +21,7 @@ class TextCompare;
 class SingleInstance;
 class Clock;
 
-// References stay valid for the life of the process's window.
+// The references outlive the main window.
 struct Platform {
     std::array<GridView*, 4> gridViews;  // by tab
     TabControl& tabs;

@@ -16,6 +16,6 @@ public:
     // The listener outlives the window; set once, before the window is shown.
     virtual void setListener(MenuListener& listener) = 0;
     virtual void setEnabled(MenuItem item, bool enabled) = 0;
-    // Opens at a position of the grid of the given tab (0..3), in twips as in GridListener.
+    // Opens at a position over the grid of the given tab (0..3); twips as in GridListener.
     virtual void show(int tab, double x, double y) = 0;
 };

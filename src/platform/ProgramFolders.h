@@ -1,16 +1,16 @@
-// Where the system lets a program keep its files.
+// The folders in which the system lets a program keep its files.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-// Folders as absolute paths with their trailing separator.
+// Every folder is an absolute path with its trailing separator.
 class ProgramFolders {
 public:
     virtual ~ProgramFolders() = default;
     virtual std::u16string ofExecutable() = 0;
-    // False also when there is no such folder.
+    // False also if the folder does not exist.
     virtual bool canWrite(std::u16string_view folder) = 0;
-    // The sub-folder of that name, made here, in the user's own application data; empty when there is none.
+    // The sub-folder of that name in the user's application data, created if missing; empty on failure.
     virtual std::u16string ofUser(std::u16string_view name) = 0;
 };

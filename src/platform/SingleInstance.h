@@ -4,7 +4,7 @@
 class SingleInstance {
 public:
     virtual ~SingleInstance() = default;
-    // True when another process already runs from this program's folder; otherwise this process has taken
-    // the place, until it ends in whatever way.
+    // True if another process has claimed the same folder of lists. Otherwise this process claims it until it ends,
+    // even by a crash.
     virtual bool previousInstance() = 0;
 };

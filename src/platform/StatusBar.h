@@ -1,10 +1,10 @@
-// The status bar: three panels. Panel 1 is the program's; the short date and the short time
-// in panels 2 and 3 are kept up to date by the backend.
+// The status bar with three panels. Panel 1 shows the program's messages; the backend keeps the short date in panel 2
+// and the short time in panel 3 up to date.
 #pragma once
 
 #include <string_view>
 
-// How long the short time stays as it is, in milliseconds, at least 1.
+// The delay until the short time changes, in milliseconds, at least 1.
 constexpr int millisecondsToNextMinute(int second, int millisecond) {
     const int passed = second * 1000 + millisecond;
     return passed < 60'000 ? 60'000 - passed : 1;  // a leap second counts 60

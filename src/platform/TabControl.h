@@ -1,7 +1,7 @@
 // The tab control SSTab1 of the main window.
 #pragma once
 
-// The tab one step on (1) or back (-1); the last and the first are neighbours. Tabs are 0-based.
+// The next tab (step 1) or the previous one (step -1), cyclic. Tabs are 0-based.
 constexpr int neighbourTab(int tab, int step, int count) { return (tab + step + count) % count; }
 
 class TabListener {

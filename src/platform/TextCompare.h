@@ -1,4 +1,4 @@
-// The platform's text order for people, without regard to letter case.
+// The system's collation of texts, ignoring letter case.
 #pragma once
 
 #include <string_view>

@@ -16,10 +16,10 @@ struct DiskGeometry {
 class Volumes {
 public:
     virtual ~Volumes() = default;
-    // Roots in the fixed order of the search, each with its trailing separator: a:\ to z:\ in lower case,
-    // or the mount points in the order of their texts.
+    // Roots in the order of the search, each with its trailing separator: a:\ to z:\ in lower case, or the mount points
+    // in the order of their text.
     virtual std::vector<std::u16string> roots() = 0;
-    // False: nothing stands behind this root.
+    // False if no volume has this root.
     virtual bool isPresent(std::u16string_view root) = 0;
     // The volume's label; nullopt when the volume cannot be queried (an empty card reader).
     virtual std::optional<std::u16string> label(std::u16string_view root) = 0;

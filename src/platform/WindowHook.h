@@ -1,4 +1,4 @@
-// A thread-local computer-based-training hook and the few window queries that its procedure needs.
+// A thread-local computer-based-training (CBT) hook and the window queries that its procedure needs.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ public:
     virtual ~HookListener() = default;
     // For kHookActivate the window is the one about to be activated. 0 allows the activation.
     virtual std::intptr_t hookProcedure(int code, std::uintptr_t window, std::intptr_t other) = 0;
-    // 0 ends the walk, 1 goes on with the next child.
+    // 0 ends the enumeration, 1 continues with the next child.
     virtual int childProcedure(WindowHandle child) = 0;
 };
 
@@ -27,7 +27,7 @@ public:
     virtual HookHandle setHook(int hookType, HookListener& listener) = 0;
     virtual void unhook(HookHandle hook) = 0;
     virtual std::intptr_t callNext(HookHandle hook, int code, std::uintptr_t window, std::intptr_t other) = 0;
-    // Calls childProcedure for each child, grandchildren included, until it answers 0.
+    // Calls childProcedure for each descendant until it returns 0.
     virtual void enumerateChildren(WindowHandle parent, HookListener& listener) = 0;
     virtual std::u16string className(WindowHandle window) = 0;  // a push button's is "Button"
     virtual std::u16string caption(WindowHandle window) = 0;    // with its "&" mnemonic mark
