@@ -27,7 +27,7 @@ def draw(source):
             below = included.rsplit("/", 1)[0]
             if below in FOLDERS and below != folder:
                 edges.add((folder, below))
-    # An arrow that other arrows imply says nothing new.
+    # Leave out arrows that other arrows imply.
     direct = [(upper, lower) for upper, lower in edges
               if not any((upper, middle) in edges and (middle, lower) in edges for middle in FOLDERS)]
     highest_first = FOLDERS[::-1]

@@ -28,7 +28,7 @@ FOLDERS = (
     "ctl",
     "main",
 )
-# Known to the programs only; the POSIX services to the toolkits that run on them, too.
+# Only the programs know a backend; the Qt backend also uses the POSIX services.
 BACKENDS = {
     "platform/posix": ("platform/qt", "main"),
     "platform/qt": ("main",),
@@ -63,7 +63,7 @@ class Source:
         self.folder = self.name.rsplit("/", 1)[0] if "/" in self.name else ""
         text = path.read_text(encoding="utf-8")
         self.line_count = len(text.splitlines())
-        # Comments go, their line ends stay, so that the numbers reported are those of the file.
+        # Keep the line ends of removed comments so that reported line numbers stay right.
         text = BLOCK_COMMENT.sub(lambda match: "\n" * match.group().count("\n"), text)
         self.includes = []
         self.conditions = []

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Shows include_rules.py catching each broken rule in a planted tree, and passing a sound one."""
+"""Runs include_rules.py on a correct tree and on trees with one planted fault each."""
 import pathlib
 import subprocess
 import sys
@@ -40,7 +40,7 @@ class IncludeRules(unittest.TestCase):
         return result.returncode, result.stdout.splitlines()
 
     def assert_broken(self, changes, *expected):
-        """Just the expected findings, each given as the start of its line."""
+        """Expects exactly these findings, each given as the start of its line."""
         code, lines = self.run_on(changes)
         self.assertEqual(code, 1, lines)
         self.assertEqual(len(lines), len(expected), lines)

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Every file that a page of the project links to or names as a path is there.
+"""Checks that every file that a page links to or names as a path exists.
 
 usage: links.py ROOT
 """

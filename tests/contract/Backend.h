@@ -1,5 +1,4 @@
-// What a backend must make for the cases that every backend passes. Each backend's test program links one
-// implementation of makeBackend().
+// What the contract cases need of a backend. Each backend's test program links one implementation of makeBackend().
 #pragma once
 
 #include <chrono>
@@ -15,7 +14,7 @@
 #include "platform/SingleInstance.h"
 #include "platform/TextCompare.h"
 
-// A folder for one test, emptied and removed with the object.
+// A folder for one test, removed with its content by the destructor.
 class TestFolder {
 public:
     virtual ~TestFolder() = default;
@@ -26,7 +25,7 @@ public:
     virtual std::vector<std::u16string> names() const = 0;  // of the entries, sorted
 };
 
-// A grid view with access to what it shows. Rows and columns are 1-based.
+// A grid view and what it shows. Rows and columns are 1-based.
 class GridViewProbe {
 public:
     virtual ~GridViewProbe() = default;
@@ -38,7 +37,7 @@ public:
     virtual void userExtendsTo(int row) = 0;
 };
 
-// An edit box on screen, with a user in front of it.
+// An edit box on screen and a simulated user.
 class EditBoxProbe {
 public:
     virtual ~EditBoxProbe() = default;
@@ -49,7 +48,7 @@ public:
     virtual void pressBackspace() = 0;
 };
 
-// Another process that has taken the place of the running program in a folder.
+// Another process that holds the lock of a folder.
 class OtherProcess {
 public:
     virtual ~OtherProcess() = default;
@@ -63,11 +62,11 @@ public:
     virtual std::unique_ptr<TestFolder> folder() = 0;
     virtual Files& files() = 0;
     virtual std::unique_ptr<CodePages> codePages() = 0;
-    // One for each language setting worth testing.
+    // One for each language setting under test.
     virtual std::vector<std::unique_ptr<TextCompare>> textCompares() = 0;
     virtual std::unique_ptr<GridViewProbe> gridView() = 0;
 
-    // Null where the backend is a fake.
+    // Null if the backend is a fake.
     virtual std::unique_ptr<EditBoxProbe> editBox() = 0;
     virtual std::unique_ptr<SingleInstance> singleInstance(std::u16string_view folder) = 0;
     virtual std::unique_ptr<OtherProcess> otherProcess(std::u16string_view folder) = 0;

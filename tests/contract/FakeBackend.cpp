@@ -1,4 +1,4 @@
-// The fakes before the same cases as the real backends: what the unit tests stand on must be true.
+// Runs the contract cases on the fakes, so that the unit tests rely on fakes that behave as real backends do.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -36,7 +36,7 @@ private:
     FakeFiles& files_;
 };
 
-// Shows as many rows as it has been told of, and takes their cells from the grid as a real view does.
+// Shows as many rows as it was notified of and reads their cells from the grid, as a real view does.
 class CountingView : public FakeGridView {
 public:
     void afterAppend(int row) override {

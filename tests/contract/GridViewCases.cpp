@@ -15,10 +15,10 @@ protected:
         rows.addColumn(u"Frequency(kHz)", u"FREQ", 2000);
     }
 
-    // A view goes before its grid and its listener.
+    // The view is destroyed before its grid and its listener.
     ~GridViewContract() override { probe.reset(); }
 
-    // What the view shows must be what the grid holds.
+    // Compares the cells shown with the cells of the grid.
     void expectSame() {
         ASSERT_EQ(probe->shownRows(), rows.rowCount());
         for (int row = 1; row <= rows.rowCount(); ++row) {

@@ -1,4 +1,4 @@
-// A listener for tests that look at something else.
+// A listener that ignores every event.
 #pragma once
 
 #include "platform/GridView.h"

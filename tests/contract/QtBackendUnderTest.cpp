@@ -1,4 +1,4 @@
-// The Qt backend before the contract cases, on Qt's offscreen platform.
+// Runs the contract cases on the Qt backend, on Qt's offscreen platform.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>

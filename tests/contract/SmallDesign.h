@@ -1,4 +1,4 @@
-// The window that the real backends open for their cases.
+// The design of the window that the real backends open for the contract cases.
 #pragma once
 
 #include "shell/Design.h"

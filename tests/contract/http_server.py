@@ -135,7 +135,7 @@ class Server(ThreadingHTTPServer):
     daemon_threads = True
 
     def handle_error(self, request, client_address):
-        if not isinstance(sys.exc_info()[1], ConnectionError):  # clients that give up are part of the tests
+        if not isinstance(sys.exc_info()[1], ConnectionError):  # some tests disconnect early on purpose
             super().handle_error(request, client_address)
 
 

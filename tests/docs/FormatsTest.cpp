@@ -14,7 +14,7 @@ constexpr const char16_t* kListFile = u"/app/List.ini";
 constexpr const char16_t* kUserFile = u"/app/User.ini";
 constexpr std::string_view kBlankLine = " \r\n";
 
-// The examples of docs/formats.md, as a programmer would feed them to the program.
+// Loads, saves and syncs the examples of docs/formats.md.
 class FormatsTest : public ::testing::Test {
 protected:
     ~FormatsTest() override { SetCurrentTab(0); }
@@ -37,7 +37,7 @@ protected:
         return rows;
     }
 
-    // A saved file without the one byte 00 that it may hold.
+    // A saved file without the NUL byte that it may contain.
     std::string saved(const char16_t* path) {
         std::string bytes = platform.files.files[path];
         if (const std::size_t zero = bytes.find('\0'); zero != bytes.npos) {

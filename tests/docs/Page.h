@@ -1,4 +1,4 @@
-// A page of docs/, taken apart, so that its examples can be fed to the program.
+// Extracts the examples of a page of docs/.
 #pragma once
 
 #include <string>
@@ -7,10 +7,10 @@
 
 class Page {
 public:
-    // Fails the test when the page is missing or empty.
+    // Fails the test if the page is missing or empty.
     explicit Page(const std::string& name);
 
-    // The lines of the first fenced block of a section, each with the given line end; "" when it has none.
+    // The lines of the first fenced block of a section, each with the given line end; "" if it has none.
     std::string block(std::string_view section, std::string_view lineEnd) const;
     // The rows below the "list | cells" header of a section: the list, then its cells.
     std::vector<std::vector<std::string>> cells(std::string_view section) const;

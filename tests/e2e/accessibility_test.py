@@ -1,4 +1,4 @@
-"""What a listener needs who does not see the screen, or does not use a pointer."""
+"""The window as screen readers and keyboard-only users meet it."""
 import unittest
 
 import listfiles
@@ -21,7 +21,7 @@ def full_lists():
 
 
 def spoken_name(node):
-    """What a reader says for a control: its own name, or the text of its label."""
+    """The name that a screen reader speaks: the control's own name or the text of its label."""
     if node.get_name():
         return node.get_name()
     for relation in node.get_relation_set():
@@ -59,7 +59,7 @@ class ByReader(ProgramCase):
         self.assert_closes(program)
 
     def test_full_lists_are_read_cell_by_cell(self):
-        """As a reader walks: down the tree, and for each cell its text, its state, its place and its way back."""
+        """Walks the tree as a screen reader does and checks each cell's text, state, position and parent."""
         program = self.program(*full_lists()).start()
         for tab in TABS:
             program.show_tab(tab)
@@ -79,7 +79,7 @@ class ByReader(ProgramCase):
         self.assert_closes(program)
 
     def test_the_tree_survives_changes_below_it(self):
-        """A reader holds a cell while its row goes."""
+        """A screen reader holds a cell while its row is deleted."""
         program = self.program(*full_lists()).start()
         held = [program.cell(row, 1) for row in (1, 128, FULL)]
         program.keys("End", "Home", "shift+End", "Delete")

@@ -1,10 +1,10 @@
-"""The Add List dialog of the program, worked with pointer and keyboard."""
+"""Drives the Add List dialog by pointer and keyboard."""
 from nodes import Atspi, box_of, has_state, text_of, tree
 from session import SESSION
 
 
 class AddDialog:
-    """The Add List dialog; its fields are told apart by where they stand."""
+    """The Add List dialog; its fields are identified by their position."""
 
     BOXES = ("programme", "frequency", "target")
     COMBOS = ("start hour", "start minute", "stop hour", "stop minute")
@@ -53,7 +53,7 @@ class AddDialog:
         self.program.type(text)
 
     def step(self, name, item):
-        """Goes down the items of a combo with the arrow key, from none to the item of that number."""
+        """Presses the arrow key in a combo until the item of that number is selected."""
         self.click(name)
         self.program.keys(*["Down"] * (item + 1))
 
@@ -61,7 +61,7 @@ class AddDialog:
         self.press("Save")
 
     def cancel(self):
-        """Clicks the button and waits until the dialog has gone."""
+        """Clicks the button and waits until the dialog is closed."""
         self.press("Cancel")
         self.program.wait(lambda: self.program.window(self.title) is None, "the dialog gone")
 

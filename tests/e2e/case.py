@@ -37,7 +37,7 @@ class ProgramCase(unittest.TestCase):
         return server.address
 
     def assert_cells(self, program, expected):
-        """The grid shown comes to hold just these rows."""
+        """Waits until the grid shown holds exactly these rows."""
         expected = [tuple(row) for row in expected]
         try:
             program.wait(lambda: program.cells() == expected, "the cells")

@@ -22,7 +22,7 @@ class Cells(ProgramCase):
                 self.assert_totals(program, EDIT_HINT)
                 shown = box_of(box)
                 cell = box_of(program.cell(2, column))
-                # The rows share the height of the grid in the box, and one of them is seldom whole.
+                # The box has the height of the grid divided by the rows, one of which is usually cut.
                 for side, slack in (("x", 1), ("y", 1), ("width", 1), ("height", 2)):
                     self.assertAlmostEqual(getattr(shown, side), getattr(cell, side), delta=slack, msg=side)
                 program.keys("Return")
@@ -80,7 +80,7 @@ class Cells(ProgramCase):
         for name, switch in (("keys", lambda: program.keys("ctrl+Tab")),
                              ("pointer", lambda: program.click(program.find(Atspi.Role.PAGE_TAB, "AM List")))):
             program = self.sample_program()
-            # A list takes its size when it is shown first, and again after each change of the window.
+            # A list is resized when it is first shown and after each change of the window.
             for size in (None, (800, 500), (800, 500)):
                 with self.subTest(by=name, size=size):
                     if size:
@@ -120,7 +120,7 @@ class Delete(ProgramCase):
         program.wait(lambda: program.selected_rows() == [2, 5, 6], "three rows selected")
         program.keys("Delete")
         self.assert_cells(program, [rows[0], rows[2], rows[3]])
-        # The totals catch up at the next tab change.
+        # The totals are refreshed at the next tab change.
         self.assertEqual(program.totals(), DELETE_HINT)
         program.show_tab("FM List")
         program.show_tab("DRM List")

@@ -1,4 +1,4 @@
-"""Servers that mean no good, and places where a download cannot go: a message, nothing left behind, the list as it was."""
+"""Hostile servers and unwritable targets: one message, no file left behind, the list unchanged."""
 import gzip
 import os
 import pathlib
@@ -47,7 +47,7 @@ class RawServer:
                 while connection.recv(4096):
                     pass
             except OSError:
-                pass  # the program has hung up
+                pass  # the program has disconnected
 
     def close(self):
         self.listener.close()
@@ -114,7 +114,7 @@ class Hostile(ProgramCase):
             connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
             for byte in body(content):
                 connection.sendall(bytes([byte]))
-                time.sleep(0.005)  # the server's own slowness, which is what is tested
+                time.sleep(0.005)  # the slowness of the server is what the case tests
         program = self.sync(drip, "The number of new station is: 1")
         self.assert_cells(program, [("P", "6000", "06:00-07:00", "T")])
 

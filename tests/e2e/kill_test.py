@@ -1,4 +1,4 @@
-"""The program is killed at random moments of edits and saves; each restart shows every edit that had been finished.
+"""Kills the program at random moments of edits and saves; each restart shows every finished edit.
 
 HALCYON_KILLS says how often (50) at least, HALCYON_SEED with which choices; a failure names its seed. There are more
 kills where the machine is so slow that hardly a command has been finished.
@@ -21,7 +21,7 @@ ROWS = [("One", "6095", "06:00-07:30", "Europe"), ("Two", "15000", "08:00-09:00"
 
 
 class Killed(Exception):
-    """The program is gone: nothing more can be asked of it."""
+    """The program has been killed."""
 
 
 class MortalProgram(Program):
@@ -83,14 +83,14 @@ class Kills(ProgramCase):
         try:
             while True:
                 self.command(program)
-        except Exception as error:  # whatever a dying program makes of a question
+        except Exception as error:  # a dying program may answer anything
             killer.join()
             if not isinstance(error, Killed) and program.process.wait(5) is None:
                 raise
         program.process.wait(5)
         self.lost += self.pending is not None
         if self.finished == finished:
-            self.pace *= 1.2  # it may be slower than was thought
+            self.pace *= 1.2  # the machine may be slower than measured before
 
     def command(self, program):
         step = self.random.randrange(8)

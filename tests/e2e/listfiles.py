@@ -8,7 +8,7 @@ def finished(lines):
     """The bytes of a file whose sections are these lines, with its blank first line and its end marker."""
     text = "\r\n".join([" ", *lines]) + "\r\n"
     units = len(text.encode("utf-16-le")) // 2
-    # An odd number of units carries one NUL along.
+    # An odd number of units is followed by one NUL.
     return (text + "\0" * (units % 2) + END).encode("utf-8")
 
 

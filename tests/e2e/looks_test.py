@@ -1,4 +1,4 @@
-"""Can it be read: contrast in the palettes of a desktop, and nothing cut off at the scales of a screen."""
+"""Legibility: contrast in the palettes of a desktop, and no text cut off at any scale factor."""
 import os
 import subprocess
 import unittest
@@ -46,13 +46,13 @@ def width_on_screen(program):
 
 
 class Picture:
-    """What the screen shows now."""
+    """The present screen content."""
 
     def __init__(self, name):
         self.path = SESSION.picture(PICTURES / f"looks-{name}.png")
 
     def contrast(self, node, inset=3):
-        """Between the ground of a control, its commonest colour, and the colour in it that differs most."""
+        """The contrast between a control's background, its most frequent colour, and the colour that differs most from it."""
         box = box_of(node)
         area = f"{box.width - 2 * inset}x{box.height - 2 * inset}+{box.x + inset}+{box.y + inset}"
         pixels = subprocess.run(["convert", self.path, "-crop", area, "+repage", "-alpha", "off", "-depth", "8",
@@ -91,7 +91,7 @@ class Contrast(ProgramCase):
                     "the tab shown": program.find(Atspi.Role.PAGE_TAB, "DRM List"),
                     "another tab": program.find(Atspi.Role.PAGE_TAB, "AM List"),
                     "the status line": program.find(Atspi.Role.LABEL, within=bar)})
-                # The palette is really the one asked for.
+                # Checks that the program uses the palette of the test.
                 picture = Picture(palette)
                 self.assertEqual(picture.contrast(program.cell(2, 1))[1], tuple(map(int, view.split(","))))
                 self.assertEqual(picture.contrast(program.cell(1, 1))[1], tuple(map(int, highlight.split(","))))
@@ -139,7 +139,7 @@ class Scale(ProgramCase):
                 self.assert_closes(program)
 
     def assert_holds(self, window, *roles):
-        """Labels and controls of these roles stand whole within their window."""
+        """Labels and controls of these roles lie wholly within their window."""
         outer = box_of(window)
         inner = [node for node in tree(window) if showing(node) and node.get_role() in (Atspi.Role.LABEL, *roles)]
         self.assertGreater(len(inner), 4)

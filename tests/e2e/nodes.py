@@ -1,4 +1,4 @@
-"""The accessibility tree of programs: what a screen reader finds, as the tests ask for it."""
+"""The accessibility tree of a program, as a screen reader finds it."""
 from session import SESSION  # noqa: F401  its bus has to be there before the library is loaded
 
 import gi
@@ -6,7 +6,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-# Answers are asked of the program each time: what was true a moment ago does not count.
+# Never answer from the cache: the state may have changed since.
 Atspi.init()
 
 
@@ -34,7 +34,7 @@ def text_of(node):
 
 
 def box_of(node):
-    """Where it stands on the screen."""
+    """The extents on the screen."""
     return Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
 
 
@@ -49,7 +49,7 @@ def cell_at(grid, row, column):
 
 
 class FocusWatch:
-    """Remembers what reported the focus last."""
+    """Remembers the node that last reported the focus."""
 
     def __init__(self):
         self.last = None

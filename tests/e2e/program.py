@@ -1,4 +1,4 @@
-"""The real program in a fresh folder, seen through accessibility and worked with pointer and keyboard."""
+"""The real program in a fresh folder, read through its accessible tree and driven by pointer and keyboard."""
 import os
 import pathlib
 import shutil
@@ -59,7 +59,7 @@ class Program:
         return self.process.wait(seconds)
 
     def close(self):
-        """As a click on the close box; the exit code."""
+        """Closes the window as a click on the close box does; the exit code."""
         self.keys("alt+F4")
         return self.wait_for_end()
 
@@ -78,7 +78,7 @@ class Program:
     # Looking
 
     def ask(self, question, otherwise=None):
-        """An answer of the accessibility tree; `otherwise` when what was asked has gone meanwhile."""
+        """A value read from the accessible tree; `otherwise` if the node has gone meanwhile."""
         try:
             application = self.application()
             return otherwise if application is None else question(application)
@@ -103,7 +103,7 @@ class Program:
             raise Timeout(f"{error}\npicture: {picture}\n{self.describe()}") from None
 
     def describe(self):
-        """What is showing, for the report of a failure."""
+        """The nodes showing, for the report of a failure."""
         lines = []
 
         def walk(node, depth):
@@ -125,18 +125,18 @@ class Program:
         return next((w for w in self.windows() if w.get_name() == title), None)
 
     def main_window(self):
-        """The window of the program's caption that is no message box: those may carry the same one."""
+        """The window with the program's caption that is no message box; a box may have the same caption."""
         return next(w for w in self.windows() if w.get_name() == CAPTION and w.get_role() not in BOXES)
 
     def find(self, role, name=None, within=None):
-        """The first showing one of that role, and of that name when given; None when there is none."""
+        """The first showing node of that role, and of that name if given; None if there is none."""
         for node in tree(within or self.main_window()):
             if node.get_role() == role and showing(node) and (name is None or node.get_name() == name):
                 return node
         return None
 
     def totals(self):
-        """What panel 1 of the status bar says."""
+        """The text of panel 1 of the status bar."""
         bar = self.find(Atspi.Role.STATUS_BAR)
         if bar is None:
             return ""
@@ -165,7 +165,7 @@ class Program:
         return [Atspi.Table.get_column_header(grid, c) for c in range(Atspi.Table.get_n_columns(grid))]
 
     def click_header(self, caption):
-        # Each click stands apart from the one before, or two would make a double-click.
+        # Two clicks in quick succession would be a double-click.
         self.header_clicks += 1
         node = next(node for node in self.header_nodes() if node.get_name() == caption)
         self.click(node, offset=(20 * (self.header_clicks % 3 - 1), 0))
@@ -185,7 +185,7 @@ class Program:
     # Doing
 
     def has_keyboard(self):
-        """The newest window is the active one, for the toolkit and for the screen: before that, keys are lost."""
+        """Waits until the newest window is active for the toolkit and for the screen; before that, keys are lost."""
         windows = self.windows()
         return windows and has_state(windows[-1], Atspi.StateType.ACTIVE) and SESSION.focus_has_settled()
 
@@ -203,7 +203,7 @@ class Program:
                         "click", "--repeat", count, "--delay", 20, button)
 
     def resize(self, width, height):
-        """Gives the main window another size and waits until the list shown has followed."""
+        """Resizes the main window and waits until the list shown has followed."""
         before = box_of(self.main_window())
         shown = box_of(self.grid())
         found = SESSION.ask_xdotool("search", "--onlyvisible", "--all", "--pid", self.process.pid, "--name", f"^{CAPTION}$")
@@ -241,7 +241,7 @@ class Program:
         self.retype(text)
 
     def edit_by_keys(self, text):
-        """The same of the cell that the keyboard has chosen."""
+        """The same for the cell that the keyboard has selected."""
         self.keys("Return")
         self.wait(self.edit_box, "the edit box")
         self.retype(text)
@@ -261,7 +261,7 @@ class Program:
     # Message boxes and dialogs
 
     def message(self, title=CAPTION):
-        """The text of the message box that is up, once it is."""
+        """Waits for a message box; its text."""
         return self.wait(lambda: self.message_now(title), f"a message box titled {title}")
 
     def message_now(self, title=CAPTION):
@@ -276,7 +276,7 @@ class Program:
         return next((w for w in found if self.buttons(w)), None)
 
     def placed_box(self, title):
-        """The message box once it has the keyboard: until then the window manager may still move it."""
+        """Waits until the message box has the keyboard, because the window manager may move it before; the box."""
         def placed():
             box = self.message_box(title)
             return box if box and has_state(box, Atspi.StateType.ACTIVE) else None
@@ -286,17 +286,17 @@ class Program:
         return [n.get_name() for n in tree(window) if n.get_role() == Atspi.Role.PUSH_BUTTON and showing(n)]
 
     def answer(self, button, title=CAPTION):
-        """Clicks a button of the message box and waits until the box has gone."""
+        """Clicks a button of the message box and waits until the box is closed."""
         self.click(self.find(Atspi.Role.PUSH_BUTTON, button, within=self.placed_box(title)))
         self.wait(lambda: self.message_box(title) is None, "the message box gone")
 
     def answer_then(self, button, text, title=CAPTION):
-        """Clicks a button of the message box and waits until a box with another text is up."""
+        """Clicks a button of the message box and waits for a box with another text."""
         self.click(self.find(Atspi.Role.PUSH_BUTTON, button, within=self.placed_box(title)))
         self.wait(lambda: self.message_now(title) == text, f"a message box saying {text}")
 
     def dialog(self, title):
-        """The Add List dialog once it is up."""
+        """Waits for the Add List dialog; the dialog."""
         self.wait(lambda: (w := self.window(title)) and has_state(w, Atspi.StateType.ACTIVE), f"the dialog {title}")
         return AddDialog(self, title)
 
@@ -318,7 +318,7 @@ class Program:
         return self.wait(self.menu_items, "the items of the popup menu")
 
     def popup_is_up(self):
-        """The screen shows an unmanaged window of the program: a popup."""
+        """True if the screen shows an unmanaged window of the program, a popup."""
         found = SESSION.ask_xdotool("search", "--onlyvisible", "--all", "--pid", self.process.pid)
         return len(found) > len(self.windows())
 

@@ -1,4 +1,4 @@
-"""Volumes to stand for the receiver: real ext2 file systems on loop devices."""
+"""Test volumes in place of the receiver: real ext2 file systems on loop devices."""
 import os
 import pathlib
 import shutil
@@ -7,7 +7,7 @@ import subprocess
 from session import SESSION, need
 
 BLOCK = 1024
-CAPACITY = 999 * BLOCK  # what the receiver's disk has
+CAPACITY = 999 * BLOCK  # the capacity of the receiver's disk
 
 
 def as_root(command):
@@ -28,7 +28,7 @@ def capacity(path):
 
 
 def unmount_strangers():
-    """A receiver that is plugged in would be found before the test's own volumes."""
+    """A plugged-in receiver would be found before the volumes of the test."""
     if not SESSION.private_mounts:
         return
     for line in pathlib.Path("/proc/self/mounts").read_text(encoding="utf-8").splitlines():

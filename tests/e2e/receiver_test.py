@@ -1,4 +1,4 @@
-"""Loading from and saving to the receiver, on volumes really mounted."""
+"""Loading from and saving to the receiver, on mounted volumes."""
 import unittest
 
 import listfiles
@@ -53,7 +53,7 @@ class Load(ProgramCase):
         self.assertEqual(program.message(), f"Can't find any file: {receiver.folder}/User.ini!"
                                             "Please confirm whether the file is exist")
         program.answer("OK")
-        # The first copy has been made, nothing has been reloaded.
+        # The first file has been copied, no list has been reloaded.
         self.assert_cells(program, listfiles.DRM_CELLS)
         self.assertEqual(program.read("List.ini"), list_ini(listfiles.DRM[:1]))
         (receiver.folder / "List.ini").unlink()
@@ -65,7 +65,7 @@ class Load(ProgramCase):
 
 class Discovery(ProgramCase):
     def test_the_lower_mount_point_wins(self):
-        # Mounted last, first in the order of the texts.
+        # Mounted last, but first in the order of the mount points.
         self.receiver("volume-b", files={"List.ini": list_ini(listfiles.DRM), "User.ini": user_ini()})
         self.receiver("volume-a", files={"List.ini": list_ini(listfiles.DRM[:1]), "User.ini": user_ini()})
         program = self.program().start()
@@ -109,7 +109,7 @@ class Save(ProgramCase):
         self.assert_file_becomes(program, receiver.folder / "User.ini", SAMPLE_USER)
         self.assertIn(b"[AMSchedule0]\r\nFrequency=999\r\n", receiver.read("List.ini"))
         self.assertEqual(program.read("List.ini"), edited)
-        # What the copying needs beside them goes again.
+        # The temporary files are removed.
         program.wait(lambda: {path.name for path in receiver.folder.iterdir()} == {"List.ini", "User.ini", "lost+found"},
                      "only the two files left on the receiver")
         self.assert_closes(program)

@@ -1,4 +1,4 @@
-"""What the program opens for writing: files of its own folder, of the receiver and nothing else of the user's."""
+"""The program opens only files of its own folder and of the receiver for writing."""
 import re
 import unittest
 
@@ -47,7 +47,7 @@ class Rights(ProgramCase):
         for expected in ("List.ini.k7new", "Recovery/Snapshot1", "DRMSchedule.ini"):
             self.assertIn(str(program.folder / expected), touched)
         own = (str(program.folder) + "/", str(receiver.folder) + "/")
-        # Devices hold nothing; caches and settings of the toolkit live in the folders that are theirs.
+        # Devices store nothing; the toolkit has folders of its own for caches and settings.
         toolkit = ("/dev/", "/proc/", str(SESSION.folder / "cache"), str(SESSION.folder / "config"))
         self.assertEqual(sorted(p for p in touched if not p.startswith(own + toolkit)), [])
 

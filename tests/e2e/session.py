@@ -1,4 +1,4 @@
-"""A desktop of the tests' own: virtual screen, session bus with accessibility, window manager, private mounts.
+"""A desktop for the tests: virtual screen, session bus with accessibility, window manager, private mounts.
 
 One per test process. Importing this module starts it, because the accessibility library reads the bus address
 when it is first loaded; it ends with the process.
@@ -16,16 +16,16 @@ import tempfile
 import time
 
 WIDTH, HEIGHT = map(int, os.environ.get("HALCYON_SCREEN", "1024x768").split("x"))
-PATIENCE = 60.0  # seconds that a condition may take at most; a sound program on an idle machine needs a part of one
+PATIENCE = 60.0  # seconds for a condition; an idle machine needs less than one
 CLONE_NEWNS = 0x00020000
 
 
 class Timeout(AssertionError):
-    """A condition did not come true in time."""
+    """A condition was not met in time."""
 
 
 def wait_until(condition, what, seconds=PATIENCE):
-    """The first true value of the condition. It is asked again and again until then, at most so many seconds."""
+    """Polls the condition until it is true, at most so many seconds; its value."""
     end = time.monotonic() + seconds
     while True:
         value = condition()
@@ -53,10 +53,10 @@ def read_line(stream, what, seconds=PATIENCE):
 
 
 def own_mounts():
-    """Has the mounts of the tests seen by nobody else and end with this process, where that may be: True when so."""
+    """Makes the mounts of the tests private to this process, if permitted; True on success."""
     if os.geteuid() != 0 or ctypes.CDLL(None, use_errno=True).unshare(CLONE_NEWNS) != 0:
         return False
-    # In a changed root the root is no mount of its own; the tests then share what mounts there are.
+    # In a chroot the root is no mount point; the tests then share the mounts of the machine.
     return subprocess.run([need("mount"), "--make-rprivate", "/"], stderr=subprocess.DEVNULL, check=False).returncode == 0
 
 
@@ -66,7 +66,7 @@ class Session:
         self.children = []
         self.private_mounts = own_mounts()
         atexit.register(self.stop)
-        # A test that is told to end takes its screen and its mounts away, too.
+        # A test that is terminated removes its screen and its mounts, too.
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
         self.environment = {
             "PATH": os.environ.get("PATH", "/usr/bin:/bin"),
@@ -79,7 +79,7 @@ class Session:
             "QT_QPA_PLATFORM": "xcb",
             "QT_ACCESSIBILITY": "1",
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            # Of a build with sanitizers: the toolkit and the font library keep what they have until the process ends.
+            # For sanitizer builds: the toolkit and the font library free nothing before the process ends.
             "ASAN_OPTIONS": "detect_leaks=0",
         }
         self.start_screen()
@@ -100,8 +100,8 @@ class Session:
         os.close(writer)
         with os.fdopen(reader, "rb") as stream:
             self.environment["DISPLAY"] = ":" + read_line(stream, "Xvfb")
-        # The first key of the test device changes the keyboard's map, and a window manager that takes its shortcuts
-        # anew then would miss one pressed meanwhile: have it change before there is any.
+        # The first key of the test device changes the keyboard map, and a window manager that then grabs its shortcuts
+        # again may miss a key pressed meanwhile. So the map changes before the window manager starts.
         self.xdotool("key", "Shift_L")
 
     def start_bus(self):
@@ -110,7 +110,7 @@ class Session:
 
     def start_window_manager(self):
         self.start([need("openbox"), "--sm-disable"], stdout=subprocess.DEVNULL)
-        # The window manager is ready once the root window names it.
+        # The window manager is ready once the root window has its name.
         wait_until(lambda: subprocess.run([need("xdotool"), "get_num_desktops"], env=self.environment,
                                           capture_output=True, check=False).returncode == 0, "the window manager")
 
@@ -126,12 +126,12 @@ class Session:
                        stdout=subprocess.DEVNULL)
 
     def ask_xdotool(self, *arguments):
-        """The lines that xdotool answers."""
+        """The lines that xdotool prints."""
         return subprocess.run([need("xdotool"), *map(str, arguments)], env=self.environment, check=False,
                               capture_output=True, text=True).stdout.split()
 
     def focus_has_settled(self):
-        """The window that the window manager calls active has the keyboard."""
+        """Waits until the active window of the window manager has the keyboard."""
         return self.ask_xdotool("getactivewindow") == self.ask_xdotool("getwindowfocus") != []
 
     def stop(self):

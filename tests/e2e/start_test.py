@@ -11,7 +11,7 @@ from nodes import Atspi
 from program import TABS
 from session import SESSION, need
 
-# Root reads and writes whatever the modes of a file say; without these capabilities it does not.
+# Without these capabilities file modes bind root, too.
 AS_ANYBODY = [need("setpriv"), "--bounding-set", "-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
 
 
@@ -101,7 +101,7 @@ class OneInstance(ProgramCase):
         self.assert_closes(program)
         self.assertEqual(program.read("List.ini"), list_ini(edited, listfiles.AM, listfiles.FM))
         self.assertEqual(program.read("User.ini"), SAMPLE_USER)
-        # Nothing of ours is left but the two files.
+        # Only the two files of the program are left.
         left = {path.name for path in program.folder.iterdir()} - {"halcyon_k7", "stderr.txt"}
         self.assertEqual(left, {"List.ini", "User.ini"})
 
@@ -122,10 +122,10 @@ class End(ProgramCase):
 
 
 class BadInput(ProgramCase):
-    """Whatever lies in the folder, the program starts, works and ends."""
+    """The program starts, works and ends with any content of the folder."""
 
     def works(self, program, seconds=60, drm=None, favourites=None):
-        """It starts, shows these rows where any are given, and ends."""
+        """Starts the program, checks the rows if any are given, and closes it."""
         program.start(wrapper=AS_ANYBODY, seconds=seconds)
         if drm is not None:
             self.assert_cells(program, drm)
@@ -157,7 +157,7 @@ class BadInput(ProgramCase):
         self.assertFalse((program.folder / "nowhere").exists())
 
     def test_random_bytes(self):
-        # A fixed sequence: the same in every run.
+        # The fixed seed makes every run the same.
         state, noise = 1, bytearray()
         for _ in range(200_000):
             state = (state * 1103515245 + 12345) % 2**31

@@ -1,4 +1,4 @@
-"""Rebuilding the DRM list from a schedule, downloaded from a server of the test's own."""
+"""Rebuilds the DRM list from a schedule on a server of the test."""
 import pathlib
 import tempfile
 import threading
@@ -96,7 +96,7 @@ class Sync(ProgramCase):
         program.keys("Delete", "Return", "ctrl+Tab", "ctrl+n")
         program.click(program.find(Atspi.Role.PAGE_TAB, "Favourite"))
         program.click(program.header_nodes()[0])
-        # Each question is answered by the loop that takes the input, after what had come before.
+        # The event loop answers each query after the input that came before it.
         for _ in range(3):
             self.assertEqual(program.cells(), DRM_CELLS)
             self.assertEqual(program.headers()[2], "Time(UTC)")

@@ -17,7 +17,7 @@ os.environ["HALCYON_PICTURES"] = str(output)
 shutil.rmtree(output, ignore_errors=True)
 output.mkdir(parents=True)
 
-# These start the virtual screen, so they come after the settings above.
+# These imports start the virtual screen and need the settings above.
 from listfiles import list_ini, user_ini  # noqa: E402
 from program import Program  # noqa: E402
 from receiver import Receiver  # noqa: E402
@@ -41,7 +41,7 @@ class Walk:
         print(f"{self.steps}. {text}\n   {picture}", flush=True)
 
     def plug_in(self):
-        """A receiver with the samples where this user may mount one; else the samples are the working copies."""
+        """Mounts a receiver with the samples if this user may mount; otherwise the samples are the working copies."""
         names = ("List.ini", "User.ini")
         try:
             self.receiver = Receiver(files={name: (samples / name).read_bytes() for name in names})
@@ -90,7 +90,7 @@ class Walk:
         self.step(f"Saved to {folder}")
 
     def expected_files(self):
-        """Composed from the samples alone: what was loaded, the edited frequency, the stations synchronized."""
+        """The expected files, composed from the samples: the lists loaded, the frequency edited, the schedule merged."""
         def records(name, prefix, count, *keys):
             parser = configparser.RawConfigParser()
             parser.read_string((samples / name).read_text(encoding="utf-8"))

@@ -1,4 +1,4 @@
-"""A web server that gives one answer at every address."""
+"""A web server with one answer for every address."""
 import http.server
 import threading
 

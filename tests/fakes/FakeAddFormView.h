@@ -1,4 +1,4 @@
-// The Add List dialog as plain values; types and presses keys as a user would.
+// The Add List dialog as plain values, with a simulated user.
 #pragma once
 
 #include <array>
@@ -40,7 +40,8 @@ public:
     FieldState& at(AddField field) { return fields[static_cast<std::size_t>(field)]; }
     const std::u16string& caption(AddControl control) const { return captions[static_cast<std::size_t>(control)]; }
 
-    // As a backend: the listener first, then the field's own use of the key. True: the listener kept it.
+    // Like a backend, passes the key to the listener first and then to the field. Returns true if the listener keeps
+    // it.
     bool press(AddField field, char16_t character) {
         if (listener->keyPressed(field, character)) {
             return true;

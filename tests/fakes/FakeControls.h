@@ -19,7 +19,7 @@ public:
     bool hasFocus() const override { return focused; }
     double left() const override { return leftTwips; }
 
-    // As a user's click on a tab.
+    // Acts as a user's click on a tab.
     void click(int newTab) {
         tab = newTab;
         if (listener != nullptr) {

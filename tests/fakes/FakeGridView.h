@@ -1,4 +1,4 @@
-// A grid view that draws nothing, records what it is told and reports events on demand.
+// A grid view that draws nothing, records its notifications and reports events on demand.
 #pragma once
 
 #include <algorithm>
@@ -44,9 +44,9 @@ public:
     Grid* grid = nullptr;
     GridListener* listener = nullptr;
     std::vector<std::string> calls;
-    std::function<void()> moved = [] {};  // what a widened column or a row scrolled into view causes
+    std::function<void()> moved = [] {};  // called when a column is widened or a row is scrolled into view
     int focusCount = 0;
-    int topRow = 1;  // the first row in sight
+    int topRow = 1;  // the first visible row
     // A grid of 6,000 by 4,000 twips, 60 right of and 300 below the tab control's corner.
     GridGeometry shape{60, 300, 6000, 4000, 0, 285, 255};
 };

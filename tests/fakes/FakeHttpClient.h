@@ -1,4 +1,4 @@
-// Answers in place of the servers of the web.
+// Returns prepared answers.
 #pragma once
 
 #include <functional>
@@ -19,9 +19,9 @@ public:
     }
     void forgetCached(std::u16string_view url) override { forgotten.emplace_back(url); }
 
-    std::function<void()> during = [] {};  // what happens while the server is waited for
+    std::function<void()> during = [] {};  // called during a download
     HttpAnswer answer{200, u"", {}, false, ""};
-    std::map<std::u16string, HttpAnswer> answersAt;  // by address; elsewhere `answer`
+    std::map<std::u16string, HttpAnswer> answersAt;  // by address; `answer` for any other
     std::vector<std::u16string> urls;
     std::vector<HttpLimits> limitsGiven;
     std::vector<std::u16string> forgotten;

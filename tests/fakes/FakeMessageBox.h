@@ -1,5 +1,4 @@
-// Answers message boxes by script. A box that no test expected, or an answer that is not one of the
-// box's buttons, fails the test.
+// Answers message boxes by script. An unexpected box, or an answer that is no button of the box, fails the test.
 #pragma once
 
 #include <deque>
@@ -18,14 +17,14 @@ public:
         int answer = BoxAnswer::Ok;
     };
 
-    ~FakeMessageBox() override;  // fails the test when an expected box has not been shown
+    ~FakeMessageBox() override;  // fails the test if an expected box was not shown
 
     void expect(Box box) { expected_.push_back(std::move(box)); }
     bool allShown() const { return expected_.empty(); }
     int show(std::u16string_view text, int style, std::u16string_view title) override;
 
     std::vector<Box> shown;
-    std::function<void()> whileShown = [] {};  // what happens before the box is answered
+    std::function<void()> whileShown = [] {};  // called before the box is answered
 
 private:
     std::deque<Box> expected_;

@@ -54,14 +54,14 @@ public:
     bool running = false;
 };
 
-// Stands still until it is set.
+// Does not advance by itself.
 class FakeClock : public Clock {
 public:
     UtcTime now() override { return time; }
     UtcTime time{2026, 11, 20, 22, 45, 1};
 };
 
-// Compares by code after folding the letters A to Z.
+// Compares by code unit after folding A to Z.
 class FakeTextCompare : public TextCompare {
 public:
     int compare(std::u16string_view left, std::u16string_view right) override {

@@ -1,4 +1,4 @@
-// The four lists on fake views, and what tests want to see of them.
+// The four lists on fake views, with short ways to read them.
 #pragma once
 
 #include <array>

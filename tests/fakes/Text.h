@@ -1,4 +1,4 @@
-// UTF-16 made readable in test output.
+// UTF-16 as readable test output.
 #pragma once
 
 #include <string>

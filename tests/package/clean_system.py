@@ -1,4 +1,4 @@
-"""A bare Debian in a folder, as debootstrap makes it: nothing of this project and nothing of a desktop is in it.
+"""A bare Debian in a folder, made by debootstrap: without this project and without a desktop.
 
 The bare system is made once and kept in build/package; each test works in a layer above it that goes with the test.
 """
@@ -30,7 +30,7 @@ def codename():
 
 
 def mirror():
-    """Where this machine itself gets Debian from."""
+    """The Debian mirror of this machine."""
     answer = subprocess.run(["apt-get", "indextargets", "--format", "$(REPO_URI)", "Created-By: Packages",
                              f"Codename: {codename()}", "Component: main"], capture_output=True, text=True, check=False)
     return next(iter(answer.stdout.split()), "http://deb.debian.org/debian")
@@ -86,12 +86,12 @@ class CleanSystem:
         os.chmod(self.root / "dev/shm", 0o1777)
 
     def remove(self):
-        """Takes the mounts away; the folder that they stood on is empty then."""
+        """Unmounts everything; the mount point is empty afterwards."""
         subprocess.run(["umount", "--recursive", "--lazy", self.place], check=False)
         self.place.rmdir()
 
     def run(self, *command):
-        """A command of the system itself, as its administrator; what it says."""
+        """Runs a command in the system as root; its output."""
         result = subprocess.run(["chroot", self.root, *map(str, command)], stdin=subprocess.DEVNULL,
                                 capture_output=True, text=True, check=False,
                                 env={"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND": "noninteractive",
@@ -113,12 +113,12 @@ class CleanSystem:
                 shutil.copy(archive, CACHE / "archives")
 
     def bring(self, path):
-        """A copy of a file of this machine in the system; its path there."""
+        """Copies a file of this machine into the system; its path there."""
         shutil.copy(path, self.root / "root" / path.name)
         return f"/root/{path.name}"
 
     def as_user(self, *command):
-        """Starts a command as a user who may write to nothing but the home folder."""
+        """Starts a command as a user with write access to the home folder only."""
         environment = {"PATH": "/usr/bin:/bin", "HOME": f"/home/{USER}", "LC_ALL": "C.UTF-8",
                        "DISPLAY": SESSION.environment["DISPLAY"]}
         return ["env", "-i", *(f"{name}={value}" for name, value in environment.items()),

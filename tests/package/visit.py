@@ -1,4 +1,4 @@
-"""One visit to a program that a package brought: its window comes, does a job, and closes."""
+"""Starts a packaged program, lets its window do one job and closes it."""
 import pathlib
 import subprocess
 import sys
@@ -6,12 +6,12 @@ import sys
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "e2e"))
 from session import SESSION, Timeout, wait_until  # noqa: E402
 
-START = 120.0  # seconds that a first start may take, on a machine that does other things
+START = 120.0  # seconds for a first start on a loaded machine
 TRIES = 4
 
 
 class Visit:
-    """The program, started by a command, with its window up."""
+    """A started program with its window on screen."""
 
     def __init__(self, command, environment=None):
         log = SESSION.folder / "visit.txt"
@@ -27,11 +27,11 @@ class Visit:
         wait_until(self.takes_keys, "the window active")
 
     def takes_keys(self):
-        """The window manager names a window active before a program that takes the focus by itself has taken it."""
+        """Waits for the focus: the window manager marks a window active before the program has taken the focus."""
         return all(SESSION.ask_xdotool(question) == [self.window] for question in ("getactivewindow", "getwindowfocus"))
 
     def has_class(self, name):
-        """Whether a desktop takes the window for that class, by which it finds the entry of the menu."""
+        """True if the window has that class, by which a desktop finds its menu entry."""
         return self.window in SESSION.ask_xdotool("search", "--onlyvisible", "--class", f"^{name}$")
 
     def keys(self, *keys):
@@ -41,7 +41,7 @@ class Visit:
         SESSION.picture(path)
 
     def press_until(self, done, what, *keys):
-        """Keys that come to nothing are pressed again: just after a start the focus may still be handed about."""
+        """Presses the keys until they have an effect: just after a start the focus may still move."""
         for attempt in range(TRIES):
             self.keys(*keys)
             try:
@@ -51,19 +51,19 @@ class Visit:
                     raise
 
     def delete_first(self, folder):
-        """Deletes the first station of the list shown and waits until the program, which works on that folder, has."""
+        """Deletes the first station of the list shown and waits until the snapshot in the folder shows it."""
         kept = recovery(folder)
         self.press_until(lambda: recovery(folder) != kept, "the deletion", "End", "Home", "Delete")
 
     def sync(self, folder):
-        """Rebuilds the DRM list from the schedule at the configured address, and closes the message that tells so."""
+        """Rebuilds the DRM list from the configured schedule and closes the message about it."""
         kept = recovery(folder)
         self.press_until(lambda: recovery(folder) != kept, "the sync", "ctrl+i")
         wait_until(lambda: not self.takes_keys(), "the message", START)
         self.press_until(self.takes_keys, "the message closed", "Return")
 
     def close(self):
-        """As a click on the close box; the exit code."""
+        """Closes the window as a click on the close box does; the exit code."""
         self.press_until(lambda: self.process.poll() is not None, "the end", "alt+F4")
         return self.process.returncode
 
@@ -74,12 +74,12 @@ class Visit:
 
 
 def recovery(folder):
-    """What the program keeps for a cut-off run; each command that changes a list changes it."""
+    """The snapshot of the program; each command that changes a list changes it."""
     return [path.read_bytes() for path in sorted((folder / "Recovery").iterdir())]
 
 
 def drm_programmes(path):
-    """The programmes of the DRM list in a saved file, and whether the file is whole."""
+    """The programmes of the DRM list in a saved file, and whether the file is complete."""
     text = path.read_bytes().decode("utf-8")
     programmes = []
     for part in text.split("[DRMSchedule")[1:]:

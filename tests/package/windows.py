@@ -1,4 +1,4 @@
-"""Windows programs on the session's screen, by Wine in a prefix that ends with the process."""
+"""Runs Windows programs on the session's screen under Wine, in a prefix that lasts as long as the process."""
 import atexit
 import pathlib
 import subprocess
@@ -21,7 +21,7 @@ def make_prefix():
 
 
 def link_fonts():
-    """Scripts that the font of the windows lacks are drawn from the fonts of this machine, as Windows itself does."""
+    """Lets Wine draw scripts that the window font lacks from other fonts, as Windows does."""
     fonts = r"wqy-zenhei.ttc,WenQuanYi Zen Hei\0Lohit-Devanagari.ttf,Lohit Devanagari"
     for face in ("Tahoma", "DejaVu Sans"):
         run("reg", "add", r"HKLM\Software\Microsoft\Windows NT\CurrentVersion\FontLink\SystemLink", "/f",

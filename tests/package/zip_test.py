@@ -40,13 +40,13 @@ class WindowsZip(unittest.TestCase):
             self.assertIn(f"{NAME}/{name}", names)
 
     def test_the_program_tells_its_version(self):
-        """In its properties, which hold it in UTF-16."""
+        """The version in the file properties, stored as UTF-16."""
         with zipfile.ZipFile(packages / f"{NAME}.zip") as archive:
             program = archive.read(f"{NAME}/Halcyon_K7.exe")
         resources = program.split("VS_VERSION_INFO".encode("utf-16-le"), 1)[1].decode("utf-16-le", errors="ignore")
         for field in ("FileVersion", "ProductVersion"):
             self.assertEqual(resources.split(field + "\0", 1)[1].strip("\0").split("\0")[0], version)
-        # And in its manifest.
+        # The version in the manifest.
         self.assertIn(f'name="Halcyon_K7" version="{version}.0"'.encode(), program)
 
     def test_works_in_its_folder(self):
@@ -64,7 +64,7 @@ class WindowsZip(unittest.TestCase):
         self.assertEqual((folder / "User.ini").read_bytes(), (folder / "samples/User.ini").read_bytes())
 
     def test_works_in_a_folder_that_cannot_be_written(self):
-        """The lists then go to the user's application data."""
+        """The lists then stand in the user's application data."""
         folder = self.unpack(SESSION.folder / "installed")
         as_root(["mount", "--bind", folder, folder])
         self.addCleanup(as_root, ["umount", "--lazy", folder])
