@@ -17,8 +17,6 @@ AddCaptions captions() {
             u"Target:",    u"Save",       u"Cancel"};
 }
 
-ListKind currentKind() { return static_cast<ListKind>(GetCurrentTab()); }
-
 bool isStopTime(AddField field) { return field == AddField::eHourComb || field == AddField::eMinComb; }
 
 std::vector<std::u16string> numbersBelow(int end) {
@@ -53,16 +51,12 @@ void addForm::open() {
 }
 
 bool addForm::hasRoom() {
-    const int tab = tabs_.currentTab();
-    if (!isListTab(tab)) {
-        return false;
-    }
-    const auto kind = static_cast<ListKind>(tab);
-    return kind != ListKind::Favourite && lists_.grid(kind).rowCount() < kMaxRecords;
+    const int tab = currentTab_.GetCurrentTab();
+    return isListTab(tab) && kind() != ListKind::Favourite && lists_.grid(kind()).rowCount() < kMaxRecords;
 }
 
 void addForm::load() {
-    const ListKind kind = currentKind();
+    const ListKind kind = this->kind();
     view_.create(captions(), *this);
     view_.setTitle(kDialogTitle);
     const bool isDrm = kind == ListKind::Drm;
@@ -100,7 +94,7 @@ void addForm::close() {
     // Enabled first: when a window goes away, a system hands the activation only to a window that can take it.
     mainWindow_.setEnabled(true);
     view_.destroy();
-    totals_.showTotalOf(GetCurrentTab());
+    totals_.showTotalOf(currentTab_.GetCurrentTab());
 }
 
 bool addForm::keyPressed(AddField field, int characterCode) {
@@ -122,7 +116,7 @@ void addForm::save() {
         return;
     }
     bool added = false;
-    switch (currentKind()) {
+    switch (kind()) {
         case ListKind::Drm:
             added = saveDrm(programme, frequency);
             break;

@@ -7,18 +7,23 @@
 #include <utility>
 
 #include "adding/FieldRules.h"
+#include "messages/CurrentTab.h"
 #include "messages/Totals.h"
 #include "messages/mMsgBox.h"
 #include "platform/AddFormView.h"
 #include "platform/MainWindow.h"
-#include "platform/TabControl.h"
 #include "storage/stations/StationLists.h"
 
 class addForm : private AddFormListener {
 public:
-    addForm(AddFormView& view, MainWindow& mainWindow, TabControl& tabs, StationLists lists, Totals& totals,
+    addForm(AddFormView& view, MainWindow& mainWindow, const CurrentTab& currentTab, StationLists lists, Totals& totals,
             mMsgBox& messages)
-        : view_(view), mainWindow_(mainWindow), tabs_(tabs), lists_(lists), totals_(totals), messages_(messages) {}
+        : view_(view),
+          mainWindow_(mainWindow),
+          currentTab_(currentTab),
+          lists_(lists),
+          totals_(totals),
+          messages_(messages) {}
 
     // Called after each record added, while the dialog is still open.
     void onAdded(std::function<void()> listener) { added_ = std::move(listener); }
@@ -36,6 +41,8 @@ private:
     void cancelClicked() override { close(); }
     void closeBoxClicked() override { close(); }
 
+    // Of the list shown: the dialog adds to it.
+    ListKind kind() const { return static_cast<ListKind>(currentTab_.GetCurrentTab()); }
     bool hasRoom();
     void load();
     void fillTimeCombos();
@@ -50,7 +57,7 @@ private:
 
     AddFormView& view_;
     MainWindow& mainWindow_;
-    TabControl& tabs_;
+    const CurrentTab& currentTab_;
     StationLists lists_;
     Totals& totals_;
     mMsgBox& messages_;

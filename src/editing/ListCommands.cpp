@@ -1,32 +1,60 @@
 #include "editing/ListCommands.h"
 
+#include <algorithm>
+#include <array>
+
 #include "platform/GridView.h"
 
 namespace {
 
-bool hasSelection(const Grid& grid) { return grid.firstSelected() > 0; }
+enum class Lists { All, AllButFavourites, DrmOnly };
+enum class Needs { Nothing, ASelection, ARow };
+
+// A command with the menu item and the letter that ask for it, and where it is offered.
+struct Entry {
+    Command command;
+    MenuItem item;
+    int letter;  // with Ctrl; 0: none
+    Lists lists;
+    Needs needs;
+
+    bool isAlwaysOffered() const { return lists == Lists::All && needs == Needs::Nothing; }
+};
+
+constexpr std::array<Entry, kMenuItemCount> kEntries{
+    {{Command::Edit, MenuItem::Edt, 'E', Lists::All, Needs::ASelection},
+     {Command::DeleteSelected, MenuItem::Del, 'D', Lists::All, Needs::ASelection},
+     {Command::AddNew, MenuItem::AddNew, 'N', Lists::AllButFavourites, Needs::Nothing},
+     {Command::AddToFavourites, MenuItem::AddTo, 'A', Lists::AllButFavourites, Needs::ASelection},
+     {Command::SyncInternet, MenuItem::SyncInternet, 'I', Lists::DrmOnly, Needs::Nothing},
+     {Command::LoadFromReceiver, MenuItem::LoadFromReceiver, 'L', Lists::All, Needs::Nothing},
+     {Command::SaveToReceiver, MenuItem::SaveToReceiver, 'S', Lists::All, Needs::Nothing},
+     {Command::DeleteAll, MenuItem::DeleteAll, 0, Lists::All, Needs::ARow}}};
+
+bool isIn(Lists lists, ListKind kind) {
+    return lists == Lists::All || (lists == Lists::DrmOnly ? kind == ListKind::Drm : kind != ListKind::Favourite);
+}
+
+bool isMet(Needs needs, const Grid& grid) {
+    switch (needs) {
+        case Needs::ASelection:
+            return grid.firstSelected() > 0;
+        case Needs::ARow:
+            return grid.rowCount() > 0;
+        case Needs::Nothing:
+            break;
+    }
+    return true;
+}
+
+bool isOffered(const Entry& entry, ListKind kind, const Grid& grid) {
+    return isIn(entry.lists, kind) && isMet(entry.needs, grid);
+}
 
 Command ctrlCommand(ListKind kind, const Grid& grid, int key) {
-    const bool favourites = kind == ListKind::Favourite;
-    const auto onlyIf = [](bool offered, Command command) { return offered ? command : Command::None; };
-    switch (key) {
-        case 'N':
-            return onlyIf(!favourites, Command::AddNew);
-        case 'L':
-            return Command::LoadFromReceiver;
-        case 'I':
-            return onlyIf(kind == ListKind::Drm, Command::SyncInternet);
-        case 'S':
-            return Command::SaveToReceiver;
-        case 'E':
-            return onlyIf(hasSelection(grid), Command::Edit);
-        case 'D':
-            return onlyIf(hasSelection(grid), Command::DeleteSelected);
-        case 'A':
-            return onlyIf(!favourites && hasSelection(grid), Command::AddToFavourites);
-        default:
-            return Command::None;
-    }
+    const auto entry = std::find_if(kEntries.begin(), kEntries.end(),
+                                    [key](const Entry& candidate) { return candidate.letter == key && key != 0; });
+    return entry != kEntries.end() && isOffered(*entry, kind, grid) ? entry->command : Command::None;
 }
 
 Command arrowCommand(int key) {
@@ -57,13 +85,16 @@ bool keepsKeyFromGrid(int key, int shift) {
            (shift == Shift::None && (key == Key::Left || key == Key::Right));
 }
 
+Command commandOf(MenuItem item) {
+    const auto entry = std::find_if(kEntries.begin(), kEntries.end(),
+                                    [item](const Entry& candidate) { return candidate.item == item; });
+    return entry != kEntries.end() ? entry->command : Command::None;
+}
+
 void enableMenuItems(PopupMenu& menu, ListKind kind, const Grid& grid) {
-    const bool favourites = kind == ListKind::Favourite;
-    const bool selection = hasSelection(grid);
-    menu.setEnabled(MenuItem::DeleteAll, grid.rowCount() > 0);
-    menu.setEnabled(MenuItem::Edt, selection);
-    menu.setEnabled(MenuItem::Del, selection);
-    menu.setEnabled(MenuItem::AddTo, selection && !favourites);
-    menu.setEnabled(MenuItem::SyncInternet, kind == ListKind::Drm);
-    menu.setEnabled(MenuItem::AddNew, !favourites);
+    for (const Entry& entry : kEntries) {
+        if (!entry.isAlwaysOffered()) {
+            menu.setEnabled(entry.item, isOffered(entry, kind, grid));
+        }
+    }
 }

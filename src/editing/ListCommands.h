@@ -14,6 +14,7 @@ enum class Command {
     SyncInternet,
     SaveToReceiver,
     AddToFavourites,
+    DeleteAll,
     PreviousColumn,
     NextColumn,
 };
@@ -23,5 +24,6 @@ Command commandForKey(ListKind kind, const Grid& grid, int key, int shift);
 // True: the control must not use the key itself (Delete, Enter, Ctrl with a letter, plain Left and Right),
 // whether or not it stands for a command in this list.
 bool keepsKeyFromGrid(int key, int shift);
+Command commandOf(MenuItem item);
 // Loading and saving are always offered and never touched.
 void enableMenuItems(PopupMenu& menu, ListKind kind, const Grid& grid);

@@ -6,8 +6,6 @@
 
 namespace {
 
-int currentTab = 0;  // the application-wide current tab
-
 constexpr std::array<std::u16string_view, 4> kLabels = {u"Total Number Of DRM List: ", u"Total Number Of AM List: ",
                                                         u"Total Number Of FM List: ",
                                                         u"Total Number Of Favourite List: "};
@@ -18,10 +16,6 @@ std::u16string decimal(int value) {
 }
 
 }  // namespace
-
-void SetCurrentTab(int index) { currentTab = index; }
-
-int GetCurrentTab() { return currentTab; }
 
 void Totals::ShowTotals() { showTotalOf(tabs_.currentTab()); }
 

@@ -1,4 +1,4 @@
-// The totals line of the status bar and the application-wide current tab.
+// The totals line of the status bar.
 #pragma once
 
 #include <array>
@@ -6,10 +6,6 @@
 #include "platform/Grid.h"
 #include "platform/StatusBar.h"
 #include "platform/TabControl.h"
-
-// The index of the tab shown, one value for the process: 0 DRM, 1 AM, 2 FM, 3 Favourite.
-void SetCurrentTab(int index);
-int GetCurrentTab();
 
 class Totals {
 public:

@@ -24,19 +24,21 @@ MainForm::MainForm(const Platform& platform)
       receiverCopies_(stationLists(), workingCopies_, ReceiverRoot_, loader_, saver_, findDiskDriver_, msgBox_, totals_,
                       platform.files, platform.codePages, backup_),
       recovery_(platform.programFolder, platform.files),
+      keptLists_({&drmLV_, &amLV_, &fmLV_, &favLV_}, saver_, recovery_),
       startUp_(workingCopies_, receiverCopies_, loader_, saver_, recovery_, findDiskDriver_, platform.files,
                platform.codePages),
       validation_(stationLists(), platform.tabs, editState_, msgBox_),
       cellEditing_(stationLists(), platform.tabs, platform.editBox, platform.statusBar, validation_, editState_),
       deleteCommands_(stationLists(), platform.tabs, msgBox_, totals_),
       sortListview_(platform.textCompare),
-      addForm_(platform.addFormView, platform.mainWindow, platform.tabs, stationLists(), totals_, msgBox_),
+      addForm_(platform.addFormView, platform.mainWindow, currentTab_, stationLists(), totals_, msgBox_),
       addToFavourites_(stationLists(), platform.tabs, totals_, msgBox_),
       scheduleSync_(drmLV_, platform.files, platform.codePages, platform.httpClient, platform.statusBar, totals_,
                     msgBox_, platform.programFolder) {
-    const std::array<Grid*, kListCount> grids = {&drmLV_, &amLV_, &fmLV_, &favLV_};
-    for (std::size_t tab = 0; tab < grids.size(); ++tab) {
-        platform.gridViews[tab]->attach(*grids[tab], gridEvents_[tab]);
+    StationLists lists = stationLists();
+    for (int tab = 0; tab < kListCount; ++tab) {
+        const StationList& list = lists[static_cast<ListKind>(tab)];
+        list.view.attach(list.grid, gridEvents_[static_cast<std::size_t>(tab)]);
     }
 }
 
@@ -45,6 +47,11 @@ StationLists MainForm::stationLists() {
                          StationList{ListKind::Am, amLV_, *platform_.gridViews[1]},
                          StationList{ListKind::Fm, fmLV_, *platform_.gridViews[2]},
                          StationList{ListKind::Favourite, favLV_, *platform_.gridViews[3]}});
+}
+
+std::optional<ListKind> MainForm::shownList() const {
+    const int tab = platform_.tabs.currentTab();
+    return isListTab(tab) ? std::optional(static_cast<ListKind>(tab)) : std::nullopt;
 }
 
 bool MainForm::Form_Load() {
@@ -60,12 +67,12 @@ bool MainForm::Form_Load() {
     platform_.popupMenu.setListener(*this);
     backup_.removeLeftovers();
     startUp_.run();
-    keptChanges_ = changes();
-    addForm_.onAdded([this] { keepLists(); });
-    addToFavourites_.onAdded([this] { keepLists(); });
-    scheduleSync_.onRebuilt([this] { keepLists(); });
+    keptLists_.startFromHere();
+    addForm_.onAdded([this] { keptLists_.keep(); });
+    addToFavourites_.onAdded([this] { keptLists_.keep(); });
+    scheduleSync_.onRebuilt([this] { keptLists_.keep(); });
     totals_.ShowTotals();
-    SetCurrentTab(platform_.tabs.currentTab());
+    currentTab_.SetCurrentTab(platform_.tabs.currentTab());
     AfterTabShown();
     return true;
 }
@@ -89,38 +96,18 @@ void MainForm::Form_Unload() {
         return;
     }
     if (!SkipSaveOnExit_) {
-        keepLists();
+        keptLists_.keep();
         saver_.SaveLists();
         if (cellEditing_.isEditing()) {
             // The close box takes no focus: what was typed is committed here. The lists are safe already,
             // should the system end the program while a refused text has its message on screen.
-            lostFocus();
+            commitEdit();
             saver_.SaveLists();
         }
-        endRecovery();
+        keptLists_.end();
     }
     findDiskDriver_.ClearFileAttributes(workingCopies_.UserFilePath);
     platform_.addFormView.destroy();
-}
-
-// What could not be saved waits for the next start.
-void MainForm::endRecovery() {
-    if (saver_.ListsSaved()) {
-        recovery_.discard();
-    } else {
-        recovery_.keep(saver_.compose());
-    }
-}
-
-void MainForm::keepLists() {
-    const std::uint64_t now = changes();
-    if (now != keptChanges_ && recovery_.keep(saver_.compose())) {
-        keptChanges_ = now;
-    }
-}
-
-std::uint64_t MainForm::changes() const {
-    return drmLV_.changes() + amLV_.changes() + fmLV_.changes() + favLV_.changes();
 }
 
 void MainForm::QuitApplication() {
@@ -137,146 +124,13 @@ void MainForm::tabClicked() {
     }
     tabGotFocus();
     AfterTabShown();
-    // Who goes through the tabs by the arrow keys stays on their strip.
-    if (const int tab = platform_.tabs.currentTab(); isListTab(tab) && !platform_.tabs.hasFocus()) {
-        platform_.gridViews[static_cast<std::size_t>(tab)]->takeFocus();
+    // The arrow keys move through the tabs on their strip: it keeps the focus then.
+    if (const auto kind = shownList(); kind && !platform_.tabs.hasFocus()) {
+        stationLists().view(*kind).takeFocus();
     }
 }
 
 void MainForm::tabGotFocus() {
     totals_.ShowTotals();
-    SetCurrentTab(platform_.tabs.currentTab());
+    currentTab_.SetCurrentTab(platform_.tabs.currentTab());
 }
-
-void MainForm::enterPressed() {
-    cellEditing_.enterPressed();
-    keepLists();
-}
-
-void MainForm::lostFocus() {
-    cellEditing_.lostFocus();
-    keepLists();
-}
-
-void MainForm::viewChanged() {
-    // A view may also move in the middle of a command, with the lists half done: nothing to keep then.
-    if (cellEditing_.isEditing()) {
-        cellEditing_.viewChanged();
-        keepLists();
-    }
-}
-
-bool MainForm::LV_KeyDown(ListKind kind, int key, int shift) {
-    run(commandForKey(kind, stationLists().grid(kind), key, shift), kind);
-    keepLists();
-    return keepsKeyFromGrid(key, shift);
-}
-
-void MainForm::LV_RightButton(ListKind kind, double x, double y) {
-    cellEditing_.setLastMouseX(x, y);
-    showPopup(kind, x, y);
-}
-
-void MainForm::LV_DblClick(ListKind kind) {
-    cellEditing_.startEdit(kind);
-    keepLists();
-}
-
-void MainForm::LV_HeaderClick(ListKind kind, std::u16string_view key) {
-    cellEditing_.viewChanged();  // a header takes no focus; the rows are about to move under the box
-    sortListview_.headerClicked(stationLists()[kind], key);
-    keepLists();
-}
-
-void MainForm::showPopup(ListKind kind, double x, double y) {
-    enableMenuItems(platform_.popupMenu, kind, stationLists().grid(kind));
-    platform_.popupMenu.show(static_cast<int>(kind), x, y);
-}
-
-void MainForm::run(Command command, ListKind kind) {
-    switch (command) {
-        case Command::None:
-            break;
-        case Command::DeleteSelected:
-            deleteCommands_.deleteSelected(kind);
-            break;
-        case Command::Edit:
-            cellEditing_.startEdit(kind);
-            break;
-        case Command::AddNew:
-            AddNew_Click();
-            break;
-        case Command::LoadFromReceiver:
-            LoadFromReceiver_Click();
-            break;
-        case Command::SyncInternet:
-            SyncInternet_Click();
-            break;
-        case Command::SaveToReceiver:
-            SaveToReceiver_Click();
-            break;
-        case Command::AddToFavourites:
-            AddTo_Click();
-            break;
-        case Command::PreviousColumn:
-            cellEditing_.moveColumn(kind, -1);
-            break;
-        case Command::NextColumn:
-            cellEditing_.moveColumn(kind, 1);
-            break;
-    }
-}
-
-void MainForm::menuChosen(MenuItem item) {
-    switch (item) {
-        case MenuItem::Edt:
-            Edt_Click();
-            break;
-        case MenuItem::Del:
-            Del_Click();
-            break;
-        case MenuItem::AddNew:
-            AddNew_Click();
-            break;
-        case MenuItem::AddTo:
-            AddTo_Click();
-            break;
-        case MenuItem::SyncInternet:
-            SyncInternet_Click();
-            break;
-        case MenuItem::LoadFromReceiver:
-            LoadFromReceiver_Click();
-            break;
-        case MenuItem::SaveToReceiver:
-            SaveToReceiver_Click();
-            break;
-        case MenuItem::DeleteAll:
-            DeleteAll_Click();
-            break;
-    }
-    keepLists();
-}
-
-void MainForm::Edt_Click() {
-    if (const int tab = platform_.tabs.currentTab(); isListTab(tab)) {
-        cellEditing_.startEdit(static_cast<ListKind>(tab));
-    }
-}
-
-void MainForm::Del_Click() {
-    if (const int tab = platform_.tabs.currentTab(); isListTab(tab)) {
-        deleteCommands_.deleteSelected(static_cast<ListKind>(tab));
-    }
-}
-
-void MainForm::AddNew_Click() { addForm_.open(); }
-
-void MainForm::AddTo_Click() { AddSelectedToFavourites(); }
-
-void MainForm::SyncInternet_Click() { scheduleSync_.SyncDrmSchedule(); }
-
-void MainForm::LoadFromReceiver_Click() { receiverCopies_.ReloadFromReceiver(); }
-
-void MainForm::SaveToReceiver_Click() { receiverCopies_.SaveToReceiver(); }
-
-void MainForm::DeleteAll_Click() { deleteCommands_.DeleteAll_Click(); }

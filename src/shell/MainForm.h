@@ -1,10 +1,11 @@
-// The main window: owns the four lists and the window's state, and hands every event to the subsystem
-// that answers it. Nobody but a main program knows it.
+// The main window: owns the four lists and the window's state, and passes every event to the subsystem
+// that answers it. Only a main program includes it.
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "adding/AddToFavourites.h"
 #include "adding/addForm.h"
@@ -14,6 +15,7 @@
 #include "editing/FieldValidation.h"
 #include "editing/ListCommands.h"
 #include "editing/SortListview.h"
+#include "messages/CurrentTab.h"
 #include "messages/Totals.h"
 #include "messages/mMsgBox.h"
 #include "platform/EditBox.h"
@@ -24,6 +26,7 @@
 #include "platform/TabControl.h"
 #include "receiver/ReceiverCopies.h"
 #include "receiver/mFindDiskDriver.h"
+#include "shell/KeptLists.h"
 #include "shell/StartUp.h"
 #include "storage/lists/ListLoader.h"
 #include "storage/lists/ListSaver.h"
@@ -61,7 +64,7 @@ private:
         void rightButton(double x, double y) override { form_.LV_RightButton(kind_, x, y); }
         void menuKey(double y) override { form_.showPopup(kind_, form_.editState_.lastMouseX, y); }
         void itemClicked() override { form_.cellEditing_.itemClicked(); }
-        void itemDoubleClicked() override { form_.LV_DblClick(kind_); }
+        void itemDoubleClicked() override { form_.run(Command::Edit); }
         void headerClicked(std::u16string_view key) override { form_.LV_HeaderClick(kind_, key); }
         void viewChanged() override { form_.viewChanged(); }
 
@@ -74,15 +77,16 @@ private:
     void windowClosing() override { Form_Unload(); }
     void tabClicked() override;
     void tabGotFocus() override;
-    void enterPressed() override;
-    void lostFocus() override;
+    void enterPressed() override { commitEdit(); }
+    void lostFocus() override { commitEdit(); }
     void menuChosen(MenuItem item) override;
 
     bool LV_KeyDown(ListKind kind, int key, int shift);
     void LV_RightButton(ListKind kind, double x, double y);
-    void LV_DblClick(ListKind kind);
     void LV_HeaderClick(ListKind kind, std::u16string_view key);
     void viewChanged();
+    void commitEdit();
+    void showPopup(ListKind kind, double x, double y);
 
     void Edt_Click();
     void Del_Click();
@@ -93,12 +97,12 @@ private:
     void SaveToReceiver_Click();
     void DeleteAll_Click();
 
-    void run(Command command, ListKind kind);
-    // After each command, so that a run that ends in the middle loses none.
-    void keepLists();
-    void endRecovery();
-    std::uint64_t changes() const;
-    void showPopup(ListKind kind, double x, double y);
+    void PreviousColumn();
+    void NextColumn();
+
+    void run(Command command);
+    // The list of the tab shown; nullopt while the tab control shows none of the four.
+    std::optional<ListKind> shownList() const;
     void AfterTabShown() {}  // a hook for what a tab may need once it is on screen; nothing so far
     StationLists stationLists();
 
@@ -108,6 +112,7 @@ private:
     bool isUnloaded_ = false;
     std::u16string ReceiverRoot_;
     WorkingCopies workingCopies_;
+    CurrentTab currentTab_;
     EditState editState_;
 
     RowStore drmLV_;
@@ -124,7 +129,7 @@ private:
     Backup backup_;
     ReceiverCopies receiverCopies_;
     Recovery recovery_;
-    std::uint64_t keptChanges_ = 0;  // what changes() was when the lists were kept last
+    KeptLists keptLists_;
     StartUp startUp_;
     FieldValidation validation_;
     CellEditing cellEditing_;

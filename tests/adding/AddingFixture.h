@@ -9,17 +9,17 @@
 #include "fakes/FakeMessageBox.h"
 #include "fakes/FakeServices.h"
 #include "fakes/FourLists.h"
+#include "messages/CurrentTab.h"
 #include "messages/Totals.h"
 #include "messages/mMsgBox.h"
 
 class AddingFixture : public testing::Test, protected FourLists {
 protected:
     AddingFixture() { showTab(ListKind::Drm); }
-    ~AddingFixture() override { SetCurrentTab(0); }
 
     void showTab(ListKind kind) {
         tabs.tab = static_cast<int>(kind);
-        SetCurrentTab(tabs.tab);
+        currentTab.SetCurrentTab(tabs.tab);
     }
     void fill(ListKind kind, int rows) {
         while (grid(kind).rowCount() < rows) {
@@ -29,6 +29,7 @@ protected:
     std::string status() const { return narrow(statusBar.message); }
 
     FakeTabControl tabs;
+    CurrentTab currentTab;
     FakeStatusBar statusBar;
     Totals totals{tabs, statusBar, allGrids()};
     FakeMessageBox box;

@@ -6,13 +6,9 @@ class addFormSaveTest : public AddListFixture {};
 
 using F = AddField;
 
-TEST_F(addFormSaveTest, SetUpForTheFavouriteListChangesNothingMoreAndSavesNothing) {
-    tabs.tab = 0;
-    SetCurrentTab(3);
-    form.open();
-    EXPECT_EQ(narrow(dialog.title), "Add List");
-    EXPECT_EQ(narrow(dialog.caption(AddControl::LaFreq)), "kHz");
-    EXPECT_FALSE(dialog.at(F::txtTarget).enabled);
+TEST_F(addFormSaveTest, NothingIsAddedToTheFavouriteList) {
+    openFor(ListKind::Am);
+    currentTab.SetCurrentTab(3);
     typePlain(u"9620");
     save();
     EXPECT_TRUE(dialog.isOpen());
@@ -207,7 +203,7 @@ TEST_F(addFormSaveTest, FieldsHaveNoLengthLimit) {
 TEST_F(addFormSaveTest, TheListKindIsReadAgainWhenSaving) {
     openFor(ListKind::Am);
     typePlain(u"98.5");
-    SetCurrentTab(2);
+    currentTab.SetCurrentTab(2);
     save();
     EXPECT_EQ(rowText(ListKind::Fm, 1), "Radio|98.5|VHF");
     EXPECT_EQ(grid(ListKind::Am).rowCount(), 0);

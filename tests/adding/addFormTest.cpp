@@ -125,7 +125,7 @@ TEST_F(addFormTest, TheFavouriteTabGetsTheFullMessageWhateverItsCount) {
 
 TEST_F(addFormTest, ATabOutsideTheListsGetsTheFullMessageToo) {
     for (const int tab : {-1, 4}) {
-        tabs.tab = tab;
+        currentTab.SetCurrentTab(tab);
         box.expect({u"Max number of each list is 256!"});
         form.open();
         expectClosed();
@@ -165,7 +165,7 @@ TEST_F(addFormTest, EveryWayOutEnablesTheMainWindowAndShowsTheTotalOfTheCurrentT
 TEST_F(addFormTest, TheTotalAtTheEndIsThatOfTheCurrentTabAsTheMainWindowSetIt) {
     fill(ListKind::Favourite, 3);
     openFor(ListKind::Drm);
-    SetCurrentTab(3);
+    currentTab.SetCurrentTab(3);
     form.close();
     EXPECT_EQ(status(), "Total Number Of Favourite List: 3");
 }

@@ -17,8 +17,6 @@ constexpr std::string_view kBlankLine = " \r\n";
 // Loads, saves and syncs the examples of docs/formats.md.
 class FormatsTest : public ::testing::Test {
 protected:
-    ~FormatsTest() override { SetCurrentTab(0); }
-
     void start() { ASSERT_TRUE(form.Form_Load()); }
 
     // Every row shown: its list, then its cells.

@@ -59,7 +59,6 @@ public:
         form_ = std::make_unique<MainForm>(bundle());
         form_->Form_Load();
     }
-    ~Process() { SetCurrentTab(0); }
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 

@@ -76,12 +76,4 @@ TEST_F(TotalsTest, ATotalCanBeShownOfATabThatIsNotTheOneShown) {
     EXPECT_EQ(message(), "Total Number Of Favourite List: 32");
 }
 
-TEST(TotalsTestCurrentTab, IsOneValueForTheProcess) {
-    for (const int tab : {3, 0, 2}) {
-        SetCurrentTab(tab);
-        EXPECT_EQ(GetCurrentTab(), tab);
-    }
-    SetCurrentTab(0);
-}
-
 }  // namespace

@@ -20,7 +20,6 @@ const std::string kTwoStations =
 class MainFormRecoveryTest : public testing::Test {
 protected:
     MainFormRecoveryTest() { platform->files.files[kList] = kTwoStations; }
-    ~MainFormRecoveryTest() override { SetCurrentTab(0); }
 
     void start() {
         form = std::make_unique<MainForm>(platform->bundle);

@@ -32,8 +32,6 @@ std::string listFile(int drm, int am, int fm) {
 
 class MainFormTest : public ::testing::Test {
 protected:
-    ~MainFormTest() override { SetCurrentTab(0); }
-
     void startWith(int drm, int am, int fm) {
         platform.files.files[kList] = listFile(drm, am, fm);
         start();
@@ -94,13 +92,36 @@ TEST_F(MainFormTest, TheTotalsLineCountsTheShownListOnly) {
     EXPECT_EQ(platform.statusBar.history, std::vector<std::u16string>{u"Total Number Of DRM List: 3"});
     platform.tabs.click(1);
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of AM List: 12");
-    EXPECT_EQ(GetCurrentTab(), 1);
     platform.tabs.tab = 2;
     platform.tabs.listener->tabGotFocus();
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of FM List: 2");
-    EXPECT_EQ(GetCurrentTab(), 2);
     platform.tabs.click(3);
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of Favourite List: 0");
+}
+
+TEST_F(MainFormTest, TheDialogAddsToTheListOfTheTabShownLast) {
+    startWith(1, 1, 1);
+    const auto title = [this] {
+        choose(MenuItem::AddNew);
+        platform.addFormView.listener->cancelClicked();
+        return platform.addFormView.title;
+    };
+    EXPECT_EQ(title(), u"Add List--[DRM List]");
+    platform.tabs.click(1);
+    EXPECT_EQ(title(), u"Add List--[AM List]");
+    platform.tabs.tab = 2;
+    platform.tabs.listener->tabGotFocus();
+    EXPECT_EQ(title(), u"Add List--[FM List]");
+}
+
+TEST_F(MainFormTest, ACurrentTabBelongsToItsWindow) {
+    startWith(1, 1, 1);
+    platform.tabs.click(2);
+    FakePlatform second;
+    MainForm other(second.bundle);
+    ASSERT_TRUE(other.Form_Load());
+    choose(MenuItem::AddNew);
+    EXPECT_EQ(platform.addFormView.title, u"Add List--[FM List]");
 }
 
 TEST_F(MainFormTest, EachListIsEditedInItsOwnView) {

@@ -1,0 +1,24 @@
+#include "shell/KeptLists.h"
+
+void KeptLists::keep() {
+    const std::uint64_t now = changes();
+    if (now != keptChanges_ && recovery_.keep(saver_.compose())) {
+        keptChanges_ = now;
+    }
+}
+
+void KeptLists::end() {
+    if (saver_.ListsSaved()) {
+        recovery_.discard();
+    } else {
+        recovery_.keep(saver_.compose());
+    }
+}
+
+std::uint64_t KeptLists::changes() const {
+    std::uint64_t sum = 0;
+    for (const RowStore* rows : rows_) {
+        sum += rows->changes();
+    }
+    return sum;
+}

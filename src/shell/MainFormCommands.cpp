@@ -1,0 +1,98 @@
+// What the window does at the user's events: every key and menu item ends in one table of commands.
+#include <algorithm>
+
+#include "shell/MainForm.h"
+
+void MainForm::commitEdit() {
+    const KeptLists::AtEnd kept(keptLists_);
+    cellEditing_.lostFocus();
+}
+
+void MainForm::viewChanged() {
+    // A view also moves during a command, when the lists may be half done: there is nothing to keep then.
+    if (cellEditing_.isEditing()) {
+        commitEdit();
+    }
+}
+
+bool MainForm::LV_KeyDown(ListKind kind, int key, int shift) {
+    run(commandForKey(kind, stationLists().grid(kind), key, shift));
+    return keepsKeyFromGrid(key, shift);
+}
+
+void MainForm::LV_RightButton(ListKind kind, double x, double y) {
+    cellEditing_.setLastMouseX(x, y);
+    showPopup(kind, x, y);
+}
+
+void MainForm::LV_HeaderClick(ListKind kind, std::u16string_view key) {
+    const KeptLists::AtEnd kept(keptLists_);
+    cellEditing_.viewChanged();  // a header takes no focus; the rows are about to move under the box
+    sortListview_.headerClicked(stationLists()[kind], key);
+}
+
+void MainForm::showPopup(ListKind kind, double x, double y) {
+    enableMenuItems(platform_.popupMenu, kind, stationLists().grid(kind));
+    platform_.popupMenu.show(static_cast<int>(kind), x, y);
+}
+
+void MainForm::menuChosen(MenuItem item) { run(commandOf(item)); }
+
+void MainForm::run(Command command) {
+    struct Handler {
+        Command command;
+        void (MainForm::*run)();
+    };
+    static constexpr std::array<Handler, 10> kHandlers{{{Command::Edit, &MainForm::Edt_Click},
+                                                        {Command::DeleteSelected, &MainForm::Del_Click},
+                                                        {Command::AddNew, &MainForm::AddNew_Click},
+                                                        {Command::AddToFavourites, &MainForm::AddTo_Click},
+                                                        {Command::SyncInternet, &MainForm::SyncInternet_Click},
+                                                        {Command::LoadFromReceiver, &MainForm::LoadFromReceiver_Click},
+                                                        {Command::SaveToReceiver, &MainForm::SaveToReceiver_Click},
+                                                        {Command::DeleteAll, &MainForm::DeleteAll_Click},
+                                                        {Command::PreviousColumn, &MainForm::PreviousColumn},
+                                                        {Command::NextColumn, &MainForm::NextColumn}}};
+    const KeptLists::AtEnd kept(keptLists_);
+    const auto handler = std::find_if(kHandlers.begin(), kHandlers.end(),
+                                      [command](const Handler& entry) { return entry.command == command; });
+    if (handler != kHandlers.end()) {
+        (this->*handler->run)();
+    }
+}
+
+void MainForm::Edt_Click() {
+    if (const auto kind = shownList()) {
+        cellEditing_.startEdit(*kind);
+    }
+}
+
+void MainForm::Del_Click() {
+    if (const auto kind = shownList()) {
+        deleteCommands_.deleteSelected(*kind);
+    }
+}
+
+void MainForm::AddNew_Click() { addForm_.open(); }
+
+void MainForm::AddTo_Click() { AddSelectedToFavourites(); }
+
+void MainForm::SyncInternet_Click() { scheduleSync_.SyncDrmSchedule(); }
+
+void MainForm::LoadFromReceiver_Click() { receiverCopies_.ReloadFromReceiver(); }
+
+void MainForm::SaveToReceiver_Click() { receiverCopies_.SaveToReceiver(); }
+
+void MainForm::DeleteAll_Click() { deleteCommands_.DeleteAll_Click(); }
+
+void MainForm::PreviousColumn() {
+    if (const auto kind = shownList()) {
+        cellEditing_.moveColumn(*kind, -1);
+    }
+}
+
+void MainForm::NextColumn() {
+    if (const auto kind = shownList()) {
+        cellEditing_.moveColumn(*kind, 1);
+    }
+}
