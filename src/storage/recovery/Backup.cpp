@@ -42,7 +42,19 @@ std::optional<int> countOf(std::u16string_view text) {
     return count;
 }
 
+// "List.ini" as "List-" and ".ini": the stamp stands between them.
+struct NameParts {
+    explicit NameParts(std::u16string_view name)
+        : stem(std::u16string(name.substr(0, std::min(name.rfind(u'.'), name.size()))) + u'-'),
+          extension(name.substr(stem.size() - 1)) {}
+
+    std::u16string stem;
+    std::u16string_view extension;
+};
+
 }  // namespace
+
+std::u16string Backup::Copy::id() const { return count > 1 ? stamp + u"-" + decimal(count) : stamp; }
 
 Backup::Backup(std::u16string_view programFolder, Files& files, Clock& clock)
     : folder_(std::u16string(programFolder) + u"Backup"),
@@ -51,10 +63,7 @@ Backup::Backup(std::u16string_view programFolder, Files& files, Clock& clock)
       clock_(clock) {}
 
 void Backup::keep(std::u16string_view name, std::string_view bytes) {
-    const std::size_t dot = std::min(name.rfind(u'.'), name.size());
-    const std::u16string stem = std::u16string(name.substr(0, dot)) + u'-';
-    const std::u16string_view extension = name.substr(dot);
-    std::vector<Copy> copies = copiesOf(stem, extension);
+    const std::vector<Copy> copies = copiesOf(name);
     if (!copies.empty() && files_.read(pathOf(copies.back().name)) == bytes) {
         return;
     }
@@ -64,8 +73,9 @@ void Backup::keep(std::u16string_view name, std::string_view bytes) {
         added.stamp = copies.back().stamp;
         added.count = copies.back().count + 1;
     }
-    added.name = stem + added.stamp + (added.count > 1 ? u"-" + decimal(added.count) : u"");
-    added.name += extension;
+    const NameParts parts(name);
+    added.name = parts.stem + added.id();
+    added.name += parts.extension;
     if (!files_.createFolder(folder_) || !replaceFile(files_, pathOf(added.name), bytes)) {
         return;
     }
@@ -84,20 +94,21 @@ void Backup::removeLeftovers() {
     }
 }
 
-std::vector<Backup::Copy> Backup::copiesOf(std::u16string_view stem, std::u16string_view extension) {
+std::vector<Backup::Copy> Backup::copiesOf(std::u16string_view name) {
+    const NameParts parts(name);
     std::vector<Copy> copies;
-    for (const std::u16string& name : files_.list(folder_)) {
-        std::u16string_view middle = name;
-        if (!middle.starts_with(stem) || !middle.ends_with(extension) ||
-            middle.size() < stem.size() + kStampShape.size() + extension.size()) {
+    for (const std::u16string& found : files_.list(folder_)) {
+        std::u16string_view middle = found;
+        if (!middle.starts_with(parts.stem) || !middle.ends_with(parts.extension) ||
+            middle.size() < parts.stem.size() + kStampShape.size() + parts.extension.size()) {
             continue;
         }
-        middle.remove_prefix(stem.size());
-        middle.remove_suffix(extension.size());
+        middle.remove_prefix(parts.stem.size());
+        middle.remove_suffix(parts.extension.size());
         const std::u16string_view stamp = middle.substr(0, kStampShape.size());
         const auto count = countOf(middle.substr(stamp.size()));
         if (isStamp(stamp) && count) {
-            copies.push_back({std::u16string(stamp), *count, name});
+            copies.push_back({std::u16string(stamp), *count, found});
         }
     }
     std::sort(copies.begin(), copies.end(), [](const Copy& left, const Copy& right) {

@@ -24,14 +24,19 @@ public:
 
     static constexpr std::size_t kCopies = 30;  // of each name
 
-private:
     struct Copy {
         std::u16string stamp;  // "20261120T224501Z"; its order is that of time
         int count = 1;         // of the copies of one second
-        std::u16string name;
-    };
+        std::u16string name;   // in the folder
 
-    std::vector<Copy> copiesOf(std::u16string_view stem, std::u16string_view extension);
+        // "20261120T224501Z", or "20261120T224501Z-2".
+        std::u16string id() const;
+    };
+    // The copies of "List.ini" or "User.ini", the oldest first.
+    std::vector<Copy> copiesOf(std::u16string_view name);
+    std::u16string pathOf(const Copy& copy) const { return pathOf(copy.name); }
+
+private:
     std::u16string pathOf(std::u16string_view copy) const;
 
     std::u16string folder_;

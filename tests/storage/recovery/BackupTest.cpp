@@ -111,3 +111,18 @@ TEST_F(BackupTest, AFailureLeavesTheOldCopies) {
     backup.keep(u"List.ini", "b");
     EXPECT_EQ(names(), Names{u"List-20261120T224501Z.ini"});
 }
+
+TEST_F(BackupTest, CopiesAreListedFromTheOldestToTheNewest) {
+    backup.keep(u"List.ini", "a");
+    backup.keep(u"List.ini", "b");
+    backup.keep(u"User.ini", "c");
+    clock.time.year = 2027;
+    backup.keep(u"List.ini", "d");
+    std::vector<std::u16string> ids;
+    for (const Backup::Copy& copy : backup.copiesOf(u"List.ini")) {
+        ids.push_back(copy.id());
+    }
+    EXPECT_EQ(ids, (Names{u"20261120T224501Z", u"20261120T224501Z-2", u"20271120T224501Z"}));
+    EXPECT_EQ(files.files[backup.pathOf(backup.copiesOf(u"List.ini").back())], "d");
+    EXPECT_EQ(backup.copiesOf(u"User.ini").size(), 1U);
+}
