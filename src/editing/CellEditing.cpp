@@ -40,7 +40,7 @@ void CellEditing::startEdit(ListKind kind) {
         return;
     }
     // Asked for before the box is shown: it may scroll the grid, which ends an edit that is open.
-    const GridGeometry geometry = list.view.geometry(row);
+    const GridGeometry geometry = list.view->geometry(row);
     // The tab control's own top is not added: a fixed inset stands for it.
     const double top = geometry.top + geometry.rowTop + 145;
     const double left = tabs_.left() + geometry.left + geometry.rowLeft + edit_.editCellLeft + 50;

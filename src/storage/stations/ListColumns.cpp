@@ -33,11 +33,13 @@ void addListColumns(StationList& list) {
     for (const Caption& column : captionsOf(list.kind)) {
         list.grid.addColumn(std::u16string(column.caption), std::u16string(column.key), kInitialWidth);
     }
-    applyStandardWidths(list);
+    if (list.view != nullptr) {
+        applyStandardWidths(list);
+    }
 }
 
 std::vector<double> standardWidths(StationList& list) {
-    const double width = list.view.geometry(0).width;
+    const double width = list.view->geometry(0).width;
     if (list.kind == ListKind::Drm) {
         return {width / 5, width / 5, width / 5, width / 3};
     }

@@ -1,4 +1,4 @@
-// The four station lists as the subsystems see them: each a grid and the view that shows it.
+// The four station lists as the subsystems see them: each a grid and, in the window, the view that shows it.
 #pragma once
 
 #include <array>
@@ -8,11 +8,14 @@
 #include "platform/GridView.h"
 #include "storage/stations/ListKind.h"
 
-// One grid with its kind. Owned by the main window, outlives every subsystem.
+// One grid with its kind; grid and view outlive it.
 struct StationList {
+    StationList(ListKind listKind, Grid& rows) : kind(listKind), grid(rows) {}
+    StationList(ListKind listKind, Grid& rows, GridView& shownBy) : kind(listKind), grid(rows), view(&shownBy) {}
+
     ListKind kind;
     Grid& grid;
-    GridView& view;
+    GridView* view = nullptr;  // null for a list that no window shows
 };
 
 class StationLists {
@@ -21,7 +24,8 @@ public:
 
     StationList& operator[](ListKind kind) { return lists_[static_cast<std::size_t>(kind)]; }
     Grid& grid(ListKind kind) { return (*this)[kind].grid; }
-    GridView& view(ListKind kind) { return (*this)[kind].view; }
+    // Only for lists that a window shows.
+    GridView& view(ListKind kind) { return *(*this)[kind].view; }
 
 private:
     std::array<StationList, kListCount> lists_;
