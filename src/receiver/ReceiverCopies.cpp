@@ -1,7 +1,6 @@
 #include "receiver/ReceiverCopies.h"
 
 #include <utility>
-#include <vector>
 
 #include "storage/files/SafeFile.h"
 #include "storage/files/VerifiedFiles.h"
@@ -19,15 +18,14 @@ std::string withoutUtf16(const std::string& bytes, CodePages& codePages) {
 
 }  // namespace
 
-ReceiverCopies::ReceiverCopies(StationLists lists, const WorkingCopies& copies, std::u16string& receiverRoot,
-                               ListLoader& loader, ListSaver& saver, mFindDiskDriver& driver, mMsgBox& messages,
-                               Totals& totals, Files& files, CodePages& codePages, Backup& backup)
+ReceiverCopies::ReceiverCopies(StationLists lists, const WorkingCopies& copies, ReceiverFiles& receiver,
+                               ListLoader& loader, ListSaver& saver, mMsgBox& messages, Totals& totals, Files& files,
+                               CodePages& codePages, Backup& backup)
     : lists_(lists),
       copies_(copies),
-      receiverRoot_(receiverRoot),
+      receiver_(receiver),
       loader_(loader),
       saver_(saver),
-      driver_(driver),
       messages_(messages),
       totals_(totals),
       files_(files),
@@ -35,12 +33,15 @@ ReceiverCopies::ReceiverCopies(StationLists lists, const WorkingCopies& copies, 
       backup_(backup) {}
 
 bool ReceiverCopies::findDisk() {
-    receiverRoot_ = driver_.FindReceiverDisk();
-    if (receiverRoot_.find(kUnknownDriver) == receiverRoot_.npos) {
-        return true;
+    const bool found = receiver_.findDisk();
+    if (!found) {
+        messages_.show(u"Can't find disk,please connect DRM receiver to PC");
     }
-    messages_.show(u"Can't find disk,please connect DRM receiver to PC");
-    return false;
+    return found;
+}
+
+void ReceiverCopies::reportMissing(const std::u16string& path) {
+    messages_.show(u"Can't find any file: " + path + u"!" + u"Please confirm whether the file is exist");
 }
 
 void ReceiverCopies::ReloadFromReceiver() {
@@ -49,12 +50,14 @@ void ReceiverCopies::ReloadFromReceiver() {
     }
     for (const std::u16string& path : {copies_.ListFilePath, copies_.UserFilePath}) {
         if (files_.exists(path)) {
-            driver_.ClearFileAttributes(path);
+            files_.clearAttributes(path);
         }
     }
-    const WorkingCopyBytes shown = saver_.compose();
-    if (!fetch(ListFile::kListName, copies_.ListFilePath, shown.list) ||
-        !fetch(ListFile::kUserName, copies_.UserFilePath, shown.user)) {
+    if (const auto missing = receiver_.missingFile()) {
+        reportMissing(*missing);
+        return;
+    }
+    if (!copyFromReceiver()) {
         return;
     }
     WorkingCopyBytes converted{convertWorkingCopy(copies_.ListFilePath, files_),
@@ -65,29 +68,41 @@ void ReceiverCopies::ReloadFromReceiver() {
     }
 }
 
-bool ReceiverCopies::fetch(std::u16string_view name, std::u16string_view workingCopy) {
-    return fetch(name, workingCopy, std::nullopt);
+bool ReceiverCopies::copyFromReceiver() {
+    auto pair = receiver_.read();
+    if (!pair) {
+        return false;
+    }
+    const WorkingCopyBytes shown = saver_.compose();
+    backUp(ListFile::kListName, copies_.ListFilePath, shown.list);
+    backUp(ListFile::kUserName, copies_.UserFilePath, shown.user);
+    return replaceVerified(
+        files_, {{copies_.ListFilePath, std::move(pair->list)}, {copies_.UserFilePath, std::move(pair->user)}});
 }
 
-// shown: the file as a save would write it; it goes too, and the working copy may not hold it yet.
-bool ReceiverCopies::fetch(std::u16string_view name, std::u16string_view workingCopy,
-                           const std::optional<std::string>& shown) {
-    const std::u16string source = receiverRoot_ + std::u16string(name);
+bool ReceiverCopies::fetch(std::u16string_view name, std::u16string_view workingCopy) {
+    const std::u16string source = receiver_.pathOf(name);
     if (!files_.exists(source)) {
-        messages_.show(u"Can't find any file: " + source + u"!" + u"Please confirm whether the file is exist");
+        reportMissing(source);
         return false;
     }
     const auto bytes = files_.read(source);
     if (!bytes) {
         return false;
     }
+    backUp(name, workingCopy, std::nullopt);
+    return replaceFile(files_, workingCopy, *bytes);
+}
+
+// shown: the file as a save would write it; it goes too, and the working copy may not hold it yet.
+void ReceiverCopies::backUp(std::u16string_view name, std::u16string_view workingCopy,
+                            const std::optional<std::string>& shown) {
     if (const auto present = files_.read(workingCopy)) {
         backup_.keep(name, withoutUtf16(*present, codePages_));
     }
     if (shown) {
         backup_.keep(name, *shown);
     }
-    return replaceFile(files_, workingCopy, *bytes);
 }
 
 void ReceiverCopies::reloadGrids(WorkingCopyBytes bytes) {
@@ -113,17 +128,9 @@ void ReceiverCopies::SaveToReceiver() {
 }
 
 void ReceiverCopies::copyToReceiver() {
-    std::vector<NewFile> copies;
-    for (const auto& [name, workingCopy] : {std::pair(ListFile::kListName, &copies_.ListFilePath),
-                                            std::pair(ListFile::kUserName, &copies_.UserFilePath)}) {
-        auto bytes = readWorkingCopy(*workingCopy, files_);
-        if (!bytes) {
-            return;
-        }
-        copies.push_back({receiverRoot_ + std::u16string(name), std::move(*bytes)});
-        if (const auto old = files_.read(copies.back().path)) {
-            backup_.keep(name, *old);
-        }
+    auto list = readWorkingCopy(copies_.ListFilePath, files_);
+    auto user = readWorkingCopy(copies_.UserFilePath, files_);
+    if (list && user) {
+        receiver_.replace({std::move(*list), std::move(*user)});
     }
-    replaceVerified(files_, copies);
 }

@@ -1,4 +1,4 @@
-// The files on the receiver's disk: "Load From Receiver" and "Save To Receiver".
+// The two commands of the window for the receiver's disk: "Load From Receiver" and "Save To Receiver".
 #pragma once
 
 #include <optional>
@@ -9,7 +9,7 @@
 #include "messages/mMsgBox.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
-#include "receiver/mFindDiskDriver.h"
+#include "receiver/ReceiverFiles.h"
 #include "storage/lists/ListLoader.h"
 #include "storage/lists/ListSaver.h"
 #include "storage/lists/WorkingCopies.h"
@@ -18,14 +18,14 @@
 
 class ReceiverCopies {
 public:
-    // All references outlive this object. receiverRoot is set by every search for the disk.
-    ReceiverCopies(StationLists lists, const WorkingCopies& copies, std::u16string& receiverRoot, ListLoader& loader,
-                   ListSaver& saver, mFindDiskDriver& driver, mMsgBox& messages, Totals& totals, Files& files,
-                   CodePages& codePages, Backup& backup);
+    // All references outlive this object.
+    ReceiverCopies(StationLists lists, const WorkingCopies& copies, ReceiverFiles& receiver, ListLoader& loader,
+                   ListSaver& saver, mMsgBox& messages, Totals& totals, Files& files, CodePages& codePages,
+                   Backup& backup);
 
-    // Replaces the working copies by the receiver's files and shows them; what is replaced is backed up. A missing disk
-    // or file gives a message; then, and when a file cannot be copied or converted (silently), the grids stay as they
-    // are.
+    // Replaces both working copies by the receiver's files and shows them; what is replaced is backed up. A missing
+    // disk or file gives a message; then, and when a file cannot be copied or converted (silently), the grids stay as
+    // they are. Both working copies are replaced or neither is.
     void ReloadFromReceiver();
     // Saves the grids into the working copies, then copies these to the receiver: both files or neither. The
     // receiver's old files are backed up.
@@ -36,16 +36,17 @@ public:
 
 private:
     bool findDisk();
-    bool fetch(std::u16string_view name, std::u16string_view workingCopy, const std::optional<std::string>& shown);
+    void reportMissing(const std::u16string& path);
+    bool copyFromReceiver();
     void copyToReceiver();
+    void backUp(std::u16string_view name, std::u16string_view workingCopy, const std::optional<std::string>& shown);
     void reloadGrids(WorkingCopyBytes bytes);
 
     StationLists lists_;
     const WorkingCopies& copies_;
-    std::u16string& receiverRoot_;
+    ReceiverFiles& receiver_;
     ListLoader& loader_;
     ListSaver& saver_;
-    mFindDiskDriver& driver_;
     mMsgBox& messages_;
     Totals& totals_;
     Files& files_;

@@ -25,6 +25,7 @@
 #include "platform/PopupMenu.h"
 #include "platform/TabControl.h"
 #include "receiver/ReceiverCopies.h"
+#include "receiver/ReceiverFiles.h"
 #include "receiver/mFindDiskDriver.h"
 #include "shell/KeptLists.h"
 #include "shell/StartUp.h"
@@ -127,6 +128,7 @@ private:
     ListLoader loader_;
     ListSaver saver_;
     Backup backup_;
+    ReceiverFiles receiverFiles_;
     ReceiverCopies receiverCopies_;
     Recovery recovery_;
     KeptLists keptLists_;

@@ -42,8 +42,8 @@ protected:
     std::u16string receiverRoot;
     FakeClock clock;
     Backup backup{u"/k7/", files, clock};
-    ReceiverCopies receiver{lists,    copies, receiverRoot, loader,    saver, driver,
-                            messages, totals, files,        codePages, backup};
+    ReceiverFiles receiverFiles{driver, receiverRoot, files, backup};
+    ReceiverCopies receiver{lists, copies, receiverFiles, loader, saver, messages, totals, files, codePages, backup};
 };
 
 }  // namespace
@@ -105,12 +105,12 @@ TEST_F(ReceiverCopiesTest, AMissingListFileIsNamedAndStopsTheCommand) {
     EXPECT_EQ(userFile(), "old user");
 }
 
-TEST_F(ReceiverCopiesTest, AMissingUserFileStopsAfterTheFirstCopyAndBeforeTheReload) {
+TEST_F(ReceiverCopiesTest, AMissingUserFileIsNamedAndLeavesBothWorkingCopies) {
     files.files.erase(u"/disk/User.ini");
     box.expect({u"Can't find any file: /disk/User.ini!Please confirm whether the file is exist"});
     receiver.ReloadFromReceiver();
     EXPECT_TRUE(gridsAreUntouched());
-    EXPECT_EQ(listFile(), kList) << "the new working copy stays";
+    EXPECT_EQ(listFile(), "old list") << "the two files are replaced as a pair";
     EXPECT_EQ(userFile(), "old user");
     EXPECT_TRUE(statusBar.history.empty());
 }
@@ -136,6 +136,16 @@ TEST_F(ReceiverCopiesTest, AFileThatCannotBeCopiedOrConvertedLeavesTheGridsSilen
         files.failing = {std::u16string(fault)};
         receiver.ReloadFromReceiver();
         EXPECT_TRUE(gridsAreUntouched()) << narrow(fault);
+    }
+}
+
+TEST_F(ReceiverCopiesTest, AReloadReplacesBothWorkingCopiesOrNeither) {
+    for (const std::u16string_view fault : {u"/disk/List.ini", u"/disk/User.ini", u"/k7/List.ini", u"/k7/User.ini",
+                                            u"/k7/List.ini.k7new", u"/k7/User.ini.k7new"}) {
+        files.failing = {std::u16string(fault)};
+        receiver.ReloadFromReceiver();
+        EXPECT_EQ(listFile(), "old list") << narrow(fault);
+        EXPECT_EQ(userFile(), "old user") << narrow(fault);
     }
 }
 

@@ -29,7 +29,8 @@ protected:
     ListLoader loader{lists, copies, settings, platform.files, platform.codePages};
     ListSaver saver{lists, copies, settings, platform.files, platform.codePages};
     Backup backup{u"/app/", platform.files, platform.clock};
-    ReceiverCopies receiverCopies{lists,  copies,         receiverRoot,       loader, saver, driver, msgBox,
+    ReceiverFiles receiverFiles{driver, receiverRoot, platform.files, backup};
+    ReceiverCopies receiverCopies{lists,  copies,         receiverFiles,      loader, saver, msgBox,
                                   totals, platform.files, platform.codePages, backup};
     Recovery recovery{u"/app/", platform.files};
     StartUp startUp{copies, receiverCopies, loader, saver, recovery, driver, platform.files, platform.codePages};

@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+
+#include "fakes/FakeFiles.h"
+#include "fakes/FakeServices.h"
+#include "receiver/ReceiverFiles.h"
+
+namespace {
+
+class ReceiverFilesTest : public testing::Test {
+protected:
+    void SetUp() override {
+        volumes.volumes = {{u"/disk/", DiskGeometry{1, 1024, 999}}};
+        files.files[u"/disk/List.ini"] = "list";
+        files.files[u"/disk/User.ini"] = "user";
+        ASSERT_TRUE(receiver.findDisk());
+    }
+
+    FakeFiles files;
+    FakeVolumes volumes;
+    FakeClock clock;
+    mFindDiskDriver driver{volumes, files};
+    std::u16string root;
+    Backup backup{u"/k7/", files, clock};
+    ReceiverFiles receiver{driver, root, files, backup};
+};
+
+}  // namespace
+
+TEST_F(ReceiverFilesTest, ASearchSetsTheRoot) {
+    EXPECT_EQ(root, u"/disk/");
+    volumes.volumes.clear();
+    EXPECT_FALSE(receiver.findDisk());
+    EXPECT_EQ(root, kUnknownDriver);
+}
+
+TEST_F(ReceiverFilesTest, BothFilesAreRead) {
+    const auto pair = receiver.read();
+    ASSERT_TRUE(pair);
+    EXPECT_EQ(pair->list, "list");
+    EXPECT_EQ(pair->user, "user");
+    EXPECT_EQ(receiver.missingFile(), std::nullopt);
+}
+
+TEST_F(ReceiverFilesTest, TheFirstMissingFileIsNamed) {
+    files.files.erase(u"/disk/User.ini");
+    EXPECT_EQ(receiver.missingFile(), u"/disk/User.ini");
+    files.files.erase(u"/disk/List.ini");
+    EXPECT_EQ(receiver.missingFile(), u"/disk/List.ini");
+    EXPECT_FALSE(receiver.read());
+}
+
+TEST_F(ReceiverFilesTest, AFileThatCannotBeReadGivesNeither) {
+    files.unreadable = {u"/disk/User.ini"};
+    EXPECT_EQ(receiver.missingFile(), std::nullopt);
+    EXPECT_FALSE(receiver.read());
+}
+
+TEST_F(ReceiverFilesTest, ReplacingBacksUpTheOldFiles) {
+    EXPECT_TRUE(receiver.replace({"new list", "new user"}));
+    EXPECT_EQ(files.files[u"/disk/List.ini"], "new list");
+    EXPECT_EQ(files.files[u"/disk/User.ini"], "new user");
+    EXPECT_EQ(files.files[u"/k7/Backup/List-20261120T224501Z.ini"], "list");
+    EXPECT_EQ(files.files[u"/k7/Backup/User-20261120T224501Z.ini"], "user");
+}
+
+TEST_F(ReceiverFilesTest, AFailureLeavesBothOldFiles) {
+    for (const std::u16string_view fault : {u"/disk/List.ini", u"/disk/User.ini.k7new"}) {
+        files.readOnly = {std::u16string(fault)};
+        EXPECT_FALSE(receiver.replace({"new list", "new user"}));
+        EXPECT_EQ(files.files[u"/disk/List.ini"], "list");
+        EXPECT_EQ(files.files[u"/disk/User.ini"], "user");
+    }
+}
