@@ -39,7 +39,7 @@ MainForm::MainForm(const Platform& platform)
     StationLists lists = stationLists();
     for (int tab = 0; tab < kListCount; ++tab) {
         const StationList& list = lists[static_cast<ListKind>(tab)];
-        list.view.attach(list.grid, gridEvents_[static_cast<std::size_t>(tab)]);
+        list.view->attach(list.grid, gridEvents_[static_cast<std::size_t>(tab)]);
     }
 }
 
