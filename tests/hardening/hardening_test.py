@@ -60,7 +60,7 @@ class Compilation(unittest.TestCase):
                 self.assertTrue(level and level[-1] != "-O0", "without optimization nothing is checked")
 
     def test_the_compiler_makes_them_of_that(self):
-        main = next(file for file in self.commands() if file.name == "main.cpp")
+        main = next(file for file in self.commands() if file.parent.name == "main")
         command, directory = self.commands()[main]
         with tempfile.TemporaryDirectory() as folder:
             source, compiled = pathlib.Path(folder, "overrun.cpp"), pathlib.Path(folder, "overrun.o")
