@@ -1,6 +1,9 @@
 # Warnings, sanitizers and hardening, for every target of the project.
 add_library(halcyon_flags INTERFACE)
-target_compile_options(halcyon_flags INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+target_compile_options(halcyon_flags INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+if(HALCYON_WERROR)
+  target_compile_options(halcyon_flags INTERFACE -Werror)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # GCC 12 optimizing takes "text" + std::string for an overlapping copy; the fault is its own.
   target_compile_options(halcyon_flags INTERFACE -Wno-restrict)
@@ -13,8 +16,7 @@ if(HALCYON_SANITIZE)
 endif()
 
 if(HALCYON_FUZZ)
-  # The tests' own compiler decides about warnings.
-  target_compile_options(halcyon_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -Wno-error)
+  target_compile_options(halcyon_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
   target_link_options(halcyon_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
