@@ -12,6 +12,7 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 if(HALCYON_SANITIZE)
   target_compile_options(halcyon_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_definitions(halcyon_flags INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(halcyon_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
