@@ -1,6 +1,7 @@
 #include "receiver/ReceiverCopies.h"
 
 #include <utility>
+#include <vector>
 
 #include "storage/files/SafeFile.h"
 #include "storage/files/VerifiedFiles.h"
@@ -48,9 +49,9 @@ void ReceiverCopies::ReloadFromReceiver() {
     if (!findDisk()) {
         return;
     }
-    for (const std::u16string& path : {copies_.ListFilePath, copies_.UserFilePath}) {
-        if (files_.exists(path)) {
-            files_.clearAttributes(path);
+    for (const ListFileId file : kListFiles) {
+        if (files_.exists(copies_[file])) {
+            files_.clearAttributes(copies_[file]);
         }
     }
     if (const auto missing = receiver_.missingFile()) {
@@ -74,14 +75,16 @@ bool ReceiverCopies::copyFromReceiver() {
         return false;
     }
     const WorkingCopyBytes shown = saver_.compose();
-    backUp(ListFile::kListName, copies_.ListFilePath, shown.list);
-    backUp(ListFile::kUserName, copies_.UserFilePath, shown.user);
-    return replaceVerified(
-        files_, {{copies_.ListFilePath, std::move(pair->list)}, {copies_.UserFilePath, std::move(pair->user)}});
+    std::vector<NewFile> newFiles;
+    for (const ListFileId file : kListFiles) {
+        backUp(file, shown[file]);
+        newFiles.push_back({copies_[file], std::move((*pair)[file])});
+    }
+    return replaceVerified(files_, newFiles);
 }
 
-bool ReceiverCopies::fetch(std::u16string_view name, std::u16string_view workingCopy) {
-    const std::u16string source = receiver_.pathOf(name);
+bool ReceiverCopies::fetch(ListFileId file) {
+    const std::u16string source = receiver_.pathOf(file);
     if (!files_.exists(source)) {
         reportMissing(source);
         return false;
@@ -90,14 +93,14 @@ bool ReceiverCopies::fetch(std::u16string_view name, std::u16string_view working
     if (!bytes) {
         return false;
     }
-    backUp(name, workingCopy, std::nullopt);
-    return replaceFile(files_, workingCopy, *bytes);
+    backUp(file, std::nullopt);
+    return replaceFile(files_, copies_[file], *bytes);
 }
 
 // shown: the file as a save would write it; it goes too, and the working copy may not hold it yet.
-void ReceiverCopies::backUp(std::u16string_view name, std::u16string_view workingCopy,
-                            const std::optional<std::string>& shown) {
-    if (const auto present = files_.read(workingCopy)) {
+void ReceiverCopies::backUp(ListFileId file, const std::optional<std::string>& shown) {
+    const std::u16string_view name = ListFile::nameOf(file);
+    if (const auto present = files_.read(copies_[file])) {
         backup_.keep(name, withoutUtf16(*present, codePages_));
     }
     if (shown) {

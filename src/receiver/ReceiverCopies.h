@@ -32,14 +32,14 @@ public:
     void SaveToReceiver();
     // Copies one file from the receiver's root, as found last, over a working copy. A file missing there gives
     // a message; false when nothing has been copied.
-    bool fetch(std::u16string_view name, std::u16string_view workingCopy);
+    bool fetch(ListFileId file);
 
 private:
     bool findDisk();
     void reportMissing(const std::u16string& path);
     bool copyFromReceiver();
     void copyToReceiver();
-    void backUp(std::u16string_view name, std::u16string_view workingCopy, const std::optional<std::string>& shown);
+    void backUp(ListFileId file, const std::optional<std::string>& shown);
     void reloadGrids(WorkingCopyBytes bytes);
 
     StationLists lists_;

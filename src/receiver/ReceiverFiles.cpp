@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "storage/files/VerifiedFiles.h"
-#include "storage/lists/ListFile.h"
 
 bool ReceiverFiles::findDisk() {
     root_ = driver_.FindReceiverDisk();
@@ -12,27 +11,26 @@ bool ReceiverFiles::findDisk() {
 }
 
 std::optional<std::u16string> ReceiverFiles::missingFile() {
-    for (const std::u16string_view name : {ListFile::kListName, ListFile::kUserName}) {
-        if (!files_.exists(pathOf(name))) {
-            return pathOf(name);
+    for (const ListFileId file : kListFiles) {
+        if (!files_.exists(pathOf(file))) {
+            return pathOf(file);
         }
     }
     return std::nullopt;
 }
 
 std::optional<ListFilePair> ReceiverFiles::read() {
-    auto list = files_.read(pathOf(ListFile::kListName));
-    auto user = list ? files_.read(pathOf(ListFile::kUserName)) : std::nullopt;
+    auto list = files_.read(pathOf(ListFileId::List));
+    auto user = list ? files_.read(pathOf(ListFileId::User)) : std::nullopt;
     return user ? std::optional(ListFilePair{std::move(*list), std::move(*user)}) : std::nullopt;
 }
 
 bool ReceiverFiles::replace(ListFilePair pair) {
     std::vector<NewFile> newFiles;
-    newFiles.push_back({pathOf(ListFile::kListName), std::move(pair.list)});
-    newFiles.push_back({pathOf(ListFile::kUserName), std::move(pair.user)});
-    for (const std::u16string_view name : {ListFile::kListName, ListFile::kUserName}) {
-        if (const auto old = files_.read(pathOf(name))) {
-            backup_.keep(name, *old);
+    for (const ListFileId file : kListFiles) {
+        newFiles.push_back({pathOf(file), std::move(pair[file])});
+        if (const auto old = files_.read(newFiles.back().path)) {
+            backup_.keep(ListFile::nameOf(file), *old);
         }
     }
     return replaceVerified(files_, newFiles);

@@ -7,13 +7,10 @@
 
 #include "platform/Files.h"
 #include "receiver/mFindDiskDriver.h"
+#include "storage/lists/ListFile.h"
 #include "storage/recovery/Backup.h"
 
-// The bytes of both files.
-struct ListFilePair {
-    std::string list;
-    std::string user;
-};
+using ListFilePair = PerListFile<std::string>;
 
 class ReceiverFiles {
 public:
@@ -24,7 +21,7 @@ public:
     // Searches for the disk; false if none is the receiver's.
     bool findDisk();
     // On the disk found last.
-    std::u16string pathOf(std::u16string_view name) const { return root_ + std::u16string(name); }
+    std::u16string pathOf(ListFileId file) const { return root_ + std::u16string(ListFile::nameOf(file)); }
     // The path of the first of the two files that the disk lacks; nullopt if it has both.
     std::optional<std::u16string> missingFile();
     // nullopt if either file cannot be read.

@@ -1,7 +1,6 @@
 #include "shell/StartUp.h"
 
 #include "storage/files/SafeFile.h"
-#include "storage/lists/ListFile.h"
 
 void StartUp::run(std::u16string_view RunMode) {
     restore();
@@ -10,12 +9,10 @@ void StartUp::run(std::u16string_view RunMode) {
     } else {
         prepareLocal();
     }
-    const WorkingCopyBytes bytes{present(workingCopies_.ListFilePath, restored_.list),
-                                 present(workingCopies_.UserFilePath, restored_.user)};
+    const WorkingCopyBytes bytes{present(ListFileId::List), present(ListFileId::User)};
     // A run that is killed leaves UTF-16 behind, which the next start could not read: it needs these bytes then.
     const bool kept = recovery_.keep(bytes);
-    loader_.loadFrom({convert(workingCopies_.ListFilePath, bytes.list, kept),
-                      convert(workingCopies_.UserFilePath, bytes.user, kept)});
+    loader_.loadFrom({convert(ListFileId::List, bytes.list, kept), convert(ListFileId::User, bytes.user, kept)});
     loader_.LoadDrmList(true);
     loader_.LoadAmList(true);
     loader_.LoadFmList(true);
@@ -24,35 +21,39 @@ void StartUp::run(std::u16string_view RunMode) {
 
 void StartUp::restore() {
     restored_ = recovery_.find().value_or(WorkingCopyBytes());
-    const auto putBack = [this](std::u16string_view path, std::optional<std::string>& bytes) {
-        removeLeftover(files_, path);
-        if (!bytes) {
-            return;
-        }
-        if (files_.exists(path)) {
-            findDiskDriver_.ClearFileAttributes(path);
-        }
-        if (files_.read(path) == bytes || replaceFile(files_, path, *bytes)) {
-            bytes.reset();
-        }
-    };
-    putBack(workingCopies_.ListFilePath, restored_.list);
-    putBack(workingCopies_.UserFilePath, restored_.user);
+    for (const ListFileId file : kListFiles) {
+        putBack(file);
+    }
 }
 
-std::optional<std::string> StartUp::present(std::u16string_view path, const std::optional<std::string>& restored) {
-    if (restored) {
-        return restored;
+void StartUp::putBack(ListFileId file) {
+    const std::u16string& path = workingCopies_[file];
+    std::optional<std::string>& bytes = restored_[file];
+    removeLeftover(files_, path);
+    if (!bytes) {
+        return;
     }
-    auto bytes = readWorkingCopy(path, files_);
-    if (!bytes && files_.exists(path)) {
-        saver_.leave(path);
+    if (files_.exists(path)) {
+        findDiskDriver_.ClearFileAttributes(path);
+    }
+    if (files_.read(path) == bytes || replaceFile(files_, path, *bytes)) {
+        bytes.reset();
+    }
+}
+
+std::optional<std::string> StartUp::present(ListFileId file) {
+    if (restored_[file]) {
+        return restored_[file];
+    }
+    auto bytes = readWorkingCopy(workingCopies_[file], files_);
+    if (!bytes && files_.exists(workingCopies_[file])) {
+        saver_.leave(file);
     }
     return bytes;
 }
 
 // The loaders read UTF-16, so that programme names in any script come through.
-std::string StartUp::convert(std::u16string_view path, const std::optional<std::string>& bytes, bool onDisk) {
+std::string StartUp::convert(ListFileId file, const std::optional<std::string>& bytes, bool onDisk) {
     if (!bytes) {
         return {};  // no list
     }
@@ -60,28 +61,29 @@ std::string StartUp::convert(std::u16string_view path, const std::optional<std::
     if (onDisk) {
         // Not flushed: a power cut may lose or tear it. The snapshot with the same lists has been flushed already and
         // stays until a save has flushed both files; a start that finds one makes the working copies anew from it.
-        replaceFileUnflushed(files_, path, converted);
+        replaceFileUnflushed(files_, workingCopies_[file], converted);
     }
     return converted;
 }
 
 void StartUp::prepareLocal() {
-    for (const std::u16string& path : {workingCopies_.ListFilePath, workingCopies_.UserFilePath}) {
-        if (isMissing(files_, path)) {
-            createWorkingCopy(path, files_, codePages_);
+    for (const ListFileId file : kListFiles) {
+        if (isMissing(files_, workingCopies_[file])) {
+            createWorkingCopy(workingCopies_[file], files_, codePages_);
         } else {
-            findDiskDriver_.ClearFileAttributes(path);
+            findDiskDriver_.ClearFileAttributes(workingCopies_[file]);
         }
     }
 }
 
 void StartUp::prepareFromReceiver() {
     restored_ = {};
-    for (const std::u16string& path : {workingCopies_.ListFilePath, workingCopies_.UserFilePath}) {
-        if (files_.exists(path)) {
-            findDiskDriver_.ClearFileAttributes(path);
+    for (const ListFileId file : kListFiles) {
+        if (files_.exists(workingCopies_[file])) {
+            findDiskDriver_.ClearFileAttributes(workingCopies_[file]);
         }
     }
-    receiverCopies_.fetch(ListFile::kListName, workingCopies_.ListFilePath);
-    receiverCopies_.fetch(ListFile::kUserName, workingCopies_.UserFilePath);
+    for (const ListFileId file : kListFiles) {
+        receiverCopies_.fetch(file);
+    }
 }

@@ -36,8 +36,9 @@ private:
     void restore();
     void prepareFromReceiver();
     void prepareLocal();
-    std::optional<std::string> present(std::u16string_view path, const std::optional<std::string>& restored);
-    std::string convert(std::u16string_view path, const std::optional<std::string>& bytes, bool onDisk);
+    void putBack(ListFileId file);
+    std::optional<std::string> present(ListFileId file);
+    std::string convert(ListFileId file, const std::optional<std::string>& bytes, bool onDisk);
 
     const WorkingCopies& workingCopies_;
     ReceiverCopies& receiverCopies_;

@@ -5,11 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "storage/lists/ListFileId.h"
 #include "storage/stations/ListKind.h"
 
 namespace ListFile {
 inline constexpr std::u16string_view kListName = u"List.ini";
 inline constexpr std::u16string_view kUserName = u"User.ini";
+constexpr std::u16string_view nameOf(ListFileId file) { return file == ListFileId::List ? kListName : kUserName; }
 
 inline constexpr std::u16string_view kTotal = u"Total";
 inline constexpr std::u16string_view kVersion = u"Version";

@@ -1,6 +1,7 @@
 #include "storage/lists/ListSaver.h"
 
 #include <cstddef>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -87,33 +88,29 @@ bool hasUnits(const Grid& favourites) {
 
 void ListSaver::SaveLists() {
     std::vector<NewFile> newFiles;
-    const auto add = [&](const std::u16string& path, std::optional<std::string> bytes) {
-        if (bytes && files_.exists(path)) {
-            files_.clearAttributes(path);
+    for (const ListFileId file : kListFiles) {
+        auto bytes = compose(file);
+        if (!bytes) {
+            continue;
         }
-        if (bytes) {
-            newFiles.push_back({path, std::move(*bytes)});
+        if (files_.exists(copies_[file])) {
+            files_.clearAttributes(copies_[file]);
         }
-    };
-    add(copies_.ListFilePath, composeListFile());
-    add(copies_.UserFilePath, composeUserFile());
-    constexpr std::size_t kWorkingCopies = 2;
-    listsSaved_ = replaceFiles(files_, newFiles) && newFiles.size() == kWorkingCopies;
+        newFiles.push_back({copies_[file], std::move(*bytes)});
+    }
+    listsSaved_ = replaceFiles(files_, newFiles) && newFiles.size() == std::size(kListFiles);
 }
 
-WorkingCopyBytes ListSaver::compose() { return {composeListFile(), composeUserFile()}; }
+WorkingCopyBytes ListSaver::compose() { return {compose(ListFileId::List), compose(ListFileId::User)}; }
 
-void ListSaver::leave(std::u16string_view path) {
-    leavesListFile_ = leavesListFile_ || path == copies_.ListFilePath;
-    leavesUserFile_ = leavesUserFile_ || path == copies_.UserFilePath;
-}
-
-void ListSaver::leaveNone() { leavesListFile_ = leavesUserFile_ = false; }
-
-std::optional<std::string> ListSaver::composeListFile() {
-    if (leavesListFile_) {
+std::optional<std::string> ListSaver::compose(ListFileId file) {
+    if (leaves_[file]) {
         return std::nullopt;
     }
+    return file == ListFileId::List ? composeListFile() : composeUserFile();
+}
+
+std::string ListSaver::composeListFile() {
     ComposedFile file(startOf(copies_.ListFilePath), usualBytes({ListKind::Drm, ListKind::Am, ListKind::Fm}));
     std::u16string& text = file.text();
     appendIniSection(text, ListFile::kTotal);
@@ -130,7 +127,7 @@ std::optional<std::string> ListSaver::composeUserFile() {
     const Grid& favourites = lists_.grid(ListKind::Favourite);
     // A frequency too short to end in its unit cannot be told from a damaged one. Writing the others
     // would lose it, so the file stays as it is; the loaders and the favourites command never make such a cell.
-    if (leavesUserFile_ || !hasUnits(favourites)) {
+    if (!hasUnits(favourites)) {
         return std::nullopt;
     }
     ComposedFile file(startOf(copies_.UserFilePath), usualBytes({ListKind::Favourite}));

@@ -29,9 +29,9 @@ public:
     WorkingCopyBytes compose();
 
     // The saver leaves a working copy that could not be loaded as it is: the grids never held what is in it.
-    void leave(std::u16string_view path);
+    void leave(ListFileId file) { leaves_[file] = true; }
     // Both have been loaded.
-    void leaveNone();
+    void leaveNone() { leaves_ = {}; }
 
     // Removes the record sections and the end marker from a working copy; the counts stay.
     void ResetContentOfINI();
@@ -40,7 +40,8 @@ public:
 private:
     std::size_t usualBytes(std::initializer_list<ListKind> kinds);
     void appendRecords(ComposedFile& file, ListKind kind);
-    std::optional<std::string> composeListFile();
+    std::optional<std::string> compose(ListFileId file);
+    std::string composeListFile();
     std::optional<std::string> composeUserFile();
     std::u16string startOf(std::u16string_view path);
     static std::string finish(ComposedFile& file);
@@ -52,6 +53,5 @@ private:
     Files& files_;
     CodePages& codePages_;
     bool listsSaved_ = false;
-    bool leavesListFile_ = false;
-    bool leavesUserFile_ = false;
+    PerListFile<bool> leaves_;
 };

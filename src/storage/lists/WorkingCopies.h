@@ -7,20 +7,20 @@
 
 #include "platform/CodePages.h"
 #include "platform/Files.h"
+#include "storage/lists/ListFileId.h"
 
 // Absolute paths in the program folder.
 struct WorkingCopies {
     std::u16string ListFilePath;
     std::u16string UserFilePath;
+
+    const std::u16string& operator[](ListFileId file) const {
+        return file == ListFileId::List ? ListFilePath : UserFilePath;
+    }
 };
 
 // The content of both files; nullopt: of this one nothing is known.
-struct WorkingCopyBytes {
-    std::optional<std::string> list;
-    std::optional<std::string> user;
-
-    friend bool operator==(const WorkingCopyBytes&, const WorkingCopyBytes&) = default;
-};
+using WorkingCopyBytes = PerListFile<std::optional<std::string>>;
 
 // A new one holds a single blank, in UTF-8 with its mark: EF BB BF 20. A failure is silent.
 void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);
