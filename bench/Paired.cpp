@@ -27,8 +27,9 @@ double medianOf(std::vector<double> values) {
 }  // namespace
 
 void measurePair(std::string_view name, const Work& ours, const Work& other, int rounds) {
-    reportPairs(
-        name, rounds, [&] { return microsecondsOf(ours); }, [&] { return microsecondsOf(other); });
+    const auto timeOurs = [&] { return microsecondsOf(ours); };
+    const auto timeOther = [&] { return microsecondsOf(other); };
+    reportPairs(name, rounds, timeOurs, timeOther);
 }
 
 void reportPairs(std::string_view name, int rounds, const std::function<double()>& ours,

@@ -35,7 +35,7 @@ constexpr int kFirstRounds = 41;
 
 std::string rawReadOf(const std::string& path) {
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    struct stat status {};
+    struct stat status = {};
     ::fstat(descriptor, &status);
     std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
     keep(static_cast<std::size_t>(::read(descriptor, bytes.data(), bytes.size())));
@@ -170,15 +170,14 @@ void measureSavesOnDisk(Sample& sample) {
                     sample.codePages);
     const std::string list2 = sample.folder / "other-List.ini";
     const std::string user2 = sample.folder / "other-User.ini";
-    measurePair("save / writing and flushing the same bytes", {[&] { saver.SaveLists(); }}, {[&] {
-                    writeAndFlush(list2, listBytes);
-                    writeAndFlush(user2, userBytes);
-                }},
-                kDiskRounds);
-    measurePair("save / replacing both files safely by hand", {[&] { saver.SaveLists(); }}, {[&] {
-                    replaceByHand({{list2, listBytes}, {user2, userBytes}});
-                }},
-                kDiskRounds);
+    const auto save = [&] { saver.SaveLists(); };
+    const auto writeBoth = [&] {
+        writeAndFlush(list2, listBytes);
+        writeAndFlush(user2, userBytes);
+    };
+    const auto replaceBoth = [&] { replaceByHand({{list2, listBytes}, {user2, userBytes}}); };
+    measurePair("save / writing and flushing the same bytes", {save}, {writeBoth}, kDiskRounds);
+    measurePair("save / replacing both files safely by hand", {save}, {replaceBoth}, kDiskRounds);
     require(saver.ListsSaved(), "the lists could not be saved");
 }
 

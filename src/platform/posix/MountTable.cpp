@@ -26,7 +26,7 @@ std::string unescaped(const std::string& field) {
 
 // A network file system names its source as host and path or by a scheme, never by an absolute path.
 bool isLocalSource(const std::string& source) {
-    struct stat status {};
+    struct stat status = {};
     return source.starts_with('/') && !source.starts_with("//") && ::stat(source.c_str(), &status) == 0 &&
            (S_ISBLK(status.st_mode) || S_ISREG(status.st_mode));
 }

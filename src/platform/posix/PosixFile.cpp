@@ -14,13 +14,13 @@ PosixFile::PosixFile(const std::string& path, int flags, unsigned permissions)
 PosixFile::~PosixFile() { close(); }
 
 bool PosixFile::isRegular() const {
-    struct stat status {};
+    struct stat status = {};
     return isOpen() && ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
 }
 
 std::optional<std::string> PosixFile::readAll() const {
     constexpr std::size_t kMore = 4096;  // the file may grow while it is read
-    struct stat status {};
+    struct stat status = {};
     const bool sized = ::fstat(descriptor_, &status) == 0;
     std::string bytes((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, '\0');
     std::size_t length = 0;

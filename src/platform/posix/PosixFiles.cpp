@@ -41,12 +41,12 @@ bool fill(const std::string& path, std::string_view bytes, bool flush) {
 }  // namespace
 
 bool PosixFiles::exists(std::u16string_view path) {
-    struct stat status {};
+    struct stat status = {};
     return ::lstat(nativePath(path).c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 
 std::optional<std::uint64_t> PosixFiles::size(std::u16string_view path) {
-    struct stat status {};
+    struct stat status = {};
     if (::stat(nativePath(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return std::nullopt;
     }
@@ -106,7 +106,7 @@ bool PosixFiles::remove(std::u16string_view path) {
 
 bool PosixFiles::clearAttributes(std::u16string_view path) {
     const std::string name = nativePath(path);
-    struct stat status {};
+    struct stat status = {};
     constexpr mode_t kPermissionBits = 07777;
     if (::lstat(name.c_str(), &status) != 0 || S_ISLNK(status.st_mode)) {
         return false;
@@ -120,7 +120,7 @@ bool PosixFiles::createFolder(std::u16string_view path) {
     if (::mkdir(name.c_str(), kFolderPermissions) == 0) {
         return true;
     }
-    struct stat status {};
+    struct stat status = {};
     return ::lstat(name.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
@@ -143,7 +143,7 @@ std::vector<std::u16string> PosixFiles::list(std::u16string_view path) {
 }
 
 std::optional<std::uint64_t> PosixFiles::freeSpace(std::u16string_view folder) {
-    struct statvfs volume {};
+    struct statvfs volume = {};
     if (::statvfs(nativePath(folder).c_str(), &volume) != 0) {
         return std::nullopt;
     }

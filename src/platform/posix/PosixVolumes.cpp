@@ -48,7 +48,7 @@ std::string labelOfDevice(dev_t device) {
     std::error_code error;
     std::filesystem::directory_iterator link("/dev/disk/by-label", error);
     for (; link != std::filesystem::directory_iterator(); link.increment(error)) {
-        struct stat status {};
+        struct stat status = {};
         if (::stat(link->path().c_str(), &status) == 0 && status.st_rdev == device) {
             return withoutEscapes(link->path().filename().native());
         }
@@ -74,13 +74,13 @@ std::vector<std::u16string> PosixVolumes::roots() {
 // A single file can be mounted too; it is no disk.
 bool PosixVolumes::isPresent(std::u16string_view root) {
     const std::vector<std::u16string> known = roots();
-    struct stat status {};
+    struct stat status = {};
     return std::find(known.begin(), known.end(), root) != known.end() &&
            ::stat(nativePath(root).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 std::optional<std::u16string> PosixVolumes::label(std::u16string_view root) {
-    struct stat status {};
+    struct stat status = {};
     if (!isPresent(root) || ::stat(nativePath(root).c_str(), &status) != 0) {
         return std::nullopt;
     }
@@ -88,7 +88,7 @@ std::optional<std::u16string> PosixVolumes::label(std::u16string_view root) {
 }
 
 std::optional<DiskGeometry> PosixVolumes::geometry(std::u16string_view root) {
-    struct statvfs status {};
+    struct statvfs status = {};
     if (!isPresent(root) || ::statvfs(nativePath(root).c_str(), &status) != 0) {
         return std::nullopt;
     }

@@ -113,6 +113,6 @@ void QtMainWindow::closing(QCloseEvent& event) {
     if (listener_ != nullptr) {
         listener_->windowClosing();
     }
-    QMetaObject::invokeMethod(
-        qApp, [] { QApplication::exit(0); }, Qt::QueuedConnection);
+    const auto endEvents = [] { QApplication::exit(0); };
+    QMetaObject::invokeMethod(qApp, endEvents, Qt::QueuedConnection);
 }

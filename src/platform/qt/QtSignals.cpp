@@ -26,7 +26,7 @@ void wakeUp(int) {
 }
 
 void handleAll(void (*handler)(int)) {
-    struct sigaction action {};
+    struct sigaction action = {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     for (const int number : kSignals) {

@@ -38,7 +38,7 @@ TEST_F(PosixFilesTest, ANewFileHasTheUsersDefaultPermissions) {
     const mode_t mask = ::umask(027);
     EXPECT_TRUE(files.write(folder.at(u"new"), "x"));
     ::umask(mask);
-    struct stat status {};
+    struct stat status = {};
     ASSERT_EQ(::stat(folder.native("new").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777U, 0640U);
 }
