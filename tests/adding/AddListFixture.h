@@ -1,4 +1,4 @@
-// The Add List dialog as a user meets it, on fakes.
+// The Add List dialog on fakes, with a simulated user.
 #pragma once
 
 #include <array>
@@ -43,7 +43,7 @@ protected:
         type(AddField::txtFreq, std::move(frequency));
     }
     void save() { dialog.listener->saveClicked(); }
-    // Saves and expects one message, after which the dialog is as it was.
+    // Saves, expects one message and an unchanged dialog.
     void saveRefused(std::u16string message) {
         const int before = rowsOfAllLists();
         const auto typed = texts();

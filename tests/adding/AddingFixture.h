@@ -1,4 +1,4 @@
-// The four lists with everything that adding records touches, on fakes.
+// The four lists and the collaborators of adding, on fakes.
 #pragma once
 
 #include <gtest/gtest.h>

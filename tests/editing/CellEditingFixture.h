@@ -1,10 +1,10 @@
-// Cell editing with its box, and a user in front of both.
+// Cell editing with its box, driven as by a user.
 #pragma once
 
 #include "editing/CellEditing.h"
 #include "editing/EditingFixture.h"
 
-// Reports the loss of focus while it is hidden, as toolkits do.
+// Reports the loss of focus when it is hidden, as toolkits do.
 class FocusLosingEditBox : public FakeEditBox {
 public:
     void setVisible(bool shown) override {

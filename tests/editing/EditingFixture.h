@@ -1,4 +1,4 @@
-// Four lists on fake controls, and the small things that every editing test needs.
+// The four lists on fake controls, for all tests of editing.
 #pragma once
 
 #include <gtest/gtest.h>

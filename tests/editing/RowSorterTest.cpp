@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kMostRows = 32767;
 
-// Counts the comparisons and the depths of the stack at which they were made.
+// Counts comparisons and the stack depth at which they happen.
 class MeasuringTextCompare : public FakeTextCompare {
 public:
     int compare(std::u16string_view left, std::u16string_view right) override {
@@ -50,7 +50,7 @@ std::u16string paddedText(int value) {
     return {digits.begin(), digits.end()};
 }
 
-// Each row once, and each with the key that it came with.
+// Every row is there once, with its own key.
 void expectPermutation(const std::vector<SortRow>& before, const std::vector<SortRow>& after) {
     ASSERT_EQ(before.size(), after.size());
     std::vector<bool> seen(before.size(), false);
@@ -64,7 +64,7 @@ void expectPermutation(const std::vector<SortRow>& before, const std::vector<Sor
     }
 }
 
-// A pivot stands between any two rows that were none, or the two would have been one range of two rows.
+// Two rows that were never pivots have a pivot between them; otherwise they would have been one range of two.
 void expectPivotsBetweenOthers(const std::vector<SortRow>& rows) {
     for (std::size_t at = 1; at < rows.size(); ++at) {
         ASSERT_TRUE(rows[at - 1].wasPivot || rows[at].wasPivot) << "at " << at;
@@ -179,7 +179,7 @@ TEST(RowSorterTest, DrawsDifferentPivotsInTheSameOrderInEachRun) {
     EXPECT_NE(pivots[0], pivots[1]);
 }
 
-// The largest lists that may be loaded, in the orders that a quicksort dislikes.
+// The longest lists that can be loaded, in orders that are hard for quicksort.
 class RowSorterTestLarge : public ::testing::TestWithParam<int> {
 protected:
     static std::u16string keyAt(int row) {

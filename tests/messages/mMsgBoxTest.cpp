@@ -34,7 +34,7 @@ protected:
     FakeMessageBox box;
     mMsgBox messages{box, hook};
     bool hookedDuringBox = false;
-    std::intptr_t allowed = -1;  // what the hook answered
+    std::intptr_t allowed = -1;  // the result of the hook procedure
 };
 
 TEST_F(mMsgBoxTest, AChineseAbortRetryIgnoreBoxBecomesEnglishAndKeepsItsAccelerators) {
@@ -210,11 +210,11 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(CaptionCase{u"确定", "Ok"}, CaptionCase{u"取消", "Cancel"}, CaptionCase{u"中止(&A)", "Abort(&A)"},
                     CaptionCase{u"终止(&A)", "Abort(&A)"}, CaptionCase{u"重试(&R)", "Retry(&R)"},
                     CaptionCase{u"忽略(&I)", "Ignore(&I)"}, CaptionCase{u"请终止(&T)", "Abort(&T)"},
-                    // The first row that holds wins.
+                    // The first matching row wins.
                     CaptionCase{u"重试中止(&X)", "Abort(&X)"}, CaptionCase{u"忽略重试(&Y)", "Retry(&Y)"},
-                    // No more than the caption has.
+                    // A caption shorter than the suffix is kept whole.
                     CaptionCase{u"中止", "Abort中止"}, CaptionCase{u"重试(&", "Retry重试(&"},
-                    // Equal means equal.
+                    // These rows match whole captions only.
                     CaptionCase{u"确定(&O)", ""}, CaptionCase{u" 确定", ""}, CaptionCase{u"取消(&C)", ""},
                     CaptionCase{u"是(&Y)", ""}, CaptionCase{u"否(&N)", ""}, CaptionCase{u"OK", ""},
                     CaptionCase{u"Ok", ""}, CaptionCase{u"Abort(&A)", ""}, CaptionCase{u"", ""}));

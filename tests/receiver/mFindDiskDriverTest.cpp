@@ -78,15 +78,14 @@ TEST_P(mFindDiskDriverTestCapacity, IsExactlyTheReceivers) {
     EXPECT_EQ(found(), GetParam().isReceiver ? "e:\\" : "Unkonwn Driver");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Bounds, mFindDiskDriverTestCapacity,
-    testing::Values(CapacityCase{{1, 1024, 999}, true}, CapacityCase{{1, 1, 1'022'976}, true},
-                    CapacityCase{{1, 512, 1998}, true}, CapacityCase{{1, 1, 1'022'975}, false},
-                    CapacityCase{{1, 1, 1'022'977}, false}, CapacityCase{{1, 512, 1997}, false},
-                    CapacityCase{{1, 512, 1999}, false}, CapacityCase{{0, 0, 0}, false},
-                    // These products would wrap round to the receiver's capacity in 32 and in 64 bits.
-                    CapacityCase{{1, 1, 1'022'976 + (1ULL << 32)}, false},
-                    CapacityCase{{1, 1024, 999 + (1ULL << 54)}, false}));
+INSTANTIATE_TEST_SUITE_P(Bounds, mFindDiskDriverTestCapacity,
+                         testing::Values(CapacityCase{{1, 1024, 999}, true}, CapacityCase{{1, 1, 1'022'976}, true},
+                                         CapacityCase{{1, 512, 1998}, true}, CapacityCase{{1, 1, 1'022'975}, false},
+                                         CapacityCase{{1, 1, 1'022'977}, false}, CapacityCase{{1, 512, 1997}, false},
+                                         CapacityCase{{1, 512, 1999}, false}, CapacityCase{{0, 0, 0}, false},
+                                         // In 32 and 64 bits these products would overflow to the receiver's capacity.
+                                         CapacityCase{{1, 1, 1'022'976 + (1ULL << 32)}, false},
+                                         CapacityCase{{1, 1024, 999 + (1ULL << 54)}, false}));
 
 TEST_F(mFindDiskDriverTest, ClearingAttributesMakesAFileWritable) {
     files.files[u"/d/List.ini"] = "x";

@@ -1,4 +1,4 @@
-// Four grids, files in memory and all that loads and saves them.
+// Four grids, files in memory, loader and saver.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The schedule scanner as plainly as it can be written, character by character: what the real one is held against.
+// The reference for the schedule scanner: as plain as possible, character by character.
 #pragma once
 
 #include <algorithm>

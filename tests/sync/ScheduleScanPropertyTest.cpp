@@ -1,4 +1,4 @@
-// The scanner against a plain one on many random texts.
+// Compares the scanner with a plain one on many random texts.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -16,7 +16,7 @@ class RandomText {
 public:
     explicit RandomText(unsigned seed) : random_(seed) {}
 
-    // Whole records, single lines and stray characters, with a few characters of it changed afterwards.
+    // Whole records, single lines and stray characters, with a few characters changed afterwards.
     std::u16string next() {
         std::u16string text;
         const int pieces = below(below(16) == 0 ? 1200 : 12);
@@ -95,7 +95,7 @@ TEST(ScheduleScanPropertyTest, EqualsThePlainScanOnRandomTexts) {
         full += expected == 257 ? 1 : 0;
         without += expected == 0 ? 1 : 0;
     }
-    // The texts were worth comparing: with records, without, and with more than fit.
+    // Checks that the texts covered schedules with records, without, and with more than the limit.
     EXPECT_GT(added, 1000);
     EXPECT_GT(full, 0);
     EXPECT_GT(without, 50);

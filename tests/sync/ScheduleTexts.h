@@ -1,4 +1,4 @@
-// Schedules to read: records of nine lines.
+// Schedules of nine-line records.
 #pragma once
 
 #include <string>
@@ -21,5 +21,5 @@ inline std::u16string recordLines(const RecordTexts& texts = {}, const std::u16s
     return lines;
 }
 
-// The header breaks no record: its line is not the first one of any.
+// The header is no first line of a record, so it breaks none.
 inline std::u16string scheduleOf(const std::u16string& records) { return u"[DRMSchedule]\r\n" + records; }

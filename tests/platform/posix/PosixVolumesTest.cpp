@@ -24,7 +24,7 @@ TEST_F(PosixVolumesTest, GeometryIsThatOfTheMountedFileSystem) {
     EXPECT_EQ(geometry->sectorsPerCluster, 1U);
     EXPECT_GT(geometry->bytesPerSector, 0U);
     EXPECT_GT(geometry->totalClusters, 0U);
-    // Whatever is not in the table is not asked.
+    // Paths outside the mount table are never queried.
     EXPECT_FALSE(volumes.isPresent(u"/"));
     EXPECT_EQ(volumes.geometry(u"/"), std::nullopt);
     EXPECT_EQ(volumes.label(u"/"), std::nullopt);

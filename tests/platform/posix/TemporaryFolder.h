@@ -1,4 +1,4 @@
-// A folder of one test, removed with all that is in it.
+// A folder for one test, removed with its content by the destructor.
 #pragma once
 
 #include <cstdlib>

@@ -32,7 +32,7 @@ TEST_F(EditTest, EnterOfBothKindsIsReportedAndNothingElse) {
 
 TEST_F(EditTest, AClickOnAnotherRowLosesTheFocusBeforeTheClick) {
     openEdit(u"x");
-    // As a user's click: the focus moves before the button reaches the grid.
+    // Like a user's click, the focus moves before the grid gets the button.
     QTest::mouseClick(table()->window()->windowHandle(), Qt::LeftButton, {},
                       table()->viewport()->mapTo(table()->window(), cell(4)));
     EXPECT_EQ(recorder.take(), (Events{"lost focus", "click"}));

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Shows boxes and answers each with a button as soon as it is on screen.
+// Shows message boxes and answers each with a button once it is on screen.
 class MessageBoxTest : public RecordingWindow {
 protected:
     MessageBoxTest() {
@@ -54,7 +54,7 @@ protected:
     MessageBoxTestChinese() {
         EXPECT_TRUE(chinese.load("qtbase_zh_CN", QLibraryInfo::path(QLibraryInfo::TranslationsPath)));
         QApplication::installTranslator(&chinese);
-        QCoreApplication::processEvents();  // every window hears of the new language
+        QCoreApplication::processEvents();  // every window gets a language change event
     }
     ~MessageBoxTestChinese() override { QApplication::removeTranslator(&chinese); }
 

@@ -1,4 +1,4 @@
-// The real main window on Qt's offscreen platform, with a listener that writes down what it is told.
+// The real main window on Qt's offscreen platform, with a listener that records every notification.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@
 
 using Events = std::vector<std::string>;
 
-// Milliseconds that a busy machine is given; what is waited for takes a few.
+// Milliseconds to wait for an event on a loaded machine; it usually takes a few.
 constexpr int kPatience = 60'000;
 
 class Recorder : public GridListener,

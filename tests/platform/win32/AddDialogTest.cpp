@@ -1,4 +1,4 @@
-// The Add List dialog of the whole program, worked by keys and read as a screen reader does.
+// The Add List dialog of the whole program, driven by keys and read as by a screen reader.
 #include "platform/win32/WindowFixture.h"
 
 namespace {
@@ -38,7 +38,7 @@ TEST_F(AddDialogTest, AddsARecordThroughTheDialog) {
     EXPECT_TRUE(eventually([&] { return GetForegroundWindow() == program().window(); }));
 }
 
-// Such is the name of a field that shows none itself: what screen readers are told by the system.
+// The system derives the accessible name of a field from the label before it.
 std::wstring labelBefore(HWND field) {
     HWND label = GetWindow(field, GW_HWNDPREV);
     wchar_t className[16]{};

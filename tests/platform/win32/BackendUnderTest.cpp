@@ -1,4 +1,4 @@
-// The Win32 backend before the contract cases, with its real windows.
+// Runs the contract cases on the Win32 backend with real windows.
 #include <windows.h>
 #include <commctrl.h>
 #include <gtest/gtest.h>
@@ -97,7 +97,7 @@ private:
         cell.left = LVIR_BOUNDS;
         SendMessageW(list(), LVM_GETITEMRECT, static_cast<WPARAM>(row - 1), reinterpret_cast<LPARAM>(&cell));
         const LPARAM at = MAKELPARAM(cell.left + 10, (cell.top + cell.bottom) / 2);
-        // The release waits in the queue already: the control looks for it while it handles the press.
+        // Queue the release first: the control looks for it while it handles the press.
         PostMessageW(list(), WM_LBUTTONUP, modifier, at);
         SendMessageW(list(), WM_LBUTTONDOWN, MK_LBUTTON | modifier, at);
         dispatchPending();
@@ -137,13 +137,13 @@ private:
     Win32MainWindow window_{smallDesign()};
 };
 
-// This program once more, told by its command line to take the place and to answer through its standard output.
+// Starts this program again; by its command line it takes the lock and answers through its standard output.
 class Win32OtherProcess final : public OtherProcess {
 public:
     explicit Win32OtherProcess(std::u16string_view folder) {
         std::array<wchar_t, MAX_PATH> program{};
         GetModuleFileNameW(nullptr, program.data(), MAX_PATH);
-        // The separator at the end would escape the quote.
+        // The separator at the end would escape the closing quote.
         std::wstring command =
             L'"' + std::wstring(program.data()) + L"\" " + kOtherProcess + L" \"" + toWide(folder) + L"\\\"";
         SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};

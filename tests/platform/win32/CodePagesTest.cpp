@@ -1,4 +1,4 @@
-// UTF-8 against the system's conversions, and the system's ANSI code page against the reference of the tests.
+// Compares our UTF-8 with the system's conversions, and the system's ANSI code page with the fake one.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ std::string units(std::u16string_view text) {
     return hex(bytes);
 }
 
-// Bytes that often begin or continue a sequence, whole or broken.
+// Bytes that often start or continue a sequence, complete or broken.
 std::string randomUtf8(std::mt19937& random) {
     static constexpr std::string_view kParts[] = {"a",
                                                   "\r\n",

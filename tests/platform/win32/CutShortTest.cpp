@@ -5,7 +5,7 @@
 
 namespace {
 
-// The half of the contract's case that holds on Wine too.
+// The part of the contract case that Wine can pass.
 TEST(CutShortTest, ABodyShorterThanAnnouncedIsAFailure) {
     const auto backend = makeBackend();
     const auto folder = backend->folder();

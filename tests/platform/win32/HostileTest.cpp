@@ -1,4 +1,4 @@
-// Servers that mean no good, met by the real program: a message, nothing left behind, the list as it was.
+// The real program against hostile servers: one message, no file left behind, the list unchanged.
 #include <windows.h>
 #include <gtest/gtest.h>
 #include <psapi.h>
@@ -44,7 +44,8 @@ protected:
         Program program(folder);
         HWND drm = program.list(L"DRM List");
         HWND report = nullptr;
-        for (int patience = 3; report == nullptr && patience > 0; --patience) {  // 16 MiB take a busy machine a while
+        for (int patience = 3; report == nullptr && patience > 0;
+             --patience) {  // a loaded machine needs long for 16 MiB
             report = program.dialogBy('I', L"Halcyon_K7");
         }
         ASSERT_NE(report, nullptr);

@@ -1,4 +1,4 @@
-// What the whole program is asked for by keys that are the system's custom.
+// The whole program reacts to the system's customary keys.
 #include "platform/win32/WindowFixture.h"
 
 namespace {
@@ -39,7 +39,7 @@ TEST_F(KeyboardTest, TheMenuOpensAtTheSelectedRow) {
     EXPECT_EQ(program().columnTexts(drm, 1), (std::vector<std::wstring>{L"Charlie", L"alpha"}));
 }
 
-// The letter that the label shows underlined.
+// The letter underlined in the label.
 WORD mnemonicOf(HWND label) {
     const std::wstring text = textOf(label);
     const std::size_t mark = text.find(L'&');

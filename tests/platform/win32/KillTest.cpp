@@ -1,5 +1,4 @@
-// The program is ended at random moments of edits, saves and its end; each restart shows every edit that had been
-// finished.
+// Kills the program at random moments of edits, saves and closing; each restart shows every finished edit.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -37,7 +36,7 @@ protected:
             return program->boxIsOpen() && textOf(program->box()) == names[static_cast<std::size_t>(row - 1)];
         }));
     }
-    // What is shown after the edit goes to `after`.
+    // `after` receives the text shown after the edit.
     void beginEdit(std::vector<std::wstring>& after) {
         const int row = randomUpTo(kRows - 1) + 1;
         ASSERT_NO_FATAL_FAILURE(openBox(row));
@@ -52,7 +51,7 @@ protected:
         names = after;
         ++edits;
     }
-    // There is no receiver: the lists go into the program's folder, then a box says that no disk is found.
+    // Without a receiver the lists are saved in the program's folder, then a box reports that no disk is found.
     void beginSave(HWND& box) {
         box = program->dialogBy('S', L"Halcyon_K7");
         ASSERT_NE(box, nullptr);
@@ -69,7 +68,7 @@ protected:
         }
         ++saves;
     }
-    // Begins something that is not waited for; what it makes of the names, if it comes that far.
+    // Starts a command without waiting for it; the names that it shows if it is finished.
     void beginLast(std::vector<std::wstring>& underWay) {
         underWay = names;
         HWND box = nullptr;
@@ -122,12 +121,12 @@ TEST_F(KillTest, EveryFinishedEditSurvives) {
             ASSERT_NO_FATAL_FAILURE(randomUpTo(3) == 0 ? save() : edit());
         }
         ASSERT_NO_FATAL_FAILURE(beginLast(underWay));
-        // From before the first key until well after the snapshot of an edit, or the files of a save.
+        // From before the first key until well after the snapshot of an edit or the files of a save.
         const auto moment = std::chrono::microseconds(randomUpTo(20'000));
         const auto until = std::chrono::steady_clock::now() + moment;
         while (std::chrono::steady_clock::now() < until) {
         }
-        program.reset();  // ends the process without a word
+        program.reset();  // kills the process
     }
     start();
     const auto shown = program->columnTexts(list, 1);

@@ -1,4 +1,4 @@
-// What the system may do to the whole program's window: other colours, fonts and resolutions, and a clock that goes on.
+// System changes that reach the window: colours, fonts, resolutions and the clock.
 #include <array>
 #include <utility>
 
@@ -20,7 +20,7 @@ class LooksTest : public WindowFixture {
 protected:
     static constexpr int kColumns = 4;
 
-    // A minute may begin while the window answers the message.
+    // A new minute may begin while the window handles the message.
     void expectClockRenewedBy(UINT message, WPARAM parameter) {
         ASSERT_TRUE(program().overwriteStatus(2, L"no date"));
         ASSERT_TRUE(program().overwriteStatus(3, L"no time"));
@@ -77,7 +77,7 @@ TEST_F(LooksTest, AnotherResolutionMovesTheWindowAndLosesNothing) {
     GetWindowRect(program().window(), &taken);
     EXPECT_TRUE(EqualRect(&taken, &suggested))
         << taken.left << ' ' << taken.top << ' ' << taken.right << ' ' << taken.bottom;
-    // The box ends with its edit, as whenever its row may have moved.
+    // The edit ends because its row may have moved.
     EXPECT_TRUE(cellBecomes(drm, 2, 2, L"7000"));
     EXPECT_TRUE(eventually([&] { return !program().boxIsOpen(); }));
     EXPECT_EQ(columnWidths(drm), widths);

@@ -1,4 +1,4 @@
-// What the built program asks of the system, read from the file as the system reads it.
+// The manifest of the built program, read from the file as the system does.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ std::string manifest() {
     };
     const std::unique_ptr<std::remove_pointer_t<HMODULE>, Unload> file(
         LoadLibraryExW(builtProgram().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
-    // The first manifest is the one that counts when a process is made.
+    // The first manifest counts when a process is created.
     HRSRC found = FindResourceW(file.get(), MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(24));
     HGLOBAL loaded = found != nullptr ? LoadResource(file.get(), found) : nullptr;
     if (loaded == nullptr) {
@@ -24,7 +24,7 @@ std::string manifest() {
     return {static_cast<const char*>(LockResource(loaded)), SizeofResource(file.get(), found)};
 }
 
-// An element with nothing but text in it, whatever its attributes.
+// The text of an element without child elements, whatever its attributes.
 std::string textOfElement(const std::string& xml, const std::string& name) {
     const std::size_t end = xml.find("</" + name + ">");
     const std::size_t begin = xml.rfind('>', end);

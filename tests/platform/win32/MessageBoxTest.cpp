@@ -44,7 +44,7 @@ BOOL CALLBACK findBox(HWND window, LPARAM found) {
 
 class MessageBoxTest : public testing::Test {
 protected:
-    // The captions of the box while it is on screen; it is then answered.
+    // Reads the captions of the box on screen, then answers it.
     Captions shown(bool hooked, int style, int answer) {
         Captions captions;
         const DWORD thread = GetCurrentThreadId();
@@ -66,7 +66,7 @@ protected:
                        const Captions& english) {
         EXPECT_EQ(shown(false, style, answer), isChinese() ? chinese : english);
         EXPECT_EQ(shown(true, style, answer), isChinese() ? renamed : english);
-        // The hook is gone again.
+        // The hook has been removed.
         EXPECT_EQ(shown(false, style, answer), isChinese() ? chinese : english);
     }
 

@@ -1,4 +1,4 @@
-// An HTTP server on a free port of this machine that gives every request the same answer.
+// An HTTP server on a free port of 127.0.0.1 with one answer for every request.
 #pragma once
 
 #include <winsock2.h>
@@ -10,7 +10,7 @@
 class OneAnswerServer {
 public:
     explicit OneAnswerServer(const std::string& body);
-    // Sends what it likes over the bare connection, which is closed afterwards.
+    // Writes the answer to the connection, which is closed afterwards.
     explicit OneAnswerServer(std::function<void(SOCKET)> answer);
     ~OneAnswerServer();
     OneAnswerServer(const OneAnswerServer&) = delete;
@@ -26,5 +26,5 @@ private:
     std::thread thread_;
 };
 
-// False once the other side has hung up.
+// False once the client has disconnected.
 bool sendAll(SOCKET connection, const std::string& bytes);

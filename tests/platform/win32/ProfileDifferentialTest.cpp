@@ -1,5 +1,5 @@
-// The portable profile engine against the system's profile functions: the same random calls on the same random
-// file must give the same reads and, up to blank lines and blanks at the ends of lines, the same file.
+// Compares the INI engine with the system's profile functions: the same random calls on the same random file must give
+// the same reads and, up to blank lines and trailing blanks, the same file.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -84,7 +84,7 @@ std::u16string trimmed(std::u16string_view text) {
                               : std::u16string(text.substr(first, text.find_last_not_of(u" \t") - first + 1));
 }
 
-// One entry for each line that is not blank, blanks around its parts dropped.
+// One entry for each line that is not blank, with its parts trimmed.
 std::vector<std::string> essence(std::u16string_view text) {
     std::vector<std::string> lines;
     for (std::size_t start = 0; start < text.size();) {
@@ -128,7 +128,7 @@ protected:
         WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // flush
         return decodeIni(folder_.read("system.ini"), codePages_).text;
     }
-    // A file as it stands with the mark FF FE, or one in the ANSI code page, which may lack characters of the text.
+    // Writes a file with the mark FF FE, or one in the ANSI code page, which may lack characters of the text.
     std::u16string fitting(const std::u16string& text, bool ansi) {
         return ansi ? codePages_.decode(codePages_.encode(text)) : text;
     }

@@ -1,4 +1,4 @@
-// The real program in a folder of its own, driven from outside through messages and the keyboard.
+// The real program in its own folder, driven through messages and the keyboard.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@
 
 #include "platform/win32/TemporaryFolder.h"
 
-// The program as it was built, by its path relative to the folder of this test.
+// The path of the built program, relative to the folder of this test.
 std::filesystem::path builtProgram(const wchar_t* relative = LR"(..\..\Halcyon_K7.exe)");
 
 // Column, row and panel numbers are 1-based, pixels are those of the window named.
@@ -27,14 +27,14 @@ public:
     HWND list(const wchar_t* tabCaption) const { return FindWindowExW(window_, nullptr, L"SysListView32", tabCaption); }
     HWND box() const { return FindWindowExW(window_, nullptr, L"Edit", nullptr); }
     bool boxIsOpen() const { return IsWindowVisible(box()) != 0; }
-    // A dialog or message box of the program with this title; waits for it, null when none comes.
+    // Waits for a dialog or message box of the program with this title; null if none appears.
     HWND dialog(const wchar_t* title) const;
     // The one that a key pressed with Ctrl brings.
     HWND dialogBy(WORD key, const wchar_t* title) const;
-    HWND menu() const;  // the popup menu on screen, null when there is none
+    HWND menu() const;  // the popup menu on screen, null if there is none
     HWND focus() const;
     bool hasEnded() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0; }
-    // Closes the window as a user does and waits for the end.
+    // Closes the window as a user does and waits for the end of the process.
     bool close();
 
     int rowCount(HWND list) const { return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)); }
@@ -42,9 +42,9 @@ public:
     std::vector<std::wstring> columnTexts(HWND list, int column) const;
     RECT cellBounds(HWND list, int row, int column) const;
     std::wstring status(int panel = 1) const;
-    // As another program may; the next text of the program's own stands in its place.
+    // Sets a status text from outside; the next text of the program replaces it.
     bool overwriteStatus(int panel, std::wstring_view text) const;
-    // What the system tells a window that has come to a screen of this resolution.
+    // Sends the message for a window that has moved to a screen of this resolution.
     void comeToResolution(int dpi, const RECT& suggested) const;
 
     void click(HWND list, int row, int column) const;
@@ -61,7 +61,7 @@ private:
     HWND window_ = nullptr;
 };
 
-// Keys as the keyboard gives them, to whatever has the focus.
+// Keyboard input for the window with the focus.
 void pressKey(WORD key);
 void pressWithCtrl(WORD key);
 void pressWithAlt(WORD key);

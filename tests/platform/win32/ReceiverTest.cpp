@@ -1,4 +1,4 @@
-// Loading from and saving to a receiver that stands as drive r:. The program is built for the test's capacity.
+// Loads from and saves to a receiver on drive r:. The program is built for the capacity of the test volume.
 #include <windows.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// The sync of the whole program with a server of the test's own.
+// The sync of the whole program with a server of the test.
 #include <future>
 
 #include "platform/win32/OneAnswerServer.h"

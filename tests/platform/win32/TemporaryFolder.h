@@ -1,4 +1,4 @@
-// A fresh folder of the system's for one test, removed with all it holds.
+// A temporary folder for one test, removed with its content by the destructor.
 #pragma once
 
 #include <filesystem>
@@ -15,7 +15,7 @@ public:
     const std::filesystem::path& path() const { return path_; }
     std::filesystem::path file(std::string_view name) const { return path_ / name; }
     void write(std::string_view name, std::string_view bytes) const;
-    std::string read(std::string_view name) const;  // empty when there is no such file
+    std::string read(std::string_view name) const;  // empty if the file does not exist
 
 private:
     std::filesystem::path path_;

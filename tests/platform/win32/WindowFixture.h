@@ -1,4 +1,4 @@
-// The program on its real window over three DRM records, one of each other kind and a favourite; what its files hold.
+// The program with three DRM records, one AM and one FM record and a favourite, and the expected files.
 #pragma once
 
 #include <windows.h>
@@ -18,8 +18,7 @@ inline constexpr const wchar_t* kAm = L"AM List";
 inline constexpr const wchar_t* kFm = L"FM List";
 inline constexpr const wchar_t* kFavourite = L"Favourite";
 
-// A file as the program saves it: the UTF-16 text behind it has an odd length or not, and the receiver's
-// firmware is used to the NUL that an odd one brings.
+// A file as the program saves it. The receiver's firmware expects one NUL if the UTF-16 text has an odd length.
 inline std::string savedFile(std::string body) {
     body.insert(0, " \r\n");
     const bool isOdd = fromUtf8(body).size() % 2 != 0;

@@ -1,4 +1,4 @@
-// The whole program on its real window: what a user does, and what stands in the files afterwards.
+// The whole program on its real window: a user's actions and the files that result.
 #include "platform/win32/WindowFixture.h"
 
 namespace {
@@ -113,7 +113,7 @@ TEST_F(WindowTest, TheBoxLiesOnItsCell) {
     ASSERT_TRUE(opensBoxAt(drm, 10, 2));
     expectBoxOnCell(drm, 10, 2);
 
-    // A dragged column ends the edit and snaps back as the next one starts.
+    // A dragged column ends the edit and gets its standard width when the next one starts.
     const auto standard = SendMessageW(drm, LVM_GETCOLUMNWIDTH, 0, 0);
     SendMessageW(drm, LVM_SETCOLUMNWIDTH, 0, standard + 60);
     ASSERT_TRUE(eventually([&] { return !program().boxIsOpen(); }));

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Lists as a user may have them: any text without blanks at its ends, without quotes and line ends.
+// Lists of a user: any text without blanks at its ends, quotes and line ends.
 class RandomLists {
 public:
     std::u16string text(std::size_t longest) {
