@@ -12,12 +12,12 @@ std::optional<std::uint64_t> MemoryFiles::size(std::u16string_view path) {
     return bytes == nullptr ? std::nullopt : std::optional<std::uint64_t>(bytes->size());
 }
 
-std::optional<std::string> MemoryFiles::read(std::u16string_view path) {
+FileRead MemoryFiles::read(std::u16string_view path) {
     const std::string* bytes = find(path);
-    return bytes == nullptr ? std::nullopt : std::optional(*bytes);
+    return bytes == nullptr ? FileRead::missing() : FileRead{*bytes};
 }
 
-bool MemoryFiles::write(std::u16string_view path, std::string_view bytes) {
+bool MemoryFiles::write(std::u16string_view path, std::string_view bytes, Flush) {
     files_[std::u16string(path)] = bytes;
     return true;
 }
@@ -27,7 +27,7 @@ bool MemoryFiles::append(std::u16string_view path, std::string_view bytes) {
     return true;
 }
 
-bool MemoryFiles::rename(std::u16string_view from, std::u16string_view to) {
+bool MemoryFiles::rename(std::u16string_view from, std::u16string_view to, Flush) {
     std::string* bytes = find(from);
     if (bytes == nullptr) {
         return false;

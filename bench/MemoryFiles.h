@@ -12,14 +12,12 @@ class MemoryFiles : public Files {
 public:
     bool exists(std::u16string_view path) override { return find(path) != nullptr; }
     std::optional<std::uint64_t> size(std::u16string_view path) override;
-    std::optional<std::string> read(std::u16string_view path) override;
-    std::optional<std::string> readBack(std::u16string_view path) override { return read(path); }
-    bool write(std::u16string_view path, std::string_view bytes) override;
-    bool writeUnflushed(std::u16string_view path, std::string_view bytes) override { return write(path, bytes); }
+    FileRead read(std::u16string_view path) override;
+    FileRead readBack(std::u16string_view path) override { return read(path); }
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
     bool append(std::u16string_view path, std::string_view bytes) override;
-    bool rename(std::u16string_view from, std::u16string_view to) override;
-    bool renameUnflushed(std::u16string_view from, std::u16string_view to) override { return rename(from, to); }
-    void flushFolderOf(std::u16string_view) override {}
+    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override;
+    bool flushFolderOf(std::u16string_view) override { return true; }
     bool remove(std::u16string_view path) override { return files_.erase(std::u16string(path)) > 0; }
     bool clearAttributes(std::u16string_view path) override { return exists(path); }
     // The storage routines know no folders.

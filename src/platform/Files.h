@@ -8,32 +8,44 @@
 #include <string_view>
 #include <vector>
 
+// The result of reading a file.
+struct FileRead {
+    static FileRead missing() { return {std::nullopt, true}; }
+    static FileRead failed() { return {}; }
+
+    std::optional<std::string> bytes;  // the whole file
+    bool isMissing = false;            // there is no such file; false without bytes: the read failed
+};
+
+// When a change reaches the device: before the call returns, or whenever the system chooses.
+enum class Flush { Now, Later };
+
 class Files {
 public:
     virtual ~Files() = default;
 
-    // Anything by that name, whatever its attributes; folders too. True also when that cannot be told.
+    // Anything by that name, whatever its attributes; folders too. Also true if the check itself fails.
     virtual bool exists(std::u16string_view path) = 0;
     // Bytes; nullopt when there is no such regular file.
     virtual std::optional<std::uint64_t> size(std::u16string_view path) = 0;
-    // The whole file; nullopt when it cannot be opened or read to its end. Folders cannot be read.
-    virtual std::optional<std::string> read(std::u16string_view path) = 0;
+    // Missing means that nothing has the name. A folder, a link that leads nowhere, a device that does not answer and a
+    // file that cannot be read to its end are failures.
+    virtual FileRead read(std::u16string_view path) = 0;
     // As read, but from the device and not from the system's cache where the system can do that.
-    virtual std::optional<std::string> readBack(std::u16string_view path) = 0;
-    // Creates or truncates, writes all, flushes to the device. On failure the file may hold a part, and
-    // behind it what it held before. The name of a new file is durable with the next rename in its folder, or
-    // flushFolderOf it. Never follows a link at the path.
-    virtual bool write(std::u16string_view path, std::string_view bytes) = 0;
-    // The same, but when the bytes reach the device is left to the system: a power cut may leave any part of them.
-    virtual bool writeUnflushed(std::u16string_view path, std::string_view bytes) = 0;
+    virtual FileRead readBack(std::u16string_view path) = 0;
+    // Creates or truncates, writes all. On failure the file may start with a part of the new bytes, followed by the old
+    // tail. With Flush::Later a power cut may leave any part of the bytes. The name of a new file is durable after the
+    // next rename with Flush::Now in its folder, or flushFolderOf it. Never follows a link at the path.
+    virtual bool write(std::u16string_view path, std::string_view bytes, Flush flush) = 0;
     // Creates the file when missing; writes at its end and flushes.
     virtual bool append(std::u16string_view path, std::string_view bytes) = 0;
-    // Puts `from` in the place of `to` (which may exist) in one step, in the same folder, and makes it durable.
-    virtual bool rename(std::u16string_view from, std::u16string_view to) = 0;
-    // The same, durable with the next rename in the folder, or flushFolderOf it.
-    virtual bool renameUnflushed(std::u16string_view from, std::u16string_view to) = 0;
-    // Makes the names in the folder of this file or folder durable, where the system can do that.
-    virtual void flushFolderOf(std::u16string_view path) = 0;
+    // Puts `from` in the place of `to` (which may exist) in one step, in the same folder. With Flush::Now false may
+    // also mean that the new name is there but could not be made durable. With Flush::Later it is durable after the
+    // next rename with Flush::Now in the folder, or flushFolderOf it.
+    virtual bool rename(std::u16string_view from, std::u16string_view to, Flush flush) = 0;
+    // Makes the names in the folder of this file or folder durable. True also where the system has no such notion;
+    // false when the device refuses.
+    virtual bool flushFolderOf(std::u16string_view path) = 0;
     // Files only, links themselves; durable as a rename is.
     virtual bool remove(std::u16string_view path) = 0;
     // Normal attributes: writable, not hidden, not system.

@@ -89,7 +89,7 @@ bool ReceiverCopies::fetch(ListFileId file) {
         reportMissing(source);
         return false;
     }
-    const auto bytes = files_.read(source);
+    const auto bytes = files_.read(source).bytes;
     if (!bytes) {
         return false;
     }
@@ -100,7 +100,7 @@ bool ReceiverCopies::fetch(ListFileId file) {
 // shown: the file as a save would write it; it goes too, and the working copy may not hold it yet.
 void ReceiverCopies::backUp(ListFileId file, const std::optional<std::string>& shown) {
     const std::u16string_view name = ListFile::nameOf(file);
-    if (const auto present = files_.read(copies_[file])) {
+    if (const auto present = files_.read(copies_[file]).bytes) {
         backup_.keep(name, withoutUtf16(*present, codePages_));
     }
     if (shown) {

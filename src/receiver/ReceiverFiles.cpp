@@ -20,8 +20,8 @@ std::optional<std::u16string> ReceiverFiles::missingFile() {
 }
 
 std::optional<ListFilePair> ReceiverFiles::read() {
-    auto list = files_.read(pathOf(ListFileId::List));
-    auto user = list ? files_.read(pathOf(ListFileId::User)) : std::nullopt;
+    auto list = files_.read(pathOf(ListFileId::List)).bytes;
+    auto user = list ? files_.read(pathOf(ListFileId::User)).bytes : std::nullopt;
     return user ? std::optional(ListFilePair{std::move(*list), std::move(*user)}) : std::nullopt;
 }
 
@@ -29,7 +29,7 @@ bool ReceiverFiles::replace(ListFilePair pair) {
     std::vector<NewFile> newFiles;
     for (const ListFileId file : kListFiles) {
         newFiles.push_back({pathOf(file), std::move(pair[file])});
-        if (const auto old = files_.read(newFiles.back().path)) {
+        if (const auto old = files_.read(newFiles.back().path).bytes) {
             backup_.keep(ListFile::nameOf(file), *old);
         }
     }

@@ -36,7 +36,7 @@ void StartUp::putBack(ListFileId file) {
     if (files_.exists(path)) {
         findDiskDriver_.ClearFileAttributes(path);
     }
-    if (files_.read(path) == bytes || replaceFile(files_, path, *bytes)) {
+    if (files_.read(path).bytes == bytes || replaceFile(files_, path, *bytes)) {
         bytes.reset();
     }
 }
@@ -61,14 +61,14 @@ std::string StartUp::convert(ListFileId file, const std::optional<std::string>& 
     if (onDisk) {
         // Not flushed: a power cut may lose or tear it. The snapshot with the same lists has been flushed already and
         // stays until a save has flushed both files; a start that finds one makes the working copies anew from it.
-        replaceFileUnflushed(files_, workingCopies_[file], converted);
+        replaceFile(files_, workingCopies_[file], converted, Flush::Later);
     }
     return converted;
 }
 
 void StartUp::prepareLocal() {
     for (const ListFileId file : kListFiles) {
-        if (isMissing(files_, workingCopies_[file])) {
+        if (!files_.exists(workingCopies_[file])) {
             createWorkingCopy(workingCopies_[file], files_, codePages_);
         } else {
             findDiskDriver_.ClearFileAttributes(workingCopies_[file]);

@@ -48,7 +48,7 @@ bool isWhole(const HttpAnswer& answer) {
 
 bool Downloader::download(std::u16string_view url, std::u16string_view path) {
     const std::optional<std::string> body = fetch(std::u16string(url));
-    if (body && files_.write(path, *body)) {
+    if (body && files_.write(path, *body, Flush::Now)) {
         return true;
     }
     files_.remove(path);

@@ -43,7 +43,7 @@ void ScheduleSync::SyncDrmSchedule() {
 }
 
 std::optional<std::u16string> ScheduleSync::scheduleUrl() {
-    const auto bytes = files_.read(programFolder_ + u"config.ini");
+    const auto bytes = files_.read(programFolder_ + u"config.ini").bytes;
     if (!bytes) {
         return std::u16string(kBuiltInUrl);
     }
@@ -69,7 +69,7 @@ bool ScheduleSync::download(std::u16string_view url) {
 }
 
 std::u16string ScheduleSync::takeDownloadedText() {
-    const std::string bytes = files_.read(targetPath()).value_or("");
+    const std::string bytes = files_.read(targetPath()).bytes.value_or("");
     files_.remove(targetPath());
     return codePages_.decode(bytes);
 }

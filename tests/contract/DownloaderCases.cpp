@@ -13,7 +13,7 @@ protected:
     bool get(std::u16string_view resource) {
         return downloader.download(httpServer() + std::u16string(resource), target);
     }
-    std::optional<std::string> bytes() { return backend->files().read(target); }
+    std::optional<std::string> bytes() { return backend->files().read(target).bytes; }
     void expectFailure(std::u16string_view resource) {
         EXPECT_FALSE(get(resource)) << narrow(resource);
         EXPECT_FALSE(backend->files().exists(target)) << narrow(resource);
@@ -79,7 +79,7 @@ TEST_F(DownloaderContract, ASilentServerIsGivenUp) {
 }
 
 TEST_F(DownloaderContract, AFailureLeavesNoOlderFileBehind) {
-    ASSERT_TRUE(backend->files().write(target, "[DRMSchedule] of yesterday"));
+    ASSERT_TRUE(backend->files().write(target, "[DRMSchedule] of yesterday", Flush::Now));
     expectFailure(u"/404");
 }
 
@@ -91,7 +91,7 @@ TEST_F(DownloaderContract, AnAnswerIsNeverTakenFromACache) {
 }
 
 TEST_F(DownloaderContract, OtherAddressesAreRefused) {
-    ASSERT_TRUE(backend->files().write(folder->path() + u"local", "x"));
+    ASSERT_TRUE(backend->files().write(folder->path() + u"local", "x", Flush::Now));
     EXPECT_FALSE(downloader.download(u"file://" + folder->path() + u"local", target));
     EXPECT_FALSE(downloader.download(u"http://127.0.0.1:1/", target));
     EXPECT_FALSE(downloader.download(u"", target));

@@ -17,9 +17,9 @@ protected:
 
 TEST_F(FilesContract, WhatIsWrittenIsRead) {
     const std::string bytes("\0\xFF\xFE line\r\n\n\x1A end\0", 17);
-    ASSERT_TRUE(files.write(at(u"List.ini"), bytes));
-    EXPECT_EQ(files.read(at(u"List.ini")), bytes);
-    EXPECT_EQ(files.readBack(at(u"List.ini")), bytes);
+    ASSERT_TRUE(files.write(at(u"List.ini"), bytes, Flush::Now));
+    EXPECT_EQ(files.read(at(u"List.ini")).bytes, bytes);
+    EXPECT_EQ(files.readBack(at(u"List.ini")).bytes, bytes);
     EXPECT_EQ(files.size(at(u"List.ini")), bytes.size());
     EXPECT_TRUE(files.exists(at(u"List.ini")));
 }
@@ -29,34 +29,37 @@ TEST_F(FilesContract, LargeFilesAreReadToTheirEnd) {
     for (int i = 0; i < 300'000; ++i) {
         bytes.push_back(static_cast<char>(i % 251));
     }
-    ASSERT_TRUE(files.write(at(u"large"), bytes));
-    EXPECT_TRUE(files.read(at(u"large")) == bytes);
-    EXPECT_TRUE(files.readBack(at(u"large")) == bytes);
+    ASSERT_TRUE(files.write(at(u"large"), bytes, Flush::Now));
+    EXPECT_TRUE(files.read(at(u"large")).bytes == bytes);
+    EXPECT_TRUE(files.readBack(at(u"large")).bytes == bytes);
 }
 
 TEST_F(FilesContract, WritingReplacesALongerFile) {
-    ASSERT_TRUE(files.write(at(u"a"), "a long text"));
-    ASSERT_TRUE(files.write(at(u"a"), "short"));
-    EXPECT_EQ(files.read(at(u"a")), "short");
-    ASSERT_TRUE(files.write(at(u"a"), ""));
-    EXPECT_EQ(files.read(at(u"a")), "");
+    ASSERT_TRUE(files.write(at(u"a"), "a long text", Flush::Now));
+    ASSERT_TRUE(files.write(at(u"a"), "short", Flush::Now));
+    EXPECT_EQ(files.read(at(u"a")).bytes, "short");
+    ASSERT_TRUE(files.write(at(u"a"), "", Flush::Now));
+    EXPECT_EQ(files.read(at(u"a")).bytes, "");
     EXPECT_EQ(files.size(at(u"a")), 0U);
 }
 
 TEST_F(FilesContract, NamesMayHoldAnyLetters) {
-    ASSERT_TRUE(files.write(at(u"电台 – Réseau.ini"), "x"));
-    EXPECT_EQ(files.read(at(u"电台 – Réseau.ini")), "x");
+    ASSERT_TRUE(files.write(at(u"电台 – Réseau.ini"), "x", Flush::Now));
+    EXPECT_EQ(files.read(at(u"电台 – Réseau.ini")).bytes, "x");
     EXPECT_EQ(folder->names(), (Names{u"电台 – Réseau.ini"}));
 }
 
 TEST_F(FilesContract, AMissingFileHasNothing) {
     EXPECT_FALSE(files.exists(at(u"none")));
     EXPECT_EQ(files.size(at(u"none")), std::nullopt);
-    EXPECT_EQ(files.read(at(u"none")), std::nullopt);
-    EXPECT_EQ(files.readBack(at(u"none")), std::nullopt);
+    for (const FileRead& read : {files.read(at(u"none")), files.readBack(at(u"none")),
+                                 files.read(at(u"none") + folder->path().back() + u"none")}) {
+        EXPECT_TRUE(read.isMissing);
+        EXPECT_EQ(read.bytes, std::nullopt);
+    }
     EXPECT_FALSE(files.remove(at(u"none")));
     EXPECT_FALSE(files.clearAttributes(at(u"none")));
-    EXPECT_FALSE(files.rename(at(u"none"), at(u"other")));
+    EXPECT_FALSE(files.rename(at(u"none"), at(u"other"), Flush::Now));
     EXPECT_EQ(folder->names(), Names{});
 }
 
@@ -64,60 +67,61 @@ TEST_F(FilesContract, AFolderExistsButIsNoFile) {
     folder->makeFolder(at(u"sub"));
     EXPECT_TRUE(files.exists(at(u"sub")));
     EXPECT_EQ(files.size(at(u"sub")), std::nullopt);
-    EXPECT_EQ(files.read(at(u"sub")), std::nullopt);
-    EXPECT_FALSE(files.write(at(u"sub"), "x"));
+    EXPECT_EQ(files.read(at(u"sub")).bytes, std::nullopt);
+    EXPECT_FALSE(files.read(at(u"sub")).isMissing);
+    EXPECT_FALSE(files.write(at(u"sub"), "x", Flush::Now));
     EXPECT_FALSE(files.append(at(u"sub"), "x"));
     EXPECT_FALSE(files.remove(at(u"sub")));
-    ASSERT_TRUE(files.write(at(u"a"), "x"));
-    EXPECT_FALSE(files.rename(at(u"a"), at(u"sub")));
+    ASSERT_TRUE(files.write(at(u"a"), "x", Flush::Now));
+    EXPECT_FALSE(files.rename(at(u"a"), at(u"sub"), Flush::Now));
     EXPECT_EQ(folder->names(), (Names{u"a", u"sub"}));
 }
 
 TEST_F(FilesContract, AppendingCreatesAndContinues) {
     ASSERT_TRUE(files.append(at(u"a"), "one"));
     ASSERT_TRUE(files.append(at(u"a"), "two"));
-    EXPECT_EQ(files.read(at(u"a")), "onetwo");
+    EXPECT_EQ(files.read(at(u"a")).bytes, "onetwo");
 }
 
 TEST_F(FilesContract, RenamingTakesThePlaceOfTheOtherFile) {
-    ASSERT_TRUE(files.write(at(u"new"), "new"));
-    ASSERT_TRUE(files.write(at(u"old"), "old"));
-    EXPECT_TRUE(files.rename(at(u"new"), at(u"old")));
-    EXPECT_EQ(files.read(at(u"old")), "new");
-    EXPECT_TRUE(files.rename(at(u"old"), at(u"nowhere yet")));
+    ASSERT_TRUE(files.write(at(u"new"), "new", Flush::Now));
+    ASSERT_TRUE(files.write(at(u"old"), "old", Flush::Now));
+    EXPECT_TRUE(files.rename(at(u"new"), at(u"old"), Flush::Now));
+    EXPECT_EQ(files.read(at(u"old")).bytes, "new");
+    EXPECT_TRUE(files.rename(at(u"old"), at(u"nowhere yet"), Flush::Now));
     EXPECT_EQ(folder->names(), (Names{u"nowhere yet"}));
 }
 
 TEST_F(FilesContract, ReadersFindWhatIsNotFlushed) {
-    ASSERT_TRUE(files.write(at(u"old"), "a long text"));
-    ASSERT_TRUE(files.writeUnflushed(at(u"old"), "short"));
-    EXPECT_EQ(files.read(at(u"old")), "short");
-    ASSERT_TRUE(files.writeUnflushed(at(u"new"), "new"));
-    EXPECT_TRUE(files.renameUnflushed(at(u"new"), at(u"old")));
-    EXPECT_EQ(files.read(at(u"old")), "new");
-    EXPECT_FALSE(files.renameUnflushed(at(u"none"), at(u"old")));
-    files.flushFolderOf(at(u"old"));
-    files.flushFolderOf(at(u"none"));
-    EXPECT_EQ(files.read(at(u"old")), "new");
+    ASSERT_TRUE(files.write(at(u"old"), "a long text", Flush::Now));
+    ASSERT_TRUE(files.write(at(u"old"), "short", Flush::Later));
+    EXPECT_EQ(files.read(at(u"old")).bytes, "short");
+    ASSERT_TRUE(files.write(at(u"new"), "new", Flush::Later));
+    EXPECT_TRUE(files.rename(at(u"new"), at(u"old"), Flush::Later));
+    EXPECT_EQ(files.read(at(u"old")).bytes, "new");
+    EXPECT_FALSE(files.rename(at(u"none"), at(u"old"), Flush::Later));
+    EXPECT_TRUE(files.flushFolderOf(at(u"old")));
+    EXPECT_TRUE(files.flushFolderOf(at(u"none")));
+    EXPECT_EQ(files.read(at(u"old")).bytes, "new");
     EXPECT_EQ(folder->names(), Names{u"old"});
 }
 
 TEST_F(FilesContract, RemovingLeavesTheOthers) {
-    ASSERT_TRUE(files.write(at(u"a"), "a"));
-    ASSERT_TRUE(files.write(at(u"b"), "b"));
+    ASSERT_TRUE(files.write(at(u"a"), "a", Flush::Now));
+    ASSERT_TRUE(files.write(at(u"b"), "b", Flush::Now));
     EXPECT_TRUE(files.remove(at(u"a")));
     EXPECT_FALSE(files.exists(at(u"a")));
     EXPECT_EQ(folder->names(), (Names{u"b"}));
 }
 
 TEST_F(FilesContract, AReadOnlyFileCanBeMadeWritable) {
-    ASSERT_TRUE(files.write(at(u"List.ini"), "old"));
+    ASSERT_TRUE(files.write(at(u"List.ini"), "old", Flush::Now));
     folder->makeReadOnly(at(u"List.ini"));
     ASSERT_TRUE(folder->isReadOnly(at(u"List.ini")));
     EXPECT_TRUE(files.clearAttributes(at(u"List.ini")));
     EXPECT_FALSE(folder->isReadOnly(at(u"List.ini")));
-    EXPECT_TRUE(files.write(at(u"List.ini"), "new"));
-    EXPECT_EQ(files.read(at(u"List.ini")), "new");
+    EXPECT_TRUE(files.write(at(u"List.ini"), "new", Flush::Now));
+    EXPECT_EQ(files.read(at(u"List.ini")).bytes, "new");
 }
 
 TEST_F(FilesContract, FoldersAreMadeListedAndRemoved) {
@@ -125,7 +129,7 @@ TEST_F(FilesContract, FoldersAreMadeListedAndRemoved) {
     EXPECT_TRUE(files.createFolder(at(u"Recovery"))) << "is there already";
     EXPECT_EQ(files.list(at(u"Recovery")), Names{});
     for (const std::u16string_view name : {u"b", u"a", u"\u96FB.ini", u"C"}) {
-        ASSERT_TRUE(files.write(at(u"Recovery") + folder->path().back() + std::u16string(name), "x"));
+        ASSERT_TRUE(files.write(at(u"Recovery") + folder->path().back() + std::u16string(name), "x", Flush::Now));
     }
     EXPECT_EQ(files.list(at(u"Recovery")), (Names{u"C", u"a", u"b", u"\u96FB.ini"}));
     EXPECT_FALSE(files.removeFolder(at(u"Recovery"))) << "is not empty";
@@ -138,12 +142,12 @@ TEST_F(FilesContract, FoldersAreMadeListedAndRemoved) {
 }
 
 TEST_F(FilesContract, AFileIsNoFolder) {
-    ASSERT_TRUE(files.write(at(u"a"), "x"));
+    ASSERT_TRUE(files.write(at(u"a"), "x", Flush::Now));
     EXPECT_FALSE(files.createFolder(at(u"a")));
     EXPECT_FALSE(files.removeFolder(at(u"a")));
     EXPECT_EQ(files.list(at(u"a")), Names{});
     EXPECT_EQ(files.list(at(u"none")), Names{});
-    EXPECT_EQ(files.read(at(u"a")), "x");
+    EXPECT_EQ(files.read(at(u"a")).bytes, "x");
 }
 
 }  // namespace

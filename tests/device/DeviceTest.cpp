@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "device/Volume.h"
+#include "fakes/ForwardingFiles.h"
 #include "platform/posix/PosixFiles.h"
 #include "storage/files/SafeFile.h"
 #include "storage/files/VerifiedFiles.h"
@@ -21,19 +22,19 @@ namespace {
 constexpr std::size_t kCluster = 1024;
 
 // Calls back before each operation that reaches the device.
-class WatchedFiles : public PosixFiles {
+class WatchedFiles : public ForwardingFiles {
 public:
-    std::optional<std::string> read(std::u16string_view path) override { return step(), PosixFiles::read(path); }
-    std::optional<std::string> readBack(std::u16string_view path) override {
-        return step(), PosixFiles::readBack(path);
+    using ForwardingFiles::ForwardingFiles;
+
+    FileRead read(std::u16string_view path) override { return step(), ForwardingFiles::read(path); }
+    FileRead readBack(std::u16string_view path) override { return step(), ForwardingFiles::readBack(path); }
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+        return step(), ForwardingFiles::write(path, bytes, flush);
     }
-    bool write(std::u16string_view path, std::string_view bytes) override {
-        return step(), PosixFiles::write(path, bytes);
+    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
+        return step(), ForwardingFiles::rename(from, to, flush);
     }
-    bool rename(std::u16string_view from, std::u16string_view to) override {
-        return step(), PosixFiles::rename(from, to);
-    }
-    bool remove(std::u16string_view path) override { return step(), PosixFiles::remove(path); }
+    bool remove(std::u16string_view path) override { return step(), ForwardingFiles::remove(path); }
 
     std::function<void(int)> before = [](int) {};
 
@@ -50,21 +51,21 @@ protected:
         ASSERT_TRUE(Volume::isPossible()) << "needs root, or sudo without a password, and loop devices";
     }
     void putOld(const Volume& volume) {
-        ASSERT_TRUE(files.write(volume.at(u"List.ini"), oldList));
-        ASSERT_TRUE(files.write(volume.at(u"User.ini"), oldUser));
+        ASSERT_TRUE(files.write(volume.at(u"List.ini"), oldList, Flush::Now));
+        ASSERT_TRUE(files.write(volume.at(u"User.ini"), oldUser, Flush::Now));
     }
     bool save(Files& through, const Volume& volume) const {
         return replaceVerified(through, {{volume.at(u"List.ini"), newList}, {volume.at(u"User.ini"), newUser}});
     }
     void expectWhole(const Volume& volume) {
-        const auto list = files.read(volume.at(u"List.ini"));
-        const auto user = files.read(volume.at(u"User.ini"));
+        const auto list = files.read(volume.at(u"List.ini")).bytes;
+        const auto user = files.read(volume.at(u"User.ini")).bytes;
         EXPECT_TRUE(list == oldList || list == newList) << "List.ini: " << (list ? list->size() : 0);
         EXPECT_TRUE(user == oldUser || user == newUser) << "User.ini: " << (user ? user->size() : 0);
     }
     void expectBoth(const Volume& volume, bool isNew) {
-        EXPECT_TRUE(files.read(volume.at(u"List.ini")) == (isNew ? newList : oldList));
-        EXPECT_TRUE(files.read(volume.at(u"User.ini")) == (isNew ? newUser : oldUser));
+        EXPECT_TRUE(files.read(volume.at(u"List.ini")).bytes == (isNew ? newList : oldList));
+        EXPECT_TRUE(files.read(volume.at(u"User.ini")).bytes == (isNew ? newUser : oldUser));
     }
     static bool nothingBeside(const Volume& volume) {
         return !std::filesystem::exists(volume.folder() + "/List.ini.k7new") &&
@@ -89,7 +90,7 @@ TEST_F(DeviceTest, PulledOutAtAnyOperationKeepsWholeFilesAndTheNextSaveMakesTheP
             Volume volume;
             putOld(volume);
             ::sync();
-            WatchedFiles watched;
+            WatchedFiles watched(files);
             watched.before = [&](int number) {
                 if (number == pulled + 1) {
                     reached = true;
@@ -144,9 +145,9 @@ TEST_F(DeviceTest, AnyFreeSpaceLeavesWholeWorkingCopiesAndSnapshots) {
         const auto found = Recovery(programFolder, files).find();
         EXPECT_TRUE(found == (kept ? WorkingCopyBytes{newList, newUser} : WorkingCopyBytes{oldList, oldUser}));
         const bool list = replaceFile(files, volume.at(u"List.ini"), newList);
-        EXPECT_TRUE(files.read(volume.at(u"List.ini")) == (list ? newList : oldList));
+        EXPECT_TRUE(files.read(volume.at(u"List.ini")).bytes == (list ? newList : oldList));
         const bool user = replaceFile(files, volume.at(u"User.ini"), newUser);
-        EXPECT_TRUE(files.read(volume.at(u"User.ini")) == (user ? newUser : oldUser));
+        EXPECT_TRUE(files.read(volume.at(u"User.ini")).bytes == (user ? newUser : oldUser));
         EXPECT_TRUE(nothingBeside(volume));
         recovery.discard();
         volume.empty();
@@ -173,7 +174,7 @@ TEST(DeviceTestLinks, AreNotFollowedForWriting) {
     const auto at = [&](const char* name) { return (folder / name).u16string(); };
     const std::filesystem::path victim = folder / "victim";
     PosixFiles files;
-    ASSERT_TRUE(files.write(at("victim"), "precious"));
+    ASSERT_TRUE(files.write(at("victim"), "precious", Flush::Now));
     std::filesystem::permissions(victim, std::filesystem::perms::owner_read);
     std::filesystem::create_directory(folder / "elsewhere");
     std::filesystem::create_symlink("victim", folder / "link");
@@ -181,14 +182,14 @@ TEST(DeviceTestLinks, AreNotFollowedForWriting) {
     std::filesystem::create_symlink("victim", folder / "List.ini");
     std::filesystem::create_symlink("elsewhere", folder / "Recovery");
 
-    EXPECT_FALSE(files.write(at("link"), "evil"));
+    EXPECT_FALSE(files.write(at("link"), "evil", Flush::Now));
     EXPECT_FALSE(files.append(at("link"), "evil"));
     EXPECT_FALSE(files.clearAttributes(at("link")));
     EXPECT_TRUE(replaceFile(files, at("List.ini"), "new")) << "the link itself is replaced";
     EXPECT_FALSE(std::filesystem::is_symlink(folder / "List.ini"));
     EXPECT_FALSE(Recovery(folder.u16string() + u'/', files).keep({"list", "user"}));
     EXPECT_TRUE(std::filesystem::is_empty(folder / "elsewhere"));
-    EXPECT_EQ(files.read(at("victim")), "precious");
+    EXPECT_EQ(files.read(at("victim")).bytes, "precious");
     EXPECT_EQ(std::filesystem::status(victim).permissions(), std::filesystem::perms::owner_read);
     std::filesystem::remove_all(folder);
 }

@@ -28,32 +28,29 @@ std::optional<std::uint64_t> FakeFiles::size(std::u16string_view path) {
     return found == files.end() ? std::nullopt : std::optional<std::uint64_t>(found->second.size());
 }
 
-std::optional<std::string> FakeFiles::read(std::u16string_view path) {
+FileRead FakeFiles::read(std::u16string_view path) {
     if (!allowed("read", path) || unreadable.contains(std::u16string(path))) {
-        return std::nullopt;
+        return FileRead::failed();
     }
-    const auto found = files.find(std::u16string(path));
-    return found == files.end() ? std::nullopt : std::optional<std::string>(found->second);
+    if (const auto found = files.find(std::u16string(path)); found != files.end()) {
+        return {found->second};
+    }
+    return exists(path) ? FileRead::failed() : FileRead::missing();
 }
 
-std::optional<std::string> FakeFiles::readBack(std::u16string_view path) { return read(path); }
+FileRead FakeFiles::readBack(std::u16string_view path) { return read(path); }
 
-bool FakeFiles::write(std::u16string_view path, std::string_view bytes) {
-    if (!writable("write", path)) {
+bool FakeFiles::write(std::u16string_view path, std::string_view bytes, Flush flush) {
+    if (!writable(flush == Flush::Now ? "write" : "writeUnflushed", path)) {
         return false;
     }
-    if (!vanishing.contains(std::u16string(path))) {
-        put(path, bytes);
-    }
-    return true;
-}
-
-bool FakeFiles::writeUnflushed(std::u16string_view path, std::string_view bytes) {
-    if (!writable("writeUnflushed", path)) {
-        return false;
+    if (vanishing.contains(std::u16string(path))) {
+        return true;
     }
     put(path, bytes);
-    unflushed_.insert(std::u16string(path));
+    if (flush == Flush::Later) {
+        unflushed_.insert(std::u16string(path));
+    }
     return true;
 }
 
@@ -79,15 +76,7 @@ bool FakeFiles::append(std::u16string_view path, std::string_view bytes) {
     return true;
 }
 
-bool FakeFiles::rename(std::u16string_view from, std::u16string_view to) {
-    if (!renameUnflushed(from, to)) {
-        return false;
-    }
-    flushFolderOf(to);
-    return true;
-}
-
-bool FakeFiles::renameUnflushed(std::u16string_view from, std::u16string_view to) {
+bool FakeFiles::rename(std::u16string_view from, std::u16string_view to, Flush flush) {
     const std::u16string source(from);
     const std::u16string target(to);
     if (!allowed("rename", from) || !writable("onto", to) || !files.contains(source)) {
@@ -101,12 +90,13 @@ bool FakeFiles::renameUnflushed(std::u16string_view from, std::u16string_view to
     if (unflushed_.erase(source) > 0) {
         unflushed_.insert(target);
     }
-    return true;
+    return flush == Flush::Later || flushFolderOf(to);
 }
 
-void FakeFiles::flushFolderOf(std::u16string_view path) {
+bool FakeFiles::flushFolderOf(std::u16string_view path) {
     const auto folderOf = [](std::u16string_view name) { return name.substr(0, name.rfind(u'/') + 1); };
     std::erase_if(old_, [&](const auto& name) { return folderOf(name.first) == folderOf(path); });
+    return true;
 }
 
 bool FakeFiles::remove(std::u16string_view path) {
@@ -114,8 +104,7 @@ bool FakeFiles::remove(std::u16string_view path) {
         return false;
     }
     unflushed_.erase(std::u16string(path));
-    flushFolderOf(path);
-    return true;
+    return flushFolderOf(path);
 }
 
 void FakeFiles::cutPower(const std::function<Fate(std::u16string_view path)>& fateOf) {

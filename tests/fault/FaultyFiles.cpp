@@ -53,21 +53,18 @@ bool FaultyFiles::fails(Kind kind) {
            (plan_.second > 0 && count_ == plan_.first + plan_.second);
 }
 
-// A missing device is one without files; with any other fault it cannot be told.
-bool FaultyFiles::exists(std::u16string_view path) {
-    return fails(Kind::Read) ? plan_.fault != Fault::NoDevice : files_.exists(path);
-}
+bool FaultyFiles::exists(std::u16string_view path) { return fails(Kind::Read) || ForwardingFiles::exists(path); }
 
 std::optional<std::uint64_t> FaultyFiles::size(std::u16string_view path) {
-    return fails(Kind::Read) ? std::nullopt : files_.size(path);
+    return fails(Kind::Read) ? std::nullopt : ForwardingFiles::size(path);
 }
 
-std::optional<std::string> FaultyFiles::read(std::u16string_view path) {
-    return fails(Kind::Read) ? std::nullopt : files_.read(path);
+FileRead FaultyFiles::read(std::u16string_view path) {
+    return fails(Kind::Read) ? FileRead::failed() : ForwardingFiles::read(path);
 }
 
-std::optional<std::string> FaultyFiles::readBack(std::u16string_view path) {
-    return fails(Kind::Read) ? std::nullopt : files_.readBack(path);
+FileRead FaultyFiles::readBack(std::u16string_view path) {
+    return fails(Kind::Read) ? FileRead::failed() : ForwardingFiles::readBack(path);
 }
 
 std::string_view FaultyFiles::partOf(std::string_view bytes) const {
@@ -82,72 +79,58 @@ std::string_view FaultyFiles::partOf(std::string_view bytes) const {
     }
 }
 
-bool FaultyFiles::write(std::u16string_view path, std::string_view bytes) {
-    if (!fails(Kind::Write)) {
-        return files_.write(path, bytes);
+bool FaultyFiles::write(std::u16string_view path, std::string_view bytes, Flush flush) {
+    if (!fails(flush == Flush::Now ? Kind::Write : Kind::UnflushedWrite)) {
+        return ForwardingFiles::write(path, bytes, flush);
     }
     if (const std::string_view part = partOf(bytes); !part.empty()) {
-        files_.write(path, part);
-    }
-    return false;
-}
-
-bool FaultyFiles::writeUnflushed(std::u16string_view path, std::string_view bytes) {
-    if (!fails(Kind::UnflushedWrite)) {
-        return files_.writeUnflushed(path, bytes);
-    }
-    if (const std::string_view part = partOf(bytes); !part.empty()) {
-        files_.writeUnflushed(path, part);
+        ForwardingFiles::write(path, part, flush);
     }
     return false;
 }
 
 bool FaultyFiles::append(std::u16string_view path, std::string_view bytes) {
     if (!fails(Kind::Write)) {
-        return files_.append(path, bytes);
+        return ForwardingFiles::append(path, bytes);
     }
     if (const std::string_view part = partOf(bytes); !part.empty()) {
-        files_.append(path, part);
+        ForwardingFiles::append(path, part);
     }
     return false;
 }
 
-bool FaultyFiles::rename(std::u16string_view from, std::u16string_view to) {
-    if (!fails(Kind::Rename)) {
-        return files_.rename(from, to);
+bool FaultyFiles::rename(std::u16string_view from, std::u16string_view to, Flush flush) {
+    if (!fails(flush == Flush::Now ? Kind::Rename : Kind::UnflushedRename)) {
+        return ForwardingFiles::rename(from, to, flush);
     }
     if (plan_.fault == Fault::FailedFlush) {
-        files_.renameUnflushed(from, to);
+        ForwardingFiles::rename(from, to, Flush::Later);
     }
     return false;
 }
 
-bool FaultyFiles::renameUnflushed(std::u16string_view from, std::u16string_view to) {
-    return !fails(Kind::UnflushedRename) && files_.renameUnflushed(from, to);
+bool FaultyFiles::flushFolderOf(std::u16string_view path) {
+    return !fails(Kind::FlushFolder) && ForwardingFiles::flushFolderOf(path);
 }
 
-void FaultyFiles::flushFolderOf(std::u16string_view path) {
-    if (!fails(Kind::FlushFolder)) {
-        files_.flushFolderOf(path);
-    }
-}
-
-bool FaultyFiles::remove(std::u16string_view path) { return !fails(Kind::Change) && files_.remove(path); }
+bool FaultyFiles::remove(std::u16string_view path) { return !fails(Kind::Change) && ForwardingFiles::remove(path); }
 
 bool FaultyFiles::clearAttributes(std::u16string_view path) {
-    return !fails(Kind::Change) && files_.clearAttributes(path);
+    return !fails(Kind::Change) && ForwardingFiles::clearAttributes(path);
 }
 
 bool FaultyFiles::createFolder(std::u16string_view path) {
-    return !fails(Kind::CreateFolder) && files_.createFolder(path);
+    return !fails(Kind::CreateFolder) && ForwardingFiles::createFolder(path);
 }
 
-bool FaultyFiles::removeFolder(std::u16string_view path) { return !fails(Kind::Change) && files_.removeFolder(path); }
+bool FaultyFiles::removeFolder(std::u16string_view path) {
+    return !fails(Kind::Change) && ForwardingFiles::removeFolder(path);
+}
 
 std::vector<std::u16string> FaultyFiles::list(std::u16string_view path) {
-    return fails(Kind::Read) ? std::vector<std::u16string>() : files_.list(path);
+    return fails(Kind::Read) ? std::vector<std::u16string>() : ForwardingFiles::list(path);
 }
 
 std::optional<std::uint64_t> FaultyFiles::freeSpace(std::u16string_view folder) {
-    return fails(Kind::Read) ? std::nullopt : files_.freeSpace(folder);
+    return fails(Kind::Read) ? std::nullopt : ForwardingFiles::freeSpace(folder);
 }

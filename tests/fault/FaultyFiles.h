@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/Files.h"
+#include "fakes/ForwardingFiles.h"
 
 enum class Fault { NoSpace, InputOutput, ReadOnly, NoDevice, ShortWrite, FailedFlush, FailedClose, FailedRename };
 inline constexpr Fault kFaults[] = {Fault::NoSpace,    Fault::InputOutput, Fault::ReadOnly,    Fault::NoDevice,
@@ -17,10 +17,10 @@ struct FaultPlan {
     bool forGood = false;  // the first one and all after it
 };
 
-// Forwards to other files. Only operations that the kind of fault can hit are counted.
-class FaultyFiles : public Files {
+// Only operations that the kind of fault can hit are counted.
+class FaultyFiles : public ForwardingFiles {
 public:
-    explicit FaultyFiles(Files& files) : files_(files) {}
+    using ForwardingFiles::ForwardingFiles;
 
     void plan(const FaultPlan& faults) {
         plan_ = faults;
@@ -31,14 +31,12 @@ public:
 
     bool exists(std::u16string_view path) override;
     std::optional<std::uint64_t> size(std::u16string_view path) override;
-    std::optional<std::string> read(std::u16string_view path) override;
-    std::optional<std::string> readBack(std::u16string_view path) override;
-    bool write(std::u16string_view path, std::string_view bytes) override;
-    bool writeUnflushed(std::u16string_view path, std::string_view bytes) override;
+    FileRead read(std::u16string_view path) override;
+    FileRead readBack(std::u16string_view path) override;
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
     bool append(std::u16string_view path, std::string_view bytes) override;
-    bool rename(std::u16string_view from, std::u16string_view to) override;
-    bool renameUnflushed(std::u16string_view from, std::u16string_view to) override;
-    void flushFolderOf(std::u16string_view path) override;
+    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override;
+    bool flushFolderOf(std::u16string_view path) override;
     bool remove(std::u16string_view path) override;
     bool clearAttributes(std::u16string_view path) override;
     bool createFolder(std::u16string_view path) override;
@@ -53,7 +51,6 @@ private:
     // What a failed write has put there nevertheless.
     std::string_view partOf(std::string_view bytes) const;
 
-    Files& files_;
     FaultPlan plan_;
     int count_ = 0;
 };

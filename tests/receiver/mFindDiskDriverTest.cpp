@@ -91,7 +91,7 @@ TEST_F(mFindDiskDriverTest, ClearingAttributesMakesAFileWritable) {
     files.files[u"/d/List.ini"] = "x";
     files.readOnly.insert(u"/d/List.ini");
     finder.ClearFileAttributes(u"/d/List.ini");
-    EXPECT_TRUE(files.write(u"/d/List.ini", "y"));
+    EXPECT_TRUE(files.write(u"/d/List.ini", "y", Flush::Now));
 }
 
 TEST_F(mFindDiskDriverTest, ClearingAttributesOfAMissingFileIsSilent) {

@@ -19,31 +19,42 @@ namespace {
 constexpr unsigned kDefaultPermissions = 0666;  // less what the user's mask takes away
 constexpr mode_t kFolderPermissions = 0777;
 
-// Makes a new name in the folder durable. Some file systems have no such notion; nothing is lost then.
-void flushFolder(const std::string& path) {
-    const std::size_t slash = path.find_last_of('/');
-    if (slash != std::string::npos) {
-        const PosixFile folder(path.substr(0, slash + 1), O_RDONLY | O_DIRECTORY);
-        if (folder.isOpen()) {
-            folder.flush();
-        }
+// Makes the names in the file's folder durable. EINVAL: the file system has no such notion, so nothing is lost.
+bool flushFolder(const std::string& path) {
+    const PosixFile folder(path.substr(0, path.find_last_of('/') + 1), O_RDONLY | O_DIRECTORY);
+    return folder.isOpen() && (folder.flush() || errno == EINVAL);
+}
+
+bool isThere(const std::string& path) {
+    struct stat status = {};
+    return ::lstat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
+FileRead contentOf(const std::string& path, bool fromDevice) {
+    const PosixFile file(path, O_RDONLY);
+    if (!file.isOpen()) {
+        return isThere(path) ? FileRead::failed() : FileRead::missing();
     }
+    if (!file.isRegular()) {
+        return FileRead::failed();
+    }
+    if (fromDevice) {
+        file.forgetCachedPages();
+    }
+    return {file.readAll()};
 }
 
 // Writes over what is there and cuts the rest off: giving up the old blocks first would cost a journal a second flush.
-bool fill(const std::string& path, std::string_view bytes, bool flush) {
+bool fill(const std::string& path, std::string_view bytes, Flush flush) {
     PosixFile file(path, O_WRONLY | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
     const bool written =
-        file.isRegular() && file.writeAll(bytes) && file.cutTo(bytes.size()) && (!flush || file.flush());
+        file.isRegular() && file.writeAll(bytes) && file.cutTo(bytes.size()) && (flush == Flush::Later || file.flush());
     return file.close() && written;
 }
 
 }  // namespace
 
-bool PosixFiles::exists(std::u16string_view path) {
-    struct stat status = {};
-    return ::lstat(nativePath(path).c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
-}
+bool PosixFiles::exists(std::u16string_view path) { return isThere(nativePath(path)); }
 
 std::optional<std::uint64_t> PosixFiles::size(std::u16string_view path) {
     struct stat status = {};
@@ -53,55 +64,31 @@ std::optional<std::uint64_t> PosixFiles::size(std::u16string_view path) {
     return static_cast<std::uint64_t>(status.st_size);
 }
 
-std::optional<std::string> PosixFiles::read(std::u16string_view path) {
-    const PosixFile file(nativePath(path), O_RDONLY);
-    return file.isRegular() ? file.readAll() : std::nullopt;
-}
+FileRead PosixFiles::read(std::u16string_view path) { return contentOf(nativePath(path), false); }
 
-std::optional<std::string> PosixFiles::readBack(std::u16string_view path) {
-    const PosixFile file(nativePath(path), O_RDONLY);
-    if (!file.isRegular()) {
-        return std::nullopt;
-    }
-    file.forgetCachedPages();
-    return file.readAll();
-}
+FileRead PosixFiles::readBack(std::u16string_view path) { return contentOf(nativePath(path), true); }
 
-bool PosixFiles::write(std::u16string_view path, std::string_view bytes) { return fill(nativePath(path), bytes, true); }
-
-bool PosixFiles::writeUnflushed(std::u16string_view path, std::string_view bytes) {
-    return fill(nativePath(path), bytes, false);
+bool PosixFiles::write(std::u16string_view path, std::string_view bytes, Flush flush) {
+    return fill(nativePath(path), bytes, flush);
 }
 
 bool PosixFiles::append(std::u16string_view path, std::string_view bytes) {
     const std::string name = nativePath(path);
     PosixFile file(name, O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
-    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush();
-    flushFolder(name);
+    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush() && flushFolder(name);
     return file.close() && written;
 }
 
-bool PosixFiles::rename(std::u16string_view from, std::u16string_view to) {
-    if (!renameUnflushed(from, to)) {
-        return false;
-    }
-    flushFolderOf(to);
-    return true;
+bool PosixFiles::rename(std::u16string_view from, std::u16string_view to, Flush flush) {
+    return ::rename(nativePath(from).c_str(), nativePath(to).c_str()) == 0 &&
+           (flush == Flush::Later || flushFolderOf(to));
 }
 
-bool PosixFiles::renameUnflushed(std::u16string_view from, std::u16string_view to) {
-    return ::rename(nativePath(from).c_str(), nativePath(to).c_str()) == 0;
-}
-
-void PosixFiles::flushFolderOf(std::u16string_view path) { flushFolder(nativePath(path)); }
+bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(nativePath(path)); }
 
 bool PosixFiles::remove(std::u16string_view path) {
     const std::string name = nativePath(path);
-    if (::unlink(name.c_str()) != 0) {
-        return false;
-    }
-    flushFolder(name);
-    return true;
+    return ::unlink(name.c_str()) == 0 && flushFolder(name);
 }
 
 bool PosixFiles::clearAttributes(std::u16string_view path) {

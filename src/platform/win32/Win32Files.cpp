@@ -29,22 +29,27 @@ private:
     void* memory_;
 };
 
-std::optional<std::string> readAll(std::u16string_view path, DWORD flags) {
+FileRead readAll(std::u16string_view path, DWORD flags) {
     const Handle file(
         CreateFileW(toWide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
+    if (!file) {
+        const DWORD error = GetLastError();
+        return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? FileRead::missing()
+                                                                              : FileRead::failed();
+    }
     const AlignedBlock block;
-    if (!file || block.get() == nullptr) {
-        return std::nullopt;
+    if (block.get() == nullptr) {
+        return FileRead::failed();
     }
     std::string bytes;
     for (;;) {
         DWORD got = 0;
         if (ReadFile(file.get(), block.get(), kBlock, &got, nullptr) == 0) {
             // Some systems report the end of an uncached file as an error.
-            return GetLastError() == ERROR_HANDLE_EOF ? std::optional(bytes) : std::nullopt;
+            return GetLastError() == ERROR_HANDLE_EOF ? FileRead{bytes} : FileRead::failed();
         }
         if (got == 0) {
-            return bytes;
+            return {bytes};
         }
         bytes.append(block.get(), got);
     }
@@ -62,7 +67,7 @@ bool writeAll(HANDLE file, std::string_view bytes) {
     return true;
 }
 
-bool flush(HANDLE file) { return FlushFileBuffers(file) != 0; }
+bool flushFile(HANDLE file) { return FlushFileBuffers(file) != 0; }
 
 // A link at the path is opened itself and then refused. Opening with truncation would follow it.
 HANDLE openForWriting(std::u16string_view path, DWORD access) {
@@ -96,9 +101,6 @@ bool Win32Files::exists(std::u16string_view path) {
         case ERROR_FILE_NOT_FOUND:
         case ERROR_PATH_NOT_FOUND:
         case ERROR_INVALID_NAME:
-        case ERROR_INVALID_DRIVE:
-        case ERROR_NOT_READY:
-        case ERROR_BAD_NETPATH:
             return false;
         default:
             return true;
@@ -114,46 +116,33 @@ std::optional<std::uint64_t> Win32Files::size(std::u16string_view path) {
     return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
 }
 
-std::optional<std::string> Win32Files::read(std::u16string_view path) {
-    return readAll(path, FILE_FLAG_SEQUENTIAL_SCAN);
+FileRead Win32Files::read(std::u16string_view path) { return readAll(path, FILE_FLAG_SEQUENTIAL_SCAN); }
+
+FileRead Win32Files::readBack(std::u16string_view path) {
+    FileRead uncached = readAll(path, FILE_FLAG_NO_BUFFERING);
+    return uncached.bytes ? uncached : read(path);
 }
 
-std::optional<std::string> Win32Files::readBack(std::u16string_view path) {
-    auto bytes = readAll(path, FILE_FLAG_NO_BUFFERING);
-    return bytes ? bytes : read(path);
-}
-
-bool Win32Files::write(std::u16string_view path, std::string_view bytes) {
+bool Win32Files::write(std::u16string_view path, std::string_view bytes, Flush flush) {
     const Handle file(openForWriting(path, GENERIC_WRITE));
-    return file && fill(file.get(), bytes) && flush(file.get());
-}
-
-bool Win32Files::writeUnflushed(std::u16string_view path, std::string_view bytes) {
-    const Handle file(openForWriting(path, GENERIC_WRITE));
-    return file && fill(file.get(), bytes);
+    return file && fill(file.get(), bytes) && (flush == Flush::Later || flushFile(file.get()));
 }
 
 bool Win32Files::append(std::u16string_view path, std::string_view bytes) {
     const Handle file(openForWriting(path, FILE_APPEND_DATA | SYNCHRONIZE));
-    return file && writeAll(file.get(), bytes) && flush(file.get());
+    return file && writeAll(file.get(), bytes) && flushFile(file.get());
 }
 
-bool Win32Files::rename(std::u16string_view from, std::u16string_view to) {
-    return MoveFileExW(toWide(from).c_str(), toWide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
-           0;
-}
-
-bool Win32Files::renameUnflushed(std::u16string_view from, std::u16string_view to) {
-    return MoveFileExW(toWide(from).c_str(), toWide(to).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+bool Win32Files::rename(std::u16string_view from, std::u16string_view to, Flush flush) {
+    const DWORD writeThrough = flush == Flush::Now ? MOVEFILE_WRITE_THROUGH : 0;
+    return MoveFileExW(toWide(from).c_str(), toWide(to).c_str(), MOVEFILE_REPLACE_EXISTING | writeThrough) != 0;
 }
 
 // Flushing a file brings the volume's journal, which has the names, to the device as well; folders cannot be flushed.
-void Win32Files::flushFolderOf(std::u16string_view path) {
+bool Win32Files::flushFolderOf(std::u16string_view path) {
     const Handle file(CreateFileW(toWide(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-    if (file) {
-        flush(file.get());
-    }
+    return !file || flushFile(file.get());
 }
 
 bool Win32Files::remove(std::u16string_view path) { return DeleteFileW(toWide(path).c_str()) != 0; }

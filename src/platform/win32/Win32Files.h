@@ -7,14 +7,12 @@ class Win32Files : public Files {
 public:
     bool exists(std::u16string_view path) override;
     std::optional<std::uint64_t> size(std::u16string_view path) override;
-    std::optional<std::string> read(std::u16string_view path) override;
-    std::optional<std::string> readBack(std::u16string_view path) override;
-    bool write(std::u16string_view path, std::string_view bytes) override;
-    bool writeUnflushed(std::u16string_view path, std::string_view bytes) override;
+    FileRead read(std::u16string_view path) override;
+    FileRead readBack(std::u16string_view path) override;
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
     bool append(std::u16string_view path, std::string_view bytes) override;
-    bool rename(std::u16string_view from, std::u16string_view to) override;
-    bool renameUnflushed(std::u16string_view from, std::u16string_view to) override;
-    void flushFolderOf(std::u16string_view path) override;
+    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override;
+    bool flushFolderOf(std::u16string_view path) override;
     bool remove(std::u16string_view path) override;
     bool clearAttributes(std::u16string_view path) override;
     bool createFolder(std::u16string_view path) override;

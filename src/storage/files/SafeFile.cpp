@@ -2,7 +2,7 @@
 
 namespace {
 
-// Always false, as the result of what was tried.
+// Deletes the temporary file; always returns false.
 bool abandon(Files& files, std::u16string_view beside) {
     files.remove(beside);
     return false;
@@ -11,27 +11,17 @@ bool abandon(Files& files, std::u16string_view beside) {
 bool writeBeside(Files& files, const NewFile& newFile) {
     removeLeftover(files, newFile.path);
     const std::u16string beside = besideOf(newFile.path);
-    return files.write(beside, newFile.bytes) || abandon(files, beside);
+    return files.write(beside, newFile.bytes, Flush::Now) || abandon(files, beside);
 }
 
 bool putInPlace(Files& files, std::u16string_view path) {
     const std::u16string beside = besideOf(path);
-    return files.renameUnflushed(beside, path) || abandon(files, beside);
+    return files.rename(beside, path, Flush::Later) || abandon(files, beside);
 }
 
 }  // namespace
 
 std::u16string besideOf(std::u16string_view path) { return std::u16string(path) + u".k7new"; }
-
-bool isMissing(Files& files, std::u16string_view path) {
-    constexpr int kAttempts = 3;
-    for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        if (files.exists(path)) {
-            return false;
-        }
-    }
-    return true;
-}
 
 void removeLeftover(Files& files, std::u16string_view path) {
     const std::u16string beside = besideOf(path);
@@ -40,16 +30,10 @@ void removeLeftover(Files& files, std::u16string_view path) {
     }
 }
 
-bool replaceFile(Files& files, std::u16string_view path, std::string_view bytes) {
+bool replaceFile(Files& files, std::u16string_view path, std::string_view bytes, Flush flush) {
     const std::u16string beside = besideOf(path);
-    removeLeftover(files, path);  // it may be another name of some file elsewhere
-    return (files.write(beside, bytes) && files.rename(beside, path)) || abandon(files, beside);
-}
-
-bool replaceFileUnflushed(Files& files, std::u16string_view path, std::string_view bytes) {
-    const std::u16string beside = besideOf(path);
-    removeLeftover(files, path);
-    return (files.writeUnflushed(beside, bytes) && files.renameUnflushed(beside, path)) || abandon(files, beside);
+    removeLeftover(files, path);  // it could be a hard link to another file
+    return (files.write(beside, bytes, flush) && files.rename(beside, path, flush)) || abandon(files, beside);
 }
 
 bool replaceFiles(Files& files, const std::vector<NewFile>& newFiles) {
@@ -67,8 +51,6 @@ bool replaceFiles(Files& files, const std::vector<NewFile>& newFiles) {
             last = path;
         }
     }
-    if (replaced > 0) {
-        files.flushFolderOf(last);
-    }
-    return replaced == newFiles.size();
+    const bool durable = replaced == 0 || files.flushFolderOf(last);
+    return durable && replaced == newFiles.size();
 }

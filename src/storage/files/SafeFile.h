@@ -11,20 +11,14 @@
 // Where the new file is written before it takes the place of the old one.
 std::u16string besideOf(std::u16string_view path);
 
-// True when no file or folder has the name. Asked more than once: a device that is away for a moment seems empty, and
-// what follows from a missing file - a new one, nothing to put back - would cost the one that is there.
-bool isMissing(Files& files, std::u16string_view path);
-
-// Removes what a run that was ended in the middle of a write may have left beside the file.
+// Removes the temporary file that an interrupted run may have left beside the file.
 void removeLeftover(Files& files, std::u16string_view path);
 
-// Writes beside the file, flushes, puts the new file in its place in one step. On failure the old file
-// stays and nothing is left beside it.
-bool replaceFile(Files& files, std::u16string_view path, std::string_view bytes);
-
-// The same for any reader, but when it reaches the device is left to the system: after a power cut the file may be
-// the old one, the new one, empty or torn. Only for what can be made again then.
-bool replaceFileUnflushed(Files& files, std::u16string_view path, std::string_view bytes);
+// Writes a temporary file beside the file, flushes it, and renames it over the file. On failure the old file stays and
+// nothing is left beside it.
+// With Flush::Later any reader finds the new file, but after a power cut the file may be the old one, the new one,
+// empty or torn. Only for what can be made again then.
+bool replaceFile(Files& files, std::u16string_view path, std::string_view bytes, Flush flush = Flush::Now);
 
 struct NewFile {
     std::u16string path;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 #include "storage/files/SafeFile.h"
 
@@ -15,24 +16,22 @@ public:
 
     // False: there is an old file that could not be put back.
     bool readOld() {
-        if (isMissing(files_, path_)) {
-            return true;
-        }
-        old_ = files_.read(path_);
-        return old_.has_value();
+        FileRead present = files_.read(path_);
+        old_ = std::move(present.bytes);
+        return old_ || present.isMissing;
     }
     bool writeBeside() {
         removeLeftover(files_, path_);
-        return files_.write(besideOf(path_), bytes_);
+        return files_.write(besideOf(path_), bytes_, Flush::Now);
     }
-    bool besideHolds() { return files_.readBack(besideOf(path_)) == bytes_; }
+    bool besideHolds() { return files_.readBack(besideOf(path_)).bytes == bytes_; }
     void abandon() { removeLeftover(files_, path_); }
-    bool put() { return files_.rename(besideOf(path_), path_) && holds(bytes_); }
+    bool put() { return files_.rename(besideOf(path_), path_, Flush::Now) && holds(bytes_); }
     // Both the new bytes and, should they fail, the old ones find room then.
     bool fitsInPlace(std::uint64_t free) const { return old_ && bytes_.size() <= old_->size() + free; }
     bool overwrite() {
         overwritten_ = true;
-        return files_.write(path_, bytes_) && holds(bytes_);
+        return files_.write(path_, bytes_, Flush::Now) && holds(bytes_);
     }
 
     void putBack() {
@@ -53,15 +52,15 @@ public:
             }
         }
         // Writing over a whole new file could tear it; one that is torn or damaged already has nothing to lose.
-        const auto present = files_.readBack(path_);
+        const auto present = files_.readBack(path_).bytes;
         if (overwritten_ || (present && *present != bytes_)) {
-            for (int attempt = 0; attempt < kAttempts && !files_.write(path_, *old_); ++attempt) {
+            for (int attempt = 0; attempt < kAttempts && !files_.write(path_, *old_, Flush::Now); ++attempt) {
             }
         }
     }
 
 private:
-    bool holds(const std::string& bytes) { return files_.readBack(path_) == bytes; }
+    bool holds(const std::string& bytes) { return files_.readBack(path_).bytes == bytes; }
 
     Files& files_;
     const std::u16string& path_;

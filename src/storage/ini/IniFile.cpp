@@ -10,11 +10,11 @@
 
 bool editIniFile(std::u16string_view path, Files& files, CodePages& codePages,
                  const std::function<void(IniEditor&)>& change) {
-    const auto present = files.read(path);
-    if (!present && !isMissing(files, path)) {
+    const FileRead present = files.read(path);
+    if (!present.bytes && !present.isMissing) {
         return false;
     }
-    IniText old = decodeIni(present ? *present : std::string(), codePages);
+    IniText old = decodeIni(present.bytes.value_or(std::string()), codePages);
     IniEditor edit(std::move(old.text));
     change(edit);
     const std::u16string text = edit.compose();

@@ -94,6 +94,6 @@ IniReader readIni(std::u16string_view path, Files& files, CodePages& codePages) 
     if (files.size(path).value_or(0) > kLargestTextFile) {
         return {};
     }
-    const auto bytes = files.read(path);
+    const auto bytes = files.read(path).bytes;
     return bytes && bytes->size() <= kLargestTextFile ? IniReader(decodeIni(*bytes, codePages).text) : IniReader();
 }

@@ -168,7 +168,7 @@ void ListSaver::appendRecords(ComposedFile& file, ListKind kind) {
 
 // A working copy is seeded with one blank before the profile functions write into it, which makes its
 // first line; one that is missing is not.
-std::u16string ListSaver::startOf(std::u16string_view path) { return isMissing(files_, path) ? u"" : u" \r\n"; }
+std::u16string ListSaver::startOf(std::u16string_view path) { return files_.exists(path) ? u" \r\n" : u""; }
 
 // What is left of a UTF-16 file of `text` after it has been re-encoded and the marker appended: reading such a file
 // yields its text, as many NULs and one more; of these units half are kept, which are one too many when the

@@ -1,5 +1,7 @@
 #include "storage/lists/WorkingCopies.h"
 
+#include <utility>
+
 #include "storage/files/SafeFile.h"
 #include "storage/text/Utf16Bytes.h"
 #include "storage/text/Utf8.h"
@@ -11,18 +13,15 @@ void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePa
 }
 
 std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& files) {
-    constexpr int kAttempts = 3;
-    for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        const auto size = files.size(path);
-        if (size && *size > kLargestTextFile) {
-            return std::nullopt;
-        }
-        auto bytes = size ? files.read(path) : std::nullopt;
-        if (bytes) {
-            return bytes;
-        }
+    if (files.size(path).value_or(0) > kLargestTextFile) {
+        return std::nullopt;
     }
-    return std::nullopt;
+    constexpr int kAttempts = 3;
+    FileRead read;
+    for (int attempt = 0; attempt < kAttempts && !read.bytes && !read.isMissing; ++attempt) {
+        read = files.read(path);
+    }
+    return std::move(read.bytes);
 }
 
 std::string convertedWorkingCopy(std::string_view bytes) {

@@ -64,7 +64,7 @@ Backup::Backup(std::u16string_view programFolder, Files& files, Clock& clock)
 
 void Backup::keep(std::u16string_view name, std::string_view bytes) {
     const std::vector<Copy> copies = copiesOf(name);
-    if (!copies.empty() && files_.read(pathOf(copies.back().name)) == bytes) {
+    if (!copies.empty() && files_.read(pathOf(copies.back().name)).bytes == bytes) {
         return;
     }
     Copy added{stampOf(clock_.now()), 1, {}};

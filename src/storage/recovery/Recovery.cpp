@@ -36,7 +36,7 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
     // Never the slot of the newest whole one.
     const std::size_t slot = kept_ ? (newest_ + 1) % kSlots : newest_;
     const std::string snapshot = encodeSnapshot(number_ + 1, bytes);
-    const auto write = [&] { return files_.createFolder(folder_) && files_.write(slots_[slot], snapshot); };
+    const auto write = [&] { return files_.createFolder(folder_) && files_.write(slots_[slot], snapshot, Flush::Now); };
     if (!write() && !write()) {
         return false;
     }
@@ -55,7 +55,7 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
 void Recovery::discard() {
     // The newest goes last: alone, the older one would be taken for what to go back to.
     for (const std::size_t slot : {(newest_ + 1) % kSlots, newest_}) {
-        if (!isMissing(files_, slots_[slot]) && !files_.remove(slots_[slot])) {
+        if (files_.exists(slots_[slot]) && !files_.remove(slots_[slot])) {
             return;
         }
     }

@@ -64,7 +64,7 @@ std::u16string mTextUTF::ReadTextFile(std::u16string_view path, TextFormat& form
     if (!size || *size > kLargestTextFile) {
         return {};
     }
-    const auto bytes = files_.read(path);
+    const auto bytes = files_.read(path).bytes;
     if (!bytes) {
         return {};
     }
@@ -121,7 +121,7 @@ bool mTextUTF::WriteTextFile(std::u16string_view path, std::u16string_view text,
 
 bool mTextUTF::appendTo(std::u16string_view path, std::u16string_view text, TextFormat& format, bool halveLength) {
     if (format == TextFormat::Detect) {
-        const auto present = files_.size(path).value_or(0) > kLargestTextFile ? std::nullopt : files_.read(path);
+        const auto present = files_.size(path).value_or(0) > kLargestTextFile ? std::nullopt : files_.read(path).bytes;
         if (!present) {
             return false;
         }

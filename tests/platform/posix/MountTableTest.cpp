@@ -27,7 +27,7 @@ TEST_F(MountTableTest, OnlyDisksAreCandidates) {
 }
 
 TEST_F(MountTableTest, AFuseFileSystemOverALocalImageIsADisk) {
-    ASSERT_TRUE(PosixFiles().write(folder.at(u"image"), "x"));
+    ASSERT_TRUE(PosixFiles().write(folder.at(u"image"), "x", Flush::Now));
     const std::string table = "28 22 0:50 / /media/a rw - fuse.ext " + folder.native("image") + " rw\n";
     EXPECT_EQ(diskMountPoints(table), (std::set<std::string>{"/media/a"}));
 }

@@ -14,29 +14,31 @@ protected:
 };
 
 TEST_F(PosixFilesTest, WritingNeverFollowsALink) {
-    ASSERT_TRUE(files.write(folder.at(u"target"), "precious"));
+    ASSERT_TRUE(files.write(folder.at(u"target"), "precious", Flush::Now));
     ASSERT_EQ(::symlink(folder.native("target").c_str(), folder.native("link").c_str()), 0);
-    EXPECT_FALSE(files.write(folder.at(u"link"), "x"));
+    EXPECT_FALSE(files.write(folder.at(u"link"), "x", Flush::Now));
     EXPECT_FALSE(files.append(folder.at(u"link"), "x"));
-    EXPECT_EQ(files.read(folder.at(u"target")), "precious");
-    EXPECT_EQ(files.read(folder.at(u"link")), "precious");
+    EXPECT_EQ(files.read(folder.at(u"target")).bytes, "precious");
+    EXPECT_EQ(files.read(folder.at(u"link")).bytes, "precious");
 }
 
 TEST_F(PosixFilesTest, ANameThatLeadsNowhereExists) {
     ASSERT_EQ(::symlink(folder.native("nothing").c_str(), folder.native("link").c_str()), 0);
     EXPECT_TRUE(files.exists(folder.at(u"link")));
     EXPECT_EQ(files.size(folder.at(u"link")), std::nullopt);
+    EXPECT_EQ(files.read(folder.at(u"link")).bytes, std::nullopt);
+    EXPECT_FALSE(files.read(folder.at(u"link")).isMissing);
 }
 
 TEST_F(PosixFilesTest, APipeIsNoFileAndDoesNotHang) {
     ASSERT_EQ(::mkfifo(folder.native("pipe").c_str(), 0600), 0);
-    EXPECT_EQ(files.read(folder.at(u"pipe")), std::nullopt);
-    EXPECT_FALSE(files.write(folder.at(u"pipe"), "x"));
+    EXPECT_EQ(files.read(folder.at(u"pipe")).bytes, std::nullopt);
+    EXPECT_FALSE(files.write(folder.at(u"pipe"), "x", Flush::Now));
 }
 
 TEST_F(PosixFilesTest, ANewFileHasTheUsersDefaultPermissions) {
     const mode_t mask = ::umask(027);
-    EXPECT_TRUE(files.write(folder.at(u"new"), "x"));
+    EXPECT_TRUE(files.write(folder.at(u"new"), "x", Flush::Now));
     ::umask(mask);
     struct stat status = {};
     ASSERT_EQ(::stat(folder.native("new").c_str(), &status), 0);
@@ -44,7 +46,7 @@ TEST_F(PosixFilesTest, ANewFileHasTheUsersDefaultPermissions) {
 }
 
 TEST_F(PosixFilesTest, AMissingFolderCannotTakeAFile) {
-    EXPECT_FALSE(files.write(folder.at(u"none/List.ini"), "x"));
+    EXPECT_FALSE(files.write(folder.at(u"none/List.ini"), "x", Flush::Now));
     EXPECT_FALSE(files.append(folder.at(u"none/List.ini"), "x"));
 }
 

@@ -13,7 +13,8 @@ protected:
 
 TEST_F(PosixVolumesTest, GeometryIsThatOfTheMountedFileSystem) {
     const std::string point = folder.native("");
-    ASSERT_TRUE(PosixFiles().write(folder.at(u"table"), "22 1 8:1 / " + point + " rw - ext4 /dev/sda1 rw\n"));
+    ASSERT_TRUE(
+        PosixFiles().write(folder.at(u"table"), "22 1 8:1 / " + point + " rw - ext4 /dev/sda1 rw\n", Flush::Now));
     PosixVolumes volumes(folder.native("table"));
     const std::vector<std::u16string> roots = volumes.roots();
     ASSERT_EQ(roots, (std::vector<std::u16string>{folder.at(u"/")}));

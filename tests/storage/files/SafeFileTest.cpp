@@ -15,8 +15,8 @@ constexpr auto kBeside = u"/disk/List.ini.k7new";
 // A disk of limited room, with a device that may lose what has been written to a path.
 class SmallDisk : public FakeFiles {
 public:
-    bool write(std::u16string_view path, std::string_view bytes) override {
-        if (!FakeFiles::write(path, bytes)) {
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+        if (!FakeFiles::write(path, bytes, flush)) {
             return false;
         }
         std::string& written = files[std::u16string(path)];
@@ -31,12 +31,12 @@ public:
         }
         return true;
     }
-    std::optional<std::string> readBack(std::u16string_view path) override {
-        auto bytes = FakeFiles::readBack(path);
-        if (bytes && path == losing) {
-            bytes->back() = '?';
+    FileRead readBack(std::u16string_view path) override {
+        FileRead read = FakeFiles::readBack(path);
+        if (read.bytes && path == losing) {
+            read.bytes->back() = '?';
         }
-        return bytes;
+        return read;
     }
 
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override {
@@ -223,7 +223,7 @@ TEST_F(SafeFileTest, WithoutAFlushReadersFindTheNewFileAndAPowerCutWhateverItLik
     for (const auto& [fate, left] : {std::pair(Fate::Old, "old"), std::pair(Fate::Empty, ""),
                                      std::pair(Fate::Torn, "12"), std::pair(Fate::New, "1234")}) {
         ASSERT_TRUE(replaceFile(disk, kPath, "old"));
-        ASSERT_TRUE(replaceFileUnflushed(disk, kPath, "1234"));
+        ASSERT_TRUE(replaceFile(disk, kPath, "1234", Flush::Later));
         expectOnly("1234");
         disk.cutPower([fate = fate](std::u16string_view) { return fate; });
         EXPECT_EQ(disk.files[kPath], left);
@@ -237,9 +237,9 @@ TEST_F(SafeFileTest, WithoutAFlushReadersFindTheNewFileAndAPowerCutWhateverItLik
 TEST_F(SafeFileTest, AFailedUnflushedReplacementLeavesTheOldFile) {
     disk.files[kPath] = "old";
     disk.failing = {kBeside};
-    EXPECT_FALSE(replaceFileUnflushed(disk, kPath, "new"));
+    EXPECT_FALSE(replaceFile(disk, kPath, "new", Flush::Later));
     disk.failing = {kPath};
-    EXPECT_FALSE(replaceFileUnflushed(disk, kPath, "new"));
+    EXPECT_FALSE(replaceFile(disk, kPath, "new", Flush::Later));
     expectOnly("old");
 }
 

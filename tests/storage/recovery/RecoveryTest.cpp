@@ -50,7 +50,7 @@ TEST_F(RecoveryTest, TheSameIsNotWrittenAgain) {
 TEST_F(RecoveryTest, WhatAKilledRunHasLeftIsWrittenOnceMore) {
     recovery.keep(one);
     // Killed before the flush: found after the kill, but not after a power cut.
-    files.writeUnflushed(kFirst, std::string(files.files[kFirst]));
+    files.write(kFirst, std::string(files.files[kFirst]), Flush::Later);
     Recovery next(u"/app/", files);
     next.find();
     EXPECT_TRUE(next.keep(one));

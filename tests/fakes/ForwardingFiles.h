@@ -1,0 +1,31 @@
+// Hands every call on to other files; a test double derives from it and overrides the methods that it is about.
+#pragma once
+
+#include "platform/Files.h"
+
+class ForwardingFiles : public Files {
+public:
+    explicit ForwardingFiles(Files& files) : files_(files) {}
+
+    bool exists(std::u16string_view path) override { return files_.exists(path); }
+    std::optional<std::uint64_t> size(std::u16string_view path) override { return files_.size(path); }
+    FileRead read(std::u16string_view path) override { return files_.read(path); }
+    FileRead readBack(std::u16string_view path) override { return files_.readBack(path); }
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+        return files_.write(path, bytes, flush);
+    }
+    bool append(std::u16string_view path, std::string_view bytes) override { return files_.append(path, bytes); }
+    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
+        return files_.rename(from, to, flush);
+    }
+    bool flushFolderOf(std::u16string_view path) override { return files_.flushFolderOf(path); }
+    bool remove(std::u16string_view path) override { return files_.remove(path); }
+    bool clearAttributes(std::u16string_view path) override { return files_.clearAttributes(path); }
+    bool createFolder(std::u16string_view path) override { return files_.createFolder(path); }
+    bool removeFolder(std::u16string_view path) override { return files_.removeFolder(path); }
+    std::vector<std::u16string> list(std::u16string_view path) override { return files_.list(path); }
+    std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override { return files_.freeSpace(folder); }
+
+private:
+    Files& files_;
+};
