@@ -92,7 +92,7 @@ void Parse(benchmark::State& state) {
     program.convert();
     const IniText file = decodeIni(program.files.files[program.copies.ListFilePath], program.codePages);
     for ([[maybe_unused]] auto _ : state) {
-        const IniReader profile(file.text);
+        IniReader profile(file.text);
         benchmark::DoNotOptimize(profile.get(u"Total", u"drmnumber"));
     }
 }

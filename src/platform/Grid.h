@@ -3,6 +3,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,9 @@ public:
     // Valid until the next change of the grid. UTF-16.
     virtual std::u16string_view text(int row, int column) const = 0;
     virtual void setText(int row, int column, std::u16string text) = 0;
+    // Before many rows are appended: how many there will be, and a text that most of their cells are parts of. The grid
+    // keeps the text instead of copying these parts.
+    virtual void expectRows(int count, std::shared_ptr<const std::u16string> text) = 0;
     // Appends one row; missing trailing cells are empty.
     virtual void appendRow(std::initializer_list<std::u16string_view> cells) = 0;
     virtual void removeSelectedRows() = 0;

@@ -163,7 +163,7 @@ bool isWhole(const std::string& bytes) {
     FakeCodePages codePages;
     const bool isUtf16 = bytes.starts_with("\xFF\xFE");
     const std::u16string text = isUtf16 ? decodeIni(bytes, codePages).text : fromUtf8(bytes);
-    const IniReader profile(text);
+    IniReader profile(text);
     const auto holds = [&](ListKind kind) {
         const bool announced = profile.get(ListFile::kTotal, ListFile::countKey(kind)) == u"1";
         return !announced || !profile.get(RecordSection(kind).of(0), ListFile::kUserDef).empty();

@@ -109,7 +109,7 @@ bool canBeName(const std::u16string& name, bool isKey) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::u16string text = fromUtf8(bytesOf(data, size));
     const Lines lines = linesOf(text);
-    const IniReader profile(text);
+    IniReader profile(text);
     const Names names = namesIn(lines);
     for (const auto& [section, key] : names) {
         promise(profile.get(section, key) == naiveGet(lines, section, key), "the engine equals the naive reader");
@@ -125,7 +125,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     IniEditor edit(text);
     edit.set(section, key, value);
     const std::u16string written = edit.compose();
-    const IniReader after(written);
+    IniReader after(written);
     promise(after.get(section, key) == shown(value), "a written value reads back trimmed");
     const Lines writtenLines = linesOf(written);
     for (const auto& [otherSection, otherKey] : names) {

@@ -1,84 +1,123 @@
 #include "storage/ini/IniReader.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <utility>
 
+#include "storage/text/UnitFinder.h"
 #include "storage/text/Utf16Bytes.h"
 #include "storage/text/mTextUTF.h"
 
-IniReader::IniReader(std::u16string text) : text_(std::move(text)) {
-    parse();
+namespace {
+
+// Whether only blanks stand before `at` in its line.
+bool beginsLine(std::u16string_view text, std::size_t at) {
+    while (at > 0 && (text[at - 1] == u' ' || text[at - 1] == u'\t')) {
+        --at;
+    }
+    return at == 0 || text[at - 1] == u'\n' || text[at - 1] == u'\r';
+}
+
+// The first "]" from `at` on, or the end of the line if that comes first.
+std::size_t endOfSectionName(std::u16string_view text, std::size_t at) {
+    UnitFinder marks(text, at, [](char16_t c) { return c <= u'\r' || c == u']'; });
+    std::size_t close = marks.next();
+    while (close < text.size() && text[close] != u']' && text[close] != u'\r' && text[close] != u'\n') {
+        close = marks.next();
+    }
+    return close;
+}
+
+}  // namespace
+
+IniReader::IniReader(std::u16string text) : text_(std::make_shared<const std::u16string>(std::move(text))) {
+    findSections();
     buildIndex();
 }
 
-IniReader::Part IniReader::partOf(std::u16string_view piece) const {
-    return {static_cast<std::uint32_t>(piece.data() - text_.data()), static_cast<std::uint32_t>(piece.size())};
-}
-
-void IniReader::parse() {
-    const std::u16string_view text = text_;
-    for (std::size_t start = 0; start < text.size();) {
-        const IniLineEnd lineEnd = findLineEnd(text, start);
-        const IniLine line = parseIniLine(text.substr(start, lineEnd.end - start));
-        if (line.kind == IniLineKind::Section) {
-            sections_.push_back({partOf(line.name), nameHash(line.name), static_cast<std::uint32_t>(keys_.size()), 0});
-        } else if (line.kind == IniLineKind::Key && !sections_.empty()) {
-            keys_.push_back({partOf(line.name), partOf(line.value)});
-            ++sections_.back().keyCount;
+// Brackets are rarer than lines, so most of the text is looked at once only, here.
+void IniReader::findSections() {
+    const std::u16string_view text = *text_;
+    UnitFinder brackets(text, 0, [](char16_t c) { return c == u'['; });
+    for (std::size_t at = brackets.next(); at < text.size(); at = brackets.next()) {
+        if (!beginsLine(text, at)) {
+            continue;
         }
-        start = lineEnd.next;
+        const std::size_t close = endOfSectionName(text, at);
+        const IniLine line = parseIniLine(text.substr(at, close + 1 - at));
+        if (line.kind == IniLineKind::Section) {
+            sections_.push_back({static_cast<std::uint32_t>(line.name.data() - text.data()),
+                                 static_cast<std::uint32_t>(line.name.size()), nameHash(line.name),
+                                 static_cast<std::uint32_t>(close)});
+        }
     }
 }
 
 void IniReader::buildIndex() {
     slots_.assign(std::bit_ceil(sections_.size() * 2 + 1), 0);
-    const std::size_t mask = slots_.size() - 1;
     for (std::size_t i = 0; i < sections_.size(); ++i) {
-        const std::u16string_view name = textOf(sections_[i].name);
-        std::size_t slot = sections_[i].hash & mask;
-        while (slots_[slot] != 0) {
-            const Section& other = sections_[slots_[slot] - 1];
-            if (other.hash == sections_[i].hash && sameName(textOf(other.name), name)) {
+        std::uint32_t& slot = slotOf(nameOf(sections_[i]), sections_[i].hash);
+        if (slot == 0) {
+            slot = static_cast<std::uint32_t>(i + 1);
+            sections_[i].isFirst = true;
+        }
+    }
+}
+
+// Where the section of that name is, or would be.
+std::uint32_t& IniReader::slotOf(std::u16string_view name, std::uint32_t hash) {
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t slot = hash & mask;
+    while (slots_[slot] != 0) {
+        const Section& section = sections_[slots_[slot] - 1];
+        if (section.hash == hash && sameName(nameOf(section), name)) {
+            break;
+        }
+        slot = (slot + 1) & mask;
+    }
+    return slots_[slot];
+}
+
+const IniReader::Section* IniReader::find(std::u16string_view name) {
+    const auto isNext = [&](const Section& section) { return section.isFirst && sameName(nameOf(section), name); };
+    if (next_ >= sections_.size() || !isNext(sections_[next_])) {
+        const std::uint32_t number = slotOf(name, nameHash(name));
+        if (number == 0) {
+            return nullptr;
+        }
+        next_ = number - 1;
+    }
+    return &sections_[next_++];
+}
+
+std::u16string_view IniReader::get(std::u16string_view section, std::u16string_view key) {
+    std::u16string_view value;
+    get(section, {&key, 1}, {&value, 1});
+    return value;
+}
+
+void IniReader::get(std::u16string_view section, std::span<const std::u16string_view> keys,
+                    std::span<std::u16string_view> values) {
+    std::fill(values.begin(), values.end(), std::u16string_view());
+    const Section* const found = find(section);
+    if (found == nullptr) {
+        return;
+    }
+    std::size_t missing = keys.size();
+    IniLine line;
+    IniLines lines(*text_, found->close);
+    lines.next(line);  // the rest of the section's own
+    while (missing > 0 && lines.next(line) && line.kind != IniLineKind::Section) {
+        for (std::size_t i = 0; line.kind == IniLineKind::Key && i < keys.size(); ++i) {
+            // A value that was found points into the text even when it is empty.
+            if (values[i].data() == nullptr && sameName(line.name, keys[i])) {
+                values[i] = iniValue(line.value);
+                --missing;
                 break;
             }
-            slot = (slot + 1) & mask;
-        }
-        if (slots_[slot] == 0) {
-            slots_[slot] = static_cast<std::uint32_t>(i + 1);
         }
     }
-}
-
-const IniReader::Section* IniReader::find(std::u16string_view name) const {
-    if (sections_.empty()) {
-        return nullptr;
-    }
-    const std::uint32_t hash = nameHash(name);
-    const std::size_t mask = slots_.size() - 1;
-    for (std::size_t slot = hash & mask; slots_[slot] != 0; slot = (slot + 1) & mask) {
-        const Section& section = sections_[slots_[slot] - 1];
-        if (section.hash == hash && sameName(textOf(section.name), name)) {
-            return &section;
-        }
-    }
-    return nullptr;
-}
-
-IniReader::SectionKeys IniReader::section(std::u16string_view name) const { return {*this, find(name)}; }
-
-std::u16string_view IniReader::get(std::u16string_view section, std::u16string_view key) const {
-    return this->section(section).get(key);
-}
-
-std::u16string_view IniReader::SectionKeys::get(std::u16string_view key) const {
-    for (std::uint32_t i = 0; section_ != nullptr && i < section_->keyCount; ++i) {
-        const Key& candidate = profile_.keys_[section_->firstKey + i];
-        if (candidate.name.length == key.size() && sameName(profile_.textOf(candidate.name), key)) {
-            return iniValue(profile_.textOf(candidate.value));
-        }
-    }
-    return {};
 }
 
 IniText decodeIni(std::string_view bytes, CodePages& codePages) {

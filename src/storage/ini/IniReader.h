@@ -1,7 +1,10 @@
-// A profile (INI) text parsed once, for any number of look-ups. Where a name stands twice, the first one wins.
+// A profile (INI) text whose sections are found once, for any number of reads. Where a name stands twice, the first one
+// wins.
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,57 +15,41 @@
 
 class IniReader {
 public:
-    IniReader() = default;
+    IniReader() : IniReader(std::u16string()) {}
     explicit IniReader(std::u16string text);
 
     // The value by the rules of iniValue, NULs included; empty when there is no such section or key.
-    // Valid as long as the profile is neither moved nor destroyed.
-    std::u16string_view get(std::u16string_view section, std::u16string_view key) const;
+    // A part of text(), as all values.
+    std::u16string_view get(std::u16string_view section, std::u16string_view key);
+    // The same for several keys of one section, in one pass over it. `values` has room for as many as `keys`.
+    void get(std::u16string_view section, std::span<const std::u16string_view> keys,
+             std::span<std::u16string_view> values);
 
-    // For several keys of one section. Valid as long as the texts of the profile are.
-    class SectionKeys;
-    SectionKeys section(std::u16string_view name) const;
+    // May be kept beyond the profile.
+    const std::shared_ptr<const std::u16string>& text() const { return text_; }
 
 private:
-    // Offsets and lengths in UTF-16 units of text_.
-    struct Part {
-        std::uint32_t start = 0;
-        std::uint32_t length = 0;
-    };
-    struct Key {
-        Part name;
-        Part value;
-    };
+    // Offsets and lengths in UTF-16 units of the text.
     struct Section {
-        Part name;
+        std::uint32_t name = 0;
+        std::uint32_t nameLength = 0;
         std::uint32_t hash = 0;
-        std::uint32_t firstKey = 0;
-        std::uint32_t keyCount = 0;
+        std::uint32_t close = 0;  // the bracket behind the name
+        bool isFirst = false;     // of its name
     };
 
-    Part partOf(std::u16string_view piece) const;
-    std::u16string_view textOf(Part part) const { return std::u16string_view(text_).substr(part.start, part.length); }
-    void parse();
+    std::u16string_view nameOf(const Section& section) const {
+        return std::u16string_view(*text_).substr(section.name, section.nameLength);
+    }
+    void findSections();
     void buildIndex();
-    const Section* find(std::u16string_view name) const;
+    std::uint32_t& slotOf(std::u16string_view name, std::uint32_t hash);
+    const Section* find(std::u16string_view name);
 
-    std::u16string text_;
-    std::vector<Key> keys_;
+    std::shared_ptr<const std::u16string> text_;
     std::vector<Section> sections_;
     std::vector<std::uint32_t> slots_;  // open addressing: number of a section plus 1, 0 where free
-};
-
-class IniReader::SectionKeys {
-public:
-    // As IniReader::get; empty for every key of a section that there is not.
-    std::u16string_view get(std::u16string_view key) const;
-
-private:
-    friend class IniReader;
-    SectionKeys(const IniReader& profile, const Section* section) : profile_(profile), section_(section) {}
-
-    const IniReader& profile_;
-    const Section* section_;
+    std::size_t next_ = 0;              // behind the section found last: most are asked for in the order of the text
 };
 
 struct IniText {

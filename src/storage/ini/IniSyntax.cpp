@@ -1,14 +1,16 @@
 #include "storage/ini/IniSyntax.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
 namespace {
 
-bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
-
 std::u16string_view trimmed(std::u16string_view text) {
-    while (!text.empty() && isBlank(text.front())) {
+    while (!text.empty() && isIniBlank(text.front())) {
         text.remove_prefix(1);
     }
-    while (!text.empty() && isBlank(text.back())) {
+    while (!text.empty() && isIniBlank(text.back())) {
         text.remove_suffix(1);
     }
     return text;
@@ -18,33 +20,25 @@ char16_t folded(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16
 
 }  // namespace
 
-IniLine parseIniLine(std::u16string_view line) {
-    while (!line.empty() && isBlank(line.front())) {
-        line.remove_prefix(1);
-    }
-    if (line.empty() || line.front() == u';') {
-        return {};
-    }
+IniLine parseIniLine(std::u16string_view line, std::size_t equals) {
     if (line.front() == u'[') {
         const std::size_t close = line.find(u']');
-        if (close == line.npos) {
-            return {};
-        }
-        return {IniLineKind::Section, trimmed(line.substr(1, close - 1)), {}};
+        return close == line.npos ? IniLine() : IniLine{IniLineKind::Section, trimmed(line.substr(1, close - 1)), {}};
     }
-    const std::size_t equals = line.find(u'=');
-    if (equals == line.npos || equals == 0) {
+    if (line.front() == u';' || equals == 0 || equals >= line.size()) {
         return {};
     }
     return {IniLineKind::Key, trimmed(line.substr(0, equals)), line.substr(equals + 1)};
 }
 
-IniLineEnd findLineEnd(std::u16string_view text, std::size_t start) {
-    std::size_t end = start;
-    // Nearly every unit is above both, so one comparison mostly decides.
-    while (end < text.size() && (text[end] > u'\r' || (text[end] != u'\r' && text[end] != u'\n'))) {
-        ++end;
+IniLine parseIniLine(std::u16string_view line) {
+    while (!line.empty() && isIniBlank(line.front())) {
+        line.remove_prefix(1);
     }
+    return line.empty() ? IniLine() : parseIniLine(line, line.find(u'='));
+}
+IniLineEnd findLineEnd(std::u16string_view text, std::size_t start) {
+    const std::size_t end = findUnit(text, start, [](char16_t c) { return c == u'\r' || c == u'\n'; });
     if (end == text.size()) {
         return {end, end};
     }
@@ -65,6 +59,9 @@ bool sameName(std::u16string_view left, std::u16string_view right) {
     if (left.size() != right.size()) {
         return false;
     }
+    if (std::equal(left.begin(), left.end(), right.begin())) {
+        return true;
+    }
     for (std::size_t i = 0; i < left.size(); ++i) {
         if (left[i] != right[i] && folded(left[i]) != folded(right[i])) {
             return false;
@@ -73,10 +70,22 @@ bool sameName(std::u16string_view left, std::u16string_view right) {
     return true;
 }
 
+// Four units at a time. Setting the bit that tells small letters from capitals also makes a few other characters equal,
+// which a hash may do.
 std::uint32_t nameHash(std::u16string_view name) {
-    std::uint32_t hash = 2166136261U;
-    for (const char16_t c : name) {
-        hash = (hash ^ folded(c)) * 16777619U;
+    constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(char16_t);
+    std::uint64_t hash = name.size();
+    const auto add = [&hash](std::uint64_t units) {
+        constexpr std::uint64_t kSmallLetters = 0x0020002000200020;
+        hash = (std::rotl(hash, 5) ^ (units | kSmallLetters)) * 0x9E3779B97F4A7C15U;
+    };
+    for (; name.size() >= kUnits; name.remove_prefix(kUnits)) {
+        std::uint64_t units = 0;
+        std::memcpy(&units, name.data(), sizeof units);
+        add(units);
     }
-    return hash ^ (hash >> 15);
+    for (const char16_t unit : name) {
+        add(unit);
+    }
+    return static_cast<std::uint32_t>(hash >> 32U);
 }

@@ -1,9 +1,12 @@
 // The grammar of INI files as the system's profile functions read them, line by line.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+
+#include "storage/text/UnitFinder.h"
 
 inline constexpr std::size_t kIniValueUnits = 254;  // a buffer of 255 UTF-16 units with its NUL
 
@@ -16,8 +19,13 @@ struct IniLine {
     std::u16string_view value;  // of a key, as it stands behind the "="
 };
 
+inline bool isIniBlank(char16_t c) { return c == u' ' || c == u'\t'; }
+
 // `line` without its line end.
 IniLine parseIniLine(std::u16string_view line);
+// The same of a line that begins with something else than a blank. equals: the position of its first "=", or any
+// position beyond its end.
+IniLine parseIniLine(std::u16string_view line, std::size_t equals);
 
 // Where the line that starts at `start` ends, and where the next one starts: behind CR LF, LF or CR. UTF-16 units.
 struct IniLineEnd {
@@ -25,6 +33,40 @@ struct IniLineEnd {
     std::size_t next = 0;
 };
 IniLineEnd findLineEnd(std::u16string_view text, std::size_t start);
+
+// The lines of a text from `start` on, where a line begins.
+class IniLines {
+public:
+    IniLines(std::u16string_view text, std::size_t start) : text_(text), start_(start), marks_(text, start, {}) {}
+    // False when there are no more. Inline, so that the finder stays in registers.
+    bool next(IniLine& line) {
+        if (start_ >= text_.size()) {
+            return false;
+        }
+        std::size_t equals = text_.npos;
+        std::size_t end = marks_.next();
+        for (; end < text_.size() && text_[end] != u'\r' && text_[end] != u'\n'; end = marks_.next()) {
+            equals = text_[end] == u'=' ? std::min(equals, end) : equals;
+        }
+        const std::u16string_view units = text_.substr(start_, end - start_);
+        line = units.empty() || isIniBlank(units.front()) ? parseIniLine(units) : parseIniLine(units, equals - start_);
+        start_ = end + 1;
+        if (start_ < text_.size() && text_[end] == u'\r' && text_[start_] == u'\n') {
+            start_ = marks_.next() + 1;
+        }
+        return true;
+    }
+
+private:
+    // Line ends and "=", and a few controls that are rare.
+    struct IsMark {
+        bool operator()(char16_t c) const { return c <= u'\r' || c == u'='; }
+    };
+
+    std::u16string_view text_;
+    std::size_t start_;  // of the next line
+    UnitFinder<IsMark> marks_;
+};
 
 // The value without blanks around it, without a pair of equal quotes, cut to kIniValueUnits.
 std::u16string_view iniValue(std::u16string_view raw);

@@ -1,5 +1,7 @@
 #include "storage/lists/ListLoader.h"
 
+#include <array>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,44 +27,49 @@ std::u16string_view bandOf(double kHz) {
     return kHz >= 1710 ? u"SW" : u"";
 }
 
-int countOf(const IniReader& profile, ListKind kind) {
+int countOf(IniReader& profile, ListKind kind) {
     return roundToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind)))).value_or(0);
 }
 
-// One record's section.
-class Record {
-public:
-    Record(const IniReader& profile, std::u16string_view section) : keys_(profile.section(section)) {}
-    std::u16string_view text(std::u16string_view key) const { return PtrToStrW(keys_.get(key)); }
-    double frequency() const { return leadingNumber(text(ListFile::kFrequency)); }
-
-private:
-    IniReader::SectionKeys keys_;
-};
-
-void appendFavourite(Grid& grid, const Record& record) {
-    const std::u16string_view type = record.text(ListFile::kType);
-    std::u16string frequency = shortestDecimal(ListFile::isFm(type) ? record.frequency() / 1000 : record.frequency());
-    frequency += ListFile::unitOf(type);
-    grid.appendRow({record.text(ListFile::kProgramme), frequency, type});
-}
-
-void appendRecord(Grid& grid, ListKind kind, const Record& record) {
-    const std::u16string_view programme = record.text(ListFile::kProgramme);
-    const std::u16string_view frequency = record.text(ListFile::kFrequency);
+// The keys of a list's records that are read, in the order of Record's values.
+std::span<const std::u16string_view> keysOf(ListKind kind) {
+    static constexpr std::array kDrm = {ListFile::kProgramme, ListFile::kFrequency, ListFile::kTime, ListFile::kTarget};
+    static constexpr std::array kFavourite = {ListFile::kProgramme, ListFile::kFrequency, ListFile::kType};
     switch (kind) {
         case ListKind::Drm:
-            grid.appendRow({programme, frequency, record.text(ListFile::kTime), record.text(ListFile::kTarget)});
+            return kDrm;
+        case ListKind::Favourite:
+            return kFavourite;
+        default:
+            return std::span(kDrm).first(2);
+    }
+}
+
+struct Record {
+    std::array<std::u16string_view, 4> values;
+
+    double kilohertz() const { return leadingNumber(values[1]); }
+    double megahertz() const { return kilohertz() / 1000; }
+};
+
+void appendRecord(Grid& grid, ListKind kind, const Record& record) {
+    const auto& [programme, frequency, third, fourth] = record.values;
+    switch (kind) {
+        case ListKind::Drm:
+            grid.appendRow({programme, frequency, third, fourth});
             break;
         case ListKind::Am:
-            grid.appendRow({programme, frequency, bandOf(record.frequency())});
+            grid.appendRow({programme, frequency, bandOf(record.kilohertz())});
             break;
         case ListKind::Fm:
-            grid.appendRow({programme, shortestDecimal(record.frequency() / 1000), u"VHF"});
+            grid.appendRow({programme, shortestDecimal(record.megahertz()), u"VHF"});
             break;
-        case ListKind::Favourite:
-            appendFavourite(grid, record);
+        case ListKind::Favourite: {
+            std::u16string number = shortestDecimal(ListFile::isFm(third) ? record.megahertz() : record.kilohertz());
+            number += ListFile::unitOf(third);
+            grid.appendRow({programme, number, third});
             break;
+        }
     }
 }
 
@@ -101,13 +108,13 @@ void ListLoader::LoadFavList(bool setUpColumns) {
     if (!given_.user && !files_.exists(copies_.UserFilePath)) {
         return;
     }
-    const IniReader profile = read(given_.user, copies_.UserFilePath);
+    IniReader profile = read(given_.user, copies_.UserFilePath);
     given_.user.reset();
     readSettings(profile);
     appendRecords(ListKind::Favourite, profile);
 }
 
-void ListLoader::readSettings(const IniReader& profile) {
+void ListLoader::readSettings(IniReader& profile) {
     keepUnlessEmpty(settings_.VersionMajor, profile.get(ListFile::kVersion, ListFile::kMajor));
     keepUnlessEmpty(settings_.LastType, profile.get(ListFile::kLast, ListFile::kType));
     keepUnlessEmpty(settings_.LastStation, profile.get(ListFile::kLast, ListFile::kStation));
@@ -115,16 +122,22 @@ void ListLoader::readSettings(const IniReader& profile) {
     // The index is written but never read: every save writes the value of the program's start.
 }
 
-void ListLoader::appendRecords(ListKind kind, const IniReader& profile) {
+void ListLoader::appendRecords(ListKind kind, IniReader& profile) {
     const int count = countOf(profile, kind);
     if (count < 1) {
         return;
     }
     Grid& grid = lists_.grid(kind);
     const GridUpdate update(grid);
+    grid.expectRows(count, profile.text());
     RecordSection section(kind);
+    Record record;
     for (int index = 0; index < count; ++index) {
-        appendRecord(grid, kind, Record(profile, section.of(index)));
+        profile.get(section.of(index), keysOf(kind), record.values);
+        for (std::u16string_view& value : record.values) {
+            value = PtrToStrW(value);
+        }
+        appendRecord(grid, kind, record);
     }
 }
 

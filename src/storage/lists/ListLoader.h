@@ -35,8 +35,8 @@ public:
 private:
     void loadFromListFile(ListKind kind, bool setUpColumns);
     IniReader read(const std::optional<std::string>& given, std::u16string_view path);
-    void appendRecords(ListKind kind, const IniReader& profile);
-    void readSettings(const IniReader& profile);
+    void appendRecords(ListKind kind, IniReader& profile);
+    void readSettings(IniReader& profile);
 
     StationLists lists_;
     const WorkingCopies& copies_;

@@ -185,7 +185,7 @@ void ListSaver::ResetContentOfINI() { resetContent(copies_.ListFilePath, {ListKi
 void ListSaver::ResetContentOfUserINI() { resetContent(copies_.UserFilePath, {ListKind::Favourite}); }
 
 void ListSaver::resetContent(std::u16string_view path, std::initializer_list<ListKind> kinds) {
-    const IniReader profile = readIni(path, files_, codePages_);
+    IniReader profile = readIni(path, files_, codePages_);
     editIniFile(path, files_, codePages_, [&](IniEditor& edit) {
         for (const ListKind kind : kinds) {
             const int count = saturateToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind))));

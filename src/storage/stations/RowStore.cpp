@@ -24,47 +24,76 @@ void RowStore::columnDragged(int column, double widthTwips) {
     }
 }
 
-std::u16string_view RowStore::Row::text(std::size_t cell) const {
-    return std::u16string_view(texts).substr(start(cell), ends[cell] - start(cell));
+RowStore::Cell RowStore::cellOf(std::u16string_view text) {
+    const auto number = [](const auto* unit) { return reinterpret_cast<std::uintptr_t>(unit); };
+    const auto length = static_cast<std::uint32_t>(text.size());
+    if (number(text.data()) >= number(loaded_->data()) &&
+        number(text.data() + length) <= number(loaded_->data() + loaded_->size())) {
+        return {static_cast<std::uint32_t>(text.data() - loaded_->data()), length};
+    }
+    const std::size_t start = loaded_->size() + own_.size();
+    own_ += text;
+    return {static_cast<std::uint32_t>(start), length};
 }
 
-void RowStore::Row::setText(std::size_t cell, std::u16string_view text) {
-    const auto oldLength = static_cast<std::uint32_t>(ends[cell] - start(cell));
-    texts.replace(start(cell), oldLength, text);
-    for (std::size_t i = cell; i < ends.size(); ++i) {
-        ends[i] += static_cast<std::uint32_t>(text.size()) - oldLength;
-    }
-}
-
-RowStore::Row RowStore::rowOf(std::initializer_list<std::u16string_view> cells) {
-    Row row;
-    std::size_t length = 0;
-    for (const std::u16string_view cell : cells) {
-        length += cell.size();
-    }
-    row.texts.reserve(length);
-    const auto* cell = cells.begin();
-    for (std::uint32_t& end : row.ends) {
-        if (cell != cells.end()) {
-            row.texts += *cell++;
+std::u16string RowStore::gather(const std::shared_ptr<const std::u16string>& loaded, std::size_t room) {
+    const auto moves = [&](const Cell& cell) { return loaded != loaded_ || cell.start >= loaded->size(); };
+    std::size_t units = room;
+    for (const Row& row : rows_) {
+        for (const Cell& cell : row.cells) {
+            units += moves(cell) ? cell.length : 0U;
         }
-        end = static_cast<std::uint32_t>(row.texts.size());
     }
-    return row;
+    std::u16string own;
+    own.reserve(2 * units);
+    for (Row& row : rows_) {
+        for (Cell& cell : row.cells) {
+            if (moves(cell)) {
+                const std::u16string_view text = textOf(cell);
+                cell.start = static_cast<std::uint32_t>(loaded->size() + own.size());
+                own += text;
+            }
+        }
+    }
+    loaded_ = loaded;
+    own_.swap(own);
+    hasUnused_ = false;
+    return own;
+}
+
+std::u16string RowStore::makeRoom(std::size_t units) {
+    if (own_.capacity() - own_.size() >= units) {
+        return {};
+    }
+    if (hasUnused_) {
+        return gather(loaded_, units);
+    }
+    std::u16string larger;
+    larger.reserve(2 * (own_.size() + units));
+    larger += own_;
+    own_.swap(larger);
+    return larger;
+}
+
+void RowStore::expectRows(int count, std::shared_ptr<const std::u16string> text) {
+    gather(text, 0);
+    rows_.reserve(rows_.size() + static_cast<std::size_t>(count));
 }
 
 std::u16string_view RowStore::text(int row, int column) const {
     if (!hasRow(row) || !hasCell(column)) {
         return {};
     }
-    return rows_[at(row)].text(at(column));
+    return textOf(rows_[at(row)].cells[at(column)]);
 }
 
 void RowStore::setText(int row, int column, std::u16string text) {
     if (!hasRow(row) || !hasCell(column)) {
         return;
     }
-    rows_[at(row)].setText(at(column), text);
+    const std::u16string former = makeRoom(text.size());
+    rows_[at(row)].cells[at(column)] = cellOf(text);
+    hasUnused_ = true;
     ++changes_;
     if (notifies()) {
         view_->cellChanged(row, column);
@@ -77,7 +106,16 @@ void RowStore::appendRow(std::initializer_list<std::u16string_view> cells) {
         view_->beforeAppend(row);
     }
     ++changes_;
-    rows_.push_back(rowOf(cells));
+    std::size_t units = 0;
+    for (const std::u16string_view cell : cells) {
+        units += cell.size();
+    }
+    const std::u16string former = makeRoom(units);
+    Row& added = rows_.emplace_back();
+    auto to = added.cells.begin();
+    for (const std::u16string_view cell : cells) {
+        *to++ = cellOf(cell);
+    }
     if (notifies()) {
         view_->afterAppend(row);
     }
@@ -87,12 +125,16 @@ void RowStore::removeSelectedRows() {
     const GridUpdate update(*this);
     ++changes_;
     std::erase_if(rows_, [](const Row& row) { return row.selected; });
+    hasUnused_ = true;
 }
 
 void RowStore::clear() {
     const GridUpdate update(*this);
     ++changes_;
     rows_.clear();
+    own_.clear();
+    hasUnused_ = false;
+    loaded_ = std::make_shared<const std::u16string>();
 }
 
 bool RowStore::isSelected(int row) const { return hasRow(row) && rows_[at(row)].selected; }

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "platform/Grid.h"
 #include "platform/GridView.h"
@@ -22,6 +23,7 @@ public:
     int rowCount() const override { return static_cast<int>(rows_.size()); }
     std::u16string_view text(int row, int column) const override;
     void setText(int row, int column, std::u16string text) override;
+    void expectRows(int count, std::shared_ptr<const std::u16string> text) override;
     void appendRow(std::initializer_list<std::u16string_view> cells) override;
     void removeSelectedRows() override;
     void clear() override;
@@ -39,18 +41,26 @@ public:
 private:
     static constexpr int kMaxColumns = 4;
 
-    // The cells one behind the other in one text, so that a row is one piece of memory and not five.
+    // A part of the loaded text or, counted on from its end, of the store's own.
+    struct Cell {
+        std::uint32_t start = 0;
+        std::uint32_t length = 0;
+    };
     struct Row {
-        std::u16string texts;
-        std::array<std::uint32_t, kMaxColumns> ends{};  // of each cell, in UTF-16 units of `texts`
+        std::array<Cell, kMaxColumns> cells;
         bool selected = false;
-
-        std::size_t start(std::size_t cell) const { return cell == 0 ? 0 : ends[cell - 1]; }
-        std::u16string_view text(std::size_t cell) const;
-        void setText(std::size_t cell, std::u16string_view text);
     };
 
-    static Row rowOf(std::initializer_list<std::u16string_view> cells);
+    std::u16string_view textOf(Cell cell) const {
+        const std::size_t loaded = loaded_->size();
+        return cell.start < loaded ? std::u16string_view(*loaded_).substr(cell.start, cell.length)
+                                   : std::u16string_view(own_).substr(cell.start - loaded, cell.length);
+    }
+    Cell cellOf(std::u16string_view text);
+    // Makes `loaded` the loaded text. Texts in use that are no part of it go to a new own text, which has room for
+    // as much again. Returns the former own text, which the texts to be added may be parts of.
+    std::u16string gather(const std::shared_ptr<const std::u16string>& loaded, std::size_t room);
+    std::u16string makeRoom(std::size_t units);
     bool hasRow(int row) const { return row >= 1 && row <= rowCount(); }
     bool hasColumn(int column) const { return column >= 1 && column <= static_cast<int>(columns_.size()); }
     static bool hasCell(int column) { return column >= 1 && column <= kMaxColumns; }
@@ -60,6 +70,9 @@ private:
     GridView* view_ = nullptr;
     std::vector<GridColumn> columns_;
     std::vector<Row> rows_;
+    std::shared_ptr<const std::u16string> loaded_ = std::make_shared<const std::u16string>();
+    std::u16string own_;      // every text goes to its end; those that no cell has any more go when it is full
+    bool hasUnused_ = false;  // own_ may hold such texts
     int updates_ = 0;
     std::uint64_t changes_ = 0;
 };

@@ -48,9 +48,45 @@ double parse(std::string_view number, std::chars_format format) {
 
 std::u16string widen(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
 
+constexpr double kMostOfThreeDecimals = 1'000'000;
+
+std::u16string thousandthsText(int thousandths) {
+    std::u16string text = decimal(thousandths / 1000);
+    int rest = thousandths % 1000;
+    if (rest > 0) {
+        text += u'.';
+    }
+    for (int place = 100; rest > 0; place /= 10) {
+        text += static_cast<char16_t>(u'0' + rest / place);
+        rest %= place;
+    }
+    return text;
+}
+
+// The value of a text that is nothing but a few digits, as most frequencies are; -1 for any other.
+double shortWholeNumber(std::u16string_view text) {
+    constexpr std::size_t kMostDigits = 9;
+    if (text.empty() || text.size() > kMostDigits) {
+        return -1;
+    }
+    int value = 0;
+    for (const char16_t unit : text) {
+        if (!isDigit(unit)) {
+            return -1;
+        }
+        value = value * 10 + (unit - u'0');
+    }
+    return value;
+}
+
 }  // namespace
 
-double leadingNumber(std::u16string_view text) { return parse(numberText(text), std::chars_format::fixed); }
+double leadingNumber(std::u16string_view text) {
+    if (const double whole = shortWholeNumber(text); whole >= 0) {
+        return whole;
+    }
+    return parse(numberText(text), std::chars_format::fixed);
+}
 
 std::u16string shortestDecimal(double value) {
     if (std::isnan(value) || value == 0) {
@@ -58,6 +94,13 @@ std::u16string shortestDecimal(double value) {
     }
     if (std::isinf(value)) {
         value = std::copysign(kLargest, value);
+    }
+    // As frequencies are; when the digits give the value again, there are no shorter ones.
+    if (value > 0 && value < kMostOfThreeDecimals) {
+        const int thousandths = static_cast<int>(value * 1000 + 0.5);
+        if (thousandths / 1000.0 == value) {
+            return thousandthsText(thousandths);
+        }
     }
     std::array<char, 800> text;  // the smallest double has over 320 zeros behind the point
     const auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);

@@ -1,5 +1,6 @@
 #include "storage/text/Utf16Bytes.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstring>
@@ -29,8 +30,16 @@ void unitsOf(std::string_view bytes, ByteOrder order, char16_t* units) {
 }
 
 std::u16string unitsOf(std::string_view bytes, ByteOrder order) {
-    std::u16string text(bytes.size() / 2, u'\0');
-    unitsOf(bytes, order, text.data());
+    // Piece by piece, so that what resize fills with NULs is still in the processor's cache when it is overwritten.
+    constexpr std::size_t kPieceBytes = 16'384;
+    std::u16string text;
+    text.reserve(bytes.size() / 2);
+    for (; bytes.size() > 1; bytes.remove_prefix(std::min(kPieceBytes, bytes.size()))) {
+        const std::string_view piece = bytes.substr(0, kPieceBytes);
+        const std::size_t start = text.size();
+        text.resize(start + piece.size() / 2);
+        unitsOf(piece, order, text.data() + start);
+    }
     return text;
 }
 

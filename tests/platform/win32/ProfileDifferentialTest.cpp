@@ -147,7 +147,7 @@ TEST_F(ProfileDifferentialTest, ReadsTheSameValues) {
         const bool ansi = generator.chance(30);
         const std::u16string text = fitting(generator.file(), ansi);
         start(text, ansi);
-        const IniReader profile(text);
+        IniReader profile(text);
         for (int i = 0; i < 12; ++i) {
             const std::u16string section = generator.section();
             const std::u16string key = generator.key();

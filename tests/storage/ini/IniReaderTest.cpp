@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <array>
+#include <utility>
+
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
 #include "fakes/Text.h"
@@ -11,7 +14,7 @@ using namespace std::string_literals;
 namespace {
 
 std::string get(std::u16string text, std::u16string_view section, std::u16string_view key) {
-    const IniReader profile(std::move(text));
+    IniReader profile(std::move(text));
     return narrow(profile.get(section, key));
 }
 
@@ -32,6 +35,28 @@ TEST(IniReaderTest, NamesCompareWithoutRegardToCase) {
 
 TEST(IniReaderTest, BlanksAroundNamesAndValuesAreDropped) {
     EXPECT_EQ(get(u"  [ A ]  \r\n\t x =  1 2\t\r\n", u"A", u"x"), "1 2");
+}
+
+TEST(IniReaderTest, ASectionsLineHoldsNothingButItsName) {
+    EXPECT_EQ(get(u"[A] x=1\r\nx=2\r\n", u"A", u"x"), "2");
+    EXPECT_EQ(get(u"[A\tB\v]\nx=1", u"a\tb\v", u"x"), "1") << "controls are part of a name";
+    EXPECT_EQ(get(u"y=[A]\n;[A]\n [A\n[A]\nx=1", u"A", u"x"), "1") << "a bracket that begins no section";
+    EXPECT_EQ(get(u"[A]\n[A", u"A", u"x"), "");
+}
+
+TEST(IniReaderTest, SectionsAreFoundInAnyOrder) {
+    IniReader profile(u"[A]\nx=1\n[B]\nx=2\n[a]\nx=3\n[C]\nx=4\n");
+    for (const auto& [section, value] :
+         {std::pair(u"A", u"1"), {u"B", u"2"}, {u"A", u"1"}, {u"C", u"4"}, {u"B", u"2"}, {u"D", u""}, {u"a", u"1"}}) {
+        EXPECT_EQ(profile.get(section, u"x"), value);
+    }
+}
+
+TEST(IniReaderTest, SeveralKeysAreReadAtOnce) {
+    IniReader profile(u"[A]\nx=\ny=2\nX=3\nz=4\n[B]\nw=5\n");
+    std::array<std::u16string_view, 3> values = {u"as it was", u"as it was", u"as it was"};
+    profile.get(u"A", std::array<std::u16string_view, 3>{u"z", u"x", u"w"}, values);
+    EXPECT_EQ(values, (std::array<std::u16string_view, 3>{u"4", u"", u""})) << "the first x is empty, w is in B";
 }
 
 TEST(IniReaderTest, OnePairOfEqualQuotesIsDropped) {
@@ -66,7 +91,7 @@ TEST(IniReaderTest, ALineThatIsNeitherSectionNorKeyIsSkipped) {
 TEST(IniReaderTest, ANulInALineIsNoError) {
     const std::u16string text = u"[A]\r\nx=1\r\n\0\r\n[kvt update end]\r\n[B]\r\ny=a\0b\r\n"s;
     EXPECT_EQ(get(text, u"A", u"x"), "1");
-    const IniReader profile(text);
+    IniReader profile(text);
     EXPECT_EQ(profile.get(u"B", u"y"), u"a\0b"s);
 }
 
@@ -95,7 +120,7 @@ TEST(IniReaderTest, FindsEverySectionOfALargeFile) {
     for (int i = 0; i < kCount; ++i) {
         text += u"[DRMSchedule" + decimal(i) + u"]\r\nFrequency=" + decimal(i) + u"\r\n";
     }
-    const IniReader profile(std::move(text));
+    IniReader profile(std::move(text));
     int wrong = 0;
     for (int i = 0; i < kCount; ++i) {
         wrong += profile.get(u"DRMSCHEDULE" + decimal(i), u"frequency") == decimal(i) ? 0 : 1;

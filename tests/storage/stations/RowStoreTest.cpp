@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <memory>
 #include <utility>
 
 #include "fakes/FakeGridView.h"
@@ -69,6 +70,59 @@ TEST(RowStoreTest, RemovingSelectedRowsKeepsTheOthersInOrder) {
     EXPECT_EQ(rows.text(2, 1), u"3");
     EXPECT_EQ(rows.text(3, 1), u"4");
     EXPECT_EQ(rows.firstSelected(), 0);
+}
+
+TEST(RowStoreTest, PartsOfAnExpectedTextAreNotCopied) {
+    const auto text = std::make_shared<const std::u16string>(u"Programme=Radio;Frequency=6000");
+    const std::u16string_view programme = std::u16string_view(*text).substr(10, 5);
+    RowStore rows;
+    rows.expectRows(1, text);
+    rows.appendRow({programme, u"own", std::u16string_view(*text).substr(30)});
+    EXPECT_EQ(rows.text(1, 1).data(), programme.data());
+    EXPECT_EQ(rows.text(1, 2), u"own");
+    EXPECT_EQ(rows.text(1, 3), u"");
+    rows.setText(1, 1, u"edited");
+    EXPECT_EQ(rows.text(1, 1), u"edited");
+    EXPECT_EQ(*text, u"Programme=Radio;Frequency=6000");
+}
+
+TEST(RowStoreTest, RowsOfAnEarlierTextStayWhenAnotherIsExpected) {
+    RowStore rows;
+    for (const char16_t* content : {u"one", u"seven"}) {
+        const auto text = std::make_shared<const std::u16string>(content);
+        rows.expectRows(1, text);
+        rows.appendRow({*text, u"own"});
+    }
+    EXPECT_EQ(rows.text(1, 1), u"one");
+    EXPECT_EQ(rows.text(1, 2), u"own");
+    EXPECT_EQ(rows.text(2, 1), u"seven");
+    EXPECT_EQ(rows.text(2, 2), u"own");
+}
+
+// What no cell holds any more makes room for what comes, over and over.
+TEST(RowStoreTest, TextsSurviveManyEditsAndDeletions) {
+    RowStore rows;
+    const auto text = std::make_shared<const std::u16string>(u"loaded");
+    rows.expectRows(2, text);
+    rows.appendRow({*text, u"kept"});
+    rows.appendRow({u"edited"});
+    std::u16string longer;
+    for (int edit = 0; edit < 1000; ++edit) {
+        longer += u'x';
+        rows.setText(2, 3, longer);
+        rows.appendRow({rows.text(1, 2), rows.text(2, 3)});
+        ASSERT_EQ(rows.text(3, 1), u"kept");
+        ASSERT_EQ(rows.text(3, 2), longer) << "a row may be made of texts of the same grid";
+        rows.setSelected(3, true);
+        rows.removeSelectedRows();
+    }
+    EXPECT_EQ(rows.text(1, 1), u"loaded");
+    EXPECT_EQ(rows.text(1, 2), u"kept");
+    EXPECT_EQ(rows.text(2, 1), u"edited");
+    EXPECT_EQ(rows.text(2, 3), longer);
+    rows.clear();
+    rows.appendRow({u"a"});
+    EXPECT_EQ(rows.text(1, 1), u"a");
 }
 
 TEST(RowStoreTest, AnUpdateOfManyRowsResetsTheViewOnce) {
