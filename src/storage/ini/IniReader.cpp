@@ -38,7 +38,11 @@ IniReader::IniReader(std::u16string text) : text_(std::make_shared<const std::u1
 
 // Brackets are rarer than lines, so most of the text is looked at once only, here.
 void IniReader::findSections() {
+    // A list's sections are longer on average, so that their vector mostly need not grow, which would leave holes of
+    // its former sizes in memory.
+    constexpr std::size_t kShortSection = 48;
     const std::u16string_view text = *text_;
+    sections_.reserve(text.size() / kShortSection);
     UnitFinder brackets(text, 0, [](char16_t c) { return c == u'['; });
     for (std::size_t at = brackets.next(); at < text.size(); at = brackets.next()) {
         if (!beginsLine(text, at)) {
