@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <memory>
 
 #include "MemoryFiles.h"
 #include "SampleLists.h"
@@ -32,21 +33,55 @@ void keepAfterEachEdit(benchmark::State& state, Files& files, const std::u16stri
     recovery.discard();
 }
 
-void SnapshotOnDisk(benchmark::State& state) {
+// The first edit of a run finds neither the folder nor anything composed.
+void keepFirstEdit(benchmark::State& state, Files& files, const std::u16string& folder) {
+    PosixCodePages codePages;
+    SampleLists sample(folder);
+    sample.fill(static_cast<int>(state.range(0)));
+    int edit = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        auto saver = std::make_unique<ListSaver>(sample.lists(), sample.copies(), sample.settings(), files, codePages);
+        auto recovery = std::make_unique<Recovery>(folder, files);
+        state.ResumeTiming();
+        sample.grid(ListKind::Drm).setText(1, 2, decimal(++edit));
+        const bool kept = recovery->keep(saver->compose());
+        state.PauseTiming();
+        recovery->discard();
+        recovery.reset();
+        saver.reset();
+        state.ResumeTiming();
+        if (!kept) {
+            state.SkipWithError("cannot write the snapshot");
+            break;
+        }
+    }
+}
+
+using Keep = void (*)(benchmark::State& state, Files& files, const std::u16string& folder);
+
+void inFolder(benchmark::State& state, Keep keep) {
     const auto folder = std::filesystem::temp_directory_path() / ("halcyon-snapshot-" + std::to_string(::getpid()));
     std::filesystem::create_directory(folder);
     PosixFiles files;
-    keepAfterEachEdit(state, files, folder.u16string() + u'/');
+    keep(state, files, folder.u16string() + u'/');
     std::filesystem::remove_all(folder);
 }
+
+void SnapshotOnDisk(benchmark::State& state) { inFolder(state, keepAfterEachEdit); }
+
+void FirstEditOnDisk(benchmark::State& state) { inFolder(state, keepFirstEdit); }
 
 void SnapshotInMemory(benchmark::State& state) {
     MemoryFiles files;
     keepAfterEachEdit(state, files, u"/");
 }
 
-BENCHMARK(SnapshotInMemory)->Arg(kMaxRecords)->Unit(benchmark::kMicrosecond)->UseRealTime();
-BENCHMARK(SnapshotOnDisk)->Arg(kMaxRecords)->Unit(benchmark::kMicrosecond)->UseRealTime();
+constexpr int kMostRows = 32'767;
+
+BENCHMARK(SnapshotInMemory)->Arg(kMaxRecords)->Arg(kMostRows)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(SnapshotOnDisk)->Arg(kMaxRecords)->Arg(kMostRows)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(FirstEditOnDisk)->Arg(kMaxRecords)->Arg(kMostRows)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 }  // namespace
 

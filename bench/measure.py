@@ -22,7 +22,9 @@ START_ROUNDS = 11
 CALL_ROUNDS = 3
 WORSE = 1.25  # a ratio past this many times the written one fails the check
 NOISE = 0.01  # ratios below this are chance: the other side has not even been measured in turns with ours
-ABSOLUTE = (' ms', ' wake-ups')  # held against their bound only: no other machine's figure says anything about them
+# Held against the bound that they reach: another machine's figure says little about them. One past its bound is held
+# against the written one like a ratio, so that it gets no worse.
+ABSOLUTE = (' ms', ' wake-ups')
 
 
 def lines_of(program, *arguments, **options):
@@ -60,11 +62,11 @@ def micro(value):
 
 # Bounds by the name that a measuring program prints; the names without one are figures to know.
 PAIR_BOUNDS = {
-    'load / inih parsing both files': 1,
+    'load / inih parsing both files': 0.4,
     'load / inih parsing List.ini': 1,
-    'load / inih parsing both files of 32767 rows': 1,
-    'load / inih parsing List.ini of 32767 rows': 1,
-    'load / raw read of both files': 6,
+    'load / inih parsing both files of 32767 rows': 0.5,
+    'load / inih parsing List.ini of 32767 rows': 0.6,
+    'load / raw read of both files': 10,
     'first load of a process / raw read of both files': 6,
     'save in memory / SimpleIni composing both files': 0.5,
     'save in memory / SimpleIni composing both files of 32767 rows': 0.5,
@@ -86,21 +88,39 @@ def measure_pairs(table, folder):
     return by_name
 
 
+def measure_memory(table, folder):
+    """What loading the longest lists adds to a process; each of several starts anew."""
+    program, lists = BENCH / 'loaded_memory', pathlib.Path(folder) / 'memory'
+    lists.mkdir()
+    subprocess.run([program, lists, 'write'], check=True)
+    runs = [tuple(map(float, lines_of(program, lists)[0])) for _ in range(5)]
+    added, files = statistics.median(run[0] for run in runs), runs[0][1]
+    table.add('memory after loading 131068 rows / size of both files in UTF-16', f'{added / 2**20:.3g} MB',
+              f'{files / 2**20:.3g} MB', added / files, 1.5)
+
+
+# Milliseconds, by what is timed and the rows of each list.
+SNAPSHOT_BOUNDS = {('SnapshotOnDisk', 256): 0.39, ('SnapshotOnDisk', 32767): 16}
+SNAPSHOT_ROWS = {'SnapshotOnDisk': 'snapshot of four lists of {} rows after one edit',
+                 'SnapshotInMemory': 'snapshot of four lists of {} rows after one edit, without the disk',
+                 'FirstEditOnDisk': 'first edit to safe on disk, four lists of {} rows'}
+
+
 def measure_snapshot(table, folder):
-    run = subprocess.run([BENCH / 'snapshot_bench', '--benchmark_repetitions=9', '--benchmark_min_time=0.2',
+    run = subprocess.run([BENCH / 'snapshot_bench', '--benchmark_repetitions=9', '--benchmark_min_time=0.1',
                           '--benchmark_report_aggregates_only=true', '--benchmark_format=json'],
                          env={**os.environ, 'TMPDIR': folder}, capture_output=True, text=True, check=True)
-    medians = {figure['run_name'].split('/')[0]: figure['real_time'] for figure in json.loads(run.stdout)['benchmarks']
-               if figure['aggregate_name'] == 'median'}
-    for name, where in (('SnapshotOnDisk', ''), ('SnapshotInMemory', ', without the disk')):
-        table.add(f'snapshot of four lists of 256 after a command{where}', micro(medians[name]), '',
-                  medians[name] / 1e3, 5, ' ms')
+    for figure in json.loads(run.stdout)['benchmarks']:
+        if figure['aggregate_name'] == 'median':
+            name, rows = figure['run_name'].split('/')[:2]
+            table.add(SNAPSHOT_ROWS[name].format(rows), micro(figure['real_time']), '', figure['real_time'] / 1e3,
+                      SNAPSHOT_BOUNDS.get((name, int(rows))), ' ms')
 
 
 # Milliseconds, by what is done; one frame, or what no one waits for. The click on a header of the longest lists is
 # held against the same sort done by hand instead.
 RESPONSE_BOUNDS = {'header click, names': 16, 'header click, frequencies': 16, 'scroll by a page': 16,
-                   'scroll from end to end': 16, 'select all': 50, 'delete all': 50}
+                   'scroll from end to end': 16, 'select all': 50, 'delete all': 50, 'Add List dialog opened': 50}
 SORT_OF_CLICK = {'header click, names': 'sort by name of 32767 rows / std::sort and copying',
                  'header click, frequencies': 'sort by frequency of 32767 rows / std::sort and copying'}
 
@@ -110,12 +130,18 @@ def measure_window(table, pairs):
         runs = [lines_of(BENCH / 'grid_response', rows) for _ in range(5)]
         for index, (name, _) in enumerate(runs[0]):
             value = statistics.median(float(run[index][1]) for run in runs)
+            if name == 'Add List dialog opened' and rows > 256:
+                continue  # its lists are empty then, as they are with 256
             what = f'{name}, {rows} rows, to the repaint'
             if rows == 32767 and name in SORT_OF_CLICK:
                 plain = pairs[SORT_OF_CLICK[name]][1]
                 table.add(f'{what} / std::sort and copying', micro(value * 1e3), micro(plain), value * 1e3 / plain, 3)
             else:
                 table.add(what, micro(value * 1e3), '', value, RESPONSE_BOUNDS[name], ' ms')
+
+
+# The longest lists do not fit the processor's cache, which a deletion of a few nanoseconds for each row shows most.
+GROWTH_BOUNDS = {'load': 1.15, 'save': 1.2, 'delete': 1.3, 'schedule': 1.2}
 
 
 def measure_growth(table):
@@ -126,7 +152,7 @@ def measure_growth(table):
     for name, points in data.items():
         growth = max(cost for _, cost in points[1:]) / points[0][1]
         table.add(f'growth of {name}: cost per row, {points[0][0]} to {points[-1][0]} rows, the worst against the first',
-                  f'{max(cost for _, cost in points[1:]):.3g} ns', f'{points[0][1]:.3g} ns', growth, 1.2)
+                  f'{max(cost for _, cost in points[1:]):.3g} ns', f'{points[0][1]:.3g} ns', growth, GROWTH_BOUNDS[name])
     return data
 
 
@@ -146,7 +172,9 @@ def plot(data):
 @contextlib.contextmanager
 def display():
     read, write = os.pipe()
-    server = subprocess.Popen(['Xvfb', '-displayfd', str(write), '-screen', '0', '1280x1024x24'],
+    server = subprocess.Popen(['Xvfb', '-displayfd', str(write), '-screen', '0', '1280x1024x24',
+                               '-noreset'],  # between two programs it would forget the one that is just connecting
+                             
                               pass_fds=[write], stderr=subprocess.DEVNULL)
     os.close(write)
     try:
@@ -187,6 +215,10 @@ def compare_starts(table, runs, ours, other, bounds):
               statistics.median(a[2] / b[2] for a, b in zip(runs[ours], runs[other])), None)
 
 
+EMPTY = 'empty Qt window'
+CONTROLS = 'empty Qt window with the same libraries and controls'
+
+
 def measure_linux_start(table, folder):
     program = pathlib.Path(folder) / 'start'
     for lists in ('mixed', 'latin'):
@@ -196,15 +228,14 @@ def measure_linux_start(table, folder):
         subprocess.run([BENCH / 'write_lists', f'{program}/', '256', lists], check=True)
         with display() as environment:
             commands = {f'four lists of 256, {lists} names': [program / LINUX.name],
-                        'empty Qt window': [BENCH / 'empty_window']}
+                        EMPTY: [BENCH / 'empty_window'], CONTROLS: [BENCH / 'empty_controls_window']}
             if lists == 'mixed':
-                commands |= {'empty Qt window with Qt Network': [BENCH / 'empty_network_window'],
-                             'qdmr': ['qdmr'], 'CHIRP': ['chirpw']}
+                commands |= {'qdmr': ['qdmr'], 'CHIRP': ['chirpw']}
             runs = start_in_turns(commands, environment)
         ours = f'four lists of 256, {lists} names'
-        compare_starts(table, runs, ours, 'empty Qt window', (1.15, 1.10))
+        compare_starts(table, runs, ours, EMPTY, (None, None))
+        compare_starts(table, runs, ours, CONTROLS, (1.2, 1.1))
         if lists == 'mixed':
-            compare_starts(table, runs, 'empty Qt window with Qt Network', 'empty Qt window', (None, None))
             compare_starts(table, runs, ours, 'qdmr', (0.7, None))
             compare_starts(table, runs, ours, 'CHIRP', (0.3, None))
             measure_idle(table, program / LINUX.name)
@@ -264,7 +295,7 @@ def measure_windows(table, folder, saved_microseconds, loaded_microseconds):
         keeper = subprocess.Popen([wine, 'explorer', '/desktop=none'], env=environment, stderr=subprocess.DEVNULL)
         try:
             runs = start_in_turns(commands, environment)
-            compare_starts(table, runs, 'Windows program', 'empty list-view window', (1.15, 1.15))
+            compare_starts(table, runs, 'Windows program', 'empty list-view window', (1.45, 1.15))
             written, read = map(float, lines_of(wine, WINDOWS / 'bench/profile_functions.exe', f'Z:{profiles}',
                                                 env=environment)[0])
         finally:
@@ -306,7 +337,7 @@ def measure_server_calls(table, wine, commands, environment, folder):
     if not other:
         raise RuntimeError("Wine's server has not written what it answered")
     table.add("Windows program: calls to Wine's server in a start / empty list-view window", f'{ours:.0f}',
-              f'{other:.0f}', ours / other, None)
+              f'{other:.0f}', ours / other, 1.3)
 
 
 def machine():
@@ -325,21 +356,29 @@ def write_page(table, conditions):
     PAGE.write_text(f'{head}<!-- figures -->\n{conditions}{table.text()}<!-- end of figures -->\n{tail}')
 
 
+def written_value(ours, ratio):
+    """The figure of a row: milliseconds stand in the column of ours, any other in that of the ratio."""
+    if ratio:
+        return float(ratio.split()[0])
+    number, unit = ours.split()
+    return float(number) * {'µs': 1e-3, 'ms': 1, 's': 1e3}[unit]
+
+
 def written_rows():
-    """What the page says by name: the ratio, None for milliseconds, and whether the bound is reached."""
+    """What the page says by name: the figure, and whether the bound is reached."""
     written = {}
     for line in PAGE.read_text().splitlines():
         cells = [cell.strip() for cell in line.strip('|').split('|')]
         if len(cells) == 6 and cells[0] != 'what' and not cells[0].startswith('---'):
-            written[cells[0]] = (float(cells[3].split()[0]) if cells[3] else None, cells[5] == 'yes')
+            written[cells[0]] = (written_value(cells[1], cells[3]), cells[5] == 'yes')
     return written
 
 
 def verdict(value, bound, unit, written, reached):
     """"ok", or why a row fails."""
-    if bound is not None and value > bound and (reached or unit):
+    if bound is not None and value > bound and reached:
         return 'PAST ITS BOUND'
-    if unit in ABSOLUTE or max(value, written) < NOISE:
+    if (unit in ABSOLUTE and (bound is None or reached)) or max(value, written) < NOISE:
         return 'ok'
     return 'WORSE' if value > written * WORSE else 'ok'
 
@@ -352,7 +391,7 @@ def check(table):
             found, against = 'NOT ON THE PAGE', ''
         else:
             found = verdict(value, bound, unit, *written[what])
-            against = '' if written[what][0] is None else f' ({written[what][0]:.3g} written)'
+            against = f' ({written[what][0]:.3g} written)'
         failed = failed or found != 'ok'
         print(f'{found:5}  {value:.3g}{unit}{against}  {what}')
     missing = written.keys() - {row[0] for row in table.rows}
@@ -366,6 +405,7 @@ def main(arguments):
     conditions = machine()
     with tempfile.TemporaryDirectory(dir=ROOT / 'build') as folder:
         pairs = measure_pairs(table, folder)
+        measure_memory(table, folder)
         measure_snapshot(table, folder)
         measure_window(table, pairs)
         growth = measure_growth(table)

@@ -14,7 +14,7 @@ class Check(unittest.TestCase):
         def table(rows):
             made = measure.Table()
             for what, value, bound, unit in rows:
-                made.add(what, '1 ms', '2 ms', value, bound, unit)
+                made.add(what, f'{value:.3g} ms', '2 ms', value, bound, unit)
             return made
         with tempfile.TemporaryDirectory() as folder:
             page = pathlib.Path(folder) / 'performance.md'
@@ -58,7 +58,17 @@ class Check(unittest.TestCase):
         for unit in measure.ABSOLUTE:
             self.assertEqual(self.check([('a', 3, 16, unit)], [('a', 15, 16, unit)])[0], 0)
             self.assertEqual(self.check([('a', 3, 16, unit)], [('a', 17, 16, unit)])[0], 1)
-            self.assertEqual(self.check([('a', 17, 16, unit)], [('a', 17, 16, unit)])[0], 1)
+            self.assertEqual(self.check([('a', 3, None, unit)], [('a', 30, None, unit)])[0], 0)
+
+    def test_past_their_bound_they_are_held_against_the_written_figure(self):
+        for unit in measure.ABSOLUTE:
+            self.assertEqual(self.check([('a', 20, 16, unit)], [('a', 24, 16, unit)])[0], 0)
+            self.assertEqual(self.check([('a', 20, 16, unit)], [('a', 26, 16, unit)])[0], 1)
+
+    def test_the_written_figure_of_a_time_is_read_in_its_unit(self):
+        self.assertEqual(measure.written_value('385 µs', ''), 0.385)
+        self.assertEqual(measure.written_value('1.5 s', ''), 1500)
+        self.assertEqual(measure.written_value('646 KB', '0.63 MB'), 0.63)
 
     def test_a_row_that_the_page_does_not_have_fails(self):
         result, output = self.check([('a', 1.0, None, '')], [('a', 1.0, None, ''), ('b', 1.0, None, '')])

@@ -1,17 +1,29 @@
-// What the toolkit costs before a program does anything with it: a main window with four empty tables.
+// What the toolkit costs before a program does anything with it: a main window, empty or, with ALL_CONTROLS, with the
+// program's own controls, all empty: four tables with their columns, tabs and a status bar.
 #include <QApplication>
 #include <QMainWindow>
+#ifdef ALL_CONTROLS
+#include <QStandardItemModel>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableView>
+#endif
 
 int main(int argc, char** argv) {
     const QApplication app(argc, argv);
     QMainWindow window;
+#ifdef ALL_CONTROLS
     auto* tabs = new QTabWidget(&window);
     for (const char* caption : {"DRM List", "AM List", "FM List", "Favourite"}) {
-        tabs->addTab(new QTableView(tabs), caption);
+        auto* table = new QTableView(tabs);
+        auto* columns = new QStandardItemModel(table);
+        columns->setHorizontalHeaderLabels({"Programme", "Frequency", "Time", "Target"});
+        table->setModel(columns);
+        tabs->addTab(table, caption);
     }
     window.setCentralWidget(tabs);
+    window.statusBar()->showMessage(window.windowTitle());
+#endif
     window.resize(760, 540);  // as the program
     window.show();
     return QApplication::exec();
