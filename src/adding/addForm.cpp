@@ -13,8 +13,8 @@ constexpr int kEnterCode = 13;
 constexpr int kEscapeCode = 27;
 
 AddCaptions captions() {
-    return {u"Programme:", u"Frequency:", u"kHz",   u"Start Time(UTC):", u"--", u"StopTime(UTC):", u"--",
-            u"Target:",    u"Save",       u"Cancel"};
+    return {u"&Programme:", u"&Frequency:", u"kHz",    u"S&tart Time(UTC):", u"--", u"St&opTime(UTC):", u"--",
+            u"T&arget:",    u"&Save",       u"&Cancel"};
 }
 
 bool isStopTime(AddField field) { return field == AddField::eHourComb || field == AddField::eMinComb; }
@@ -44,7 +44,13 @@ void addForm::open() {
         messages_.showPlain(kListFull);
         return;
     }
+    // Disabled first: a toolkit may disable with a window the dialogs that it has already.
     mainWindow_.setEnabled(false);
+    view_.create(captions(), *this);
+    if (!view_.isOpen()) {
+        mainWindow_.setEnabled(true);
+        return;
+    }
     load();
     view_.show();
     view_.takeFocus(kAddRows.front().field);
@@ -57,7 +63,6 @@ bool addForm::hasRoom() {
 
 void addForm::load() {
     const ListKind kind = this->kind();
-    view_.create(captions(), *this);
     view_.setTitle(kDialogTitle);
     const bool isDrm = kind == ListKind::Drm;
     for (const AddField field :
@@ -99,13 +104,18 @@ void addForm::close() {
 
 bool addForm::keyPressed(AddField field, int characterCode) {
     const bool isEnter = characterCode == kEnterCode;
-    if (!isEnter && !isStopTime(field)) {
-        return false;
+    const bool isEscape = characterCode == kEscapeCode;
+    const bool listWasOpen = isCombo(field) && view_.isListOpen(field);
+    if (listWasOpen) {
+        view_.closeList(field, isEnter);
     }
     // Every key of the two stop times saves; users type the last digit and expect the checks to run.
+    if (!isEnter && !isStopTime(field)) {
+        return listWasOpen && isEscape;
+    }
     save();
     // Escape must not throw away what the user has just tried to save.
-    return isEnter || characterCode == kEscapeCode || !view_.isOpen();
+    return isEnter || isEscape || !view_.isOpen();
 }
 
 void addForm::save() {

@@ -38,15 +38,19 @@ inline constexpr std::array<AddRow, 5> kAddRows = {{
 inline constexpr std::array kAddButtons = {AddControl::saveCmd, AddControl::cancelCmd};
 inline constexpr AddControl kAddDefaultButton = AddControl::saveCmd;
 
-// Captions by AddControl. A backend may add mnemonics that the captions do not show as text.
+// Captions by AddControl; "&" marks the mnemonic behind it.
 using AddCaptions = std::array<std::u16string, kAddControlCount>;
+inline std::u16string withoutMnemonic(std::u16string caption) {
+    std::erase(caption, u'&');
+    return caption;
+}
 
 class AddFormListener {
 public:
     virtual ~AddFormListener() = default;
     // A key that produces a character code was pressed in a field (Enter 13, Escape 27, Backspace 8 and
     // Space 32 among them; not Tab, arrows, function or modifier keys), before the field has used it.
-    // True: the key must not reach the field.
+    // Also while the list of a combo is open. True: the key must not reach the field or the list.
     virtual bool keyPressed(AddField field, int characterCode) = 0;
     virtual void saveClicked() = 0;
     virtual void cancelClicked() = 0;  // the button, or Escape where a field did not use it
@@ -56,13 +60,18 @@ public:
 class AddFormView {
 public:
     virtual ~AddFormView() = default;
-    // Creates the dialog afresh, hidden: fields and combos empty, captions as given.
+    // Creates the dialog afresh, hidden: fields and combos empty, captions as given. It stays closed when the system
+    // has no room for one more window.
     virtual void create(const AddCaptions& captions, AddFormListener& listener) = 0;
     virtual void setTitle(std::u16string_view title) = 0;
     virtual void setCaption(AddControl control, std::u16string_view caption) = 0;
     virtual void setEnabled(AddField field, bool enabled) = 0;
     virtual void setItems(AddField combo, const std::vector<std::u16string>& items) = 0;  // none preselected
+    // Texts have no limit of length; a paste goes in as far as insertable() says.
     virtual std::u16string text(AddField field) const = 0;
+    virtual bool isListOpen(AddField combo) const = 0;
+    // takeHighlighted: the highlighted entry, if any, becomes the text.
+    virtual void closeList(AddField combo, bool takeHighlighted) = 0;
     virtual void takeFocus(AddField field) = 0;
     // Shows the dialog centred over the main window, without modality.
     virtual void show() = 0;

@@ -1,8 +1,20 @@
 // The single-line edit box over a grid cell, a child of the main window's client area.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+
+// The part of a typed or pasted text that goes in where `room` UTF-16 units are left: it ends before the first line
+// break, and never between the halves of a surrogate pair.
+constexpr std::u16string_view insertable(std::u16string_view text, std::size_t room) {
+    text = text.substr(0, text.find_first_of(u"\r\n\u2028\u2029"));
+    if (text.size() <= room) {
+        return text;
+    }
+    const bool cutsPair = room > 0 && (text[room - 1] & 0xFC00) == 0xD800 && (text[room] & 0xFC00) == 0xDC00;
+    return text.substr(0, cutsPair ? room - 1 : room);
+}
 
 class EditBoxListener {
 public:

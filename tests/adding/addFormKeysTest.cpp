@@ -69,6 +69,72 @@ TEST_F(addFormKeysTest, EscapeInAStopTimeSavesAndDoesNotCancel) {
     expectClosed();
 }
 
+class addFormKeysTestOpenList : public AddListFixture {
+protected:
+    addFormKeysTestOpenList() {
+        openFor(ListKind::Drm);
+        typeValidDrm();
+    }
+    void openList(F combo, std::u16string highlighted) {
+        dialog.at(combo).listOpen = true;
+        dialog.at(combo).highlighted = std::move(highlighted);
+    }
+};
+
+TEST_F(addFormKeysTestOpenList, EnterTakesTheHighlightedEntryAndSaves) {
+    openList(F::sHourComb, u"6");
+    EXPECT_TRUE(dialog.press(F::sHourComb, kEnter));
+    EXPECT_EQ(rowText(ListKind::Drm, 1), "Radio|9620|06:05-08:00|Europe");
+    expectClosed();
+    openFor(ListKind::Drm);
+    typeValidDrm();
+    openList(F::eMinComb, u"45");
+    EXPECT_TRUE(dialog.press(F::eMinComb, kEnter));
+    EXPECT_EQ(rowText(ListKind::Drm, 2), "Radio|9620|07:05-08:45|Europe");
+}
+
+TEST_F(addFormKeysTestOpenList, EscapeOnlyClosesTheListOfAStartTime) {
+    openList(F::sMinComb, u"6");
+    EXPECT_TRUE(dialog.press(F::sMinComb, 27));
+    EXPECT_FALSE(dialog.at(F::sMinComb).listOpen);
+    EXPECT_EQ(dialog.text(F::sMinComb), u"5");
+    EXPECT_TRUE(dialog.isOpen());
+    EXPECT_FALSE(dialog.press(F::sMinComb, 27)) << "cancels";
+    expectClosed();
+    EXPECT_EQ(rowsOfAllLists(), 0);
+}
+
+TEST_F(addFormKeysTestOpenList, EveryKeyClosesTheListOfAStopTimeAndSaves) {
+    int rows = 0;
+    for (const F field : {F::eHourComb, F::eMinComb}) {
+        for (const char16_t key : {u'7', u' ', char16_t{8}, char16_t{27}}) {
+            openList(field, u"0");
+            EXPECT_TRUE(dialog.press(field, key));
+            EXPECT_EQ(grid(ListKind::Drm).rowCount(), ++rows);
+            EXPECT_EQ(rowText(ListKind::Drm, rows), "Radio|9620|07:05-08:00|Europe");
+            openFor(ListKind::Drm);
+            typeValidDrm();
+        }
+    }
+}
+
+TEST_F(addFormKeysTestOpenList, AKeyOfARefusedSaveIsTypedOnceTheListIsClosed) {
+    type(F::txtLabel, u"");
+    openList(F::eHourComb, u"0");
+    box.expect({u"Programme: Input can't be empty", u"Add List"});
+    EXPECT_FALSE(dialog.press(F::eHourComb, u'9'));
+    EXPECT_FALSE(dialog.at(F::eHourComb).listOpen);
+    EXPECT_EQ(dialog.text(F::eHourComb), u"89");
+}
+
+TEST_F(addFormKeysTestOpenList, AKeyInAStartTimeClosesTheListAndIsTyped) {
+    openList(F::sHourComb, u"0");
+    EXPECT_FALSE(dialog.press(F::sHourComb, u'1'));
+    EXPECT_FALSE(dialog.at(F::sHourComb).listOpen);
+    EXPECT_EQ(dialog.text(F::sHourComb), u"71");
+    EXPECT_TRUE(dialog.isOpen());
+}
+
 TEST_F(addFormKeysTest, EscapeElsewhereCancels) {
     openFor(ListKind::Drm);
     typeValidDrm();

@@ -28,7 +28,7 @@ TEST_F(addFormTest, HasItsDesignedCaptions) {
         {AddControl::Label6, "--"},         {AddControl::Label7, "Target:"},
         {AddControl::saveCmd, "Save"},      {AddControl::cancelCmd, "Cancel"}};
     for (const auto& [control, caption] : expected) {
-        EXPECT_EQ(narrow(dialog.caption(control)), caption);
+        EXPECT_EQ(narrow(withoutMnemonic(dialog.caption(control))), caption);
     }
 }
 
@@ -168,6 +168,32 @@ TEST_F(addFormTest, TheTotalAtTheEndIsThatOfTheCurrentTabAsTheMainWindowSetIt) {
     currentTab.SetCurrentTab(3);
     form.close();
     EXPECT_EQ(status(), "Total Number Of Favourite List: 3");
+}
+
+TEST_F(addFormTest, ADialogThatCannotBeMadeLeavesTheMainWindowEnabled) {
+    dialog.failsToCreate = true;
+    showTab(ListKind::Drm);
+    form.open();
+    expectClosed();
+    dialog.failsToCreate = false;
+    openFor(ListKind::Drm);
+}
+
+TEST_F(addFormTest, EachMnemonicLeadsToOneControl) {
+    openFor(ListKind::Drm);
+    std::string letters;
+    const auto mnemonicOf = [this](AddControl control) {
+        const std::u16string caption = dialog.caption(control);
+        const std::size_t mark = caption.find(u'&');
+        return mark < caption.size() - 1 ? static_cast<char>(caption[mark + 1] | 0x20) : '-';
+    };
+    for (const AddRow& row : kAddRows) {
+        letters += mnemonicOf(row.label);
+    }
+    for (const AddControl button : kAddButtons) {
+        letters += mnemonicOf(button);
+    }
+    EXPECT_EQ(letters, "pftoasc");
 }
 
 TEST_F(addFormTest, ClosingAClosedDialogDoesNothing) {

@@ -82,7 +82,12 @@ public:
     }
 
     EditBox& box() override { return window_.editBox(); }
-    void type(std::u16string_view text) override { QTest::keyClicks(edit(), toQt(text)); }
+    // Both halves of a pair come in one event.
+    void type(std::u16string_view text) override {
+        for (const char32_t character : toQt(text).toUcs4()) {
+            QTest::sendKeyEvent(QTest::Click, edit(), Qt::Key_unknown, QString::fromUcs4(&character, 1), {});
+        }
+    }
     void paste(std::u16string_view text) override {
         QApplication::clipboard()->setText(toQt(text));
         QTest::keySequence(edit(), QKeySequence::Paste);

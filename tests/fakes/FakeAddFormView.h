@@ -14,10 +14,15 @@ public:
         std::u16string text;
         bool enabled = true;
         std::vector<std::u16string> items;
+        bool listOpen = false;
+        std::u16string highlighted;  // in the list
     };
 
     void create(const AddCaptions& newCaptions, AddFormListener& newListener) override {
         ++createCount;
+        if (failsToCreate) {
+            return;
+        }
         open = true;
         shown = false;
         captions = newCaptions;
@@ -32,6 +37,13 @@ public:
     void setEnabled(AddField field, bool enabled) override { at(field).enabled = enabled; }
     void setItems(AddField combo, const std::vector<std::u16string>& items) override { at(combo).items = items; }
     std::u16string text(AddField field) const override { return fields[static_cast<std::size_t>(field)].text; }
+    bool isListOpen(AddField combo) const override { return fields[static_cast<std::size_t>(combo)].listOpen; }
+    void closeList(AddField combo, bool takeHighlighted) override {
+        at(combo).listOpen = false;
+        if (takeHighlighted) {
+            at(combo).text = at(combo).highlighted;
+        }
+    }
     void takeFocus(AddField field) override { focused.push_back(field); }
     void show() override { shown = true; }
     void destroy() override { open = shown = false; }
@@ -59,6 +71,7 @@ public:
 
     AddFormListener* listener = nullptr;
     int createCount = 0;
+    bool failsToCreate = false;
     bool open = false;
     bool shown = false;
     std::u16string title;

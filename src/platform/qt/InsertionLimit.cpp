@@ -1,7 +1,15 @@
 #include "platform/qt/InsertionLimit.h"
 
-#include <QRegularExpression>
+#include <QLineEdit>
 #include <algorithm>
+
+#include "platform/EditBox.h"
+#include "platform/qt/Units.h"
+
+InsertionLimit::InsertionLimit(QLineEdit* edit) : QValidator(edit) {
+    edit->setMaxLength(std::numeric_limits<int>::max());  // Qt's own limit would cut silently, and within a pair
+    edit->setValidator(this);
+}
 
 void InsertionLimit::exempt(const QString& text) {
     exempt_ = text;
@@ -10,22 +18,16 @@ void InsertionLimit::exempt(const QString& text) {
 
 // The caret stands behind what has just been inserted; what follows it was there before.
 QValidator::State InsertionLimit::validate(QString& input, int& caret) const {
-    static const QRegularExpression kLineBreak(QStringLiteral("[\\r\\n\\x{2028}\\x{2029}]"));
     if (input != exempt_ && input != previous_) {
         const qsizetype behind = input.size() - caret;
         const qsizetype shared = std::min<qsizetype>(caret, std::max<qsizetype>(0, previous_.size() - behind));
         const auto differs = std::mismatch(input.cbegin(), input.cbegin() + shared, previous_.cbegin());
         const qsizetype start = differs.first - input.cbegin();
-        QString inserted = input.mid(start, caret - start);
-        if (const qsizetype lineBreak = inserted.indexOf(kLineBreak); lineBreak >= 0) {
-            inserted.truncate(lineBreak);
-        }
-        inserted.truncate(std::max<qsizetype>(0, limit_ - start - behind));
-        if (!inserted.isEmpty() && inserted.back().isHighSurrogate()) {
-            inserted.chop(1);
-        }
-        input = input.left(start) + inserted + input.mid(caret);
-        caret = static_cast<int>(start + inserted.size());
+        const auto room = static_cast<std::size_t>(std::max<qsizetype>(0, limit_ - start - behind));
+        const std::u16string inserted = fromQt(input.mid(start, caret - start));
+        const QString accepted = toQt(insertable(inserted, room));
+        input = input.left(start) + accepted + input.mid(caret);
+        caret = static_cast<int>(start + accepted.size());
     }
     previous_ = input;
     return Acceptable;

@@ -2,9 +2,36 @@
 
 #include <QKeyEvent>
 #include <array>
+#include <string_view>
 #include <utility>
 
 #include "platform/GridView.h"
+
+namespace {
+
+// The letters of a Latin keyboard by the place of their keys: codes of the X and Wayland protocols from the first of
+// each row on. Layouts of other scripts have their own letters there.
+struct LetterRow {
+    quint32 firstCode;
+    std::string_view letters;
+};
+constexpr std::array<LetterRow, 3> kLetterRows{{{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}}};
+
+int letterAt(quint32 code) {
+    for (const LetterRow& row : kLetterRows) {
+        if (code >= row.firstCode && code - row.firstCode < row.letters.size()) {
+            return row.letters[code - row.firstCode];
+        }
+    }
+    return 0;
+}
+
+bool isOfAnotherScript(int key) {
+    constexpr int kFirstBeyondLatin = 0x250;  // Qt's key codes of characters are the characters' own
+    return key >= kFirstBeyondLatin && key < Qt::Key_Escape;
+}
+
+}  // namespace
 
 int classicKey(const QKeyEvent& event) {
     static constexpr std::array<std::pair<int, int>, 14> kNamed{{{Qt::Key_Return, Key::Enter},
@@ -25,6 +52,9 @@ int classicKey(const QKeyEvent& event) {
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9)) {
         return key;
     }
+    if (isOfAnotherScript(key)) {
+        return letterAt(event.nativeScanCode());
+    }
     for (const auto& [qtKey, code] : kNamed) {
         if (key == qtKey) {
             return code;
@@ -40,6 +70,10 @@ int classicShift(const QKeyEvent& event) {
     shift |= held.testFlag(Qt::ControlModifier) ? Shift::Ctrl : 0;
     shift |= held.testFlag(Qt::AltModifier) || held.testFlag(Qt::GroupSwitchModifier) ? Shift::Alt : 0;
     return shift;
+}
+
+bool isMnemonic(const QKeyEvent& event) {
+    return event.modifiers().testFlag(Qt::AltModifier) && !event.text().isEmpty() && event.text().at(0).isPrint();
 }
 
 int characterCode(const QKeyEvent& event) {

@@ -1,5 +1,7 @@
 #include "platform/qt/QtAddForm.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QInputMethodEvent>
@@ -7,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <algorithm>
 
 #include "platform/qt/Keys.h"
 #include "platform/qt/Units.h"
@@ -30,6 +31,9 @@ void QtAddForm::create(const AddCaptions& captions, AddFormListener& listener) {
     dialog_->installEventFilter(this);
     for (QWidget* widget : fields_) {
         widget->installEventFilter(this);
+        if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+            combo->view()->installEventFilter(this);  // it takes the keys while the list is open
+        }
     }
     connect(qobject_cast<QPushButton*>(control(AddControl::saveCmd)), &QPushButton::clicked, this,
             [this] { listener_->saveClicked(); });
@@ -67,6 +71,17 @@ std::u16string QtAddForm::text(AddField which) const {
     return fromQt(combo != nullptr ? combo->currentText() : qobject_cast<const QLineEdit*>(field(which))->text());
 }
 
+bool QtAddForm::isListOpen(AddField which) const { return isOpen() && combo(which)->view()->isVisible(); }
+
+void QtAddForm::closeList(AddField which, bool takeHighlighted) {
+    QComboBox* combo = this->combo(which);
+    const QModelIndex highlighted = combo->view()->currentIndex();
+    if (takeHighlighted && highlighted.isValid()) {
+        combo->setCurrentIndex(highlighted.row());
+    }
+    combo->hidePopup();
+}
+
 void QtAddForm::takeFocus(AddField which) {
     if (isOpen()) {
         field(which)->setFocus(Qt::OtherFocusReason);
@@ -97,24 +112,51 @@ bool QtAddForm::eventFilter(QObject* watched, QEvent* event) {
     if (watched == dialog_) {
         return filterDialog(event);
     }
-    if (event->type() == QEvent::KeyPress) {
-        return characterTyped(watched, characterCode(*static_cast<QKeyEvent*>(event)));
+    const std::optional<AddField> field = fieldOf(watched);
+    if (field && event->type() == QEvent::KeyPress) {
+        return keyPressed(watched, *static_cast<QKeyEvent*>(event));
     }
-    if (event->type() == QEvent::InputMethod) {
+    if (field && event->type() == QEvent::ShortcutOverride && watched != this->field(*field)) {
+        // Qt's list would use Enter and Escape here, before they come as keys.
+        event->setAccepted(characterCode(*static_cast<QKeyEvent*>(event)) != 0);
+        return event->isAccepted();
+    }
+    if (field && event->type() == QEvent::InputMethod) {
         const QString typed = static_cast<QInputMethodEvent*>(event)->commitString();
-        return characterTyped(watched, typed.isEmpty() ? 0 : typed.at(0).unicode());
+        return !typed.isEmpty() && characterTyped(*field, typed.at(0).unicode());
     }
     return false;
 }
 
-bool QtAddForm::characterTyped(const QObject* watched, int characterCode) {
-    const auto found = std::find(fields_.begin(), fields_.end(), watched);
-    if (characterCode == 0 || found == fields_.end()) {
-        return false;
+bool QtAddForm::keyPressed(QObject* watched, QKeyEvent& event) {
+    const int code = characterCode(event);
+    if (code == 0) {
+        return isMnemonic(event);
     }
-    const bool used = listener_->keyPressed(static_cast<AddField>(found - fields_.begin()), characterCode);
-    return used || !isOpen();
+    const AddField typedInto = *fieldOf(watched);
+    const bool isInList = watched != field(typedInto);
+    const bool used = characterTyped(typedInto, code);
+    if (!used && isInList) {
+        QApplication::sendEvent(combo(typedInto)->lineEdit(), &event);  // the list would look for an entry
+    }
+    return used || isInList;
 }
+
+bool QtAddForm::characterTyped(AddField field, int characterCode) {
+    return listener_->keyPressed(field, characterCode) || !isOpen();
+}
+
+std::optional<AddField> QtAddForm::fieldOf(const QObject* watched) const {
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const auto which = static_cast<AddField>(i);
+        if (watched == fields_[i] || (isCombo(which) && watched == combo(which)->view())) {
+            return which;
+        }
+    }
+    return std::nullopt;
+}
+
+QComboBox* QtAddForm::combo(AddField which) const { return qobject_cast<QComboBox*>(field(which)); }
 
 bool QtAddForm::filterDialog(QEvent* event) {
     if (event->type() == QEvent::Close) {

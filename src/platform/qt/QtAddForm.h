@@ -3,10 +3,13 @@
 
 #include <QObject>
 #include <array>
+#include <optional>
 
 #include "platform/AddFormView.h"
 
+class QComboBox;
 class QDialog;
+class QKeyEvent;
 class QLabel;
 class QWidget;
 
@@ -21,6 +24,8 @@ public:
     void setEnabled(AddField field, bool enabled) override;
     void setItems(AddField combo, const std::vector<std::u16string>& items) override;
     std::u16string text(AddField field) const override;
+    bool isListOpen(AddField combo) const override;
+    void closeList(AddField combo, bool takeHighlighted) override;
     void takeFocus(AddField field) override;
     void show() override;
     void destroy() override;
@@ -35,7 +40,11 @@ private:
     void makeButton(AddControl which, const AddCaptions& captions);
     void layOut();
     bool filterDialog(QEvent* event);
-    bool characterTyped(const QObject* field, int characterCode);
+    bool keyPressed(QObject* watched, QKeyEvent& event);
+    bool characterTyped(AddField field, int characterCode);
+    // Of the field itself or of its list; nullopt for the dialog.
+    std::optional<AddField> fieldOf(const QObject* watched) const;
+    QComboBox* combo(AddField which) const;
     QWidget* field(AddField which) const { return fields_[static_cast<std::size_t>(which)]; }
     QWidget* control(AddControl which) const { return controls_[static_cast<std::size_t>(which)]; }
 

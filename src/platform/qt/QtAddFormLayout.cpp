@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include "platform/qt/InsertionLimit.h"
 #include "platform/qt/QtAddForm.h"
 #include "platform/qt/Units.h"
 
@@ -28,12 +29,13 @@ QComboBox* timeCombo(QWidget* dialog) {
 void QtAddForm::makeControls(const AddCaptions& captions) {
     for (const AddRow& row : kAddRows) {
         QLabel* label = makeLabel(row.label, captions);
-        label->setBuddy(makeField(row.field, label->text()));
+        const QString name = toQt(withoutMnemonic(captions[static_cast<std::size_t>(row.label)]));
+        label->setBuddy(makeField(row.field, name));
         if (row.after) {
             makeLabel(*row.after, captions);
         }
         if (row.second) {
-            makeField(*row.second, label->text());
+            makeField(*row.second, name);
         }
     }
     for (const AddControl button : kAddButtons) {
@@ -54,9 +56,12 @@ QWidget* QtAddForm::makeField(AddField which, const QString& accessibleName) {
     if (isCombo(which)) {
         QComboBox* combo = timeCombo(dialog_);
         combo->lineEdit()->setAccessibleName(accessibleName);  // it is the one that has the focus
+        new InsertionLimit(combo->lineEdit());
         made = combo;
     } else {
-        made = new QLineEdit(dialog_);
+        auto* edit = new QLineEdit(dialog_);
+        new InsertionLimit(edit);
+        made = edit;
     }
     const auto index = static_cast<std::size_t>(which);
     made->setObjectName(kAddFieldNames[index]);

@@ -6,12 +6,12 @@
 #include <utility>
 
 #include "platform/qt/InsertionLimit.h"
+#include "platform/qt/Keys.h"
 #include "platform/qt/Units.h"
 
 QtEditBox::QtEditBox(QWidget* client, std::function<void()> focusBehind)
     : edit_(new QLineEdit(client)), limit_(new InsertionLimit(edit_)), focusBehind_(std::move(focusBehind)) {
     edit_->setObjectName("txtEdit");
-    edit_->setValidator(limit_);
     edit_->hide();
     edit_->installEventFilter(this);
 }
@@ -61,8 +61,8 @@ bool QtEditBox::keyPressed(const QKeyEvent& event) {
     if (enter && !command && listener_ != nullptr) {
         listener_->enterPressed();
     }
-    // Neither key means anything to the box, and behind it they would reach the window.
-    return enter || event.key() == Qt::Key_Escape;
+    // These mean nothing to the box, and behind it they would reach the window.
+    return enter || event.key() == Qt::Key_Escape || isMnemonic(event);
 }
 
 void QtEditBox::focusLost(const QFocusEvent& event) {

@@ -78,40 +78,37 @@ INT_PTR Win32AddForm::handle(UINT message, WPARAM w, LPARAM) {
     }
 }
 
-LRESULT CALLBACK Win32AddForm::fieldProcedure(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR field,
-                                              DWORD_PTR self) {
-    return reinterpret_cast<Win32AddForm*>(self)->fieldMessage(window, static_cast<AddField>(field), message, w, l);
+LRESULT CALLBACK Win32AddForm::fieldProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    auto* field = Subclass::selfOf<Field>(window);
+    return field->form->fieldMessage(*field, window, message, w, l);
 }
 
-LRESULT Win32AddForm::fieldMessage(HWND window, AddField field, UINT message, WPARAM w, LPARAM l) {
+LRESULT Win32AddForm::fieldMessage(Field& field, HWND window, UINT message, WPARAM w, LPARAM l) {
     switch (message) {
         case WM_GETDLGCODE: {
-            const LRESULT code = DefSubclassProc(window, message, w, l);
+            const LRESULT code = field.subclass.original(window, message, w, l);
             return wantsForField(l) ? code | DLGC_WANTMESSAGE : code;
         }
         case WM_KEYDOWN:
-            listWasDown_ = isCombo(field) && SendMessageW(this->field(field), CB_GETDROPPEDSTATE, 0, 0) != 0;
-            return DefSubclassProc(window, message, w, l);
+            // The control would close an open list before the character comes.
+            return w == kEnter || w == kEscape ? 0 : field.subclass.original(window, message, w, l);
         case WM_CHAR:
-            return characterTyped(window, field, w, l);
+            return characterTyped(field, window, w, l);
         default:
-            return DefSubclassProc(window, message, w, l);
+            return field.limit.uses(window, message, w) ? 0 : field.subclass.original(window, message, w, l);
     }
 }
 
-LRESULT Win32AddForm::characterTyped(HWND window, AddField field, WPARAM w, LPARAM l) {
-    const bool used = window_ == nullptr || listener_->keyPressed(field, static_cast<int>(w));
+LRESULT Win32AddForm::characterTyped(Field& field, HWND window, WPARAM w, LPARAM l) {
+    const bool used = window_ == nullptr || listener_->keyPressed(field.which, static_cast<int>(w));
     if (used || window_ == nullptr) {
         return 0;  // the listener may have closed the dialog
     }
-    if (w != kEnter && w != kEscape) {
-        return DefSubclassProc(window, WM_CHAR, w, l);
-    }
-    // A key that has just closed a combo's list has done its work.
-    if (!std::exchange(listWasDown_, false)) {
+    if (w == kEnter || w == kEscape) {
         w == kEnter ? listener_->saveClicked() : listener_->cancelClicked();
+        return 0;
     }
-    return 0;
+    return field.limit.uses(window, WM_CHAR, w) ? 0 : field.subclass.original(window, WM_CHAR, w, l);
 }
 
 void Win32AddForm::setTitle(std::u16string_view title) { SetWindowTextW(window_, toWide(title).c_str()); }
@@ -130,6 +127,21 @@ void Win32AddForm::setItems(AddField combo, const std::vector<std::u16string>& i
 }
 
 std::u16string Win32AddForm::text(AddField wanted) const { return fromWide(windowText(field(wanted))); }
+
+bool Win32AddForm::isListOpen(AddField combo) const {
+    return SendMessageW(field(combo), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+void Win32AddForm::closeList(AddField combo, bool takeHighlighted) {
+    COMBOBOXINFO info{};
+    info.cbSize = sizeof info;
+    GetComboBoxInfo(field(combo), &info);
+    const LRESULT highlighted = SendMessageW(info.hwndList, LB_GETCURSEL, 0, 0);
+    SendMessageW(field(combo), CB_SHOWDROPDOWN, FALSE, 0);
+    if (takeHighlighted && highlighted != LB_ERR) {
+        SendMessageW(field(combo), CB_SETCURSEL, static_cast<WPARAM>(highlighted), 0);
+    }
+}
 
 void Win32AddForm::takeFocus(AddField wanted) {
     SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(field(wanted)), TRUE);

@@ -7,6 +7,8 @@
 #include <string>
 
 #include "platform/AddFormView.h"
+#include "platform/win32/InsertionLimit.h"
+#include "platform/win32/Subclass.h"
 #include "platform/win32/SystemFont.h"
 
 class Scale;
@@ -27,6 +29,8 @@ public:
     void setEnabled(AddField field, bool enabled) override;
     void setItems(AddField combo, const std::vector<std::u16string>& items) override;
     std::u16string text(AddField field) const override;
+    bool isListOpen(AddField combo) const override;
+    void closeList(AddField combo, bool takeHighlighted) override;
     void takeFocus(AddField field) override;
     void show() override;
     void destroy() override;
@@ -34,10 +38,19 @@ public:
 
 private:
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM w, LPARAM l);
-    static LRESULT CALLBACK fieldProcedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR field, DWORD_PTR self);
+    // A box or a combo, and the procedure before that of the control which is typed into.
+    struct Field {
+        Win32AddForm* form = nullptr;
+        AddField which{};
+        HWND window = nullptr;
+        Subclass subclass;
+        InsertionLimit limit;
+    };
+
+    static LRESULT CALLBACK fieldProcedure(HWND, UINT, WPARAM, LPARAM);
     INT_PTR handle(UINT message, WPARAM w, LPARAM l);
-    LRESULT fieldMessage(HWND window, AddField field, UINT message, WPARAM w, LPARAM l);
-    LRESULT characterTyped(HWND window, AddField field, WPARAM w, LPARAM l);
+    LRESULT fieldMessage(Field& field, HWND window, UINT message, WPARAM w, LPARAM l);
+    LRESULT characterTyped(Field& field, HWND window, WPARAM w, LPARAM l);
     void createControls(const AddCaptions& captions);
     void createField(AddField field);
     HWND createLabel(std::u16string_view caption, DWORD style);
@@ -46,14 +59,13 @@ private:
     void layOut();
     int placeRows(const Scale& scale, int labelWidth);  // their right edge, in pixels
     int placeButtons(const Scale& scale, int right);    // their bottom
-    HWND field(AddField wanted) const { return fields_[static_cast<std::size_t>(wanted)]; }
+    HWND field(AddField wanted) const { return fields_[static_cast<std::size_t>(wanted)].window; }
     HWND control(AddControl wanted) const { return controls_[static_cast<std::size_t>(wanted)]; }
 
     HWND owner_;
     HWND window_ = nullptr;
     AddFormListener* listener_ = nullptr;
-    std::array<HWND, kAddFieldCount> fields_{};
+    std::array<Field, kAddFieldCount> fields_{};
     std::array<HWND, kAddControlCount> controls_{};
     SystemFont font_;
-    bool listWasDown_ = false;  // the key now handled found the combo's list open
 };

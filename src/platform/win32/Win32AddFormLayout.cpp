@@ -26,27 +26,6 @@ constexpr double kDropHeight = 3000;
 
 int rowTop(const Scale& scale, int row) { return scale.pixels(kMargin + row * kRowPitch); }
 
-// Marks in the captions of buttons and rows the first letter that is still free; the buttons choose first.
-AddCaptions withMnemonics(AddCaptions captions) {
-    std::u16string used;
-    const auto mark = [&](AddControl which) {
-        std::u16string& caption = captions[static_cast<std::size_t>(which)];
-        for (std::size_t i = 0; i < caption.size(); ++i) {
-            const auto letter = static_cast<char16_t>(caption[i] | 0x20);
-            if (letter >= u'a' && letter <= u'z' && used.find(letter) == std::u16string::npos) {
-                used += letter;
-                caption.insert(i, 1, u'&');
-                return;
-            }
-        }
-    };
-    std::for_each(kAddButtons.begin(), kAddButtons.end(), mark);
-    for (const AddRow& row : kAddRows) {
-        mark(row.label);
-    }
-    return captions;
-}
-
 }  // namespace
 
 HWND Win32AddForm::createChild(const wchar_t* className, std::u16string_view text, DWORD style, DWORD extended,
@@ -64,11 +43,15 @@ void Win32AddForm::createField(AddField which) {
     HWND window = isCombo(which)
                       ? createChild(WC_COMBOBOXW, {}, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWN | CBS_AUTOHSCROLL, 0, 0)
                       : createChild(WC_EDITW, {}, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, 0);
-    fields_[static_cast<std::size_t>(which)] = window;
     COMBOBOXINFO info{};
     info.cbSize = sizeof info;
     HWND typedInto = isCombo(which) && GetComboBoxInfo(window, &info) != 0 ? info.hwndItem : window;
-    SetWindowSubclass(typedInto, fieldProcedure, static_cast<UINT_PTR>(which), reinterpret_cast<DWORD_PTR>(this));
+    Field& made = fields_[static_cast<std::size_t>(which)];
+    made.form = this;
+    made.which = which;
+    made.window = window;
+    made.subclass.install(typedInto, fieldProcedure, &made);
+    made.limit.setNoLimit(typedInto);
 }
 
 HWND Win32AddForm::createButton(AddControl which, std::u16string_view caption) {
@@ -84,23 +67,22 @@ HWND Win32AddForm::createButton(AddControl which, std::u16string_view caption) {
 
 // In tab order; a label stands before its field, so that its mnemonic and its name lead there.
 void Win32AddForm::createControls(const AddCaptions& captions) {
-    const AddCaptions marked = withMnemonics(captions);
     const auto indexOf = [](AddControl which) { return static_cast<std::size_t>(which); };
     for (const AddRow& row : kAddRows) {
-        controls_[indexOf(row.label)] = createLabel(marked[indexOf(row.label)], SS_CENTERIMAGE);
+        controls_[indexOf(row.label)] = createLabel(captions[indexOf(row.label)], SS_CENTERIMAGE);
         createField(row.field);
         if (row.after) {
-            controls_[indexOf(*row.after)] = createLabel(marked[indexOf(*row.after)], SS_CENTERIMAGE);
+            controls_[indexOf(*row.after)] = createLabel(captions[indexOf(*row.after)], SS_CENTERIMAGE);
         }
         if (row.second) {
             // A screen reader takes the label before a field for its name, seen or not. What stands between hours
             // and minutes would be a poor one.
-            ShowWindow(createLabel(captions[indexOf(row.label)], SS_NOPREFIX), SW_HIDE);
+            ShowWindow(createLabel(withoutMnemonic(captions[indexOf(row.label)]), SS_NOPREFIX), SW_HIDE);
             createField(*row.second);
         }
     }
     for (const AddControl button : kAddButtons) {
-        controls_[indexOf(button)] = createButton(button, marked[indexOf(button)]);
+        controls_[indexOf(button)] = createButton(button, captions[indexOf(button)]);
     }
 }
 
@@ -114,8 +96,8 @@ void Win32AddForm::layOut() {
         labelWidth = std::max(labelWidth, static_cast<int>(extent.cx));
         font_.applyTo(child);
     }
-    for (HWND child : fields_) {
-        font_.applyTo(child);
+    for (const Field& field : fields_) {
+        font_.applyTo(field.window);
     }
     const int right = placeRows(scale, labelWidth);
     const int bottom = placeButtons(scale, right);

@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr WPARAM kEnter = 13;
+// The box has no use for them; the control would beep.
+bool isControlOfOneLine(WPARAM character) { return character == L'\r' || character == L'\n' || character == VK_ESCAPE; }
 
 std::wstring captionOfShownList(HWND parent) {
     HWND list = nullptr;
@@ -31,11 +32,8 @@ void Win32EditBox::createWindow(HWND parent) {
 }
 
 LRESULT CALLBACK Win32EditBox::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
-    const auto* box = Subclass::selfOf<Win32EditBox>(window);
-    if (message == WM_CHAR && w == kEnter) {
-        if (box->listener_ != nullptr) {
-            box->listener_->enterPressed();
-        }
+    auto* box = Subclass::selfOf<Win32EditBox>(window);
+    if (box->uses(message, w)) {
         return 0;
     }
     const LRESULT result = box->subclass_.original(window, message, w, l);
@@ -45,7 +43,18 @@ LRESULT CALLBACK Win32EditBox::procedure(HWND window, UINT message, WPARAM w, LP
     return result;
 }
 
-void Win32EditBox::setLimit(int units) { SendMessageW(window_, EM_SETLIMITTEXT, static_cast<WPARAM>(units), 0); }
+bool Win32EditBox::uses(UINT message, WPARAM w) {
+    // By the key, as Ctrl+M gives the same character.
+    if (message == WM_KEYDOWN && w == VK_RETURN && GetKeyState(VK_CONTROL) >= 0) {
+        if (listener_ != nullptr) {
+            listener_->enterPressed();
+        }
+        return true;
+    }
+    return (message == WM_CHAR && isControlOfOneLine(w)) || limit_.uses(window_, message, w);
+}
+
+void Win32EditBox::setLimit(int units) { limit_.setLimit(window_, units); }
 
 void Win32EditBox::setText(std::u16string_view text) {
     SetWindowTextW(window_, toWide(text).c_str());

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include "platform/EditBox.h"
+#include "platform/win32/InsertionLimit.h"
 #include "platform/win32/Subclass.h"
 
 class Win32EditBox : public EditBox {
@@ -21,9 +22,11 @@ public:
 
 private:
     static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM);
+    bool uses(UINT message, WPARAM w);
 
     HWND window_ = nullptr;
     HWND name_ = nullptr;  // never seen; screen readers take the label before a box for its name
     Subclass subclass_;
+    InsertionLimit limit_;
     EditBoxListener* listener_ = nullptr;
 };

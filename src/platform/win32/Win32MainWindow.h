@@ -22,6 +22,12 @@ public:
     Win32MainWindow& operator=(const Win32MainWindow&) = delete;
 
     HWND window() const { return window_; }
+    Win32GridView& grid(int tab) { return grids_[static_cast<std::size_t>(tab)]; }
+    Win32TabControl& tabs() { return tabs_; }
+    Win32EditBox& editBox() { return editBox_; }
+    Win32StatusBar& statusBar() { return statusBar_; }
+    Win32PopupMenu& popupMenu() { return popupMenu_; }
+
     void show(int command);
     // Keys that work wherever the focus is. True: the message has been used.
     bool usesKey(const MSG& message);
@@ -29,12 +35,6 @@ public:
     void setListener(MainWindowListener& listener) override { listener_ = &listener; }
     void setEnabled(bool enabled) override { EnableWindow(window_, enabled ? TRUE : FALSE); }
     void close() override { SendMessageW(window_, WM_CLOSE, 0, 0); }
-
-    std::array<Win32GridView, 4> grids;  // by tab
-    Win32TabControl tabs;
-    Win32EditBox editBox;
-    Win32StatusBar statusBar;
-    Win32PopupMenu popupMenu;
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM w, LPARAM l);
@@ -49,6 +49,13 @@ private:
     void resolutionChanged(const RECT& suggested);
     void reportClosing();
 
+    static constexpr UINT_PTR kClockTimer = 1;
+
+    std::array<Win32GridView, 4> grids_;  // by tab
+    Win32TabControl tabs_;
+    Win32EditBox editBox_;
+    Win32StatusBar statusBar_;
+    Win32PopupMenu popupMenu_;
     double gridTopInset_;
     HWND window_ = nullptr;
     SystemFont font_;

@@ -1,3 +1,5 @@
+#include <QAbstractItemView>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QPushButton>
@@ -28,9 +30,9 @@ public:
 class AddFormTest : public RecordingWindow {
 protected:
     AddFormTest() {
-        form.create(
-            {u"Programme:", u"Frequency:", u"kHz", u"Start:", u"--", u"Stop:", u"--", u"Target:", u"Save", u"Cancel"},
-            listener);
+        form.create({u"&Programme:", u"&Frequency:", u"kHz", u"S&tart:", u"--", u"St&op:", u"--", u"T&arget:", u"&Save",
+                     u"&Cancel"},
+                    listener);
         form.setTitle(u"Add");
         form.setItems(AddField::sHourComb, {u"0", u"1", u"2"});
         form.show();
@@ -101,6 +103,62 @@ TEST_F(AddFormTest, AComboReportsItsKeysAndAcceptsTypedText) {
     EXPECT_EQ(listener.take(), (Events{"key 3:49", "key 3:55"}));
     combo->setCurrentIndex(2);
     EXPECT_EQ(form.text(AddField::sHourComb), u"2");
+}
+
+TEST_F(AddFormTest, AMnemonicLeadsToItsFieldAndIsNotTyped) {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return child<QLineEdit>("txtLabel")->hasFocus(); }, kPatience));
+    QTest::keyClick(child<QLineEdit>("txtLabel"), Qt::Key_O, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return child<QComboBox>("eHourComb")->hasFocus(); }, kPatience));
+    QTest::keyClick(child<QComboBox>("eHourComb"), Qt::Key_S, Qt::AltModifier);
+    QTest::keyClick(child<QComboBox>("eHourComb"), Qt::Key_X, Qt::AltModifier);
+    QTest::keyClick(child<QLineEdit>("txtFreq"), Qt::Key_X, Qt::AltModifier);
+    EXPECT_EQ(form.text(AddField::eHourComb), u"");
+    EXPECT_EQ(form.text(AddField::txtFreq), u"");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return listener.events == Events{"save"}; }, kPatience));
+}
+
+TEST_F(AddFormTest, KeysOfAnOpenListAreReported) {
+    auto* combo = child<QComboBox>("sHourComb");
+    for (const auto& [key, code] :
+         {std::pair(Qt::Key_Return, 13), {Qt::Key_Escape, 27}, {Qt::Key_Space, 32}, {Qt::Key_1, 49}}) {
+        combo->showPopup();
+        ASSERT_TRUE(form.isListOpen(AddField::sHourComb));
+        listener.keepKeys = true;
+        QTest::keyClick(combo->view(), key);
+        EXPECT_EQ(listener.take(), (Events{"key 3:" + std::to_string(code)}));
+        EXPECT_TRUE(form.isListOpen(AddField::sHourComb)) << "closing it is not the backend's decision";
+        form.closeList(AddField::sHourComb, false);
+        EXPECT_FALSE(form.isListOpen(AddField::sHourComb));
+        EXPECT_EQ(form.text(AddField::sHourComb), u"");
+    }
+}
+
+TEST_F(AddFormTest, AnArrowInAnOpenListIsTheLists) {
+    auto* combo = child<QComboBox>("sHourComb");
+    combo->showPopup();
+    QTest::keyClick(combo->view(), Qt::Key_Home);
+    QTest::keyClick(combo->view(), Qt::Key_Down);
+    EXPECT_EQ(listener.take(), Events{});
+    form.closeList(AddField::sHourComb, true);
+    EXPECT_EQ(form.text(AddField::sHourComb), u"1");
+}
+
+TEST_F(AddFormTest, AKeyOfAnOpenListThatIsNotUsedIsTypedIntoTheField) {
+    auto* combo = child<QComboBox>("sHourComb");
+    combo->showPopup();
+    QTest::keyClick(combo->view(), '2');
+    EXPECT_EQ(listener.take(), (Events{"key 3:50"}));
+    EXPECT_EQ(form.text(AddField::sHourComb), u"2");
+}
+
+TEST_F(AddFormTest, EveryFieldTakesALongPasteUpToItsFirstLineBreak) {
+    const QString longText(70'000, u'x');
+    QApplication::clipboard()->setText(longText + "\nmore");
+    for (QLineEdit* edit : dialog()->findChildren<QLineEdit*>()) {
+        edit->clear();
+        edit->paste();
+        EXPECT_EQ(edit->text().size(), longText.size()) << edit->parent()->objectName().toStdString();
+    }
 }
 
 TEST_F(AddFormTest, EscapeThatNoFieldUsedCancels) {

@@ -30,6 +30,15 @@ TEST_F(EditTest, EnterOfBothKindsIsReportedAndNothingElse) {
     EXPECT_EQ(edit()->text(), "x");
 }
 
+TEST_F(EditTest, ALetterWithCtrlOrAltNeitherTypesNorCommits) {
+    openEdit(u"x");
+    QTest::keyClick(edit(), Qt::Key_M, Qt::ControlModifier);
+    QTest::keyClick(edit(), Qt::Key_J, Qt::ControlModifier);
+    QTest::keyClick(edit(), Qt::Key_Q, Qt::AltModifier);
+    EXPECT_EQ(recorder.take(), Events{});
+    EXPECT_EQ(edit()->text(), "x");
+}
+
 TEST_F(EditTest, AClickOnAnotherRowLosesTheFocusBeforeTheClick) {
     openEdit(u"x");
     // Like a user's click, the focus moves before the grid gets the button.

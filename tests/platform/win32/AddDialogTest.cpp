@@ -83,6 +83,76 @@ TEST_F(AddDialogTest, TabGoesDownTheRowsAndOverTheButtons) {
     EXPECT_EQ(LOWORD(SendMessageW(dialog, DM_GETDEFID, 0, 0)), IDOK);
 }
 
+class AddDialogTestOpenList : public WindowFixture {
+protected:
+    void openDialog() {
+        start();
+        dialog = program().dialogBy('N', L"Add List--[DRM List]");
+        ASSERT_NE(dialog, nullptr);
+    }
+    HWND combo(int number) const { return childOf(dialog, L"ComboBox", number); }
+    static bool isListOpen(HWND combo) { return SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0) != 0; }
+    void pressInOpenList(HWND combo, const std::vector<WPARAM>& keys) {
+        SendMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
+        ASSERT_TRUE(isListOpen(combo));
+        for (const WPARAM key : keys) {
+            PostMessageW(childOf(combo, L"Edit", 1), WM_KEYDOWN, key, 1);
+        }
+    }
+    void expectRefusedSave() {
+        HWND refusal = program().dialog(L"Add List");
+        ASSERT_NE(refusal, nullptr);
+        EXPECT_EQ(messageOf(refusal), L"Programme: Input can't be empty");
+        pressButton(refusal, IDOK);
+        ASSERT_TRUE(eventually([&] { return IsWindow(refusal) == 0; }));
+    }
+
+    HWND dialog = nullptr;
+};
+
+TEST_F(AddDialogTestOpenList, EscapeOnlyClosesTheListOfAStartTime) {
+    openDialog();
+    for (int times = 0; times < 3; ++times) {
+        pressInOpenList(combo(1), {VK_ESCAPE});
+        EXPECT_TRUE(eventually([&] { return !isListOpen(combo(1)); }));
+    }
+    EXPECT_TRUE(IsWindow(dialog));
+    PostMessageW(childOf(combo(1), L"Edit", 1), WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_TRUE(eventually([&] { return IsWindow(dialog) == 0; })) << "cancels once no list is open";
+}
+
+TEST_F(AddDialogTestOpenList, EnterTakesTheHighlightedEntryAndSaves) {
+    openDialog();
+    pressInOpenList(combo(2), {VK_DOWN, VK_DOWN, VK_RETURN});
+    expectRefusedSave();
+    EXPECT_FALSE(isListOpen(combo(2)));
+    EXPECT_EQ(textOf(combo(2)), L"1");
+}
+
+TEST_F(AddDialogTestOpenList, EveryKeyClosesTheListOfAStopTimeAndSaves) {
+    openDialog();
+    for (const WPARAM key : {WPARAM{VK_ESCAPE}, WPARAM{VK_RETURN}, WPARAM{'7'}}) {
+        pressInOpenList(combo(3), {key});
+        expectRefusedSave();
+        EXPECT_FALSE(isListOpen(combo(3)));
+    }
+    EXPECT_TRUE(IsWindow(dialog));
+}
+
+TEST_F(AddDialogTest, EveryFieldTakesALongPasteUpToItsFirstLineBreak) {
+    start();
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
+    ASSERT_NE(dialog, nullptr);
+    const std::wstring longText(70'000, L'x');
+    ASSERT_TRUE(putOnClipboard(longText + L"\r\nmore"));
+    for (HWND field :
+         {childOf(dialog, L"Edit", 1), childOf(dialog, L"Edit", 3),
+          childOf(childOf(dialog, L"ComboBox", 1), L"Edit", 1), childOf(childOf(dialog, L"ComboBox", 4), L"Edit", 1)}) {
+        SendMessageW(field, WM_PASTE, 0, 0);
+        EXPECT_EQ(SendMessageW(field, WM_GETTEXTLENGTH, 0, 0), static_cast<LRESULT>(longText.size()));
+    }
+}
+
 TEST_F(AddDialogTest, EscapeLeavesTheDialogButSavesInAStopTime) {
     start();
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");

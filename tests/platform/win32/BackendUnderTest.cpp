@@ -6,12 +6,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "contract/Backend.h"
 #include "contract/SmallDesign.h"
 #include "platform/MainWindow.h"
 #include "platform/win32/Handle.h"
+#include "platform/win32/Program.h"
 #include "platform/win32/TemporaryFolder.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32CodePages.h"
@@ -65,7 +65,7 @@ class Win32GridViewProbe : public GridViewProbe {
 public:
     Win32GridViewProbe() { window_.show(SW_SHOW); }
 
-    GridView& view() override { return window_.grids[0]; }
+    GridView& view() override { return window_.grid(0); }
     int shownRows() override { return static_cast<int>(SendMessageW(list(), LVM_GETITEMCOUNT, 0, 0)); }
     std::u16string shownText(int row, int column) override {
         std::array<wchar_t, 256> text{};
@@ -91,7 +91,7 @@ public:
     }
 
 private:
-    HWND list() const { return window_.grids[0].window(); }
+    HWND list() { return window_.grid(0).window(); }
     void click(int row, WPARAM modifier) {
         RECT cell{};
         cell.left = LVIR_BOUNDS;
@@ -110,29 +110,21 @@ class Win32EditBoxProbe : public EditBoxProbe {
 public:
     Win32EditBoxProbe() { window_.show(SW_SHOW); }
 
-    EditBox& box() override { return window_.editBox; }
+    EditBox& box() override { return window_.editBox(); }
     void type(std::u16string_view text) override {
         for (const char16_t unit : text) {
             SendMessageW(edit(), WM_CHAR, unit, 1);
         }
     }
     void paste(std::u16string_view text) override {
-        const std::wstring wide = toWide(text);
-        const std::size_t size = (wide.size() + 1) * sizeof(wchar_t);
-        HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-        std::memcpy(GlobalLock(memory), wide.c_str(), size);
-        GlobalUnlock(memory);
-        ASSERT_NE(OpenClipboard(edit()), 0);
-        EmptyClipboard();
-        SetClipboardData(CF_UNICODETEXT, memory);
-        CloseClipboard();
+        ASSERT_TRUE(putOnClipboard(toWide(text)));
         SendMessageW(edit(), WM_PASTE, 0, 0);
     }
     void pressEnd() override { SendMessageW(edit(), WM_KEYDOWN, VK_END, 1); }
     void pressBackspace() override { SendMessageW(edit(), WM_CHAR, VK_BACK, 1); }
 
 private:
-    HWND edit() const { return window_.editBox.window(); }
+    HWND edit() { return window_.editBox().window(); }
 
     Win32MainWindow window_{smallDesign()};
 };

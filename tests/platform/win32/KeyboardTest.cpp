@@ -39,6 +39,20 @@ TEST_F(KeyboardTest, TheMenuOpensAtTheSelectedRow) {
     EXPECT_EQ(program().columnTexts(drm, 1), (std::vector<std::wstring>{L"Charlie", L"alpha"}));
 }
 
+TEST_F(KeyboardTest, OnlyEnterEndsAnEditNotItsCharacter) {
+    start();
+    HWND drm = program().list(kDrm);
+    ASSERT_TRUE(opensBoxAt(drm, 2, 1));
+    // Ctrl+M, Ctrl+J and Escape give these characters.
+    for (const WPARAM character : {L'a', L'\r', L'\n', L'\x1b', L'b'}) {
+        PostMessageW(program().box(), WM_CHAR, character, 1);
+    }
+    ASSERT_TRUE(eventually([&] { return textOf(program().box()) == L"ab"; }));
+    EXPECT_TRUE(program().boxIsOpen());
+    pressKey(VK_RETURN);
+    EXPECT_TRUE(cellBecomes(drm, 2, 1, L"ab"));
+}
+
 // The letter underlined in the label.
 WORD mnemonicOf(HWND label) {
     const std::wstring text = textOf(label);

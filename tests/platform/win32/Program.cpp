@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <array>
+#include <cstring>
 #include <stdexcept>
 
 #include "platform/win32/Poll.h"
@@ -245,8 +246,22 @@ void pressWithShift(WORD key) { pressWith(VK_SHIFT, key); }
 
 void typeInto(HWND window, std::wstring_view text) {
     for (const wchar_t unit : text) {
-        PostMessageW(window, WM_CHAR, unit, 1);
+        unit == L'\r' ? PostMessageW(window, WM_KEYDOWN, VK_RETURN, 1) : PostMessageW(window, WM_CHAR, unit, 1);
     }
+}
+
+bool putOnClipboard(const std::wstring& text) {
+    const std::size_t size = (text.size() + 1) * sizeof(wchar_t);
+    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(memory), text.c_str(), size);
+    GlobalUnlock(memory);
+    if (OpenClipboard(nullptr) == 0) {
+        return false;
+    }
+    EmptyClipboard();
+    const bool put = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+    CloseClipboard();
+    return put;
 }
 
 std::wstring textOf(HWND window) {

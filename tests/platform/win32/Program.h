@@ -12,7 +12,7 @@
 #include "platform/win32/TemporaryFolder.h"
 
 // The path of the built program, relative to the folder of this test.
-std::filesystem::path builtProgram(const wchar_t* relative = LR"(..\..\Halcyon_K7.exe)");
+std::filesystem::path builtProgram(const wchar_t* relative = LR"(..\..\..\Halcyon_K7.exe)");
 
 // Column, row and panel numbers are 1-based, pixels are those of the window named.
 class Program {
@@ -67,6 +67,7 @@ void pressWithCtrl(WORD key);
 void pressWithAlt(WORD key);
 void pressWithShift(WORD key);
 void typeInto(HWND window, std::wstring_view text);
+bool putOnClipboard(const std::wstring& text);
 std::wstring textOf(HWND window);
 std::wstring messageOf(HWND messageBox);                          // an icon's label has no text
 HWND childOf(HWND dialog, const wchar_t* className, int number);  // 1-based, in the dialog's order

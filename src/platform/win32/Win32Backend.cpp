@@ -1,0 +1,50 @@
+#include "platform/win32/Win32Backend.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <utility>
+
+Win32Backend::ControlClasses::ControlClasses() {
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
+}
+
+Win32Backend::Win32Backend(const WindowDesign& design, std::u16string programFolder)
+    : programFolder_(std::move(programFolder)),
+      window_(design),
+      messageBox_(window_.window()),
+      addForm_(window_.window()),
+      singleInstance_(programFolder_) {}
+
+Platform Win32Backend::platform() {
+    return {{&window_.grid(0), &window_.grid(1), &window_.grid(2), &window_.grid(3)},
+            window_.tabs(),
+            window_.editBox(),
+            window_.statusBar(),
+            window_.popupMenu(),
+            messageBox_,
+            windowHook_,
+            addForm_,
+            window_,
+            files_,
+            volumes_,
+            httpClient_,
+            codePages_,
+            textCompare_,
+            singleInstance_,
+            clock_,
+            programFolder_};
+}
+
+int Win32Backend::runEvents() {
+    MSG message{};
+    // A window that goes during a download takes the message that ends the program along.
+    while (IsWindow(window_.window()) && GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (!addForm_.usesMessage(message) && !window_.usesKey(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    return message.message == WM_QUIT ? static_cast<int>(message.wParam) : 0;
+}
