@@ -1,8 +1,12 @@
 #include "platform/qt/QtMessageBox.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpacerItem>
+#include <QStyle>
 #include <algorithm>
 #include <vector>
 
@@ -51,6 +55,16 @@ void addAccelerator(QPushButton& button, char16_t accelerator) {
     }
 }
 
+// The layout of a message box fits its text and its buttons only.
+void makeRoomForTitle(QMessageBox& box) {
+    QFont bold = box.font();
+    bold.setBold(true);  // as many desktops show titles
+    const int button = box.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &box);
+    const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + 4 * button;
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 }  // namespace
 
 int QtMessageBox::show(std::u16string_view text, int style, std::u16string_view title) {
@@ -63,8 +77,11 @@ int QtMessageBox::show(std::u16string_view text, int style, std::u16string_view 
     box.setAccessibleDescription(toQt(text));
     const std::vector<Button> buttons = buttonsOf(style);
     for (const Button& button : buttons) {
-        addAccelerator(*box.addButton(button.standard), button.accelerator);
+        QPushButton* added = box.addButton(button.standard);
+        added->setIcon(QIcon());  // as on the buttons of the dialog
+        addAccelerator(*added, button.accelerator);
     }
+    makeRoomForTitle(box);
     box.setDefaultButton(buttons.front().standard);
     if (buttons.back().standard == QMessageBox::Cancel) {
         box.setEscapeButton(QMessageBox::Cancel);

@@ -3,29 +3,27 @@
 #include <QDateTime>
 #include <QLabel>
 #include <QLocale>
+#include <QSizeGrip>
 #include <QStatusBar>
 #include <algorithm>
 
+#include "platform/qt/ShortTime.h"
 #include "platform/qt/Units.h"
 
 namespace {
 
 constexpr int kPanelPadding = 24;  // pixels, left and right together
 
-QString shortTime(const QLocale& locale, QTime time) {
-    // Only the C locale has seconds in its short format.
-    return locale.language() == QLocale::C ? time.toString(QStringLiteral("HH:mm"))
-                                           : locale.toString(time, QLocale::ShortFormat);
-}
-
 }  // namespace
 
 QtStatusBar::QtStatusBar(QWidget* client) : bar_(new QStatusBar(client)) {
     bar_->setObjectName("StatusBar1");
-    bar_->setSizeGripEnabled(false);
     message_ = addPanel("Panel1", 1);
+    addSeparator();
     date_ = addPanel("Panel2", 0);
+    addSeparator();
     time_ = addPanel("Panel3", 0);
+    addSizeGrip();
     message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long message widens no window
     message_->setContentsMargins(kPanelPadding / 3, 0, 0, 0);
     date_->setAlignment(Qt::AlignCenter);
@@ -42,6 +40,20 @@ QLabel* QtStatusBar::addPanel(const char* objectName, int stretch) {
     panel->setTextFormat(Qt::PlainText);
     bar_->addPermanentWidget(panel, stretch);
     return panel;
+}
+
+void QtStatusBar::addSeparator() {
+    auto* line = new QFrame(bar_);
+    line->setFrameStyle(static_cast<int>(QFrame::VLine) | static_cast<int>(QFrame::Sunken));
+    bar_->addPermanentWidget(line);
+}
+
+// The bar's own grip is taller than a line of text and would take the height from the lists.
+void QtStatusBar::addSizeGrip() {
+    bar_->setSizeGripEnabled(false);
+    auto* grip = new QSizeGrip(bar_);
+    grip->setMaximumHeight(bar_->fontMetrics().height());
+    bar_->addPermanentWidget(grip);
 }
 
 void QtStatusBar::setMessage(std::u16string_view text) {

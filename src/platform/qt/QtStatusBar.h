@@ -20,6 +20,8 @@ public:
 
 private:
     QLabel* addPanel(const char* objectName, int stretch);
+    void addSeparator();
+    void addSizeGrip();
     void showClock();
 
     QStatusBar* bar_;

@@ -82,6 +82,17 @@ TEST_F(MessageBoxTest, ClosingTheBoxAnswersCancelOrOk) {
     }
 }
 
+TEST_F(MessageBoxTest, IsWideEnoughForItsTitle) {
+    const QString longTitle(40, u'W');
+    int width = 0;
+    onceShown([&] {
+        width = QApplication::activeModalWidget()->width();
+        QApplication::activeModalWidget()->close();
+    });
+    platform.messageBox.show(u"?", BoxStyle::Ok, longTitle.toStdU16String());
+    EXPECT_GT(width, QFontMetrics(QApplication::font()).horizontalAdvance(longTitle));
+}
+
 TEST_F(MessageBoxTest, EnglishCaptionsStayAsTheyAre) {
     show(BoxStyle::OkCancel, QMessageBox::Ok);
     EXPECT_FALSE(captions.contains("Ok"));

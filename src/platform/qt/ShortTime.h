@@ -1,0 +1,7 @@
+// Hours and minutes in the short format of a language.
+#pragma once
+
+#include <QLocale>
+#include <QTime>
+
+QString shortTime(const QLocale& locale, QTime time);
