@@ -46,20 +46,6 @@ std::optional<std::u16string> timeOfDay(std::u16string_view hhmm, int lastHour) 
     return text;
 }
 
-// "hh:mm-hh:mm"; nullopt when a time is wrong or the span does not end after its start on the same day.
-std::optional<std::u16string> timeSpan(std::u16string_view time) {
-    constexpr std::size_t kTimeLength = 4;
-    if (time.size() < kTimeLength) {
-        return std::nullopt;
-    }
-    const auto start = timeOfDay(time.substr(0, kTimeLength), kLastHourOfStart);
-    const auto end = timeOfDay(time.substr(time.size() - kTimeLength), kLastHourOfEnd);
-    if (!start || !end || *start >= *end) {
-        return std::nullopt;
-    }
-    return *start + u'-' + *end;
-}
-
 std::u16string recordKey(std::u16string_view frequency, std::u16string_view span, std::u16string_view target) {
     std::u16string key(frequency);
     key += span;
@@ -77,6 +63,19 @@ bool isListed(const Grid& drmLV, std::u16string_view key, int rowCount) {
 }
 
 }  // namespace
+
+std::optional<std::u16string> timeSpan(std::u16string_view time) {
+    constexpr std::size_t kTimeLength = 4;
+    if (time.size() < kTimeLength) {
+        return std::nullopt;
+    }
+    const auto start = timeOfDay(time.substr(0, kTimeLength), kLastHourOfStart);
+    const auto end = timeOfDay(time.substr(time.size() - kTimeLength), kLastHourOfEnd);
+    if (!start || !end || *start >= *end) {
+        return std::nullopt;
+    }
+    return *start + u'-' + *end;
+}
 
 std::u16string_view ParseScheduleLine(std::u16string_view line, std::size_t fieldIndex) {
     if (!line.empty() && (line.back() == u'\n' || line.back() == u'\r')) {

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/Grid.h"
@@ -19,6 +21,10 @@ inline constexpr std::size_t Programme = 5;
 
 // Views into the text of the schedule.
 using ScheduleFields = std::array<std::u16string_view, kScheduleFieldCount>;
+
+// "hh:mm-hh:mm" from a text whose first and last four characters are hhmm; nullopt when a time is wrong or the span
+// does not end after its start on the same day.
+std::optional<std::u16string> timeSpan(std::u16string_view time);
 
 // The value of a line at a position (0-based) of a record, a view into the line; empty when the line does not
 // fit there. One CR or LF at the end of the line is not part of it.

@@ -25,6 +25,8 @@ public:
     void get(std::u16string_view section, std::span<const std::u16string_view> keys,
              std::span<std::u16string_view> values);
 
+    bool hasSection(std::u16string_view name) { return find(name) != nullptr; }
+
     // May be kept beyond the profile.
     const std::shared_ptr<const std::u16string>& text() const { return text_; }
 

@@ -1,0 +1,105 @@
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "ctl/Change.h"
+#include "ctl/Commands.h"
+#include "ctl/Messages.h"
+#include "ctl/Sources.h"
+#include "ctl/Table.h"
+#include "storage/lists/ListFile.h"
+#include "storage/recovery/Backup.h"
+#include "storage/text/Numbers.h"
+#include "storage/text/Utf8.h"
+
+namespace {
+
+// Of one stamp; 0 where it has no copy of that file.
+struct BackupSizes {
+    std::uint64_t list = 0;  // bytes
+    std::uint64_t user = 0;
+};
+
+// Stamps of one second are in the order of their counts, not of their texts.
+using Order = std::pair<std::u16string, int>;
+using Backups = std::map<Order, std::pair<std::u16string, BackupSizes>>;
+
+Backups readBackups(Services& services) {
+    Backup backup(services.folder, services.files, services.clock);
+    Backups found;
+    const auto add = [&](std::u16string_view name, std::uint64_t BackupSizes::*size) {
+        for (const Backup::Copy& copy : backup.copiesOf(name)) {
+            auto& [id, sizes] = found[{copy.stamp, copy.count}];
+            id = copy.id();
+            sizes.*size = services.files.size(backup.pathOf(copy)).value_or(0);
+        }
+    };
+    add(ListFile::kListName, &BackupSizes::list);
+    add(ListFile::kUserName, &BackupSizes::user);
+    return found;
+}
+
+std::string tableOf(const Backups& backups, bool colours) {
+    Table table;
+    table.addColumn(u"Stamp", Table::Align::Left);
+    table.addColumn(ListFile::kListName, Table::Align::Right);
+    table.addColumn(ListFile::kUserName, Table::Align::Right);
+    const auto cell = [](std::uint64_t size) { return size == 0 ? u"-" : decimal(static_cast<int>(size)) + u" bytes"; };
+    for (const auto& [order, backup] : backups) {
+        const auto& [id, sizes] = backup;
+        const std::u16string list = cell(sizes.list);
+        const std::u16string user = cell(sizes.user);
+        table.addRow({id, list, user});
+    }
+    return table.compose(colours);
+}
+
+std::string jsonOf(const Backups& backups) {
+    nlohmann::ordered_json array = nlohmann::ordered_json::array();
+    for (const auto& [order, backup] : backups) {
+        const auto& [id, sizes] = backup;
+        nlohmann::ordered_json object{{"stamp", toUtf8(id)}};
+        if (sizes.list > 0) {
+            object["list_bytes"] = sizes.list;
+        }
+        if (sizes.user > 0) {
+            object["user_bytes"] = sizes.user;
+        }
+        array.push_back(std::move(object));
+    }
+    return array.dump(2) + "\n";
+}
+
+}  // namespace
+
+Exit listBackups(Services& services, const Options& options) {
+    const Backups backups = readBackups(services);
+    if (options.json) {
+        return print(services.console, jsonOf(backups), backups.empty() ? Exit::Different : Exit::Done);
+    }
+    if (backups.empty()) {
+        complain(services.console, services.folder + u"Backup: there are no backups");
+        return Exit::Different;
+    }
+    return print(services.console, tableOf(backups, services.console.showsColours()));
+}
+
+Exit restoreBackup(Services& services, const Options& options) {
+    WorkingLists working(services);
+    Lists before;
+    if (const Exit opened = openForChange(services, options, working, before); opened != Exit::Done) {
+        return opened;
+    }
+    Exit fault = Exit::Done;
+    auto source = openSource(services, options.source, fault);
+    if (!source) {
+        return fault;
+    }
+    // A file of which the backup has no copy stays as it is.
+    const WorkingCopyBytes old = working.read();
+    source->bytes.list = source->bytes.list ? source->bytes.list : old.list;
+    source->bytes.user = source->bytes.user ? source->bytes.user : old.user;
+    Lists after;
+    after.load(source->bytes, services.files, services.codePages);
+    return storeLists(services, options, working, before, after);
+}

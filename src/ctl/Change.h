@@ -1,0 +1,19 @@
+// How a command that changes the lists ends.
+#pragma once
+
+#include "ctl/Exit.h"
+#include "ctl/Lists.h"
+#include "ctl/Options.h"
+#include "ctl/Services.h"
+#include "ctl/WorkingLists.h"
+
+// Loads what the working copies hold into `lists`. Without --dry-run the folder is claimed first, so that nothing
+// changes between this and storeLists. Exit::Done, or a message has been written.
+Exit openForChange(Services& services, const Options& options, WorkingLists& working, Lists& lists);
+
+// Replaces the working copies by `after` and prints the new number of records of each list that has changed. With
+// --dry-run prints the differences and changes nothing.
+Exit storeLists(Services& services, const Options& options, WorkingLists& working, const Lists& before, Lists& after);
+
+// "DRM: 2 -> 3 records" for each list.
+Exit printCounts(Services& services, const Lists& before, const Lists& after);

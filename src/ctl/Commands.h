@@ -1,0 +1,25 @@
+// The commands of the program, a file for each.
+#pragma once
+
+#include "ctl/Exit.h"
+#include "ctl/Options.h"
+#include "ctl/Services.h"
+
+class Lists;
+
+Exit runCommand(Services& services, const Options& options);
+
+Exit showLists(Services& services, const Options& options);
+Exit findRecords(Services& services, const Options& options);
+Exit checkLists(Services& services, const Options& options);
+Exit diffSources(Services& services, const Options& options);
+Exit exportLists(Services& services, const Options& options);
+Exit importCsv(Services& services, const Options& options);
+Exit listBackups(Services& services, const Options& options);
+Exit restoreBackup(Services& services, const Options& options);
+Exit showReceiverStatus(Services& services, const Options& options);
+Exit loadFromReceiver(Services& services, const Options& options);
+Exit saveToReceiver(Services& services, const Options& options);
+
+// The differences as "diff" and --dry-run print them.
+Exit printDiff(Services& services, const Options& options, const Lists& before, const Lists& after);

@@ -1,0 +1,15 @@
+// The lists as comma-separated values: UTF-8, one line for the names of the columns and one for each record.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ctl/Lists.h"
+
+// In the order in which they are written; a file that is read may have them in any order.
+inline constexpr std::array<std::u16string_view, 7> kCsvColumns = {
+    u"list", u"programme", u"frequency_khz", u"start_utc", u"stop_utc", u"target", u"system"};
+
+std::string csvOf(const Lists& lists, const std::vector<ListKind>& kinds);

@@ -1,0 +1,32 @@
+#include "ctl/Commands.h"
+#include "ctl/Lists.h"
+#include "ctl/ListsDiff.h"
+#include "ctl/Messages.h"
+#include "ctl/Sources.h"
+
+Exit printDiff(Services& services, const Options& options, const Lists& before, const Lists& after) {
+    const auto changes = diffLists(before, after, options.ordered);
+    return print(services.console, options.json ? jsonOf(changes) : linesOf(changes, services.console.showsColours()),
+                 changes.empty() ? Exit::Done : Exit::Different);
+}
+
+Exit diffSources(Services& services, const Options& options) {
+    Exit fault = Exit::Done;
+    const auto oldSource = openSource(services, options.source, fault);
+    const auto newSource = oldSource ? openSource(services, options.newSource, fault) : std::nullopt;
+    if (!newSource) {
+        return fault;
+    }
+    Lists before;
+    Lists after;
+    before.load(oldSource->bytes, services.files, services.codePages);
+    after.load(newSource->bytes, services.files, services.codePages);
+    // A file that only one of them has is not compared.
+    for (const ListKind kind : kListKinds) {
+        if (!oldSource->has(kind) || !newSource->has(kind)) {
+            before.grid(kind).clear();
+            after.grid(kind).clear();
+        }
+    }
+    return printDiff(services, options, before, after);
+}

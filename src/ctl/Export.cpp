@@ -1,0 +1,78 @@
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ctl/Commands.h"
+#include "ctl/CsvWriter.h"
+#include "ctl/GqrxBookmarks.h"
+#include "ctl/JsonLists.h"
+#include "ctl/Lists.h"
+#include "ctl/Messages.h"
+#include "ctl/Sources.h"
+#include "storage/files/SafeFile.h"
+#include "storage/files/VerifiedFiles.h"
+#include "storage/lists/ListFile.h"
+
+namespace {
+
+std::string composed(ExportFormat format, const Lists& lists) {
+    const std::vector<ListKind> all(kListKinds.begin(), kListKinds.end());
+    switch (format) {
+        case ExportFormat::Json:
+            return jsonOf(lists, all);
+        case ExportFormat::Gqrx:
+            return gqrxOf(lists);
+        case ExportFormat::Html:
+        case ExportFormat::Csv:
+        case ExportFormat::Ini:
+            break;
+    }
+    return csvOf(lists, all);
+}
+
+// The files of the source, as a save of the window would write them.
+Exit exportIni(Services& services, const Options& options, const SourceFiles& source, Lists& lists) {
+    if (options.output.empty()) {
+        complain(services.console, u"the ini format is two files: name a folder for them with -o");
+        return Exit::Usage;
+    }
+    const std::u16string folder =
+        folderPath(absolutePath(services.currentFolder, options.output), services.folder.back());
+    if (!services.files.createFolder(folder.substr(0, folder.size() - 1))) {
+        return fileFault(services.console, folder, u"is no folder and cannot be made one");
+    }
+    const WorkingCopies paths{folder + std::u16string(ListFile::kListName),
+                              folder + std::u16string(ListFile::kUserName)};
+    WorkingCopyBytes bytes = lists.compose(paths, services.files, services.codePages);
+    std::vector<NewFile> newFiles;
+    if (source.bytes.list && bytes.list) {
+        newFiles.push_back({paths.ListFilePath, std::move(*bytes.list)});
+    }
+    if (source.bytes.user && bytes.user) {
+        newFiles.push_back({paths.UserFilePath, std::move(*bytes.user)});
+    }
+    const bool written = replaceVerified(services.files, newFiles);
+    return written ? Exit::Done : fileFault(services.console, folder, u"the list files cannot be written");
+}
+
+}  // namespace
+
+Exit exportLists(Services& services, const Options& options) {
+    Exit fault = Exit::Done;
+    const auto source = openSource(services, options.source, fault);
+    if (!source) {
+        return fault;
+    }
+    Lists lists;
+    lists.load(source->bytes, services.files, services.codePages);
+    if (options.exportFormat == ExportFormat::Ini) {
+        return exportIni(services, options, *source, lists);
+    }
+    const std::string text = composed(options.exportFormat, lists);
+    if (options.output.empty()) {
+        return print(services.console, text);
+    }
+    const std::u16string path = absolutePath(services.currentFolder, options.output);
+    return replaceFile(services.files, path, text) ? Exit::Done
+                                                   : fileFault(services.console, path, u"cannot be written");
+}

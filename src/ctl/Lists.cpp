@@ -1,0 +1,65 @@
+#include "ctl/Lists.h"
+
+#include <string>
+
+#include "storage/lists/ListLoader.h"
+#include "storage/lists/ListSaver.h"
+#include "storage/stations/ListColumns.h"
+#include "storage/text/mTextUTF.h"
+
+namespace {
+
+struct Names {
+    std::u16string_view shortName;
+    std::u16string_view title;
+    std::u16string_view name;
+};
+
+const Names& namesOf(ListKind kind) {
+    static constexpr std::array<Names, kListCount> kNames = {{{u"drm", u"DRM List", u"DRM"},
+                                                              {u"am", u"AM List", u"AM"},
+                                                              {u"fm", u"FM List", u"FM"},
+                                                              {u"fav", u"Favourite", u"Favourite"}}};
+    return kNames[static_cast<std::size_t>(kind)];
+}
+
+// A run of the window keeps UTF-16 in the working copies; everything else is in the receiver's UTF-8.
+std::string readyForLoader(const std::optional<std::string>& bytes) {
+    if (!bytes || bytes->starts_with(TextFormatBom(TextFormat::Utf16Le))) {
+        return bytes.value_or("");
+    }
+    return convertedWorkingCopy(*bytes);
+}
+
+}  // namespace
+
+std::u16string_view shortNameOf(ListKind kind) { return namesOf(kind).shortName; }
+std::u16string_view titleOf(ListKind kind) { return namesOf(kind).title; }
+std::u16string_view nameOf(ListKind kind) { return namesOf(kind).name; }
+
+Lists::Lists()
+    : lists_({StationList(ListKind::Drm, rows_[0]), StationList(ListKind::Am, rows_[1]),
+              StationList(ListKind::Fm, rows_[2]), StationList(ListKind::Favourite, rows_[3])}) {
+    for (const ListKind kind : kListKinds) {
+        addListColumns(lists_[kind]);
+    }
+}
+
+void Lists::copyFrom(const Lists& other) {
+    rows_ = other.rows_;  // no view draws them
+    settings_ = other.settings_;
+}
+
+void Lists::load(const WorkingCopyBytes& bytes, Files& files, CodePages& codePages) {
+    const WorkingCopies none;
+    ListLoader loader(lists_, none, settings_, files, codePages);
+    loader.loadFrom({readyForLoader(bytes.list), readyForLoader(bytes.user)});
+    loader.LoadDrmList(false);
+    loader.LoadAmList(false);
+    loader.LoadFmList(false);
+    loader.LoadFavList(false);
+}
+
+WorkingCopyBytes Lists::compose(const WorkingCopies& copies, Files& files, CodePages& codePages) {
+    return ListSaver(lists_, copies, settings_, files, codePages).compose();
+}

@@ -1,0 +1,149 @@
+#include "ctl/ListsDiff.h"
+
+#include <algorithm>
+#include <deque>
+#include <unordered_map>
+
+#include "storage/text/Numbers.h"
+
+namespace {
+
+// The band of a record follows from its frequency.
+int storedColumnsOf(ListKind kind) {
+    switch (kind) {
+        case ListKind::Drm:
+            return 4;
+        case ListKind::Am:
+        case ListKind::Fm:
+            return 2;
+        case ListKind::Favourite:
+            return 3;
+    }
+    return 0;
+}
+
+class ListDiff {
+public:
+    ListDiff(const Lists& before, const Lists& after, ListKind kind)
+        : before_(before.grid(kind)),
+          after_(after.grid(kind)),
+          kind_(kind),
+          newRowOf_(static_cast<std::size_t>(before_.rowCount()) + 1),
+          isTaken_(static_cast<std::size_t>(after_.rowCount()) + 1) {}
+
+    void run(bool ordered, std::vector<RecordChange>& changes) {
+        constexpr int kProgramme = 1;
+        constexpr int kFrequency = 2;
+        match(1, storedColumnsOf(kind_));
+        match(kProgramme, kProgramme);
+        match(kFrequency, kFrequency);
+        if (ordered) {
+            findMoved();
+        }
+        for (int row = 1; row <= before_.rowCount(); ++row) {
+            addOld(row, changes);
+        }
+        for (int row = 1; row <= after_.rowCount(); ++row) {
+            if (!isTaken_[static_cast<std::size_t>(row)]) {
+                changes.push_back({kind_, 0, row, cellsOf(after_, row), {}});
+            }
+        }
+    }
+
+private:
+    static std::u16string keyOf(const Grid& grid, int row, int firstColumn, int lastColumn) {
+        std::u16string key;
+        for (int column = firstColumn; column <= lastColumn; ++column) {
+            (key += grid.text(row, column)) += u'\0';
+        }
+        return key;
+    }
+
+    // Records without a partner whose cells of these columns are equal become partners, in the order of the rows.
+    void match(int firstColumn, int lastColumn) {
+        std::unordered_map<std::u16string, std::deque<int>> rows;
+        for (int row = 1; row <= after_.rowCount(); ++row) {
+            if (!isTaken_[static_cast<std::size_t>(row)]) {
+                rows[keyOf(after_, row, firstColumn, lastColumn)].push_back(row);
+            }
+        }
+        for (int row = 1; row <= before_.rowCount() && !rows.empty(); ++row) {
+            int& partner = newRowOf_[static_cast<std::size_t>(row)];
+            const auto found = partner == 0 ? rows.find(keyOf(before_, row, firstColumn, lastColumn)) : rows.end();
+            if (found != rows.end() && !found->second.empty()) {
+                partner = found->second.front();
+                found->second.pop_front();
+                isTaken_[static_cast<std::size_t>(partner)] = true;
+            }
+        }
+    }
+
+    // All but a longest run of partners in ascending order have moved.
+    void findMoved() {
+        std::vector<int> tails;  // old rows; the i-th ends the best run of i + 1 records
+        std::vector<int> previous(newRowOf_.size());
+        const auto newRow = [this](int oldRow) { return newRowOf_[static_cast<std::size_t>(oldRow)]; };
+        for (int row = 1; row <= before_.rowCount(); ++row) {
+            if (newRow(row) == 0) {
+                continue;
+            }
+            const auto place = std::lower_bound(tails.begin(), tails.end(), row,
+                                                [&](int tail, int wanted) { return newRow(tail) < newRow(wanted); });
+            previous[static_cast<std::size_t>(row)] = place == tails.begin() ? 0 : *std::prev(place);
+            if (place == tails.end()) {
+                tails.push_back(row);
+            } else {
+                *place = row;
+            }
+        }
+        hasMoved_.assign(newRowOf_.size(), true);
+        for (int row = tails.empty() ? 0 : tails.back(); row != 0; row = previous[static_cast<std::size_t>(row)]) {
+            hasMoved_[static_cast<std::size_t>(row)] = false;
+        }
+    }
+
+    void addOld(int row, std::vector<RecordChange>& changes) {
+        const int partner = newRowOf_[static_cast<std::size_t>(row)];
+        RecordChange change{kind_, row, partner, cellsOf(before_, row), {}};
+        if (partner != 0) {
+            for (int column = 1; column <= storedColumnsOf(kind_); ++column) {
+                if (before_.text(row, column) != after_.text(partner, column)) {
+                    change.fields.push_back({before_.columns()[static_cast<std::size_t>(column - 1)].caption,
+                                             std::u16string(before_.text(row, column)),
+                                             std::u16string(after_.text(partner, column))});
+                }
+            }
+            if (!hasMoved_.empty() && hasMoved_[static_cast<std::size_t>(row)]) {
+                change.fields.push_back({u"row", decimal(row), decimal(partner)});
+            }
+        }
+        if (partner == 0 || !change.fields.empty()) {
+            changes.push_back(std::move(change));
+        }
+    }
+
+    std::vector<std::u16string> cellsOf(const Grid& grid, int row) const {
+        std::vector<std::u16string> cells;
+        for (int column = 1; column <= storedColumnsOf(kind_); ++column) {
+            cells.emplace_back(grid.text(row, column));
+        }
+        return cells;
+    }
+
+    const Grid& before_;
+    const Grid& after_;
+    ListKind kind_;
+    std::vector<int> newRowOf_;  // by old row; 0: no partner
+    std::vector<bool> isTaken_;  // by new row
+    std::vector<bool> hasMoved_;
+};
+
+}  // namespace
+
+std::vector<RecordChange> diffLists(const Lists& before, const Lists& after, bool ordered) {
+    std::vector<RecordChange> changes;
+    for (const ListKind kind : kListKinds) {
+        ListDiff(before, after, kind).run(ordered, changes);
+    }
+    return changes;
+}

@@ -1,0 +1,53 @@
+// What a command line asks for.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "storage/stations/ListKind.h"
+
+enum class Verb {
+    Show,
+    Find,
+    Check,
+    Diff,
+    Export,
+    Import,
+    BackupList,
+    BackupShow,
+    BackupRestore,
+    ReceiverStatus,
+    ReceiverLoad,
+    ReceiverSave
+};
+enum class ExportFormat { Csv, Json, Ini, Html, Gqrx };
+
+struct FrequencyRange {
+    double middle = 0;  // kHz
+    double reach = 0;   // kHz on either side
+};
+
+struct Options {
+    // Of the whole program.
+    Verb verb = Verb::Show;
+    std::optional<std::u16string> folder;
+    bool json = false;
+    bool dryRun = false;
+
+    std::u16string source;  // empty: the working copies; of a backup command the backup
+    std::optional<ListKind> list;
+    // find
+    std::u16string text;
+    std::optional<FrequencyRange> kHz;
+    bool now = false;
+    std::optional<std::u16string> at;  // hhmm
+    // diff
+    std::u16string newSource;
+    bool ordered = false;
+    // export
+    ExportFormat exportFormat = ExportFormat::Csv;
+    std::u16string output;  // empty: standard output
+    // import: the file, "-" for standard input
+    std::u16string input;
+    bool replace = false;
+};

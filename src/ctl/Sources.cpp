@@ -1,0 +1,186 @@
+#include "ctl/Sources.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "ctl/Messages.h"
+#include "ctl/WorkingLists.h"
+#include "receiver/ReceiverFiles.h"
+#include "storage/ini/IniReader.h"
+#include "storage/lists/ListFile.h"
+#include "storage/text/Utf8.h"
+
+namespace {
+
+constexpr std::u16string_view kReceiver = u"receiver";
+constexpr std::u16string_view kBackupPrefix = u"backup:";
+
+using Opened = std::optional<SourceFiles>;
+
+bool isSeparator(char16_t unit) { return unit == u'/' || unit == u'\\'; }
+
+std::u16string_view fileNameOf(std::u16string_view path) {
+    while (!path.empty() && isSeparator(path.back())) {
+        path.remove_suffix(1);
+    }
+    const auto last = std::find_if(path.rbegin(), path.rend(), isSeparator);
+    return path.substr(static_cast<std::size_t>(path.rend() - last));
+}
+
+bool startsWithName(std::u16string_view fileName, std::u16string_view stem) {
+    return sameName(fileName.substr(0, stem.size()), stem);
+}
+
+// By its name, or by its count where the file is called otherwise.
+bool isUserFile(std::u16string_view path, const std::string& bytes, CodePages& codePages) {
+    const std::u16string_view name = fileNameOf(path);
+    if (startsWithName(name, u"user") || startsWithName(name, u"list")) {
+        return startsWithName(name, u"user");
+    }
+    const IniText text = decodeIni(bytes, codePages);
+    return !IniReader(text.text).get(ListFile::kTotal, ListFile::countKey(ListKind::Favourite)).empty();
+}
+
+class Opener {
+public:
+    Opener(Services& services, Exit& fault) : services_(services), fault_(fault) {}
+
+    Opened fail(std::u16string_view path, std::u16string_view why) {
+        fault_ = fileFault(services_.console, path, why);
+        return std::nullopt;
+    }
+
+    Opened workingCopies() {
+        WorkingLists lists(services_);
+        SourceFiles source{lists.read(), lists.paths().ListFilePath, lists.paths().UserFilePath};
+        if (lists.isUnreadable()) {
+            return fail(source.bytes.list ? source.userPath : source.listPath, u"cannot be read");
+        }
+        if (!source.bytes.list && !source.bytes.user) {
+            return fail(source.listPath, u"no such file");
+        }
+        return source;
+    }
+
+    Opened receiver() {
+        mFindDiskDriver driver(services_.volumes, services_.files);
+        std::u16string root;
+        Backup backup(services_.folder, services_.files, services_.clock);
+        ReceiverFiles receiver(driver, root, services_.files, backup);
+        if (!receiver.findDisk()) {
+            complain(services_.console, kNoReceiver);
+            fault_ = Exit::NoReceiver;
+            return std::nullopt;
+        }
+        if (const auto missing = receiver.missingFile()) {
+            return fail(*missing, u"no such file");
+        }
+        auto pair = receiver.read();
+        if (!pair) {
+            return fail(root, u"the list files cannot be read");
+        }
+        return SourceFiles{{std::move(pair->list), std::move(pair->user)},
+                           receiver.pathOf(ListFile::kListName),
+                           receiver.pathOf(ListFile::kUserName)};
+    }
+
+    Opened backup(std::u16string_view id) {
+        Backup backup(services_.folder, services_.files, services_.clock);
+        SourceFiles source;
+        const auto take = [&](std::u16string_view name, std::optional<std::string>& bytes, std::u16string& path) {
+            for (const Backup::Copy& copy : backup.copiesOf(name)) {
+                if (copy.id() == id) {
+                    path = backup.pathOf(copy);
+                    bytes = services_.files.read(path);
+                }
+            }
+            return path.empty() || bytes;
+        };
+        if (!take(ListFile::kListName, source.bytes.list, source.listPath)) {
+            return fail(source.listPath, u"cannot be read");
+        }
+        if (!take(ListFile::kUserName, source.bytes.user, source.userPath)) {
+            return fail(source.userPath, u"cannot be read");
+        }
+        if (!source.bytes.list && !source.bytes.user) {
+            return fail(services_.folder + u"Backup", u"no backup " + std::u16string(id));
+        }
+        return source;
+    }
+
+    Opened folderOrFile(std::u16string_view text) {
+        const std::u16string path = absolutePath(services_.currentFolder, text);
+        if (!services_.files.exists(path)) {
+            return fail(path, u"no such file or folder");
+        }
+        if (!services_.files.size(path)) {
+            return folder(path);
+        }
+        auto bytes = readWorkingCopy(path, services_.files);
+        if (!bytes) {
+            return fail(path, u"cannot be read");
+        }
+        SourceFiles source;
+        const bool isUser = isUserFile(path, *bytes, services_.codePages);
+        (isUser ? source.userPath : source.listPath) = path;
+        (isUser ? source.bytes.user : source.bytes.list) = std::move(bytes);
+        return source;
+    }
+
+private:
+    Opened folder(std::u16string path) {
+        path = folderPath(std::move(path), services_.folder.back());
+        SourceFiles source{{}, path + std::u16string(ListFile::kListName), path + std::u16string(ListFile::kUserName)};
+        const auto take = [this](const std::u16string& file, std::optional<std::string>& bytes) {
+            if (services_.files.exists(file)) {
+                bytes = readWorkingCopy(file, services_.files);
+                return bytes.has_value();
+            }
+            return true;
+        };
+        if (!take(source.listPath, source.bytes.list)) {
+            return fail(source.listPath, u"cannot be read");
+        }
+        if (!take(source.userPath, source.bytes.user)) {
+            return fail(source.userPath, u"cannot be read");
+        }
+        if (!source.bytes.list && !source.bytes.user) {
+            return fail(path, u"holds neither List.ini nor User.ini");
+        }
+        return source;
+    }
+
+    Services& services_;
+    Exit& fault_;
+};
+
+}  // namespace
+
+std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Exit& fault) {
+    Opener opener(services, fault);
+    if (source.empty()) {
+        return opener.workingCopies();
+    }
+    if (source == kReceiver) {
+        return opener.receiver();
+    }
+    if (source.starts_with(kBackupPrefix)) {
+        return opener.backup(source.substr(kBackupPrefix.size()));
+    }
+    return opener.folderOrFile(source);
+}
+
+std::u16string absolutePath(std::u16string_view currentFolder, std::u16string_view path) {
+    const bool hasDrive = path.size() > 1 && path[1] == u':';
+    if (path.empty() || isSeparator(path.front()) || hasDrive) {
+        return std::u16string(path);
+    }
+    return std::u16string(currentFolder) + std::u16string(path);
+}
+
+std::u16string folderPath(std::u16string path, char16_t separator) {
+    if (path.empty() || !isSeparator(path.back())) {
+        path += separator;
+    }
+    return path;
+}

@@ -1,0 +1,50 @@
+// The command-line program on a POSIX system.
+#include <unistd.h>
+
+#include <array>
+#include <climits>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "ctl/CommandLine.h"
+#include "ctl/Commands.h"
+#include "ctl/Sources.h"
+#include "platform/posix/NativePath.h"
+#include "platform/posix/PosixClock.h"
+#include "platform/posix/PosixCodePages.h"
+#include "platform/posix/PosixConsole.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixProgramFolders.h"
+#include "platform/posix/PosixSingleInstance.h"
+#include "platform/posix/PosixVolumes.h"
+#include "shell/Design.h"
+
+namespace {
+
+std::u16string currentFolder() {
+    std::array<char, PATH_MAX> path{};
+    return ::getcwd(path.data(), path.size()) == nullptr ? u"/" : portablePath(path.data()) + u"/";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    PosixConsole console;
+    const auto parsed = parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
+    if (const auto* const end = std::get_if<CommandLineEnd>(&parsed)) {
+        return static_cast<int>(endCommandLine(console, *end));
+    }
+    const auto& options = std::get<Options>(parsed);
+    PosixProgramFolders folders;
+    const std::u16string current = currentFolder();
+    const std::u16string folder =
+        options.folder ? folderPath(absolutePath(current, *options.folder), u'/') : programFolder(folders);
+    PosixFiles files;
+    PosixCodePages codePages;
+    PosixVolumes volumes;
+    PosixSingleInstance singleInstance(folder);
+    PosixClock clock;
+    Services services{files, codePages, volumes, singleInstance, clock, console, folder, current};
+    return static_cast<int>(runCommand(services, options));
+}
