@@ -5,6 +5,7 @@
 #include "ctl/Commands.h"
 #include "ctl/CsvWriter.h"
 #include "ctl/GqrxBookmarks.h"
+#include "ctl/HtmlPage.h"
 #include "ctl/JsonLists.h"
 #include "ctl/Lists.h"
 #include "ctl/Messages.h"
@@ -15,7 +16,7 @@
 
 namespace {
 
-std::string composed(ExportFormat format, const Lists& lists) {
+std::string composed(Services& services, ExportFormat format, const Lists& lists) {
     const std::vector<ListKind> all(kListKinds.begin(), kListKinds.end());
     switch (format) {
         case ExportFormat::Json:
@@ -23,6 +24,7 @@ std::string composed(ExportFormat format, const Lists& lists) {
         case ExportFormat::Gqrx:
             return gqrxOf(lists);
         case ExportFormat::Html:
+            return htmlOf(lists, services.clock.now());
         case ExportFormat::Csv:
         case ExportFormat::Ini:
             break;
@@ -68,7 +70,7 @@ Exit exportLists(Services& services, const Options& options) {
     if (options.exportFormat == ExportFormat::Ini) {
         return exportIni(services, options, *source, lists);
     }
-    const std::string text = composed(options.exportFormat, lists);
+    const std::string text = composed(services, options.exportFormat, lists);
     if (options.output.empty()) {
         return print(services.console, text);
     }

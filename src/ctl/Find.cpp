@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -9,17 +8,10 @@
 #include "ctl/Record.h"
 #include "ctl/ShowTable.h"
 #include "ctl/Sources.h"
+#include "ctl/TextSearch.h"
 #include "storage/text/Numbers.h"
 
 namespace {
-
-char16_t folded(char16_t unit) { return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit; }
-
-// Without regard to the case of the letters A to Z.
-bool contains(std::u16string_view text, std::u16string_view part) {
-    return std::search(text.begin(), text.end(), part.begin(), part.end(),
-                       [](char16_t a, char16_t b) { return folded(a) == folded(b); }) != text.end();
-}
 
 std::u16string twoDigits(int number) { return number < 10 ? u"0" + decimal(number) : decimal(number); }
 
@@ -34,7 +26,7 @@ public:
     }
 
     bool finds(const Record& record) const {
-        return (contains(record.programme, options_.text) || contains(record.target, options_.text)) &&
+        return (containsText(record.programme, options_.text) || containsText(record.target, options_.text)) &&
                isNear(record) && isOnAir(record);
     }
 

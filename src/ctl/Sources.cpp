@@ -80,8 +80,8 @@ public:
             return fail(root, u"the list files cannot be read");
         }
         return SourceFiles{{std::move(pair->list), std::move(pair->user)},
-                           receiver.pathOf(ListFile::kListName),
-                           receiver.pathOf(ListFile::kUserName)};
+                           receiver.pathOf(ListFileId::List),
+                           receiver.pathOf(ListFileId::User)};
     }
 
     Opened backup(std::u16string_view id) {
