@@ -91,7 +91,7 @@ public:
             for (const Backup::Copy& copy : backup.copiesOf(name)) {
                 if (copy.id() == id) {
                     path = backup.pathOf(copy);
-                    bytes = services_.files.read(path);
+                    bytes = readWorkingCopy(path, services_.files);
                 }
             }
             return path.empty() || bytes;
