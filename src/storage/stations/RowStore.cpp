@@ -76,8 +76,10 @@ std::u16string RowStore::makeRoom(std::size_t units) {
 }
 
 void RowStore::expectRows(int count, std::shared_ptr<const std::u16string> text) {
-    gather(text, 0);
-    rows_.reserve(rows_.size() + static_cast<std::size_t>(count));
+    constexpr std::size_t kUsualUnits = 6;  // half of a frequency with its unit; gather makes room for twice as many
+    const auto added = static_cast<std::size_t>(count);
+    gather(text, added * kUsualUnits);
+    rows_.reserve(rows_.size() + added);
 }
 
 std::u16string_view RowStore::text(int row, int column) const {
