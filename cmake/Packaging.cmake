@@ -104,9 +104,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION hamradio)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 if(NOT WIN32)
-  # Loaded by a library inside the program, where the tool that finds out the others does not look.
-  find_package(Qt6 REQUIRED COMPONENTS Network)
-  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6network6 (>= ${Qt6Network_VERSION})")
+  # Loaded by name, so the tool that lists the linked libraries misses it; the second name is that of Debian 13.
+  set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4 (>= 7.88) | libcurl4t64")
 endif()
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-translations-l10n)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

@@ -5,11 +5,15 @@
 #include <cstdint>
 #include <utility>
 
+#include "sync/Unpack.h"
+
 namespace {
 
 constexpr std::size_t kMostBytes = 16'777'216;  // 16 MiB
 constexpr int kMostRedirects = 20;
+constexpr int kOk = 200;  // 206, a part, and 204, nothing, are answers to other requests
 constexpr int kFirstRedirectStatus = 300;
+constexpr int kNotModified = 304;
 constexpr int kFirstErrorStatus = 400;
 
 bool isWebAddress(std::u16string_view url) {
@@ -38,10 +42,13 @@ std::optional<std::uint64_t> wholeNumber(std::string_view text) {
     return value;
 }
 
-// An announced length counts the bytes as sent, so it can be held only against a body sent plain.
+bool isRedirect(const HttpAnswer& answer) {
+    return answer.status >= kFirstRedirectStatus && answer.status < kFirstErrorStatus &&
+           answer.status != kNotModified && !answer.location.empty();
+}
+
 bool isWhole(const HttpAnswer& answer) {
-    return answer.isEncoded || !answer.announcedLength ||
-           wholeNumber(trimmed(*answer.announcedLength)) == answer.body.size();
+    return !answer.announcedLength || wholeNumber(trimmed(*answer.announcedLength)) == answer.body.size();
 }
 
 }  // namespace
@@ -58,11 +65,11 @@ bool Downloader::download(std::u16string_view url, std::u16string_view path) {
 std::optional<std::string> Downloader::fetch(std::u16string url) {
     for (int redirects = 0; redirects <= kMostRedirects && isWebAddress(url); ++redirects) {
         HttpAnswer answer = client_.get(url, {idleLimit_, kMostBytes});
-        if (answer.status == 0 || answer.status >= kFirstErrorStatus) {
-            return std::nullopt;
+        if (answer.status == kOk && isWhole(answer)) {
+            return unpacked(std::move(answer.body), trimmed(answer.encoding), kMostBytes);
         }
-        if (answer.status < kFirstRedirectStatus || answer.location.empty()) {
-            return isWhole(answer) ? std::optional(std::move(answer.body)) : std::nullopt;
+        if (!isRedirect(answer)) {
+            return std::nullopt;
         }
         url = std::move(answer.location);
     }

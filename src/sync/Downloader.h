@@ -15,9 +15,9 @@ public:
     Downloader(HttpClient& client, Files& files, std::chrono::milliseconds idleLimit = std::chrono::seconds(30))
         : client_(client), files_(files), idleLimit_(idleLimit) {}
 
-    // Blocks until the end. Follows redirects to http and https only. A status of 400 or more, a silent server,
-    // more than 16 MiB, a body cut short or a file that cannot be written is false, and then no file is left at
-    // the path.
+    // Blocks until the end. Follows redirects to http and https only. False: a final status other than 200, a silent
+    // server, more than 16 MiB as sent or unpacked, a body that is cut short or damaged, or a file that cannot be
+    // written; then no file is left at the path.
     bool download(std::u16string_view url, std::u16string_view path);
 
 private:

@@ -40,7 +40,7 @@ TEST_F(DownloaderContract, ASchedulesBytesArriveUnchanged) {
 }
 
 TEST_F(DownloaderContract, EveryWayOfSendingABodyIsUnderstood) {
-    for (const auto* resource : {u"/no-length", u"/chunked", u"/gzip", u"/redirect", u"/headers-first"}) {
+    for (const auto* resource : {u"/no-length", u"/chunked", u"/gzip", u"/deflate", u"/redirect", u"/headers-first"}) {
         EXPECT_TRUE(get(resource)) << narrow(resource);
         EXPECT_EQ(bytes(), "[DRMSchedule]\nplain\n") << narrow(resource);
         backend->files().remove(target);
@@ -55,6 +55,45 @@ TEST_F(DownloaderContract, AnEmptyBodyIsAnEmptyFile) {
 TEST_F(DownloaderContract, AnErrorStatusIsAFailure) {
     expectFailure(u"/404");
     expectFailure(u"/500");
+}
+
+TEST_F(DownloaderContract, AStatusOtherThan200IsAFailure) {
+    for (const auto* resource : {u"/status/201", u"/status/203", u"/status/204", u"/status/206", u"/status/304"}) {
+        expectFailure(resource);
+    }
+}
+
+TEST_F(DownloaderContract, NoCredentialsAreSentWhateverIsAskedFor) {
+    std::u16string withCredentials = httpServer();
+    withCredentials.insert(std::u16string_view(u"http://").size(), u"user:password@");
+    for (const auto* resource : {u"/digest", u"/proxy-digest"}) {
+        expectFailure(resource);
+        EXPECT_FALSE(downloader.download(withCredentials + resource, target));
+        ASSERT_TRUE(get(std::u16string(u"/requests-of") + resource));
+        EXPECT_EQ(bytes(), "2") << narrow(resource);
+    }
+}
+
+TEST_F(DownloaderContract, APackedBodyIsWholeOrAFailure) {
+    for (const auto* resource : {u"/gzip-cut", u"/gzip-checksum", u"/unknown-encoding"}) {
+        expectFailure(resource);
+    }
+}
+
+TEST_F(DownloaderContract, AnInterruptedBodyIsAFailure) {
+    constexpr int kTries = 20;  // it must not depend on when the interruption is noticed
+    for (int i = 0; i < kTries; ++i) {
+        for (const auto* resource : {u"/chunked-cut", u"/chunked-cut-in-chunk", u"/reset"}) {
+            expectFailure(resource);
+        }
+    }
+}
+
+TEST_F(DownloaderContract, HeadersAndInterimAnswersAreBounded) {
+    EXPECT_TRUE(get(u"/interim/10"));
+    EXPECT_TRUE(get(u"/headers/50"));
+    expectFailure(u"/interim/11");
+    expectFailure(u"/headers/70");
 }
 
 TEST_F(DownloaderContract, RedirectsLeadOnlyToTheWebAndToAnEnd) {

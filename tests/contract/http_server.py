@@ -4,15 +4,20 @@
     http_server.py COMMAND...    runs COMMAND with the argument --http=ADDRESS added, and ends with its exit code
     http_server.py               prints its port and serves until its input ends
 """
+import collections
 import gzip
 import itertools
+import socket
+import struct
 import subprocess
 import sys
 import threading
+import zlib
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
 PLAIN = b"[DRMSchedule]\nplain\n"
 COUNTER = itertools.count(1)
+REQUESTS = collections.Counter()  # by path
 ENDING = threading.Event()
 
 
@@ -72,6 +77,7 @@ class Handler(BaseHTTPRequestHandler):
             size -= len(block)
 
     def do_GET(self):
+        REQUESTS[self.path] += 1
         try:
             self.serve(self.path)
         except (BrokenPipeError, ConnectionResetError):
@@ -88,6 +94,14 @@ class Handler(BaseHTTPRequestHandler):
             self.answer(b"")
         elif path == "/count":
             self.answer(str(next(COUNTER)).encode(), Cache_Control="max-age=3600")
+        elif path.startswith("/status/"):
+            self.answer(PLAIN, int(path.rsplit("/", 1)[1]))
+        elif path == "/digest":
+            self.answer(PLAIN, 401, WWW_Authenticate=f'Digest realm="r", nonce="{next(COUNTER)}", qop="auth", stale=true')
+        elif path == "/proxy-digest":
+            self.answer(PLAIN, 407, Proxy_Authenticate=f'Digest realm="r", nonce="{next(COUNTER)}"')
+        elif path.startswith("/requests-of/"):
+            self.answer(str(REQUESTS[path.removeprefix("/requests-of")]).encode())
         elif path == "/404":
             self.answer(b"[DRMSchedule]\nnot here\n", 404)
         elif path == "/500":
@@ -110,12 +124,43 @@ class Handler(BaseHTTPRequestHandler):
                 self.chunk(part)
         elif path == "/gzip":
             self.answer(gzip.compress(PLAIN), Content_Encoding="gzip")
+        elif path == "/gzip-cut":
+            self.answer(gzip.compress(PLAIN)[:-8], Content_Encoding="gzip")
+        elif path == "/gzip-checksum":
+            self.answer(gzip.compress(PLAIN)[:-8] + bytes(4) + gzip.compress(PLAIN)[-4:], Content_Encoding="gzip")
+        elif path == "/deflate":
+            self.answer(zlib.compress(PLAIN), Content_Encoding="deflate")
+        elif path == "/unknown-encoding":
+            self.answer(PLAIN, Content_Encoding="x-unknown")
         elif path == "/headers-first":
             self.send_response(200)
             self.send_header("Content-Length", str(len(PLAIN)))
             self.end_headers()
             self.wfile.flush()
             self.wfile.write(PLAIN)
+        elif path == "/chunked-cut":
+            self.start_chunks()
+            self.chunk(PLAIN)
+            self.hang_up()
+        elif path == "/chunked-cut-in-chunk":
+            self.start_chunks()
+            self.wfile.write(b"100\r\n" + PLAIN)
+            self.hang_up()
+        elif path == "/reset":
+            self.send_response(200)
+            self.send_header("Connection", "close")
+            self.end_headers()
+            self.wfile.write(PLAIN)
+            # Closing with a linger time of zero resets the connection.
+            self.connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+            self.connection.close()
+            self.close_connection = True
+        elif path.startswith("/interim/"):
+            for _ in range(int(path.rsplit("/", 1)[1])):
+                self.wfile.write(b"HTTP/1.1 100 Continue\r\n\r\n")
+            self.answer(PLAIN)
+        elif path.startswith("/headers/"):
+            self.answer(PLAIN, **{f"X_{i}": "x" * 1000 for i in range(int(path.rsplit("/", 1)[1]))})
         elif path == "/cut-short":
             self.answer(PLAIN, length=len(PLAIN) + 100)
             self.hang_up()

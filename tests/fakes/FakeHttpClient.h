@@ -20,7 +20,7 @@ public:
     void forgetCached(std::u16string_view url) override { forgotten.emplace_back(url); }
 
     std::function<void()> during = [] {};  // called during a download
-    HttpAnswer answer{200, u"", {}, false, ""};
+    HttpAnswer answer{200, u"", {}, "", ""};
     std::map<std::u16string, HttpAnswer> answersAt;  // by address; `answer` for any other
     std::vector<std::u16string> urls;
     std::vector<HttpLimits> limitsGiven;

@@ -1,4 +1,4 @@
-"""The built program, and the library inside the Linux one, carry what their system offers against exploited faults."""
+"""The built program carries what its system offers against exploited faults."""
 import json
 import os
 import pathlib
@@ -8,7 +8,6 @@ import tempfile
 import unittest
 
 PROGRAM = os.environ["HALCYON_PROGRAM"]
-LIBRARY = os.environ["HALCYON_LIBRARY"]  # what the Linux program loads with a sync
 TOOL = os.environ["HALCYON_BINARY_TOOL"]  # readelf, or objdump for Windows
 NM = os.environ["HALCYON_NM"]
 OBJECTS = os.environ["HALCYON_OBJECTS"].split(":")  # libraries, with their symbols, that the program is linked from
@@ -31,13 +30,13 @@ def tell(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
-def output(*arguments, of=PROGRAM):
-    return tell(TOOL, *arguments, of)
+def output(*arguments):
+    return tell(TOOL, *arguments, PROGRAM)
 
 
 class Compilation(unittest.TestCase):
     """A checked copy leaves a trace in a program only where the compiler knows a buffer's size and not the length. The
-    Linux program and its library have no such call, so their commands are looked at, and what they make of one."""
+    Linux program has no such call, so its compiler commands are checked, and what they make of one."""
 
     def commands(self):
         found = {}
@@ -79,36 +78,27 @@ class Compilation(unittest.TestCase):
 
 @unittest.skipIf(PROGRAM.endswith(".exe"), "a Windows program")
 class Elf(unittest.TestCase):
-    def both(self):
-        for file in (PROGRAM, LIBRARY):
-            with self.subTest(file):
-                yield file
-
-    def test_they_are_loaded_at_a_random_address(self):
-        for file in self.both():
-            self.assertRegex(output("-hW", of=file), r"Type:\s+DYN")
+    def test_it_is_loaded_at_a_random_address(self):
+        self.assertRegex(output("-hW"), r"Type:\s+DYN")
         self.assertRegex(output("-dW"), r"FLAGS_1.*\bPIE\b")
 
-    def test_their_tables_are_read_only_once_they_are_loaded(self):
-        for file in self.both():
-            self.assertIn("GNU_RELRO", output("-lW", of=file))
-            self.assertRegex(output("-dW", of=file), r"BIND_NOW|FLAGS_1.*\bNOW\b")
+    def test_its_tables_are_read_only_once_it_is_loaded(self):
+        self.assertIn("GNU_RELRO", output("-lW"))
+        self.assertRegex(output("-dW"), r"BIND_NOW|FLAGS_1.*\bNOW\b")
 
     def test_data_is_not_executable(self):
-        for file in self.both():
-            segments = output("-lW", of=file).splitlines()
-            stack = [line for line in segments if "GNU_STACK" in line]
-            self.assertEqual(len(stack), 1)
-            self.assertNotIn("E", stack[0].split()[-2])
-            self.assertFalse([line for line in segments if "LOAD" in line and "RWE" in line])
+        segments = output("-lW").splitlines()
+        stack = [line for line in segments if "GNU_STACK" in line]
+        self.assertEqual(len(stack), 1)
+        self.assertNotIn("E", stack[0].split()[-2])
+        self.assertFalse([line for line in segments if "LOAD" in line and "RWE" in line])
 
     def test_an_overrun_stack_is_noticed(self):
-        for file in self.both():
-            self.assertIn("__stack_chk_fail", output("-sW", of=file))
+        self.assertIn("__stack_chk_fail", output("-sW"))
 
-    def test_only_the_library_needs_the_network(self):
-        self.assertNotIn("libQt6Network", output("-dW"))
-        self.assertIn("libQt6Network", output("-dW", of=LIBRARY))
+    def test_the_network_is_loaded_by_a_sync_only(self):
+        for library in ("libQt6Network", "libcurl"):
+            self.assertNotIn(library, output("-dW"))
 
 
 @unittest.skipUnless(PROGRAM.endswith(".exe"), "not a Windows program")

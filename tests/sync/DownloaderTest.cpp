@@ -12,7 +12,7 @@ const std::u16string kPath = u"/program/DRMSchedule.ini";
 constexpr const char* kBody = "[DRMSchedule]";
 
 HttpAnswer answerOf(int status, std::u16string location = u"") {
-    return {status, std::move(location), std::nullopt, false, kBody};
+    return {status, std::move(location), std::nullopt, "", kBody};
 }
 
 class DownloaderTest : public testing::Test {
@@ -23,9 +23,8 @@ protected:
     }
 
     bool download(std::u16string_view url = kUrl) { return downloader.download(url, kPath); }
-    bool downloadAnnounced(std::string length, bool isEncoded = false) {
+    bool downloadAnnounced(std::string length) {
         client.answer.announcedLength = std::move(length);
-        client.answer.isEncoded = isEncoded;
         return download();
     }
     void expectNoFile() { EXPECT_EQ(files.files.count(kPath), 0U); }
@@ -72,22 +71,27 @@ TEST_F(DownloaderTest, AFailedExchangeLeavesNoFile) {
     EXPECT_EQ(client.urls.size(), 5U);
 }
 
-TEST_F(DownloaderTest, EveryOtherStatusGivesADocument) {
-    for (const int status : {100, 200, 203, 299, 300, 304, 399}) {
+TEST_F(DownloaderTest, EveryStatusBut200IsNoDocument) {
+    for (const int status : {100, 201, 203, 204, 206, 226, 299, 300, 304, 399}) {
+        files.files[kPath] = "of yesterday";
         client.answer = answerOf(status);
-        EXPECT_TRUE(download()) << status;
+        EXPECT_FALSE(download()) << status;
+        expectNoFile();
     }
 }
 
 TEST_F(DownloaderTest, ALocationCountsOnlyInARedirect) {
-    client.answer = answerOf(201, u"http://b.example/");
-    EXPECT_TRUE(download());
-    EXPECT_EQ(client.urls.size(), 1U);
+    EXPECT_TRUE((client.answer = answerOf(200, u"http://b.example/"), download()));
+    for (const int status : {201, 206, 304}) {
+        client.answer = answerOf(status, u"http://b.example/");
+        EXPECT_FALSE(download()) << status;
+    }
+    EXPECT_EQ(client.urls, std::vector<std::u16string>(4, kUrl));
 }
 
 TEST_F(DownloaderTest, TheBodyOfARedirectIsNotWritten) {
     for (const int status : {300, 301, 302, 303, 307, 308, 399}) {
-        client.answersAt[kUrl] = {status, u"HTTPS://b.example/", "999", false, "moved"};
+        client.answersAt[kUrl] = {status, u"HTTPS://b.example/", "999", "gzip", "moved"};
         EXPECT_TRUE(download()) << status;
         EXPECT_EQ(client.urls.back(), u"HTTPS://b.example/");
         EXPECT_EQ(files.files[kPath], kBody);
@@ -140,9 +144,17 @@ TEST_F(DownloaderTest, AnAnnouncedLengthIsKept) {
     }
 }
 
-TEST_F(DownloaderTest, ALengthAnnouncedForAnEncodedBodyIsNoneOfTheDocument) {
-    EXPECT_TRUE(downloadAnnounced("5", true));
+TEST_F(DownloaderTest, TheFileOfAPackedBodyIsUnpacked) {
+    client.answer.body = std::string(
+        "\x1f\x8b\x08\x00\x00\x00\x00\x00\x02\x03\x8b\x76\x09\xf2\x0d\x4e\xce"
+        "\x48\x4d\x29\xcd\x49\x8d\x05\x00\x66\xed\xd1\x10\x0d\x00\x00\x00",
+        33);
+    client.answer.encoding = " gzip ";
+    EXPECT_TRUE(downloadAnnounced("33"));
     EXPECT_EQ(files.files[kPath], kBody);
+    client.answer.body.pop_back();
+    EXPECT_FALSE(downloadAnnounced("32"));
+    expectNoFile();
 }
 
 TEST_F(DownloaderTest, AFileThatCannotBeWrittenIsRemoved) {

@@ -64,8 +64,8 @@ std::wstring redirectTarget(const WinInet& net, HINTERNET request, const std::ws
     return target.data();
 }
 
-std::optional<std::string> announcedLength(const WinInet& net, HINTERNET request) {
-    const auto header = textHeader(net, request, HTTP_QUERY_CONTENT_LENGTH);
+std::optional<std::string> narrowHeader(const WinInet& net, HINTERNET request, DWORD name) {
+    const auto header = textHeader(net, request, name);
     if (!header) {
         return std::nullopt;
     }
@@ -102,7 +102,6 @@ void setLimits(const WinInet& net, HINTERNET session, const HttpLimits& limits) 
         setNumber(net, session, option, static_cast<DWORD>(limits.idle.count()));
     }
     setNumber(net, session, INTERNET_OPTION_CONNECT_RETRIES, 1);
-    setNumber(net, session, INTERNET_OPTION_HTTP_DECODING, TRUE);
 }
 
 }  // namespace
@@ -125,8 +124,8 @@ HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, std::atomi
     }
     HttpAnswer answer;
     answer.location = fromWide(redirectTarget(net, request.get(), url));
-    answer.announcedLength = announcedLength(net, request.get());
-    answer.isEncoded = textHeader(net, request.get(), HTTP_QUERY_CONTENT_ENCODING).has_value();
+    answer.announcedLength = narrowHeader(net, request.get(), HTTP_QUERY_CONTENT_LENGTH);
+    answer.encoding = narrowHeader(net, request.get(), HTTP_QUERY_CONTENT_ENCODING).value_or("");
     auto body = readBody(net, request.get(), limits.bytes, signs);
     if (!body) {
         return {};
