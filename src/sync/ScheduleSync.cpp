@@ -10,8 +10,15 @@ constexpr std::u16string_view kBuiltInUrl =
 constexpr std::u16string_view kScheduleMark = u"[DRMSchedule]";
 // Positions in the schedule are 16-bit signed numbers.
 constexpr std::size_t kMaxScheduleLength = 32'767;
+constexpr std::size_t kMaxUrlLength = 2'083;  // the longest that the Internet functions of Windows take
 
 std::u16string_view firstLine(std::u16string_view text) { return text.substr(0, text.find_first_of(u"\r\n")); }
+
+bool isUrl(std::u16string_view line) { return line.starts_with(u"http://") && line.size() <= kMaxUrlLength; }
+
+std::u16string_view withoutTrailingBlanks(std::u16string_view line) {
+    return line.substr(0, line.find_last_not_of(u" \t") + 1);
+}
 
 }  // namespace
 
@@ -21,6 +28,7 @@ void ScheduleSync::SyncDrmSchedule() {
     statusBar_.setMessage(u"Downloading,Please wait...");
     const auto url = scheduleUrl();
     if (!url) {
+        totals_.ShowTotals();
         return;
     }
     if (!download(*url)) {
@@ -52,7 +60,7 @@ std::optional<std::u16string> ScheduleSync::scheduleUrl() {
     }
     const std::u16string config = codePages_.decode(*bytes);
     const std::u16string_view line = firstLine(config);
-    return std::u16string(line.starts_with(u"http://") ? line : kBuiltInUrl);
+    return std::u16string(isUrl(line) ? withoutTrailingBlanks(line) : kBuiltInUrl);
 }
 
 bool ScheduleSync::download(std::u16string_view url) {

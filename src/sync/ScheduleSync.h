@@ -38,7 +38,7 @@ public:
     void onRebuilt(std::function<void()> listener) { rebuilt_ = std::move(listener); }
 
     // Downloads, checks and reads the schedule; blocks until all is done. The list is emptied only once the
-    // download has proved to be a schedule. Every outcome but an empty "config.ini" is told in one message.
+    // download has proved to be a schedule. Every outcome but an empty "config.ini" is shown in one message.
     void SyncDrmSchedule();
     // True while the server is waited for, when a backend may still pass events of the window on.
     bool isDownloading() const { return downloading_; }

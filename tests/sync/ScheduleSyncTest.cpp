@@ -243,12 +243,26 @@ INSTANTIATE_TEST_SUITE_P(
                     ConfigCase{"http://a.example/s\r\nhttp://b.example/", u"http://a.example/s"},
                     ConfigCase{"http://a.example/s\nrest", u"http://a.example/s"},
                     ConfigCase{"http://a.example/s\rrest", u"http://a.example/s"}, ConfigCase{"http://", u"http://"},
-                    ConfigCase{"http://a.example/\xE9 ", u"http://a.example/é "},
+                    ConfigCase{"http://a.example/\xE9 ", u"http://a.example/é"},
+                    ConfigCase{"http://a.example/s \t \r\n", u"http://a.example/s"},
+                    ConfigCase{"http://a.example/a b", u"http://a.example/a b"},
                     ConfigCase{"HTTP://a.example/s\r\n", u""}, ConfigCase{"Http://a.example/s", u""},
                     ConfigCase{"https://a.example/s", u""}, ConfigCase{" http://a.example/s", u""},
                     ConfigCase{"http:/", u""}, ConfigCase{"\r\nhttp://a.example/s", u""},
                     ConfigCase{"\nhttp://a.example/s", u""}, ConfigCase{"# comment\nhttp://a.example/s", u""},
                     ConfigCase{"\xEF\xBB\xBFhttp://a.example/s", u""}));
+
+TEST_F(ScheduleSyncTest, AnAddressIsAtMost2083CharactersLong) {
+    const std::string longest = "http://" + std::string(2'083 - 7, 'a');
+    serve(scheduleOf(recordLines()));
+    for (const auto* end : {"", "\n", " ", "a"}) {
+        httpClient.urls.clear();
+        files.files[kConfig] = longest + end;
+        sync(u"The number of new station is: 1");
+        const bool isAddress = std::string_view(end).find_first_of(" a") == std::string_view::npos;
+        expectFetched(isAddress ? std::u16string(longest.begin(), longest.end()) : std::u16string(builtInScheduleUrl()));
+    }
+}
 
 TEST_F(ScheduleSyncTest, AnEmptyConfigEndsTheCommandSilently) {
     files.files[kConfig] = "";
@@ -256,7 +270,7 @@ TEST_F(ScheduleSyncTest, AnEmptyConfigEndsTheCommandSilently) {
     EXPECT_TRUE(box.shown.empty());
     EXPECT_TRUE(httpClient.urls.empty());
     expectListUnchanged();
-    EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading}));
+    EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading, "Total Number Of DRM List: 2"}));
 }
 
 TEST_F(ScheduleSyncTest, AConfigThatCannotBeReadIsIgnored) {
