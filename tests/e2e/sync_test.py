@@ -73,7 +73,7 @@ class Sync(ProgramCase):
         program = self.start(SCHEDULE.encode())
         (program.folder / "config.ini").write_bytes(b"")
         program.keys("ctrl+i")
-        self.assert_totals(program, "Downloading,Please wait...")
+        self.assert_totals(program, "Total Number Of DRM List: %d" % len(DRM_CELLS))
         self.assert_cells(program, DRM_CELLS)
         self.assertEqual(self.requests, [])
 

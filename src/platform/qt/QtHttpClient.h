@@ -1,4 +1,4 @@
-// HTTP by the POSIX client, which this one keeps the window painted for.
+// The exchange runs on a thread of its own; the calling thread meanwhile keeps the window painted and takes no input.
 #pragma once
 
 #include "platform/HttpClient.h"
