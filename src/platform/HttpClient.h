@@ -32,6 +32,4 @@ public:
     // length is complete only if the connection ended cleanly, one in chunks only with its last chunk.
     // May report an HTTP error as status 0.
     virtual HttpAnswer get(std::u16string_view url, const HttpLimits& limits) = 0;
-    // Removes the system's cached copy of the address, where the system keeps one.
-    virtual void forgetCached(std::u16string_view url) = 0;
 };

@@ -67,13 +67,7 @@ bool ScheduleSync::download(std::u16string_view url) {
     downloading_ = true;
     const bool downloaded = downloader_.download(url, targetPath());
     downloading_ = false;
-    if (!downloaded) {
-        return false;
-    }
-    // Always the built-in address, whatever was fetched: an old copy of it would otherwise come back
-    // once "config.ini" is gone.
-    httpClient_.forgetCached(kBuiltInUrl);
-    return files_.exists(targetPath());
+    return downloaded && files_.exists(targetPath());
 }
 
 std::u16string ScheduleSync::takeDownloadedText() {

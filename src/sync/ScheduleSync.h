@@ -27,7 +27,6 @@ public:
         : drmLV_(drmLV),
           files_(files),
           codePages_(codePages),
-          httpClient_(httpClient),
           downloader_(httpClient, files),
           statusBar_(statusBar),
           totals_(totals),
@@ -55,7 +54,6 @@ private:
     Grid& drmLV_;
     Files& files_;
     CodePages& codePages_;
-    HttpClient& httpClient_;
     Downloader downloader_;
     StatusBar& statusBar_;
     Totals& totals_;

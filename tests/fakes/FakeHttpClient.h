@@ -17,12 +17,10 @@ public:
         const auto special = answersAt.find(urls.back());
         return special == answersAt.end() ? answer : special->second;
     }
-    void forgetCached(std::u16string_view url) override { forgotten.emplace_back(url); }
 
     std::function<void()> during = [] {};  // called during a download
     HttpAnswer answer{200, u"", {}, "", ""};
     std::map<std::u16string, HttpAnswer> answersAt;  // by address; `answer` for any other
     std::vector<std::u16string> urls;
     std::vector<HttpLimits> limitsGiven;
-    std::vector<std::u16string> forgotten;
 };

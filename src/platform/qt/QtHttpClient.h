@@ -6,6 +6,4 @@
 class QtHttpClient : public HttpClient {
 public:
     HttpAnswer get(std::u16string_view url, const HttpLimits& limits) override;
-    // Nothing to remove: no cache is kept.
-    void forgetCached(std::u16string_view) override {}
 };

@@ -6,83 +6,113 @@
 #include <vector>
 
 #include "platform/win32/WideText.h"
-#include "platform/win32/WinInet.h"
+#include "platform/win32/WinHttp.h"
 
 namespace {
 
-constexpr DWORD kFlags = INTERNET_FLAG_NO_AUTO_REDIRECT | INTERNET_FLAG_RELOAD | INTERNET_FLAG_NO_CACHE_WRITE |
-                         INTERNET_FLAG_PRAGMA_NOCACHE | INTERNET_FLAG_NO_COOKIES | INTERNET_FLAG_NO_UI;
+constexpr DWORD kMostUrlUnits = 2'084;  // with the NUL
 
-class InternetHandle {
+class HttpHandle {
 public:
-    InternetHandle(const WinInet& net, HINTERNET handle) : net_(net), handle_(handle) {}
-    ~InternetHandle() {
+    HttpHandle(const WinHttp& http, HINTERNET handle) : http_(http), handle_(handle) {}
+    ~HttpHandle() {
         if (handle_ != nullptr) {
-            net_.closeHandle(handle_);
+            http_.closeHandle(handle_);
         }
     }
-    InternetHandle(const InternetHandle&) = delete;
-    InternetHandle& operator=(const InternetHandle&) = delete;
+    HttpHandle(const HttpHandle&) = delete;
+    HttpHandle& operator=(const HttpHandle&) = delete;
     explicit operator bool() const { return handle_ != nullptr; }
     HINTERNET get() const { return handle_; }
 
 private:
-    const WinInet& net_;
+    const WinHttp& http_;
     HINTERNET handle_;
 };
 
-void setNumber(const WinInet& net, HINTERNET handle, DWORD option, DWORD value) {
-    net.setOption(handle, option, &value, sizeof value);
-}
+struct Address {
+    std::wstring host;
+    std::wstring resource;
+    INTERNET_PORT port = 0;
+    bool isSecure = false;
+};
 
-std::optional<DWORD> numberHeader(const WinInet& net, HINTERNET request, DWORD header) {
-    DWORD value = 0;
-    DWORD size = sizeof value;
-    if (net.queryInfo(request, header | HTTP_QUERY_FLAG_NUMBER, &value, &size, nullptr) == 0) {
+// A user name and a password in the URL are left out.
+std::optional<Address> addressOf(const WinHttp& http, const std::wstring& url) {
+    URL_COMPONENTS parts{};
+    parts.dwStructSize = sizeof parts;
+    parts.dwHostNameLength = parts.dwUrlPathLength = parts.dwExtraInfoLength = static_cast<DWORD>(-1);
+    if (http.crackUrl(url.c_str(), 0, 0, &parts) == 0) {
         return std::nullopt;
     }
-    return value;
+    std::wstring resource(parts.lpszUrlPath, parts.dwUrlPathLength);
+    const std::wstring extra(parts.lpszExtraInfo, parts.dwExtraInfoLength);
+    resource += extra.substr(0, extra.find(L'#'));
+    return Address{std::wstring(parts.lpszHostName, parts.dwHostNameLength), resource.empty() ? L"/" : resource,
+                   parts.nPort, parts.nScheme == INTERNET_SCHEME_HTTPS};
 }
 
-std::optional<std::wstring> textHeader(const WinInet& net, HINTERNET request, DWORD header) {
-    std::array<wchar_t, INTERNET_MAX_URL_LENGTH> text{};
+void setNumber(const WinHttp& http, HINTERNET handle, DWORD option, DWORD value) {
+    http.setOption(handle, option, &value, sizeof value);
+}
+
+void setLimits(const WinHttp& http, HINTERNET request) {
+    setNumber(http, request, WINHTTP_OPTION_DISABLE_FEATURE,
+              WINHTTP_DISABLE_REDIRECTS | WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_AUTHENTICATION |
+                  WINHTTP_DISABLE_KEEP_ALIVE);
+    setNumber(http, request, WINHTTP_OPTION_AUTOLOGON_POLICY, WINHTTP_AUTOLOGON_SECURITY_LEVEL_HIGH);
+    setNumber(http, request, WINHTTP_OPTION_MAX_RESPONSE_HEADER_SIZE, kMostHeaderBytes);
+    setNumber(http, request, WINHTTP_OPTION_MAX_HTTP_STATUS_CONTINUE, kMostInterimAnswers);
+}
+
+std::optional<std::wstring> header(const WinHttp& http, HINTERNET request, DWORD name) {
+    std::array<wchar_t, kMostUrlUnits> text{};
     DWORD size = sizeof text;
-    if (net.queryInfo(request, header, text.data(), &size, nullptr) == 0) {
+    if (http.queryHeaders(request, name, WINHTTP_HEADER_NAME_BY_INDEX, text.data(), &size, WINHTTP_NO_HEADER_INDEX) ==
+        0) {
         return std::nullopt;
     }
     return text.data();
 }
 
-// Empty: no redirect.
-std::wstring redirectTarget(const WinInet& net, HINTERNET request, const std::wstring& from) {
-    const auto location = textHeader(net, request, HTTP_QUERY_LOCATION);
-    std::array<wchar_t, INTERNET_MAX_URL_LENGTH> target{};
-    auto size = static_cast<DWORD>(target.size());
-    if (!location || net.combineUrl(from.c_str(), location->c_str(), target.data(), &size, 0) == 0) {
-        return {};
-    }
-    return target.data();
+// Wine does not enforce the option that limits them.
+std::size_t headerBytes(const WinHttp& http, HINTERNET request) {
+    DWORD size = 0;
+    http.queryHeaders(request, WINHTTP_QUERY_RAW_HEADERS_CRLF, WINHTTP_HEADER_NAME_BY_INDEX, nullptr, &size,
+                      WINHTTP_NO_HEADER_INDEX);
+    return size / sizeof(wchar_t);
 }
 
-std::optional<std::string> narrowHeader(const WinInet& net, HINTERNET request, DWORD name) {
-    const auto header = textHeader(net, request, name);
-    if (!header) {
+std::optional<std::string> narrowHeader(const WinHttp& http, HINTERNET request, DWORD name) {
+    const auto wide = header(http, request, name);
+    if (!wide) {
         return std::nullopt;
     }
     std::string text;
-    for (const wchar_t unit : *header) {
+    for (const wchar_t unit : *wide) {
         text.push_back(unit < 0x80 ? static_cast<char>(unit) : '?');
     }
     return text;
 }
 
-std::optional<std::string> readBody(const WinInet& net, HINTERNET request, std::size_t mostBytes,
+// Empty: no redirect.
+std::wstring redirectTarget(const WinHttp& http, HINTERNET request, const std::wstring& from) {
+    const auto location = header(http, request, WINHTTP_QUERY_LOCATION);
+    std::array<wchar_t, kMostUrlUnits> target{};
+    DWORD size = kMostUrlUnits;
+    if (!location || FAILED(http.combineUrl(from.c_str(), location->c_str(), target.data(), &size, 0))) {
+        return {};
+    }
+    return target.data();
+}
+
+std::optional<std::string> readBody(const WinHttp& http, HINTERNET request, std::size_t mostBytes,
                                     std::atomic<unsigned>& signs) {
     std::string body;
     std::vector<char> part(std::size_t{16} * 1024);
     for (;;) {
         DWORD got = 0;
-        if (net.readFile(request, part.data(), static_cast<DWORD>(part.size()), &got) == 0) {
+        if (http.readData(request, part.data(), static_cast<DWORD>(part.size()), &got) == 0) {
             return std::nullopt;
         }
         if (got == 0) {
@@ -96,41 +126,61 @@ std::optional<std::string> readBody(const WinInet& net, HINTERNET request, std::
     }
 }
 
-void setLimits(const WinInet& net, HINTERNET session, const HttpLimits& limits) {
-    for (const DWORD option : {INTERNET_OPTION_CONNECT_TIMEOUT, INTERNET_OPTION_SEND_TIMEOUT,
-                               INTERNET_OPTION_RECEIVE_TIMEOUT, INTERNET_OPTION_DATA_RECEIVE_TIMEOUT}) {
-        setNumber(net, session, option, static_cast<DWORD>(limits.idle.count()));
+// Bodies of errors and redirects are not read: nobody uses them.
+HttpAnswer receive(const WinHttp& http, HINTERNET request, const std::wstring& url, const HttpLimits& limits,
+                   std::atomic<unsigned>& signs) {
+    constexpr int kOk = 200;
+    DWORD status = 0;
+    DWORD size = sizeof status;
+    if (http.queryHeaders(request, WINHTTP_QUERY_STATUS_CODE | WINHTTP_QUERY_FLAG_NUMBER, WINHTTP_HEADER_NAME_BY_INDEX,
+                          &status, &size, WINHTTP_NO_HEADER_INDEX) == 0) {
+        return {};
     }
-    setNumber(net, session, INTERNET_OPTION_CONNECT_RETRIES, 1);
+    if (headerBytes(http, request) > kMostHeaderBytes) {
+        return {};
+    }
+    HttpAnswer answer;
+    if (status == kOk) {
+        auto body = readBody(http, request, limits.bytes, signs);
+        if (!body) {
+            return {};
+        }
+        answer.body = std::move(*body);
+    }
+    answer.status = static_cast<int>(status);
+    answer.location = fromWide(redirectTarget(http, request, url));
+    answer.announcedLength = narrowHeader(http, request, WINHTTP_QUERY_CONTENT_LENGTH);
+    answer.encoding = narrowHeader(http, request, WINHTTP_QUERY_CONTENT_ENCODING).value_or("");
+    return answer;
 }
 
 }  // namespace
 
 HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, std::atomic<unsigned>& signs) {
-    const WinInet net;
-    if (!net.isLoaded()) {
+    const WinHttp http;
+    const auto address = http.isLoaded() ? addressOf(http, url) : std::nullopt;
+    if (!address) {
         return {};
     }
-    const InternetHandle session(net, net.open(L"Halcyon_K7", INTERNET_OPEN_TYPE_PRECONFIG, nullptr, nullptr, 0));
-    if (!session) {
+    const HttpHandle session(http, http.open(L"Halcyon_K7", WINHTTP_ACCESS_TYPE_AUTOMATIC_PROXY, nullptr, nullptr, 0));
+    const int idle = static_cast<int>(limits.idle.count());
+    if (!session || http.setTimeouts(session.get(), idle, idle, idle, idle) == 0) {
         return {};
     }
-    setLimits(net, session.get(), limits);
-    const InternetHandle request(net, net.openUrl(session.get(), url.c_str(), nullptr, 0, kFlags, 0));
+    const HttpHandle connection(http, http.connect(session.get(), address->host.c_str(), address->port, 0));
+    const HttpHandle request(
+        http, connection
+                  ? http.openRequest(connection.get(), L"GET", address->resource.c_str(), nullptr, nullptr, nullptr,
+                                     WINHTTP_FLAG_REFRESH | (address->isSecure ? WINHTTP_FLAG_SECURE : 0))
+                  : nullptr);
+    if (!request) {
+        return {};
+    }
+    setLimits(http, request.get());
+    if (http.sendRequest(request.get(), nullptr, 0, nullptr, 0, 0, 0) == 0 ||
+        http.receiveResponse(request.get(), nullptr) == 0) {
+        return {};
+    }
     ++signs;
-    const auto status = request ? numberHeader(net, request.get(), HTTP_QUERY_STATUS_CODE) : std::nullopt;
-    if (!status) {
-        return {};
-    }
-    HttpAnswer answer;
-    answer.location = fromWide(redirectTarget(net, request.get(), url));
-    answer.announcedLength = narrowHeader(net, request.get(), HTTP_QUERY_CONTENT_LENGTH);
-    answer.encoding = narrowHeader(net, request.get(), HTTP_QUERY_CONTENT_ENCODING).value_or("");
-    auto body = readBody(net, request.get(), limits.bytes, signs);
-    if (!body) {
-        return {};
-    }
-    answer.status = static_cast<int>(*status);
-    answer.body = std::move(*body);
-    return answer;
+    return receive(http, request.get(), url, limits, signs);
 }

@@ -12,7 +12,6 @@
 #include "platform/win32/Handle.h"
 #include "platform/win32/HttpGet.h"
 #include "platform/win32/WideText.h"
-#include "platform/win32/WinInet.h"
 
 namespace {
 
@@ -95,11 +94,4 @@ HttpAnswer Win32HttpClient::get(std::u16string_view url, const HttpLimits& limit
     const bool ended = waitFor(thread.get(), *fetch);
     keepPainted();  // what was typed until now is thrown away too
     return ended ? std::move(fetch->answer) : HttpAnswer{};
-}
-
-void Win32HttpClient::forgetCached(std::u16string_view url) {
-    const WinInet net;
-    if (net.isLoaded()) {
-        net.deleteCacheEntry(toWide(url).c_str());
-    }
 }

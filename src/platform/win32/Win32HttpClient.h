@@ -7,5 +7,4 @@
 class Win32HttpClient : public HttpClient {
 public:
     HttpAnswer get(std::u16string_view url, const HttpLimits& limits) override;
-    void forgetCached(std::u16string_view url) override;
 };

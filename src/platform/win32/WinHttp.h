@@ -1,0 +1,37 @@
+// The system's HTTP client, loaded when first needed so that the program's start does not pay for it.
+#pragma once
+
+#include <windows.h>
+#include <shlwapi.h>
+#include <winhttp.h>
+
+class WinHttp {
+public:
+    WinHttp();
+    ~WinHttp();
+    WinHttp(const WinHttp&) = delete;
+    WinHttp& operator=(const WinHttp&) = delete;
+
+    bool isLoaded() const { return complete_; }
+
+    decltype(&::WinHttpOpen) open = nullptr;
+    decltype(&::WinHttpSetTimeouts) setTimeouts = nullptr;
+    decltype(&::WinHttpCrackUrl) crackUrl = nullptr;
+    decltype(&::WinHttpConnect) connect = nullptr;
+    decltype(&::WinHttpOpenRequest) openRequest = nullptr;
+    decltype(&::WinHttpSetOption) setOption = nullptr;
+    decltype(&::WinHttpSendRequest) sendRequest = nullptr;
+    decltype(&::WinHttpReceiveResponse) receiveResponse = nullptr;
+    decltype(&::WinHttpQueryHeaders) queryHeaders = nullptr;
+    decltype(&::WinHttpReadData) readData = nullptr;
+    decltype(&::WinHttpCloseHandle) closeHandle = nullptr;
+    decltype(&::UrlCombineW) combineUrl = nullptr;
+
+private:
+    template <typename Function>
+    void find(Function& function, HMODULE library, const char* name);
+
+    HMODULE http_;
+    HMODULE shell_;
+    bool complete_;
+};
