@@ -36,7 +36,7 @@ BACKENDS = {
     "platform/win32": ("main",),
 }
 # Headers of libraries that portable code may use.
-LIBRARIES = {"ctl": ("CLI/CLI.hpp", "nlohmann/json.hpp")}
+LIBRARIES = {"ctl": ("CLI/CLI.hpp", "nlohmann/json.hpp"), "sync": ("zlib.h",)}
 MAX_LINES = 400
 
 STANDARD = set("""
