@@ -18,7 +18,7 @@
 #include "platform/posix/PosixProgramFolders.h"
 #include "platform/posix/PosixSingleInstance.h"
 #include "platform/posix/PosixVolumes.h"
-#include "shell/Design.h"
+#include "shell/ProgramFolder.h"
 
 namespace {
 
@@ -36,11 +36,11 @@ int main(int argc, char** argv) {
         return static_cast<int>(endCommandLine(console, *end));
     }
     const auto& options = std::get<Options>(parsed);
+    PosixFiles files;
     PosixProgramFolders folders;
     const std::u16string current = currentFolder();
     const std::u16string folder =
-        options.folder ? folderPath(absolutePath(current, *options.folder), u'/') : programFolder(folders);
-    PosixFiles files;
+        options.folder ? folderPath(absolutePath(current, *options.folder), u'/') : findProgramFolder(folders, files);
     PosixCodePages codePages;
     PosixVolumes volumes;
     PosixSingleInstance singleInstance(folder);

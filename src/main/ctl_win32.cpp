@@ -16,7 +16,7 @@
 #include "platform/win32/Win32ProgramFolders.h"
 #include "platform/win32/Win32SingleInstance.h"
 #include "platform/win32/Win32Volumes.h"
-#include "shell/Design.h"
+#include "shell/ProgramFolder.h"
 #include "storage/text/Utf8.h"
 
 namespace {
@@ -44,11 +44,11 @@ int wmain(int argc, wchar_t** argv) {
         return static_cast<int>(endCommandLine(console, *end));
     }
     const auto& options = std::get<Options>(parsed);
+    Win32Files files;
     Win32ProgramFolders folders;
     const std::u16string current = currentFolder();
     const std::u16string folder =
-        options.folder ? folderPath(absolutePath(current, *options.folder), u'\\') : programFolder(folders);
-    Win32Files files;
+        options.folder ? folderPath(absolutePath(current, *options.folder), u'\\') : findProgramFolder(folders, files);
     Win32CodePages codePages;
     Win32Volumes volumes;
     Win32SingleInstance singleInstance(folder);

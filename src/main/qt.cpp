@@ -7,12 +7,14 @@
 #include <QScopeGuard>
 #include <QTranslator>
 
+#include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixProgramFolders.h"
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/QtSignals.h"
 #include "platform/qt/Units.h"
 #include "shell/Design.h"
 #include "shell/MainForm.h"
+#include "shell/ProgramFolder.h"
 
 namespace {
 
@@ -43,7 +45,8 @@ int main(int argc, char** argv) {
     }
 
     PosixProgramFolders folders;
-    QtBackend backend(design, programFolder(folders));
+    PosixFiles files;
+    QtBackend backend(design, findProgramFolder(folders, files));
     const QtSignals endRequests(backend.window());
     MainForm form(backend.platform());
     const auto widgetsFirst = qScopeGuard([&backend] { backend.window().destroyWidgets(); });

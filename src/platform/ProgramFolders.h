@@ -9,6 +9,8 @@ class ProgramFolders {
 public:
     virtual ~ProgramFolders() = default;
     virtual std::u16string ofExecutable() = 0;
+    // True below the folders where packages and installers put programs.
+    virtual bool isForInstalledPrograms(std::u16string_view folder) = 0;
     // False also if the folder does not exist.
     virtual bool canWrite(std::u16string_view folder) = 0;
     // The sub-folder of that name in the user's application data, created if missing; empty on failure.

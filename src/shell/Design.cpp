@@ -1,14 +1,10 @@
 #include "shell/Design.h"
 
-namespace {
-
-constexpr const char16_t* kProgramName = u"Halcyon_K7";
-
-}  // namespace
+#include "messages/mMsgBox.h"
 
 WindowDesign mainWindowDesign() {
     WindowDesign design;
-    design.caption = kProgramName;
+    design.caption = kProgramTitle;
     design.tabCaptions = {u"DRM List", u"AM List", u"FM List", u"Favourite"};
     design.menuCaptions = {u"Edit(&E)",
                            u"Delete(&D)",
@@ -22,13 +18,4 @@ WindowDesign mainWindowDesign() {
     design.height = 8'100;  // 540 pixels
     design.gridTopInset = 145;
     return design;
-}
-
-std::u16string programFolder(ProgramFolders& folders) {
-    std::u16string own = folders.ofExecutable();
-    if (folders.canWrite(own)) {
-        return own;
-    }
-    const std::u16string users = folders.ofUser(kProgramName);
-    return users.empty() ? own : users;
 }

@@ -1,7 +1,9 @@
 """Starting, running once, and ending."""
 import os
+import pathlib
 import signal
 import subprocess
+import tempfile
 import unittest
 
 import listfiles
@@ -71,6 +73,26 @@ class Start(ProgramCase):
         self.assert_cells(program, listfiles.DRM_CELLS[1:])
         self.assert_closes(program)
         self.assertEqual(program.read("List.ini"), list_ini(listfiles.DRM[1:], listfiles.AM, listfiles.FM))
+
+
+class ProgramFolder(ProgramCase):
+    def test_lists_in_a_folder_that_cannot_be_written_are_copied_to_the_users(self):
+        program = self.program(SAMPLE_LIST, SAMPLE_USER)
+        (program.folder / "stderr.txt").touch()
+        content = sorted(path.name for path in program.folder.iterdir())
+        program.folder.chmod(0o555)
+        self.addCleanup(program.folder.chmod, 0o755)
+        data = pathlib.Path(tempfile.mkdtemp(dir=SESSION.folder))
+        program.start(environment={"XDG_DATA_HOME": str(data)}, wrapper=AS_ANYBODY)
+        program.select_row(1)
+        program.keys("Delete")
+        self.assert_cells(program, listfiles.DRM_CELLS[1:])
+        self.assert_closes(program)
+        self.assertEqual((data / "Halcyon_K7/List.ini").read_bytes(),
+                         list_ini(listfiles.DRM[1:], listfiles.AM, listfiles.FM))
+        self.assertEqual((data / "Halcyon_K7/User.ini").read_bytes(), SAMPLE_USER)
+        self.assertEqual(program.read("List.ini"), SAMPLE_LIST)
+        self.assertEqual(sorted(path.name for path in program.folder.iterdir()), content)
 
 
 class OneInstance(ProgramCase):

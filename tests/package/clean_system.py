@@ -118,11 +118,16 @@ class CleanSystem:
         return f"/root/{path.name}"
 
     def as_user(self, *command):
-        """Starts a command as a user with write access to the home folder only."""
-        environment = {"PATH": "/usr/bin:/bin", "HOME": f"/home/{USER}", "LC_ALL": "C.UTF-8",
+        """The command for a user with write access to the home folder only."""
+        return self.in_session(f"/home/{USER}", f"--userspec={USER}:{USER}", str(self.root), *command)
+
+    def as_administrator(self, home, *command):
+        return self.in_session(home, str(self.root), *command)
+
+    def in_session(self, home, *arguments):
+        environment = {"PATH": "/usr/bin:/bin", "HOME": home, "LC_ALL": "C.UTF-8",
                        "DISPLAY": SESSION.environment["DISPLAY"]}
-        return ["env", "-i", *(f"{name}={value}" for name, value in environment.items()),
-                need("chroot"), f"--userspec={USER}:{USER}", str(self.root), *command]
+        return ["env", "-i", *(f"{name}={value}" for name, value in environment.items()), need("chroot"), *arguments]
 
     def snapshot(self):
         """Every path of the system with its kind, rights and size."""

@@ -71,12 +71,22 @@ class LinuxPackages(unittest.TestCase):
         self.assertEqual(visit.close(), 0)
         self.assertEqual(drm_programmes(files / "List.ini"), (["Synchronized"], True))
 
+    def start_as_administrator(self):
+        """Who could write beside the program, but has lists of their own like every user."""
+        home = self.system.root / "tmp/administrator"
+        home.mkdir()
+        visit = Visit(self.system.as_administrator("/tmp/administrator", self.desktop_entry("Exec")))
+        self.addCleanup(visit.end)
+        self.assertEqual(visit.close(), 0)
+        self.assertEqual(drm_programmes(home / ".local/share/Halcyon_K7/List.ini"), EMPTY)
+
     def test_deb(self):
         self.system.run("dpkg", "--install", self.system.bring(DEB))
         with_it = self.system.snapshot()
         data = self.system.home / ".local/share/Halcyon_K7"
         self.work(self.desktop_entry("Exec"), data, self.system.root / "usr/share/doc/halcyon-k7/examples",
                   window_class=self.desktop_entry("StartupWMClass"))
+        self.start_as_administrator()
         self.assertEqual(self.system.snapshot(), with_it, "the program wrote outside the user's home")
         self.system.run("dpkg", "--purge", "halcyon-k7")
         self.assertEqual(self.system.snapshot(), self.without, "the package left a trace")

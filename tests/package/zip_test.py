@@ -63,16 +63,34 @@ class WindowsZip(unittest.TestCase):
         self.assertEqual(drm_programmes(folder / "List.ini"), (before[1:], True))
         self.assertEqual((folder / "User.ini").read_bytes(), (folder / "samples/User.ini").read_bytes())
 
-    def test_works_in_a_folder_that_cannot_be_written(self):
-        """The lists then stand in the user's application data."""
-        folder = self.unpack(SESSION.folder / "installed")
+    def user_data(self):
+        """The program's folder in the user's application data, which this test has not used yet."""
+        folder = next((windows.PREFIX / "drive_c/users").glob("*/AppData/Roaming")) / "Halcyon_K7"
+        shutil.rmtree(folder, ignore_errors=True)
+        return folder
+
+    def test_keeps_the_lists_of_an_installed_program_in_the_users_folder(self):
+        data = self.user_data()
+        folder = self.unpack(windows.PREFIX / "drive_c/Program Files")
+        content = sorted(folder.iterdir())
+        self.assertEqual(self.visit(folder).close(), 0)
+        self.assertEqual(drm_programmes(data / "List.ini"), EMPTY)
+        self.assertEqual(sorted(folder.iterdir()), content)
+
+    def test_copies_lists_from_a_folder_that_cannot_be_written(self):
+        """To the user's application data, where they are from then on."""
+        data = self.user_data()
+        folder = self.unpack(SESSION.folder / "read-only")
+        for name in ("List.ini", "User.ini"):
+            shutil.copy(folder / "samples" / name, folder / name)
+        before, _ = drm_programmes(folder / "List.ini")
         as_root(["mount", "--bind", folder, folder])
         self.addCleanup(as_root, ["umount", "--lazy", folder])
         as_root(["mount", "-o", "remount,bind,ro", folder])
         self.assertEqual(self.visit(folder).close(), 0)
-        data = next((windows.PREFIX / "drive_c/users").glob("*/AppData/Roaming/Halcyon_K7"))
-        self.assertEqual(drm_programmes(data / "List.ini"), EMPTY)
-        self.assertFalse((folder / "List.ini").exists())
+        self.assertEqual(drm_programmes(data / "List.ini"), (before, True))
+        for name in ("List.ini", "User.ini"):
+            self.assertEqual((folder / name).read_bytes(), (folder / "samples" / name).read_bytes())
 
 
 unittest.main(verbosity=2)

@@ -4,46 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "fakes/Text.h"
 #include "platform/PopupMenu.h"
 #include "shell/Design.h"
-
-namespace {
-
-class FakeFolders : public ProgramFolders {
-public:
-    std::u16string ofExecutable() override { return u"/app/"; }
-    bool canWrite(std::u16string_view folder) override { return folder == u"/app/" && writable; }
-    std::u16string ofUser(std::u16string_view name) override {
-        ++madeForUser;
-        return hasUser ? u"/user/" + std::u16string(name) + u"/" : std::u16string();
-    }
-
-    bool writable = true;
-    bool hasUser = true;
-    int madeForUser = 0;
-};
-
-}  // namespace
-
-TEST(DesignTest, ProgramFolderIsThatOfTheExecutable) {
-    FakeFolders folders;
-    EXPECT_EQ(narrow(programFolder(folders)), "/app/");
-    EXPECT_EQ(folders.madeForUser, 0) << "a folder was made that nobody needs";
-}
-
-TEST(DesignTest, ProgramFolderIsTheUsersWhereThatCannotBeWritten) {
-    FakeFolders folders;
-    folders.writable = false;
-    EXPECT_EQ(narrow(programFolder(folders)), "/user/Halcyon_K7/");
-}
-
-TEST(DesignTest, ProgramFolderStaysThatOfTheExecutableWhenTheUserHasNone) {
-    FakeFolders folders;
-    folders.writable = false;
-    folders.hasUser = false;
-    EXPECT_EQ(narrow(programFolder(folders)), "/app/");
-}
 
 TEST(DesignTest, HoldsTheTextsAndSizesOfTheWindow) {
     const WindowDesign design = mainWindowDesign();

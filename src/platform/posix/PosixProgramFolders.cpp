@@ -34,6 +34,10 @@ std::u16string PosixProgramFolders::ofExecutable() {
     return withSeparator(std::filesystem::read_symlink("/proc/self/exe", error).parent_path());
 }
 
+bool PosixProgramFolders::isForInstalledPrograms(std::u16string_view folder) {
+    return folder.starts_with(u"/usr/") || folder.starts_with(u"/opt/");
+}
+
 bool PosixProgramFolders::canWrite(std::u16string_view folder) {
     return ::access(nativePath(folder).c_str(), W_OK) == 0;
 }

@@ -8,6 +8,38 @@
 #include "platform/win32/Handle.h"
 #include "platform/win32/WideText.h"
 
+namespace {
+
+// Empty when the system has no such folder.
+std::wstring knownFolder(REFKNOWNFOLDERID id, DWORD flags) {
+    wchar_t* path = nullptr;
+    std::wstring folder;
+    if (SUCCEEDED(SHGetKnownFolderPath(id, flags, nullptr, &path))) {
+        folder = std::wstring(path) + L'\\';
+    }
+    CoTaskMemFree(path);
+    return folder;
+}
+
+// A path may hold short names. As it is when the system does not know the long ones.
+std::wstring withLongNames(const std::wstring& path) {
+    std::wstring names(GetLongPathNameW(path.c_str(), nullptr, 0), L'\0');
+    const DWORD length = GetLongPathNameW(path.c_str(), names.data(), static_cast<DWORD>(names.size()));
+    if (length == 0 || length >= names.size()) {
+        return path;
+    }
+    names.resize(length);
+    return names;
+}
+
+bool isBelow(const std::wstring& path, const std::wstring& folder) {
+    const auto length = static_cast<int>(folder.size());
+    return length != 0 && path.size() >= folder.size() &&
+           CompareStringOrdinal(path.c_str(), length, folder.c_str(), length, TRUE) == CSTR_EQUAL;
+}
+
+}  // namespace
+
 std::u16string Win32ProgramFolders::ofExecutable() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
@@ -21,6 +53,12 @@ std::u16string Win32ProgramFolders::ofExecutable() {
     return fromWide(path.substr(0, path.find_last_of(L'\\') + 1));
 }
 
+bool Win32ProgramFolders::isForInstalledPrograms(std::u16string_view folder) {
+    const std::wstring path = withLongNames(toWide(folder));
+    return isBelow(path, knownFolder(FOLDERID_ProgramFiles, 0)) ||
+           isBelow(path, knownFolder(FOLDERID_ProgramFilesX86, 0));
+}
+
 bool Win32ProgramFolders::canWrite(std::u16string_view folder) {
     const std::wstring probe = toWide(folder) + L"Halcyon_K7." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
     const Handle file(CreateFileW(probe.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
@@ -29,14 +67,10 @@ bool Win32ProgramFolders::canWrite(std::u16string_view folder) {
 }
 
 std::u16string Win32ProgramFolders::ofUser(std::u16string_view name) {
-    wchar_t* roaming = nullptr;
-    std::wstring folder;
-    if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_CREATE, nullptr, &roaming))) {
-        folder = std::wstring(roaming) + L'\\' + toWide(name) + L'\\';
-        if (CreateDirectoryW(folder.c_str(), nullptr) == 0 && GetLastError() != ERROR_ALREADY_EXISTS) {
-            folder.clear();
-        }
+    const std::wstring roaming = knownFolder(FOLDERID_RoamingAppData, KF_FLAG_CREATE);
+    const std::wstring folder = roaming + toWide(name) + L'\\';
+    if (roaming.empty() || (CreateDirectoryW(folder.c_str(), nullptr) == 0 && GetLastError() != ERROR_ALREADY_EXISTS)) {
+        return {};
     }
-    CoTaskMemFree(roaming);
     return fromWide(folder);
 }

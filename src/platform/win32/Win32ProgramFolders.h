@@ -6,6 +6,7 @@
 class Win32ProgramFolders : public ProgramFolders {
 public:
     std::u16string ofExecutable() override;
+    bool isForInstalledPrograms(std::u16string_view folder) override;
     bool canWrite(std::u16string_view folder) override;
     std::u16string ofUser(std::u16string_view name) override;
 };

@@ -42,6 +42,15 @@ TEST_F(PosixProgramFoldersTest, TheExecutablesFolderIsThatOfTheTests) {
     EXPECT_EQ(folders.ofExecutable(), own + u"/");
 }
 
+TEST_F(PosixProgramFoldersTest, PackagesInstallBelowUsrAndOpt) {
+    for (const char16_t* installed : {u"/usr/bin/", u"/usr/local/bin/", u"/opt/halcyon/"}) {
+        EXPECT_TRUE(folders.isForInstalledPrograms(installed));
+    }
+    for (const char16_t* portable : {u"/home/usr/", u"/usra/", u"/optional/", u"/home/me/opt/", u"/"}) {
+        EXPECT_FALSE(folders.isForInstalledPrograms(portable));
+    }
+}
+
 TEST_F(PosixProgramFoldersTest, OnlyAFolderThatIsThereCanBeWritten) {
     EXPECT_TRUE(folders.canWrite(folder.at(u"/")));
     EXPECT_FALSE(folders.canWrite(folder.at(u"none/")));

@@ -12,6 +12,23 @@ TEST(ProgramFoldersTest, TheExecutablesFolderHoldsIt) {
     EXPECT_NE(GetFileAttributesW((folder + L"win32_services_test.exe").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
+TEST(ProgramFoldersTest, InstallersUseTheProgramFilesFolders) {
+    Win32ProgramFolders folders;
+    for (const char16_t* installed : {u"C:\\Program Files\\Halcyon_K7\\", u"c:\\PROGRAM FILES\\Halcyon_K7\\",
+                                      u"C:\\Program Files (x86)\\Halcyon_K7\\", u"C:\\Program Files\\"}) {
+        EXPECT_TRUE(folders.isForInstalledPrograms(installed));
+    }
+    for (const char16_t* portable : {u"C:\\Program Filesystem\\", u"C:\\", u"D:\\Program Files\\", u"C:\\users\\"}) {
+        EXPECT_FALSE(folders.isForInstalledPrograms(portable));
+    }
+}
+
+TEST(ProgramFoldersTest, AShortNameIsThatOfItsFolder) {
+    wchar_t name[MAX_PATH] = L"";
+    ASSERT_NE(GetShortPathNameW(L"C:\\Program Files\\", name, MAX_PATH), 0U);
+    EXPECT_TRUE(Win32ProgramFolders().isForInstalledPrograms(fromWide(name)));
+}
+
 TEST(ProgramFoldersTest, OnlyAFolderThatIsThereCanBeWritten) {
     Win32ProgramFolders folders;
     const TemporaryFolder folder;
