@@ -3,7 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "storage/lists/ListFile.h"
+#include "storage/stations/ListColumns.h"
+#include "storage/stations/ReceptionSystem.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ void AddToFavourites::AddSelectedToFavourites() {
 }
 
 bool AddToFavourites::copySelected(ListKind source) {
-    const std::u16string_view type = ListFile::typeOf(source);
+    const std::u16string_view type = ReceptionSystem::typeOf(source);
     const Grid& from = lists_.grid(source);
     Grid& favourites = lists_.grid(ListKind::Favourite);
     for (int row = 1; row <= from.rowCount(); ++row) {
@@ -44,9 +45,9 @@ bool AddToFavourites::copySelected(ListKind source) {
         if (isFull()) {
             return false;
         }
-        std::u16string frequency(from.text(row, 2));
-        frequency += ListFile::unitOf(type);
-        favourites.appendRow({from.text(row, 1), frequency, type});
+        std::u16string frequency(from.text(row, kFrequencyColumn));
+        frequency += ReceptionSystem::unitOf(type);
+        favourites.appendRow({from.text(row, kProgrammeColumn), frequency, type});
     }
     return true;
 }

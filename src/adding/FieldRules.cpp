@@ -26,16 +26,3 @@ std::u16string_view fieldError(const FieldRule& rule, std::u16string_view text) 
     }
     return rangeFault(*rule.frequencyOf, leadingNumber(text));
 }
-
-std::u16string_view bandOfNewRecord(double kHz) {
-    if (kHz >= 150 && kHz <= 288) {
-        return u"LW";
-    }
-    if (kHz >= 522 && kHz < 1710) {
-        return u"MW";
-    }
-    if (kHz >= 1710 && kHz < 30000) {
-        return u"SW";
-    }
-    return {};
-}

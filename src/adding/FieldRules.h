@@ -1,5 +1,4 @@
-// What the fields of the Add List dialog accept, as data. The in-place editor has rules of its own,
-// with other messages and another band rule.
+// What the fields of the Add List dialog accept, as data. The in-place editor has rules and messages of its own.
 #pragma once
 
 #include <optional>
@@ -20,7 +19,3 @@ inline constexpr FieldRule kFmFrequencyRule{u"Frequency: ", ListKind::Fm};
 
 // The message of the first check that fails, without the prefix; empty when the text is valid.
 std::u16string_view fieldError(const FieldRule& rule, std::u16string_view text);
-
-// "LW", "MW", "SW", or empty outside the bands. 1,710 kHz is short wave here and 30,000 kHz has no band:
-// neither the loader nor the in-place editor draws these two lines the same way.
-std::u16string_view bandOfNewRecord(double kHz);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "storage/stations/Bands.h"
 #include "storage/stations/FieldLimits.h"
 #include "storage/text/Numbers.h"
 
@@ -179,7 +180,7 @@ bool addForm::saveAm(const std::u16string& programme, const std::u16string& freq
     if (!isValid(kAmFrequencyRule, frequency)) {
         return false;
     }
-    const std::u16string band(bandOfNewRecord(leadingNumber(frequency)));
+    const std::u16string band(Bands::ofNewRecord(leadingNumber(frequency)));
     lists_.grid(ListKind::Am).appendRow({programme, frequency, band});
     return true;
 }
@@ -188,7 +189,7 @@ bool addForm::saveFm(const std::u16string& programme, const std::u16string& freq
     if (!isValid(kFmFrequencyRule, frequency)) {
         return false;
     }
-    lists_.grid(ListKind::Fm).appendRow({programme, frequency, u"VHF"});
+    lists_.grid(ListKind::Fm).appendRow({programme, frequency, Bands::kVhf});
     return true;
 }
 

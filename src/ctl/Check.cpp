@@ -10,7 +10,7 @@
 #include "ctl/Messages.h"
 #include "ctl/Record.h"
 #include "ctl/Sources.h"
-#include "storage/lists/ListFile.h"
+#include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 #include "storage/text/Utf8.h"
 #include "storage/text/mTextUTF.h"
@@ -79,9 +79,9 @@ private:
         const Grid& grid = lists_.grid(ListKind::Favourite);
         const std::u16string_view system = grid.text(row, kTimeOrSystem);
         std::u16string_view number = grid.text(row, kFrequency);
-        number.remove_suffix(ListFile::kUnitLength);  // the loader always appends it
+        number.remove_suffix(ReceptionSystem::kUnitLength);  // the loader always appends it
         for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
-            if (system == ListFile::typeOf(kind)) {
+            if (system == ReceptionSystem::typeOf(kind)) {
                 checkFrequency(ListKind::Favourite, row, kind, number);
                 return;
             }

@@ -8,7 +8,7 @@
 #include "ctl/CsvWriter.h"
 #include "ctl/Lists.h"
 #include "storage/ini/IniSyntax.h"
-#include "storage/lists/ListFile.h"
+#include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 
 namespace {
@@ -140,7 +140,7 @@ private:
 
     void readFavouriteFrequency(Record& record) {
         for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
-            if (record.system == ListFile::typeOf(kind)) {
+            if (record.system == ReceptionSystem::typeOf(kind)) {
                 readFrequency(kind, record);
                 return;
             }

@@ -5,7 +5,7 @@
 #include "ctl/Messages.h"
 #include "ctl/Record.h"
 #include "storage/lists/ComposedFile.h"
-#include "storage/lists/ListFile.h"
+#include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 
 namespace {
@@ -18,10 +18,11 @@ struct Reception {
 };
 
 Reception receptionOf(std::u16string_view system) {
-    if (system == ListFile::typeOf(ListKind::Drm)) {
+    if (system == ReceptionSystem::typeOf(ListKind::Drm)) {
         return {u"DRM", u"Raw I/Q", u"10000"};
     }
-    return ListFile::isFm(system) ? Reception{u"FM", u"WFM (stereo)", u"160000"} : Reception{u"AM", u"AM", u"10000"};
+    return ReceptionSystem::isFm(system) ? Reception{u"FM", u"WFM (stereo)", u"160000"}
+                                         : Reception{u"AM", u"AM", u"10000"};
 }
 
 std::u16string padded(std::u16string text, std::size_t width, bool toTheRight) {
@@ -67,7 +68,8 @@ std::string gqrxOf(const Lists& lists) {
         const Grid& grid = lists.grid(kind);
         for (int row = 1; row <= grid.rowCount(); ++row) {
             const Record record = recordOf(grid, kind, row);
-            appendBookmark(file.text(), record, kind == ListKind::Favourite ? record.system : ListFile::typeOf(kind));
+            appendBookmark(file.text(), record,
+                           kind == ListKind::Favourite ? record.system : ReceptionSystem::typeOf(kind));
             file.endRecord();
         }
     }

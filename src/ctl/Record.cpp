@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "adding/FieldRules.h"
-#include "storage/lists/ListFile.h"
+#include "storage/stations/Bands.h"
+#include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 #include "sync/ScheduleRecords.h"
 
@@ -20,8 +20,8 @@ std::u16string kilohertz(std::u16string_view megahertz) {
 std::u16string megahertz(std::u16string_view kilohertz) { return shortestDecimal(leadingNumber(kilohertz) / 1000); }
 
 std::u16string favouriteFrequency(std::u16string_view cell, std::u16string_view system) {
-    cell.remove_suffix(std::min(cell.size(), ListFile::kUnitLength));
-    return ListFile::isFm(system) ? kilohertz(cell) : std::u16string(cell);
+    cell.remove_suffix(std::min(cell.size(), ReceptionSystem::kUnitLength));
+    return ReceptionSystem::isFm(system) ? kilohertz(cell) : std::u16string(cell);
 }
 
 }  // namespace
@@ -72,14 +72,15 @@ void appendRecord(Grid& grid, ListKind kind, const Record& record) {
             break;
         }
         case ListKind::Am:
-            grid.appendRow({record.programme, record.frequency, bandOfNewRecord(leadingNumber(record.frequency))});
+            grid.appendRow({record.programme, record.frequency, Bands::ofNewRecord(leadingNumber(record.frequency))});
             break;
         case ListKind::Fm:
-            grid.appendRow({record.programme, megahertz(record.frequency), u"VHF"});
+            grid.appendRow({record.programme, megahertz(record.frequency), Bands::kVhf});
             break;
         case ListKind::Favourite: {
-            std::u16string frequency = ListFile::isFm(record.system) ? megahertz(record.frequency) : record.frequency;
-            frequency += ListFile::unitOf(record.system);
+            std::u16string frequency =
+                ReceptionSystem::isFm(record.system) ? megahertz(record.frequency) : record.frequency;
+            frequency += ReceptionSystem::unitOf(record.system);
             grid.appendRow({record.programme, frequency, record.system});
             break;
         }

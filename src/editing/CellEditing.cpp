@@ -4,13 +4,11 @@
 #include <cmath>
 
 #include "editing/ColumnFinder.h"
-#include "storage/lists/ListFile.h"
 #include "storage/stations/ListColumns.h"
+#include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 
 namespace {
-
-constexpr int kFmTab = static_cast<int>(ListKind::Fm);
 
 // So that the box is as tall as a row: the header counts as one of the rows.
 double rowsPerPage(const GridGeometry& geometry) {
@@ -36,20 +34,23 @@ void CellEditing::startEdit(ListKind kind) {
     findColumn(list.grid);
     edit_.editRow = row;
     edited_ = kind;
-    if (!isEditableColumn(edit_.editColumn)) {
+    const ListColumn* const column = columnAt(list.columns, edit_.editColumn);
+    if (column == nullptr || !column->isEditable) {
         return;
     }
     // Asked for before the box is shown: it may scroll the grid, which ends an edit that is open.
     const GridGeometry geometry = list.view->geometry(row);
-    // The tab control's own top is not added: a fixed inset stands for it.
-    const double top = geometry.top + geometry.rowTop + 145;
+    const double top = geometry.top + geometry.rowTop + kTopInset;
     const double left = tabs_.left() + geometry.left + geometry.rowLeft + edit_.editCellLeft + 50;
-    showEditBox(left, top, edit_.editCellWidth, geometry.height / rowsPerPage(geometry), boxText(kind));
+    if (column->lengthLimit > 0) {
+        box_.setLimit(column->lengthLimit);
+    }
+    showEditBox(left, top, edit_.editCellWidth, geometry.height / rowsPerPage(geometry), boxText(list.grid, *column));
     statusBar_.setMessage(u"Press 'Enter' Key To Save Modify");
 }
 
 void CellEditing::findColumn(const Grid& grid) {
-    if (const auto found = columnAt(columnSpans(grid), edit_.lastMouseX)) {
+    if (const auto found = spanAt(columnSpans(grid), edit_.lastMouseX)) {
         edit_.editColumn = found->column;
         edit_.editCellLeft = found->left;
         edit_.editCellWidth = found->width;
@@ -59,20 +60,15 @@ void CellEditing::findColumn(const Grid& grid) {
     }
 }
 
-std::u16string CellEditing::boxText(ListKind kind) {
-    std::u16string text(lists_.grid(kind).text(edit_.editRow, edit_.editColumn));
-    if (kind == ListKind::Favourite && edit_.editColumn != 1) {
-        text.resize(text.size() - std::min(text.size(), ListFile::kUnitLength));
+std::u16string CellEditing::boxText(const Grid& grid, const ListColumn& column) const {
+    std::u16string text(grid.text(edit_.editRow, edit_.editColumn));
+    if (column.content == CellContent::FrequencyWithUnit) {
+        text.resize(text.size() - std::min(text.size(), ReceptionSystem::kUnitLength));
     }
     return text;
 }
 
 void CellEditing::showEditBox(double left, double top, double width, double height, std::u16string_view text) {
-    if (edit_.editColumn == 1 || edit_.editColumn == 4) {
-        box_.setLimit(10);
-    } else if (edit_.editColumn == 2) {
-        box_.setLimit(tabs_.currentTab() == kFmTab ? 6 : 5);
-    }
     box_.setVisible(true);
     box_.setBounds(left, top, width, height);
     box_.setText(text);
@@ -85,7 +81,7 @@ void CellEditing::commitAndHide() {
         return;
     }
     editing_ = false;
-    // The list of another tab may move as it is shown, before the switch is told: a switch discards.
+    // The list of another tab may move as it is shown, before the switch is reported: a switch discards.
     if (tabs_.currentTab() == static_cast<int>(edited_)) {
         validation_.commitEdit(box_.text());
     }
@@ -112,7 +108,8 @@ void CellEditing::itemClicked() {
 
 void CellEditing::moveColumn(ListKind kind, int step) {
     // The edit that follows finds its column by the standard widths, so the arrows count by them too.
-    if (const auto target = neighbourOf(columnSpans(standardWidths(lists_[kind])), edit_.lastMouseX, step)) {
+    StationList& list = lists_[kind];
+    if (const auto target = neighbourOf(columnSpans(standardWidths(list)), list.columns, edit_.lastMouseX, step)) {
         edit_.lastMouseX = target->left + target->width / 2;
     }
 }

@@ -12,6 +12,10 @@
 
 class CellEditing {
 public:
+    // Twips between the top edge of the window and that of a grid's rows and header. Stands for the top of the tab
+    // control, which is not added.
+    static constexpr double kTopInset = 145;
+
     // Holds references only; the edit state must be the one that the validation reads.
     CellEditing(StationLists lists, TabControl& tabs, EditBox& box, StatusBar& statusBar, FieldValidation& validation,
                 EditState& edit)
@@ -20,7 +24,8 @@ public:
     // Pointer position over a grid in twips; y plays no part.
     void setLastMouseX(double x, double y);
     // Opens the box over the cell of the first selected row that lies under the last pointer position.
-    // Nothing without a selected row, beside the columns, or on column 3. An edit that is open is committed first.
+    // Nothing without a selected row, beside the columns, or on a column that is not editable. An edit that is open is
+    // committed first.
     void startEdit(ListKind kind);
     // Commits and hides; nothing when no edit is open. Hides only, once another tab is shown than that of the edit.
     void enterPressed();
@@ -36,7 +41,7 @@ public:
 
 private:
     void findColumn(const Grid& grid);
-    std::u16string boxText(ListKind kind);
+    std::u16string boxText(const Grid& grid, const ListColumn& column) const;
     void showEditBox(double left, double top, double width, double height, std::u16string_view text);
     void commitAndHide();
 

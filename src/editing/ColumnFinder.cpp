@@ -24,7 +24,7 @@ std::vector<ColumnSpan> columnSpans(const std::vector<double>& widths) {
     return spans;
 }
 
-std::optional<ColumnSpan> columnAt(const std::vector<ColumnSpan>& spans, int x) {
+std::optional<ColumnSpan> spanAt(const std::vector<ColumnSpan>& spans, int x) {
     if (x < 0) {
         return std::nullopt;
     }
@@ -33,10 +33,11 @@ std::optional<ColumnSpan> columnAt(const std::vector<ColumnSpan>& spans, int x) 
     return found == spans.end() ? std::nullopt : std::optional(*found);
 }
 
-std::optional<ColumnSpan> neighbourOf(const std::vector<ColumnSpan>& spans, int x, int step) {
+std::optional<ColumnSpan> neighbourOf(const std::vector<ColumnSpan>& spans, std::span<const ListColumn> columns, int x,
+                                      int step) {
     std::vector<ColumnSpan> editable;
     std::copy_if(spans.begin(), spans.end(), std::back_inserter(editable),
-                 [](const ColumnSpan& span) { return isEditableColumn(span.column); });
+                 [columns](const ColumnSpan& span) { return columnAt(columns, span.column)->isEditable; });
     if (editable.empty()) {
         return std::nullopt;
     }

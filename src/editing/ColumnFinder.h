@@ -1,10 +1,12 @@
-// Which column of a grid lies under a horizontal position, and which columns can be edited.
+// Which column of a grid lies under a horizontal position.
 #pragma once
 
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "platform/Grid.h"
+#include "storage/stations/ListColumns.h"
 
 // Twips from the row's left edge.
 struct ColumnSpan {
@@ -19,11 +21,9 @@ std::vector<ColumnSpan> columnSpans(const std::vector<double>& widths);
 std::vector<ColumnSpan> columnSpans(const Grid& grid);
 
 // The first column whose right edge lies beyond x; nullopt beside the columns.
-std::optional<ColumnSpan> columnAt(const std::vector<ColumnSpan>& spans, int x);
+std::optional<ColumnSpan> spanAt(const std::vector<ColumnSpan>& spans, int x);
 
-// Column 3 follows from the other cells or from where the record came from.
-inline constexpr bool isEditableColumn(int column) { return column >= 1 && column != 3; }
-
-// The next editable column right (step 1) or left (step -1) of x; the outermost one when there is no other.
-// nullopt without an editable column.
-std::optional<ColumnSpan> neighbourOf(const std::vector<ColumnSpan>& spans, int x, int step);
+// The next span of an editable column right (step 1) or left (step -1) of x; the outermost one when there is no other.
+// nullopt without an editable column. One span for each column.
+std::optional<ColumnSpan> neighbourOf(const std::vector<ColumnSpan>& spans, std::span<const ListColumn> columns, int x,
+                                      int step);

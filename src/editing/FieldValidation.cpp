@@ -4,22 +4,13 @@
 #include <optional>
 #include <string>
 
-#include "storage/lists/ListFile.h"
+#include "storage/stations/Bands.h"
 #include "storage/stations/FieldLimits.h"
+#include "storage/stations/ListColumns.h"
+#include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 
 namespace {
-
-constexpr int kFrequency = 2;
-constexpr int kBandOrSystem = 3;
-
-// kHz, of a frequency that the AM list takes. The medium wave keeps 1,710 to itself.
-std::u16string_view bandOf(double frequency) {
-    if (frequency <= 288) {
-        return u"LW";
-    }
-    return frequency <= 1710 ? u"MW" : u"SW";
-}
 
 // The list whose rules hold: for a favourite that of the first system which its System cell names, nullopt when it
 // names none.
@@ -27,9 +18,9 @@ std::optional<ListKind> rulesFor(ListKind kind, const Grid& grid) {
     if (kind != ListKind::Favourite) {
         return kind;
     }
-    const std::u16string_view cell = grid.text(grid.firstSelected(), kBandOrSystem);
+    const std::u16string_view cell = grid.text(grid.firstSelected(), kSystemColumn);
     for (const ListKind system : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
-        if (cell.find(ListFile::typeOf(system)) != cell.npos) {
+        if (cell.find(ReceptionSystem::typeOf(system)) != cell.npos) {
             return system;
         }
     }
@@ -47,7 +38,7 @@ std::u16string_view firstFault(std::u16string_view text, int column, ListKind ru
     if (allowsPoint && std::count(text.begin(), text.end(), u'.') > 1) {
         return kNotANumber;
     }
-    if (column != kFrequency) {
+    if (column != kFrequencyColumn) {
         return {};
     }
     if (text.find_first_not_of(allowsPoint ? u"0123456789." : u"0123456789") != text.npos) {
@@ -80,11 +71,11 @@ void FieldValidation::validate(std::u16string_view text, ListKind kind) {
         return;
     }
     std::u16string stored(text);
-    if (column == kFrequency && kind == ListKind::Favourite) {
-        stored += ListFile::unitOf(ListFile::typeOf(*rules));
+    if (column == kFrequencyColumn && kind == ListKind::Favourite) {
+        stored += ReceptionSystem::unitOf(ReceptionSystem::typeOf(*rules));
     }
     grid.setText(edit_.editRow, column, std::move(stored));
-    if (column == kFrequency && kind == ListKind::Am) {
-        grid.setText(edit_.editRow, kBandOrSystem, std::u16string(bandOf(leadingNumber(text))));
+    if (column == kFrequencyColumn && kind == ListKind::Am) {
+        grid.setText(edit_.editRow, kBandColumn, std::u16string(Bands::ofEditedCell(leadingNumber(text))));
     }
 }

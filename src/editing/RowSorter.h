@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "platform/TextCompare.h"
-
-enum class SortKeyType { Text, Number };
+#include "storage/stations/ListColumns.h"
 
 struct SortRow {
     std::u16string_view text;  // the key of a text sort; must outlive the sort

@@ -9,34 +9,7 @@
 
 namespace {
 
-constexpr std::size_t kScratchColumns = 4;
-constexpr double kScratchWidth = 1440;
-
-struct SortableColumn {
-    ListKind kind;
-    std::u16string_view key;
-    int column;  // 1-based
-    SortKeyType type;
-};
-
-// Favourites mix kHz and MHz, so their frequencies sort as texts.
-constexpr std::array<SortableColumn, 13> kSortableColumns = {{
-    {ListKind::Drm, u"PROG", 1, SortKeyType::Text},
-    {ListKind::Drm, u"FREQ", 2, SortKeyType::Number},
-    {ListKind::Drm, u"TIME", 3, SortKeyType::Text},
-    {ListKind::Drm, u"TARG", 4, SortKeyType::Text},
-    {ListKind::Am, u"PROG", 1, SortKeyType::Text},
-    {ListKind::Am, u"FREQ", 2, SortKeyType::Number},
-    {ListKind::Am, u"BAND", 3, SortKeyType::Text},
-    {ListKind::Fm, u"PROG", 1, SortKeyType::Text},
-    {ListKind::Fm, u"FREQ", 2, SortKeyType::Number},
-    {ListKind::Fm, u"BAND", 3, SortKeyType::Text},
-    {ListKind::Favourite, u"PROG", 1, SortKeyType::Text},
-    {ListKind::Favourite, u"FREQ", 2, SortKeyType::Text},
-    {ListKind::Favourite, u"SYST", 3, SortKeyType::Text},
-}};
-
-int columnCountOf(ListKind kind) { return kind == ListKind::Drm ? 4 : 3; }
+constexpr double kScratchWidth = 1440;  // twips
 
 std::vector<SortRow> keysOf(const Grid& grid, int column, SortKeyType type) {
     std::vector<SortRow> rows;
@@ -53,17 +26,16 @@ std::vector<SortRow> keysOf(const Grid& grid, int column, SortKeyType type) {
 void SortListview::headerClicked(StationList& list, std::u16string_view key) {
     Direction& direction = directions_[static_cast<std::size_t>(list.kind)];
     direction = direction == Direction::Ascending ? Direction::Descending : Direction::Ascending;
-    const auto* const column = std::find_if(
-        kSortableColumns.begin(), kSortableColumns.end(),
-        [&](const SortableColumn& candidate) { return candidate.kind == list.kind && candidate.key == key; });
-    if (column != kSortableColumns.end() && list.grid.rowCount() > 0) {
-        sort(list, column->column, column->type, direction);
+    const auto column = std::find_if(list.columns.begin(), list.columns.end(),
+                                     [key](const ListColumn& candidate) { return candidate.headerKey == key; });
+    if (column != list.columns.end() && list.grid.rowCount() > 0) {
+        sort(list, static_cast<int>(column - list.columns.begin()) + 1, column->sortedAs, direction);
     }
 }
 
 void SortListview::sort(StationList& list, int column, SortKeyType type, Direction direction) {
-    const int columnCount = columnCountOf(list.kind);
-    fillScratch(list.grid);
+    const int columnCount = static_cast<int>(list.columns.size());
+    fillScratch(list.grid, columnCount);
     // Once, so that no text is read and no number parsed again at each comparison.
     std::vector<SortRow> rows = keysOf(tmpLV_, column, type);
     sorter_.sort(rows, type);
@@ -82,13 +54,18 @@ void SortListview::sort(StationList& list, int column, SortKeyType type, Directi
     tmpLV_.clear();
 }
 
-void SortListview::fillScratch(const Grid& grid) {
-    while (tmpLV_.columns().size() < kScratchColumns) {
+void SortListview::fillScratch(const Grid& grid, int columnCount) {
+    while (static_cast<int>(tmpLV_.columns().size()) < columnCount) {
         tmpLV_.addColumn({}, {}, kScratchWidth);
     }
     tmpLV_.clear();
+    std::vector<std::u16string_view> cells(static_cast<std::size_t>(columnCount));
     for (int row = 1; row <= grid.rowCount(); ++row) {
-        tmpLV_.appendRow({grid.text(row, 1), grid.text(row, 2), grid.text(row, 3), grid.text(row, 4)});
+        int column = 0;
+        for (std::u16string_view& cell : cells) {
+            cell = grid.text(row, ++column);
+        }
+        tmpLV_.appendRow(cells);
     }
 }
 

@@ -21,7 +21,7 @@ private:
     enum class Direction { Ascending, Descending };
 
     void sort(StationList& list, int column, SortKeyType type, Direction direction);
-    void fillScratch(const Grid& grid);
+    void fillScratch(const Grid& grid, int columnCount);
     void copyBack(Grid& grid, int target, const SortRow& source, int columnCount);
 
     std::array<Direction, kListCount> directions_{};  // one for all columns of a list, never reset

@@ -4,16 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "storage/text/Numbers.h"
+
 namespace {
 
-constexpr std::array<std::u16string_view, 4> kLabels = {u"Total Number Of DRM List: ", u"Total Number Of AM List: ",
-                                                        u"Total Number Of FM List: ",
-                                                        u"Total Number Of Favourite List: "};
-
-std::u16string decimal(int value) {
-    const std::string digits = std::to_string(value);
-    return {digits.begin(), digits.end()};
-}
+constexpr std::array<std::u16string_view, kListCount> kLabels = {
+    u"Total Number Of DRM List: ", u"Total Number Of AM List: ", u"Total Number Of FM List: ",
+    u"Total Number Of Favourite List: "};
 
 }  // namespace
 

@@ -6,10 +6,11 @@
 #include "platform/Grid.h"
 #include "platform/StatusBar.h"
 #include "platform/TabControl.h"
+#include "storage/stations/ListKind.h"
 
 class Totals {
 public:
-    Totals(TabControl& tabs, StatusBar& statusBar, std::array<Grid*, 4> grids)
+    Totals(TabControl& tabs, StatusBar& statusBar, std::array<Grid*, kListCount> grids)
         : tabs_(tabs), statusBar_(statusBar), grids_(grids) {}
 
     // The total of the tab that the tab control shows now; nothing when it shows none of the four.
@@ -20,5 +21,5 @@ public:
 private:
     TabControl& tabs_;
     StatusBar& statusBar_;
-    std::array<Grid*, 4> grids_;
+    std::array<Grid*, kListCount> grids_;
 };

@@ -7,9 +7,8 @@
 #include <string_view>
 
 #include "platform/MessageBox.h"
+#include "platform/ProgramTitle.h"
 #include "platform/WindowHook.h"
-
-inline constexpr std::u16string_view kProgramTitle = u"Halcyon_K7";
 
 // The caption table: the new caption of a button, nullopt when the caption stays.
 std::optional<std::u16string> englishCaption(std::u16string_view caption);

@@ -4,6 +4,7 @@
 
 #include <initializer_list>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,8 +34,11 @@ public:
     // Before many rows are appended: how many there will be, and a text that most of their cells are parts of. The grid
     // keeps the text instead of copying these parts.
     virtual void expectRows(int count, std::shared_ptr<const std::u16string> text) = 0;
-    // Appends one row; missing trailing cells are empty.
-    virtual void appendRow(std::initializer_list<std::u16string_view> cells) = 0;
+    // Appends one row; missing trailing cells are empty, and cells beyond those that a row can hold are dropped.
+    virtual void appendRow(std::span<const std::u16string_view> cells) = 0;
+    void appendRow(std::initializer_list<std::u16string_view> cells) {
+        appendRow(std::span(cells.begin(), cells.size()));
+    }
     virtual void removeSelectedRows() = 0;
     virtual void clear() = 0;
 

@@ -4,12 +4,15 @@
 #include <array>
 #include <string>
 
+#include "platform/PopupMenu.h"
+#include "platform/TabControl.h"
+
 // Texts and sizes from which a backend builds the window. Lengths are in twips.
 struct WindowDesign {
     std::u16string caption;
-    std::array<std::u16string, 4> tabCaptions;
-    std::array<std::u16string, 8> menuCaptions;  // by MenuItem; "(&E)" marks the mnemonic
-    double width = 0;                            // client area at 100 %
+    std::array<std::u16string, kTabCount> tabCaptions;
+    std::array<std::u16string, kMenuItemCount> menuCaptions;  // by MenuItem; "(&E)" marks the mnemonic
+    double width = 0;                                         // client area at 100 %
     double height = 0;
     double gridTopInset = 0;  // SSTab1's top edge plus the grid's border is this far below the client area's top
 };

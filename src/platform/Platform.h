@@ -4,8 +4,9 @@
 #include <array>
 #include <string>
 
+#include "platform/TabControl.h"
+
 class GridView;
-class TabControl;
 class EditBox;
 class StatusBar;
 class PopupMenu;
@@ -23,7 +24,7 @@ class Clock;
 
 // The references outlive the main window.
 struct Platform {
-    std::array<GridView*, 4> gridViews;  // by tab
+    std::array<GridView*, kTabCount> gridViews;  // by tab
     TabControl& tabs;
     EditBox& editBox;
     StatusBar& statusBar;

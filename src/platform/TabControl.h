@@ -4,6 +4,8 @@
 // The next tab (step 1) or the previous one (step -1), cyclic. Tabs are 0-based.
 constexpr int neighbourTab(int tab, int step, int count) { return (tab + step + count) % count; }
 
+inline constexpr int kTabCount = 4;  // one for each list
+
 class TabListener {
 public:
     virtual ~TabListener() = default;

@@ -1,6 +1,7 @@
 #include "shell/Design.h"
 
-#include "messages/mMsgBox.h"
+#include "editing/CellEditing.h"
+#include "platform/ProgramTitle.h"
 
 WindowDesign mainWindowDesign() {
     WindowDesign design;
@@ -16,6 +17,6 @@ WindowDesign mainWindowDesign() {
                            u"Delete All Record"};
     design.width = 11'400;  // 760 pixels at 96 to the inch
     design.height = 8'100;  // 540 pixels
-    design.gridTopInset = 145;
+    design.gridTopInset = CellEditing::kTopInset;
     return design;
 }

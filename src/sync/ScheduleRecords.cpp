@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "storage/stations/ListColumns.h"
 #include "storage/text/Numbers.h"
 
 namespace {
@@ -55,7 +56,8 @@ std::u16string recordKey(std::u16string_view frequency, std::u16string_view span
 
 bool isListed(const Grid& drmLV, std::u16string_view key, int rowCount) {
     for (int row = 1; row <= rowCount; ++row) {
-        if (recordKey(drmLV.text(row, 2), drmLV.text(row, 3), drmLV.text(row, 4)) == key) {
+        if (recordKey(drmLV.text(row, kFrequencyColumn), drmLV.text(row, kTimeColumn),
+                      drmLV.text(row, kTargetColumn)) == key) {
             return true;
         }
     }

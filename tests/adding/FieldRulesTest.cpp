@@ -86,13 +86,4 @@ TEST(FieldRulesTestPrefixes, StandInFrontOfTheFieldsMessages) {
     }
 }
 
-TEST(FieldRulesTestBand, HasBoundsOfItsOwn) {
-    const std::vector<std::pair<double, std::string>> expected = {
-        {149, ""},    {150, "LW"},  {288, "LW"},  {289, ""},     {521, ""},   {522, "MW"},
-        {1709, "MW"}, {1710, "SW"}, {1711, "SW"}, {29999, "SW"}, {30000, ""}, {30001, ""}};
-    for (const auto& [frequency, band] : expected) {
-        EXPECT_EQ(narrow(bandOfNewRecord(frequency)), band) << frequency;
-    }
-}
-
 }  // namespace

@@ -37,6 +37,9 @@ BACKENDS = {
 }
 # Headers of libraries that portable code may use.
 LIBRARIES = {"ctl": ("CLI/CLI.hpp", "nlohmann/json.hpp"), "sync": ("zlib.h",)}
+# What the user does to the lists knows no file format.
+FORMATS = ("storage/ini", "storage/lists")
+WITHOUT_FORMATS = ("editing", "adding", "sync")
 MAX_LINES = 400
 
 STANDARD = set("""
@@ -137,6 +140,8 @@ class Checker:
             return
         if FOLDERS.index(folder) > FOLDERS.index(source.folder):
             self.fail(source, line, "order", f"{source.folder} comes before {folder}")
+        elif folder in FORMATS and source.folder in WITHOUT_FORMATS:
+            self.fail(source, line, "format", f"{source.folder} may not know {folder}")
         elif source.folder not in BACKENDS.get(folder, (source.folder,)):
             self.fail(source, line, "backend", f"{source.folder} may not know {folder}")
 

@@ -108,6 +108,15 @@ class IncludeRules(unittest.TestCase):
             with self.subTest(early=early, late=late):
                 self.assert_broken({f"{early}/Bad.cpp": f'#include "{late}"\n'}, f"{early}/Bad.cpp:1: order: {early} comes")
 
+    def test_editing_adding_and_sync_know_no_file_format(self):
+        for folder in ("editing", "adding", "sync"):
+            for header in ("storage/ini/Ini.h", "storage/lists/List.h"):
+                with self.subTest(folder=folder, header=header):
+                    self.assert_broken({header: "#pragma once\n", f"{folder}/Bad.cpp": f'#include "{header}"\n'},
+                                       f"{folder}/Bad.cpp:1: format: {folder} may not know ")
+        self.assertEqual(self.run_on({"storage/lists/List.h": "#pragma once\n",
+                                      "receiver/Good.cpp": '#include "storage/lists/List.h"\n'})[0], 0)
+
     def test_a_backend_does_not_know_another(self):
         for header in ("platform/qt/QtGrid.h", "platform/posix/PosixFiles.h"):
             with self.subTest(header):

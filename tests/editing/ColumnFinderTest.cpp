@@ -16,12 +16,12 @@ RowStore gridOf(const std::vector<double>& widths) {
 }
 
 int columnAtX(const Grid& grid, int x) {
-    const auto found = columnAt(columnSpans(grid), x);
+    const auto found = spanAt(columnSpans(grid), x);
     return found ? found->column : -1;
 }
 
 int neighbourColumn(const Grid& grid, int x, int step) {
-    const auto found = neighbourOf(columnSpans(grid), x, step);
+    const auto found = neighbourOf(columnSpans(grid), columnsOf(ListKind::Drm).first(grid.columns().size()), x, step);
     return found ? found->column : -1;
 }
 
@@ -62,15 +62,6 @@ TEST(ColumnFinderTest, FindsNothingInAGridWithoutColumns) {
     EXPECT_EQ(-1, columnAtX(grid, 0));
     EXPECT_EQ(-1, neighbourColumn(grid, 0, 1));
     EXPECT_EQ(-1, neighbourColumn(grid, 0, -1));
-}
-
-TEST(ColumnFinderTest, KnowsTheEditableColumns) {
-    EXPECT_FALSE(isEditableColumn(-1));
-    EXPECT_FALSE(isEditableColumn(0));
-    EXPECT_TRUE(isEditableColumn(1));
-    EXPECT_TRUE(isEditableColumn(2));
-    EXPECT_FALSE(isEditableColumn(3));
-    EXPECT_TRUE(isEditableColumn(4));
 }
 
 TEST(ColumnFinderTest, StepsOverColumnThree) {

@@ -31,6 +31,6 @@ private:
     void tabShown();
 
     QTabWidget* tabs_;
-    std::array<std::unique_ptr<QtGridView>, 4> grids_;
+    std::array<std::unique_ptr<QtGridView>, kTabCount> grids_;
     TabListener* listener_ = nullptr;
 };

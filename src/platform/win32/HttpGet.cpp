@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ProgramTitle.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/WinHttp.h"
 
@@ -162,7 +163,8 @@ HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, std::atomi
     if (!address) {
         return {};
     }
-    const HttpHandle session(http, http.open(L"Halcyon_K7", WINHTTP_ACCESS_TYPE_AUTOMATIC_PROXY, nullptr, nullptr, 0));
+    const HttpHandle session(
+        http, http.open(toWide(kProgramTitle).c_str(), WINHTTP_ACCESS_TYPE_AUTOMATIC_PROXY, nullptr, nullptr, 0));
     const int idle = static_cast<int>(limits.idle.count());
     if (!session || http.setTimeouts(session.get(), idle, idle, idle, idle) == 0) {
         return {};

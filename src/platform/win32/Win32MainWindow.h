@@ -51,7 +51,7 @@ private:
 
     static constexpr UINT_PTR kClockTimer = 1;
 
-    std::array<Win32GridView, 4> grids_;  // by tab
+    std::array<Win32GridView, kTabCount> grids_;  // by tab
     Win32TabControl tabs_;
     Win32EditBox editBox_;
     Win32StatusBar statusBar_;

@@ -37,7 +37,7 @@ void Win32MainWindow::createFrame(const WindowDesign& design) {
 
 void Win32MainWindow::createControls(const WindowDesign& design) {
     tabs_.createWindow(window_, design.tabCaptions);
-    std::array<HWND, 4> pages{};
+    std::array<HWND, kTabCount> pages{};
     for (std::size_t i = 0; i < grids_.size(); ++i) {
         grids_[i].createWindow(window_, tabs_.window(), design.tabCaptions[i]);
         pages[i] = grids_[i].window();

@@ -16,8 +16,8 @@ Win32PopupMenu::~Win32PopupMenu() {
     }
 }
 
-void Win32PopupMenu::create(HWND owner, const std::array<std::u16string, 8>& captions,
-                            const std::array<HWND, 4>& grids) {
+void Win32PopupMenu::create(HWND owner, const std::array<std::u16string, kMenuItemCount>& captions,
+                            const std::array<HWND, kTabCount>& grids) {
     owner_ = owner;
     grids_ = grids;
     menu_ = CreatePopupMenu();

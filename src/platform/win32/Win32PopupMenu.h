@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/PopupMenu.h"
+#include "platform/TabControl.h"
 
 class Win32PopupMenu : public PopupMenu {
 public:
@@ -15,7 +16,8 @@ public:
     Win32PopupMenu(const Win32PopupMenu&) = delete;
     Win32PopupMenu& operator=(const Win32PopupMenu&) = delete;
 
-    void create(HWND owner, const std::array<std::u16string, 8>& captions, const std::array<HWND, 4>& grids);
+    void create(HWND owner, const std::array<std::u16string, kMenuItemCount>& captions,
+                const std::array<HWND, kTabCount>& grids);
 
     void setListener(MenuListener& listener) override { listener_ = &listener; }
     void setEnabled(MenuItem item, bool enabled) override;
@@ -24,6 +26,6 @@ public:
 private:
     HMENU menu_ = nullptr;
     HWND owner_ = nullptr;
-    std::array<HWND, 4> grids_{};
+    std::array<HWND, kTabCount> grids_{};
     MenuListener* listener_ = nullptr;
 };

@@ -5,7 +5,7 @@
 #include "platform/win32/Scale.h"
 #include "platform/win32/WideText.h"
 
-void Win32TabControl::createWindow(HWND parent, const std::array<std::u16string, 4>& captions) {
+void Win32TabControl::createWindow(HWND parent, const std::array<std::u16string, kTabCount>& captions) {
     // A click must not move the focus: the edit box would take its loss for a commit.
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | TCS_FOCUSNEVER;
     window_ = CreateWindowExW(0, WC_TABCONTROLW, L"SSTab1", style, 0, 0, 0, 0, parent, nullptr,

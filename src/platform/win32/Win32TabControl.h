@@ -11,8 +11,8 @@
 
 class Win32TabControl : public TabControl {
 public:
-    void createWindow(HWND parent, const std::array<std::u16string, 4>& captions);
-    void setPages(const std::array<HWND, 4>& pages) { pages_ = pages; }
+    void createWindow(HWND parent, const std::array<std::u16string, kTabCount>& captions);
+    void setPages(const std::array<HWND, kTabCount>& pages) { pages_ = pages; }
     HWND window() const { return window_; }
     HWND currentPage() const;
     // Within the parent's client area.
@@ -32,6 +32,6 @@ private:
 
     HWND window_ = nullptr;
     Subclass subclass_;
-    std::array<HWND, 4> pages_{};
+    std::array<HWND, kTabCount> pages_{};
     TabListener* listener_ = nullptr;
 };

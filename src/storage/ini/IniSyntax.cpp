@@ -7,10 +7,10 @@
 namespace {
 
 std::u16string_view trimmed(std::u16string_view text) {
-    while (!text.empty() && isIniBlank(text.front())) {
+    while (!text.empty() && isBlank(text.front())) {
         text.remove_prefix(1);
     }
-    while (!text.empty() && isIniBlank(text.back())) {
+    while (!text.empty() && isBlank(text.back())) {
         text.remove_suffix(1);
     }
     return text;
@@ -32,7 +32,7 @@ IniLine parseIniLine(std::u16string_view line, std::size_t equals) {
 }
 
 IniLine parseIniLine(std::u16string_view line) {
-    while (!line.empty() && isIniBlank(line.front())) {
+    while (!line.empty() && isBlank(line.front())) {
         line.remove_prefix(1);
     }
     return line.empty() ? IniLine() : parseIniLine(line, line.find(u'='));

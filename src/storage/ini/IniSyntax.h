@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "storage/text/Numbers.h"
 #include "storage/text/UnitFinder.h"
 
 inline constexpr std::size_t kIniValueUnits = 254;  // a buffer of 255 UTF-16 units with its NUL
@@ -18,8 +19,6 @@ struct IniLine {
     std::u16string_view name;   // of the section or the key, without the blanks around it
     std::u16string_view value;  // of a key, as it stands behind the "="
 };
-
-inline bool isIniBlank(char16_t c) { return c == u' ' || c == u'\t'; }
 
 // `line` without its line end.
 IniLine parseIniLine(std::u16string_view line);
@@ -49,7 +48,7 @@ public:
             equals = text_[end] == u'=' ? std::min(equals, end) : equals;
         }
         const std::u16string_view units = text_.substr(start_, end - start_);
-        line = units.empty() || isIniBlank(units.front()) ? parseIniLine(units) : parseIniLine(units, equals - start_);
+        line = units.empty() || isBlank(units.front()) ? parseIniLine(units) : parseIniLine(units, equals - start_);
         start_ = end + 1;
         if (start_ < text_.size() && text_[end] == u'\r' && text_[start_] == u'\n') {
             start_ = marks_.next() + 1;

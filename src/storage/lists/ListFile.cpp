@@ -9,14 +9,13 @@ namespace {
 struct ListNames {
     std::u16string_view countKey;
     std::u16string_view sectionPrefix;
-    std::u16string_view type;
 };
 
 const ListNames& namesOf(ListKind kind) {
-    static constexpr std::array<ListNames, kListCount> kNames = {{{u"drmnumber", u"DRMSchedule", u"DRM"},
-                                                                  {u"amnumber", u"AMSchedule", u"AM"},
-                                                                  {u"fmnumber", u"FMSchedule", u"FM"},
-                                                                  {u"favnumber", u"FAVSchedule", u""}}};
+    static constexpr std::array<ListNames, kListCount> kNames = {{{u"drmnumber", u"DRMSchedule"},
+                                                                  {u"amnumber", u"AMSchedule"},
+                                                                  {u"fmnumber", u"FMSchedule"},
+                                                                  {u"favnumber", u"FAVSchedule"}}};
     return kNames[static_cast<std::size_t>(kind)];
 }
 
@@ -25,10 +24,6 @@ const ListNames& namesOf(ListKind kind) {
 std::u16string_view ListFile::countKey(ListKind kind) { return namesOf(kind).countKey; }
 
 std::u16string_view ListFile::sectionPrefix(ListKind kind) { return namesOf(kind).sectionPrefix; }
-
-std::u16string_view ListFile::typeOf(ListKind kind) { return namesOf(kind).type; }
-
-bool ListFile::isFm(std::u16string_view type) { return type.find(u"FM") != type.npos; }
 
 RecordSection::RecordSection(ListKind kind)
     : name_(ListFile::sectionPrefix(kind)), prefixLength_(ListFile::sectionPrefix(kind).size()) {}

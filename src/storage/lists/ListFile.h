@@ -1,4 +1,5 @@
-// The two list files, their sections and keys, as the receiver spells them.
+// The two list files, their sections and keys, as the receiver spells them; the keys of the records stand in the table
+// of columns.
 #pragma once
 
 #include <cstddef>
@@ -18,31 +19,16 @@ inline constexpr std::u16string_view kVersion = u"Version";
 inline constexpr std::u16string_view kLast = u"LAST";
 inline constexpr std::u16string_view kEnd = u"kvt update end";  // the receiver stops reading here
 
-inline constexpr std::u16string_view kProgramme = u"Programme";
-inline constexpr std::u16string_view kFrequency = u"Frequency";  // kHz in every list
-inline constexpr std::u16string_view kTime = u"StartStopTimeUTC";
-inline constexpr std::u16string_view kTarget = u"Target";
-inline constexpr std::u16string_view kType = u"TYPE";
-inline constexpr std::u16string_view kUserDef = u"UserDef";
+inline constexpr std::u16string_view kUserDef = u"UserDef";  // the last key of every record
 
 inline constexpr std::u16string_view kMajor = u"major";
+inline constexpr std::u16string_view kType = u"TYPE";
 inline constexpr std::u16string_view kStation = u"Station";
 inline constexpr std::u16string_view kName = u"name";
 inline constexpr std::u16string_view kIndex = u"Index";
 
-// Units behind a favourite's frequency.
-inline constexpr std::u16string_view kKilohertz = u"  kHz";
-inline constexpr std::u16string_view kMegahertz = u"  MHz";
-inline constexpr std::size_t kUnitLength = kKilohertz.size();
-static_assert(kMegahertz.size() == kUnitLength);
-
 std::u16string_view countKey(ListKind kind);       // in kTotal
 std::u16string_view sectionPrefix(ListKind kind);  // followed by the 0-based number of the record
-// The type of a favourite that is copied from the list; empty for the Favourite list.
-std::u16string_view typeOf(ListKind kind);
-// Such a favourite's frequency is in MHz, any other in kHz.
-bool isFm(std::u16string_view type);
-inline std::u16string_view unitOf(std::u16string_view type) { return isFm(type) ? kMegahertz : kKilohertz; }
 }  // namespace ListFile
 
 // The names of a list's record sections, one after the other, in one buffer.

@@ -1,13 +1,16 @@
 #include "storage/lists/ListLoader.h"
 
 #include <array>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "storage/lists/ListFile.h"
+#include "storage/stations/Bands.h"
 #include "storage/stations/ListColumns.h"
+#include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 #include "storage/text/mTextUTF.h"
 
@@ -16,61 +19,66 @@ namespace {
 constexpr unsigned bitOf(ListKind kind) { return 1U << static_cast<unsigned>(kind); }
 constexpr unsigned kListFileKinds = bitOf(ListKind::Drm) | bitOf(ListKind::Am) | bitOf(ListKind::Fm);
 
-// The band of a loaded record. The edit box and the Add List dialog have slightly different bounds; all are meant.
-std::u16string_view bandOf(double kHz) {
-    if (kHz <= 288) {
-        return u"LW";
-    }
-    if (kHz >= 522 && kHz < 1710) {
-        return u"MW";
-    }
-    return kHz >= 1710 ? u"SW" : u"";
-}
-
 int countOf(IniReader& profile, ListKind kind) {
     return roundToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind)))).value_or(0);
 }
 
-// The keys of a list's records that are read, in the order of Record's values.
-std::span<const std::u16string_view> keysOf(ListKind kind) {
-    static constexpr std::array kDrm = {ListFile::kProgramme, ListFile::kFrequency, ListFile::kTime, ListFile::kTarget};
-    static constexpr std::array kFavourite = {ListFile::kProgramme, ListFile::kFrequency, ListFile::kType};
-    switch (kind) {
-        case ListKind::Drm:
-            return kDrm;
-        case ListKind::Favourite:
-            return kFavourite;
-        default:
-            return std::span(kDrm).first(2);
-    }
-}
-
-struct Record {
-    std::array<std::u16string_view, 4> values;
-
-    double kilohertz() const { return leadingNumber(values[1]); }
-    double megahertz() const { return kilohertz() / 1000; }
-};
-
-void appendRecord(Grid& grid, ListKind kind, const Record& record) {
-    const auto& [programme, frequency, third, fourth] = record.values;
-    switch (kind) {
-        case ListKind::Drm:
-            grid.appendRow({programme, frequency, third, fourth});
-            break;
-        case ListKind::Am:
-            grid.appendRow({programme, frequency, bandOf(record.kilohertz())});
-            break;
-        case ListKind::Fm:
-            grid.appendRow({programme, shortestDecimal(record.megahertz()), u"VHF"});
-            break;
-        case ListKind::Favourite: {
-            std::u16string number = shortestDecimal(ListFile::isFm(third) ? record.megahertz() : record.kilohertz());
-            number += ListFile::unitOf(third);
-            grid.appendRow({programme, number, third});
-            break;
+// The stored values of a list's records, one record after the other.
+class Record {
+public:
+    explicit Record(std::span<const ListColumn> columns) {
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if (columns[i].storedPlace != 0) {
+                columns_[stored_] = i;
+                keys_[stored_++] = columns[i].storedKey;
+            }
         }
     }
+    void read(IniReader& profile, std::u16string_view section) {
+        std::array<std::u16string_view, kMaxColumns> values;
+        profile.get(section, std::span<const std::u16string_view>(keys_).first(stored_), values);
+        for (std::size_t i = 0; i < stored_; ++i) {
+            values_[columns_[i]] = PtrToStrW(values[i]);
+        }
+    }
+    std::u16string_view value(int column) const { return values_[static_cast<std::size_t>(column - 1)]; }
+    double kilohertz() const { return leadingNumber(value(kFrequencyColumn)); }
+    double megahertz() const { return kilohertz() / 1000; }
+
+private:
+    std::size_t stored_ = 0;
+    std::array<std::u16string_view, kMaxColumns> keys_;
+    std::array<std::size_t, kMaxColumns> columns_{};       // of the keys, 0-based
+    std::array<std::u16string_view, kMaxColumns> values_;  // by column
+};
+
+// `made` holds the text of a cell that the file does not hold as it is.
+std::u16string_view cellText(CellContent content, int column, const Record& record, std::u16string& made) {
+    switch (content) {
+        case CellContent::StoredText:
+            break;
+        case CellContent::Megahertz:
+            return made = shortestDecimal(record.megahertz());
+        case CellContent::FrequencyWithUnit: {
+            const std::u16string_view type = record.value(kSystemColumn);
+            made = shortestDecimal(ReceptionSystem::isFm(type) ? record.megahertz() : record.kilohertz());
+            return made += ReceptionSystem::unitOf(type);
+        }
+        case CellContent::AmBand:
+            return Bands::ofLoadedRecord(record.kilohertz());
+        case CellContent::FmBand:
+            return Bands::kVhf;
+    }
+    return record.value(column);
+}
+
+void appendRecord(const StationList& list, const Record& record) {
+    std::array<std::u16string, kMaxColumns> made;
+    std::array<std::u16string_view, kMaxColumns> cells;
+    for (std::size_t i = 0; i < list.columns.size(); ++i) {
+        cells[i] = cellText(list.columns[i].content, static_cast<int>(i) + 1, record, made[i]);
+    }
+    list.grid.appendRow(std::span<const std::u16string_view>(cells).first(list.columns.size()));
 }
 
 void keepUnlessEmpty(std::u16string& remembered, std::u16string_view read) {
@@ -127,17 +135,14 @@ void ListLoader::appendRecords(ListKind kind, IniReader& profile) {
     if (count < 1) {
         return;
     }
-    Grid& grid = lists_.grid(kind);
-    const GridUpdate update(grid);
-    grid.expectRows(count, profile.text());
+    const StationList& list = lists_[kind];
+    const GridUpdate update(list.grid);
+    list.grid.expectRows(count, profile.text());
     RecordSection section(kind);
-    Record record;
+    Record record(list.columns);
     for (int index = 0; index < count; ++index) {
-        profile.get(section.of(index), keysOf(kind), record.values);
-        for (std::u16string_view& value : record.values) {
-            value = PtrToStrW(value);
-        }
-        appendRecord(grid, kind, record);
+        record.read(profile, section.of(index));
+        appendRecord(list, record);
     }
 }
 

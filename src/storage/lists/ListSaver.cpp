@@ -1,7 +1,9 @@
 #include "storage/lists/ListSaver.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -10,6 +12,8 @@
 #include "storage/ini/IniReader.h"
 #include "storage/lists/ComposedFile.h"
 #include "storage/lists/ListFile.h"
+#include "storage/stations/ListColumns.h"
+#include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 #include "storage/text/mTextUTF.h"
 
@@ -33,51 +37,43 @@ private:
     int row_;
 };
 
-void appendDrm(std::u16string& text, const Row& row) {
-    appendIniKey(text, ListFile::kFrequency, row.cell(2));
-    appendIniKey(text, ListFile::kProgramme, row.cell(1));
-    appendIniKey(text, ListFile::kTime, row.cell(3));
-    appendIniKey(text, ListFile::kTarget, row.cell(4));
+std::u16string favouriteFrequency(const Row& row) {
+    const std::u16string_view cell = row.whole(kFrequencyColumn);
+    const std::u16string_view number = PtrToStrW(cell.substr(0, cell.size() - ReceptionSystem::kUnitLength));
+    return ReceptionSystem::isFm(row.whole(kSystemColumn)) ? kilohertzText(number) : std::u16string(number);
 }
 
-void appendAm(std::u16string& text, const Row& row) {
-    appendIniKey(text, ListFile::kFrequency, row.cell(2));
-    appendIniKey(text, ListFile::kProgramme, row.cell(1));
-}
-
-void appendFm(std::u16string& text, const Row& row) {
-    appendIniKey(text, ListFile::kFrequency, kilohertzText(row.cell(2)));
-    appendIniKey(text, ListFile::kProgramme, row.cell(1));
-}
-
-void appendFavourite(std::u16string& text, const Row& row) {
-    const std::u16string_view frequency =
-        PtrToStrW(row.whole(2).substr(0, row.whole(2).size() - ListFile::kUnitLength));
-    appendIniKey(text, ListFile::kProgramme, row.cell(1));
-    if (ListFile::isFm(row.whole(3))) {
-        appendIniKey(text, ListFile::kFrequency, kilohertzText(frequency));
-    } else {
-        appendIniKey(text, ListFile::kFrequency, frequency);
+void appendCell(std::u16string& text, const ListColumn& column, int number, const Row& row) {
+    switch (column.content) {
+        case CellContent::StoredText:
+            return appendIniKey(text, column.storedKey, row.cell(number));
+        case CellContent::Megahertz:
+            return appendIniKey(text, column.storedKey, kilohertzText(row.cell(number)));
+        case CellContent::FrequencyWithUnit:
+            return appendIniKey(text, column.storedKey, favouriteFrequency(row));
+        case CellContent::AmBand:
+        case CellContent::FmBand:
+            break;
     }
-    appendIniKey(text, ListFile::kType, row.cell(3));
 }
 
-void appendRecord(std::u16string& text, ListKind kind, const Row& row) {
-    switch (kind) {
-        case ListKind::Drm:
-            return appendDrm(text, row);
-        case ListKind::Am:
-            return appendAm(text, row);
-        case ListKind::Fm:
-            return appendFm(text, row);
-        case ListKind::Favourite:
-            return appendFavourite(text, row);
+// The numbers of the stored columns, in the order of the file.
+std::vector<int> storedColumns(std::span<const ListColumn> columns) {
+    std::vector<int> numbers;
+    for (int number = 1; number <= static_cast<int>(columns.size()); ++number) {
+        if (columnAt(columns, number)->storedPlace != 0) {
+            numbers.push_back(number);
+        }
     }
+    std::sort(numbers.begin(), numbers.end(), [columns](int left, int right) {
+        return columnAt(columns, left)->storedPlace < columnAt(columns, right)->storedPlace;
+    });
+    return numbers;
 }
 
 bool hasUnits(const Grid& favourites) {
     for (int row = 1; row <= favourites.rowCount(); ++row) {
-        if (favourites.text(row, 2).size() < ListFile::kUnitLength) {
+        if (favourites.text(row, kFrequencyColumn).size() < ReceptionSystem::kUnitLength) {
             return false;
         }
     }
@@ -154,13 +150,16 @@ std::size_t ListSaver::usualBytes(std::initializer_list<ListKind> kinds) {
 }
 
 void ListSaver::appendRecords(ComposedFile& file, ListKind kind) {
-    const Grid& grid = lists_.grid(kind);
-    const int count = grid.rowCount();
+    const StationList& list = lists_[kind];
+    const std::vector<int> stored = storedColumns(list.columns);
+    const int count = list.grid.rowCount();
     std::u16string& text = file.text();
     RecordSection section(kind);
     for (int row = 1; row <= count; ++row) {
         appendIniSection(text, section.of(row - 1));
-        appendRecord(text, kind, Row(grid, row));
+        for (const int column : stored) {
+            appendCell(text, *columnAt(list.columns, column), column, Row(list.grid, row));
+        }
         appendIniKey(text, ListFile::kUserDef, u"0");
         file.endRecord();
     }

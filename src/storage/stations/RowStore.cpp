@@ -102,7 +102,8 @@ void RowStore::setText(int row, int column, std::u16string text) {
     }
 }
 
-void RowStore::appendRow(std::initializer_list<std::u16string_view> cells) {
+void RowStore::appendRow(std::span<const std::u16string_view> cells) {
+    cells = cells.first(std::min<std::size_t>(cells.size(), kMaxColumns));
     const int row = rowCount() + 1;
     if (notifies()) {
         view_->beforeAppend(row);

@@ -9,6 +9,7 @@
 
 #include "platform/Grid.h"
 #include "platform/GridView.h"
+#include "storage/stations/ListKind.h"
 
 class RowStore : public Grid {
 public:
@@ -24,7 +25,8 @@ public:
     std::u16string_view text(int row, int column) const override;
     void setText(int row, int column, std::u16string text) override;
     void expectRows(int count, std::shared_ptr<const std::u16string> text) override;
-    void appendRow(std::initializer_list<std::u16string_view> cells) override;
+    using Grid::appendRow;
+    void appendRow(std::span<const std::u16string_view> cells) override;
     void removeSelectedRows() override;
     void clear() override;
 
@@ -39,8 +41,6 @@ public:
     void endUpdate() override;
 
 private:
-    static constexpr int kMaxColumns = 4;
-
     // A part of the loaded text or, counted on from its end, of the store's own.
     struct Cell {
         std::uint32_t start = 0;

@@ -3,9 +3,11 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 
 #include "platform/Grid.h"
 #include "platform/GridView.h"
+#include "storage/stations/ListColumns.h"
 #include "storage/stations/ListKind.h"
 
 // One grid with its kind; grid and view outlive it.
@@ -16,6 +18,7 @@ struct StationList {
     ListKind kind;
     Grid& grid;
     GridView* view = nullptr;  // null for a list that no window shows
+    std::span<const ListColumn> columns = columnsOf(kind);
 };
 
 class StationLists {

@@ -13,8 +13,6 @@ constexpr double kLargest = std::numeric_limits<double>::max();
 constexpr double kInt16Min = -32768;
 constexpr double kInt16Max = 32767;
 
-bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
-
 // The number's characters without blanks and "+"; from_chars takes them as they are.
 std::string numberText(std::u16string_view text) {
     std::size_t at = 0;

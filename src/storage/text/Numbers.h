@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+inline constexpr bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
 inline constexpr bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 // Optional blanks, an optional sign, digits with at most one "."; what follows is ignored. Without any digit 0;

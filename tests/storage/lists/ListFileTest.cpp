@@ -15,13 +15,3 @@ TEST(ListFileTest, NamesTheRecordsAndCountsOfEachList) {
     EXPECT_EQ(narrow(ListFile::countKey(ListKind::Fm)), "fmnumber");
     EXPECT_EQ(narrow(ListFile::countKey(ListKind::Favourite)), "favnumber");
 }
-
-TEST(ListFileTest, TheTypeOfAFavouriteDecidesItsUnit) {
-    EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Drm))), "  kHz");
-    EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Am))), "  kHz");
-    EXPECT_EQ(narrow(ListFile::unitOf(ListFile::typeOf(ListKind::Fm))), "  MHz");
-    EXPECT_TRUE(ListFile::isFm(u"my FM list"));
-    EXPECT_FALSE(ListFile::isFm(u"fm"));
-    EXPECT_FALSE(ListFile::isFm(u""));
-    EXPECT_TRUE(ListFile::typeOf(ListKind::Favourite).empty());
-}
