@@ -59,7 +59,7 @@ bool PosixFile::flush() const {
         return true;
     }
 #endif
-    return ::fsync(descriptor_) == 0;
+    return ::fsync(descriptor_) == 0 || errno == EINVAL;
 }
 
 void PosixFile::forgetCachedPages() const {

@@ -20,7 +20,7 @@ public:
     std::optional<std::string> readAll() const;
     bool writeAll(std::string_view bytes) const;
     bool cutTo(std::size_t size) const;  // what lies behind
-    bool flush() const;                  // to the device
+    bool flush() const;                  // to the device; true also where the file system has no such notion
     void forgetCachedPages() const;      // so that the next read comes from the device, where the system can do that
     bool close();                        // false: what was written may be lost
 

@@ -10,20 +10,16 @@
 #include <cerrno>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 #include "platform/posix/NativePath.h"
-#include "platform/posix/PosixFile.h"
 
 namespace {
 
 constexpr unsigned kDefaultPermissions = 0666;  // less what the user's mask takes away
 constexpr mode_t kFolderPermissions = 0777;
 
-// Makes the names in the file's folder durable. EINVAL: the file system has no such notion, so nothing is lost.
-bool flushFolder(const std::string& path) {
-    const PosixFile folder(path.substr(0, path.find_last_of('/') + 1), O_RDONLY | O_DIRECTORY);
-    return folder.isOpen() && (folder.flush() || errno == EINVAL);
-}
+std::string folderOf(const std::string& path) { return path.substr(0, path.find_last_of('/') + 1); }
 
 bool isThere(const std::string& path) {
     struct stat status = {};
@@ -75,20 +71,44 @@ bool PosixFiles::write(std::u16string_view path, std::string_view bytes, Flush f
 bool PosixFiles::append(std::u16string_view path, std::string_view bytes) {
     const std::string name = nativePath(path);
     PosixFile file(name, O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
-    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush() && flushFolder(name);
+    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush() && flushFolder(folderOf(name));
     return file.close() && written;
 }
 
 bool PosixFiles::rename(std::u16string_view from, std::u16string_view to, Flush flush) {
-    return ::rename(nativePath(from).c_str(), nativePath(to).c_str()) == 0 &&
-           (flush == Flush::Later || flushFolderOf(to));
+    const std::string source = nativePath(from);
+    const std::string target = nativePath(to);
+    Renaming renaming{folderOf(target), std::make_unique<PosixFile>(source, O_RDONLY | O_NOFOLLOW),
+                      std::make_unique<PosixFile>(target, O_RDONLY | O_NOFOLLOW)};
+    if (!renaming.moved->isOpen() || ::rename(source.c_str(), target.c_str()) != 0) {
+        return false;
+    }
+    renamings_.push_back(std::move(renaming));
+    return flush == Flush::Later || flushFolder(folderOf(target));
 }
 
-bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(nativePath(path)); }
+bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(folderOf(nativePath(path))); }
+
+// A replaced file's entry may lead to its old clusters while the name of the new one goes. A new entry is empty until
+// its file is flushed, and must not be all that is left of it.
+bool PosixFiles::flushFolder(const std::string& folder) {
+    const auto flushMoved = [&](bool replacing) {
+        return std::count_if(renamings_.begin(), renamings_.end(), [&](const Renaming& renaming) {
+                   return renaming.folder == folder && renaming.replaced->isOpen() == replacing &&
+                          !renaming.moved->flush();
+               }) == 0;
+    };
+    const bool created = flushMoved(false);
+    const PosixFile opened(folder, O_RDONLY | O_DIRECTORY);
+    const bool named = opened.isOpen() && opened.flush();
+    const bool replaced = flushMoved(true);
+    std::erase_if(renamings_, [&](const Renaming& renaming) { return renaming.folder == folder; });
+    return created && named && replaced;
+}
 
 bool PosixFiles::remove(std::u16string_view path) {
     const std::string name = nativePath(path);
-    return ::unlink(name.c_str()) == 0 && flushFolder(name);
+    return ::unlink(name.c_str()) == 0 && flushFolder(folderOf(name));
 }
 
 bool PosixFiles::clearAttributes(std::u16string_view path) {

@@ -1,7 +1,12 @@
 // Files of a POSIX system. Qt's own file classes hide flushing, so the calls beneath are used.
 #pragma once
 
+#include <memory>
+#include <string>
+#include <vector>
+
 #include "platform/Files.h"
+#include "platform/posix/PosixFile.h"
 
 class PosixFiles : public Files {
 public:
@@ -19,4 +24,18 @@ public:
     bool removeFolder(std::u16string_view path) override;
     std::vector<std::u16string> list(std::u16string_view path) override;
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
+
+private:
+    // A rename that is not durable yet. FAT keeps where a file lies in the file's folder entry, and writes that with
+    // the file, not with the folder. Until it is written the entry leads to the clusters of the replaced file, which
+    // stay its own as long as that file is open.
+    struct Renaming {
+        std::string folder;
+        std::unique_ptr<PosixFile> moved;
+        std::unique_ptr<PosixFile> replaced;
+    };
+
+    bool flushFolder(const std::string& folder);
+
+    std::vector<Renaming> renamings_;
 };

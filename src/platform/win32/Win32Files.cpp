@@ -135,14 +135,24 @@ bool Win32Files::append(std::u16string_view path, std::string_view bytes) {
 
 bool Win32Files::rename(std::u16string_view from, std::u16string_view to, Flush flush) {
     const DWORD writeThrough = flush == Flush::Now ? MOVEFILE_WRITE_THROUGH : 0;
-    return MoveFileExW(toWide(from).c_str(), toWide(to).c_str(), MOVEFILE_REPLACE_EXISTING | writeThrough) != 0;
+    if (MoveFileExW(toWide(from).c_str(), toWide(to).c_str(), MOVEFILE_REPLACE_EXISTING | writeThrough) == 0) {
+        return false;
+    }
+    moved_.emplace_back(to);
+    return flush == Flush::Later || flushFolderOf(to);
 }
 
-// Flushing a file brings the volume's journal, which has the names, to the device as well; folders cannot be flushed.
+// Folders cannot be flushed. Flushing a file writes its own folder entry, where FAT keeps the place of its bytes, and
+// brings the journal of NTFS, which has all names, to the device as well.
 bool Win32Files::flushFolderOf(std::u16string_view path) {
-    const Handle file(CreateFileW(toWide(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
-                                  FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
-    return !file || flushFile(file.get());
+    moved_.emplace_back(path);
+    const auto refused = std::count_if(moved_.begin(), moved_.end(), [](const std::u16string& name) {
+        const Handle file(CreateFileW(toWide(name).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+        return file && !flushFile(file.get());
+    });
+    moved_.clear();
+    return refused == 0;
 }
 
 bool Win32Files::remove(std::u16string_view path) { return DeleteFileW(toWide(path).c_str()) != 0; }

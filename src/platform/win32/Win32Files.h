@@ -19,4 +19,7 @@ public:
     bool removeFolder(std::u16string_view path) override;
     std::vector<std::u16string> list(std::u16string_view path) override;
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
+
+private:
+    std::vector<std::u16string> moved_;  // files that were renamed and are not durable yet
 };
