@@ -1,5 +1,7 @@
-# What is installed, and how it is packed: a .deb and a portable .tar.gz of the Qt program, a .zip of the Windows one.
-# There are two layouts: "system" spreads over the folders of a Unix system, "portable" is one folder that holds all.
+# What is installed, and how it is packed: a .deb and a .tar.gz of the Qt program, a .zip of the Windows one. Components:
+# - "system": the folders of a Unix system, below any prefix; "debian" and "local" add what names the prefix
+# - "archive": what stands above those folders in the .tar.gz
+# - "portable": the one folder of the .zip
 set(HALCYON_HOMEPAGE "https://halcyon-k7.example.org" CACHE STRING "Where the project and its pictures are on the web")
 set(HALCYON_CONTACT "The Halcyon_K7 authors <authors@halcyon-k7.example.org>" CACHE STRING "Who maintains the packages")
 set(HALCYON_ID org.halcyon_k7.halcyon_k7)
@@ -38,7 +40,20 @@ string(REPLACE "\n\n" "\n.\n" HALCYON_LICENSE_TEXT "${HALCYON_LICENSE_TEXT}")
 string(REPLACE "\n" "\n " HALCYON_LICENSE_TEXT " ${HALCYON_LICENSE_TEXT}")
 configure_file(${source}/copyright.in ${made}/copyright @ONLY)
 configure_file(${source}/halcyon_k7.1.in ${made}/halcyon_k7.1 @ONLY)
+if(NOT WIN32)
+  foreach(component_and_prefix IN ITEMS debian:/usr local:/usr/local)
+    string(REPLACE ":" ";" pair ${component_and_prefix})
+    list(GET pair 0 component)
+    list(GET pair 1 HALCYON_PREFIX)
+    configure_file(${source}/${HALCYON_ID}.desktop.in ${made}/${component}/${HALCYON_ID}.desktop @ONLY)
+  endforeach()
+endif()
 configure_file(${source}/${HALCYON_ID}.metainfo.xml.in ${made}/${HALCYON_ID}.metainfo.xml @ONLY)
+
+set(system_name linux)
+if(WIN32)
+  set(system_name windows)
+endif()
 
 set(outputs)
 macro(make name)
@@ -47,7 +62,7 @@ macro(make name)
 endmacro()
 foreach(guide IN ITEMS user-guide formats reliability)
   make(${guide}.html DEPENDS ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${source}/page
-    COMMAND ${source}/page ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${guide}.html)
+    COMMAND ${source}/page ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${guide}.html ${system_name})
 endforeach()
 if(NOT WIN32)
   make(${HALCYON_ID}.png DEPENDS ${source}/halcyon_k7.svg
@@ -60,25 +75,30 @@ add_custom_target(packaging_files ALL DEPENDS ${outputs})
 set(samples ${PROJECT_SOURCE_DIR}/samples/List.ini ${PROJECT_SOURCE_DIR}/samples/User.ini
   ${PROJECT_SOURCE_DIR}/samples/DRMSchedule.txt)
 set(guides ${made}/user-guide.html ${made}/formats.html ${made}/reliability.html)
-set(pictures ${PROJECT_SOURCE_DIR}/docs/pictures)
+set(pictures_from DIRECTORY ${PROJECT_SOURCE_DIR}/docs/pictures)
+set(pictures_of_system FILES_MATCHING PATTERN "${system_name}-*.png")
 
 # One folder
 set(one COMPONENT portable EXCLUDE_FROM_ALL)
+install(FILES ${source}/README-windows.txt DESTINATION . RENAME README.txt ${one})
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION . RENAME LICENSE.txt ${one})
 install(FILES ${guides} DESTINATION guide ${one})
-install(DIRECTORY ${pictures} DESTINATION guide OPTIONAL ${one})
+install(${pictures_from} DESTINATION guide ${one} ${pictures_of_system})
 install(FILES ${samples} DESTINATION samples ${one})
 
 # The folders of a Unix system
 set(doc share/doc/halcyon-k7)
 if(NOT WIN32)
-  install(FILES ${source}/${HALCYON_ID}.desktop DESTINATION share/applications COMPONENT system)
+  install(FILES ${made}/debian/${HALCYON_ID}.desktop DESTINATION share/applications COMPONENT debian EXCLUDE_FROM_ALL)
+  install(FILES ${made}/local/${HALCYON_ID}.desktop DESTINATION share/applications COMPONENT local)
+  install(FILES ${source}/README-linux.txt DESTINATION . RENAME README.txt COMPONENT archive EXCLUDE_FROM_ALL)
+  install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION . RENAME LICENSE.txt COMPONENT archive EXCLUDE_FROM_ALL)
   install(FILES ${made}/${HALCYON_ID}.metainfo.xml DESTINATION share/metainfo COMPONENT system)
   install(FILES ${source}/halcyon_k7.svg DESTINATION share/icons/hicolor/scalable/apps RENAME ${HALCYON_ID}.svg COMPONENT system)
   install(FILES ${made}/${HALCYON_ID}.png DESTINATION share/icons/hicolor/48x48/apps COMPONENT system)
   install(FILES ${made}/halcyon_k7.1.gz DESTINATION share/man/man1 COMPONENT system)
   install(FILES ${guides} ${made}/changelog.gz ${made}/copyright DESTINATION ${doc} COMPONENT system)
-  install(DIRECTORY ${pictures} DESTINATION ${doc} COMPONENT system OPTIONAL)
+  install(${pictures_from} DESTINATION ${doc} COMPONENT system ${pictures_of_system})
   install(FILES ${samples} DESTINATION ${doc}/examples COMPONENT system)
 endif()
 
@@ -90,10 +110,6 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "station memory manager for a DRM shortwav
 set(CPACK_STRIP_FILES TRUE)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/packages)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/PackageLayout.cmake)
-set(system_name linux)
-if(WIN32)
-  set(system_name windows)
-endif()
 string(TOLOWER "${program}-${PROJECT_VERSION}-${system_name}-${CMAKE_SYSTEM_PROCESSOR}" CPACK_PACKAGE_FILE_NAME)
 set(CPACK_GENERATOR DEB TGZ)
 if(WIN32)
@@ -107,7 +123,9 @@ if(NOT WIN32)
   # Loaded by name, so the tool that lists the linked libraries misses it; the second name is that of Debian 13.
   set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4 (>= 7.88) | libcurl4t64")
 endif()
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-translations-l10n)
+# Names of stations come in every script; without these fonts those of East Asia and India show as boxes.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+  "qt6-translations-l10n, fonts-wqy-zenhei | fonts-noto-cjk, fonts-lohit-deva | fonts-noto-core, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Halcyon_K7 shows the four station lists of a DRM shortwave receiver, DRM, AM,
 FM and Favourite, in the four tabs of one window. The receiver is found as a

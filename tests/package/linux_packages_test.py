@@ -96,11 +96,35 @@ class LinuxPackages(unittest.TestCase):
         folder = self.system.home / f"halcyon_k7-{version}-linux-x86_64"
         self.user_owns(folder)
         shutil.rmtree(self.system.home / ".local", ignore_errors=True)
-        self.work(f"/home/{USER}/{folder.name}/halcyon_k7", folder, folder / "samples")
+        self.work(f"/home/{USER}/{folder.name}/bin/halcyon_k7", folder / "bin",
+                  folder / "share/doc/halcyon-k7/examples")
         self.assertFalse((self.system.home / ".local/share/Halcyon_K7").exists())
         self.assertTrue((folder / "LICENSE.txt").is_file())
-        self.assertTrue((folder / "guide/user-guide.html").is_file())
         self.assertEqual(self.system.snapshot(), self.without, "the program wrote outside its folder")
+
+    def run_line_of_readme(self, folder, beginning):
+        """A command that README.txt names, run in the folder as the administrator."""
+        lines = (self.system.root / folder.lstrip("/") / "README.txt").read_text(encoding="utf-8").splitlines()
+        line = next(line for line in lines if line.startswith("    " + beginning))
+        self.system.run("sh", "-ec", f"cd {folder}; {line.replace('sudo ', '')}")
+
+    def test_installation_from_the_archive(self):
+        folder = f"/root/{ARCHIVE.name.removesuffix('.tar.gz')}"
+        subprocess.run(["tar", "-xzf", ARCHIVE, "-C", self.system.root / "root"], check=True)
+        self.addCleanup(shutil.rmtree, self.system.root / folder.lstrip("/"))
+        local = self.system.root / "usr/local"
+        before = {path for path in local.rglob("*") if not path.is_dir()}
+        self.run_line_of_readme(folder, "sudo cp")
+        desktop = (local / "share/applications" / pathlib.Path(DESKTOP_FILE).name).read_text(encoding="utf-8")
+        guide = next(line.split()[-1] for line in desktop.splitlines() if line.startswith("Exec=xdg-open"))
+        for name in (guide, "/usr/local/share/man/man1/halcyon_k7.1.gz",
+                     "/usr/local/share/icons/hicolor/scalable/apps/org.halcyon_k7.halcyon_k7.svg"):
+            self.assertTrue((self.system.root / name.lstrip("/")).is_file(), name)
+        shutil.rmtree(self.system.home / ".local", ignore_errors=True)
+        self.assertEqual(self.visit("/usr/local/bin/halcyon_k7").close(), 0)
+        self.assertEqual(drm_programmes(self.system.home / ".local/share/Halcyon_K7/List.ini"), EMPTY)
+        self.run_line_of_readme(folder, "find")
+        self.assertEqual({path for path in local.rglob("*") if not path.is_dir()}, before)
 
 
 unittest.main(verbosity=2)

@@ -3,12 +3,14 @@
 
 usage: metadata_test.py PACKAGES VERSION
 """
+import configparser
 import os
 import pathlib
 import subprocess
 import sys
 import tempfile
 import unittest
+import xml.etree.ElementTree
 
 packages, version = pathlib.Path(sys.argv.pop(1)).resolve(), sys.argv.pop(1)
 ID = "org.halcyon_k7.halcyon_k7"
@@ -41,7 +43,10 @@ class Metadata(unittest.TestCase):
     def test_metainfo(self):
         path = self.root / f"usr/share/metainfo/{ID}.metainfo.xml"
         self.assert_clean("appstreamcli", "validate", "--no-net", "--pedantic", path)
-        self.assertIn(f'<release version="{version}"', path.read_text(encoding="utf-8"))
+        metainfo = xml.etree.ElementTree.parse(path)
+        self.assertEqual(metainfo.find("releases/release").get("version"), version)
+        for release in metainfo.findall("releases/release"):
+            self.assertTrue(release.findtext("description/ul/li"), f"{release.get('version')} has no notes")
 
     def test_manual_page(self):
         page = self.root / "usr/share/man/man1/halcyon_k7.1.gz"
@@ -54,10 +59,14 @@ class Metadata(unittest.TestCase):
         self.assertEqual(self.assert_clean("lintian", "--fail-on", "error,warning", "--allow-root", self.deb), "")
 
     def test_what_the_metadata_name_is_there(self):
-        entries = dict(line.split("=", 1) for line in
-                       (self.root / f"usr/share/applications/{ID}.desktop").read_text(encoding="utf-8").splitlines()
-                       if "=" in line)
+        desktop = configparser.RawConfigParser(interpolation=None)
+        desktop.optionxform = str
+        desktop.read(self.root / f"usr/share/applications/{ID}.desktop", encoding="utf-8")
+        entries = desktop["Desktop Entry"]
         self.assertTrue(os.access(self.root / "usr/bin" / entries["Exec"], os.X_OK))
+        opener, guide = desktop["Desktop Action UserGuide"]["Exec"].split()
+        self.assertEqual(opener, "xdg-open")
+        self.assertTrue((self.root / guide.lstrip("/")).is_file())
         icons = self.root / "usr/share/icons/hicolor"
         self.assertTrue((icons / f"scalable/apps/{entries['Icon']}.svg").is_file())
         code, size = run("identify", "-format", "%wx%h", icons / f"48x48/apps/{entries['Icon']}.png")
@@ -69,6 +78,12 @@ class Metadata(unittest.TestCase):
         shown = [part.split('"')[0] for part in page.split('src="')[1:]]
         self.assertGreater(len(shown), 0)
         self.assertEqual([name for name in shown if not (folder / name).is_file()], [])
+        self.assertEqual([path.name for path in folder.glob("pictures/*") if not path.name.startswith("linux-")], [])
+
+    def test_fonts_and_an_opener_are_recommended(self):
+        _, recommended = run("dpkg-deb", "--field", self.deb, "Recommends")
+        for package in ("fonts-wqy-zenhei", "fonts-lohit-deva", "xdg-utils"):
+            self.assertIn(package, recommended)
 
 
 unittest.main()

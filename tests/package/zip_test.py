@@ -35,7 +35,8 @@ class WindowsZip(unittest.TestCase):
     def test_holds_all_that_a_listener_needs(self):
         with zipfile.ZipFile(packages / f"{NAME}.zip") as archive:
             names = set(archive.namelist())
-        for name in ("Halcyon_K7.exe", "LICENSE.txt", "guide/user-guide.html", "guide/formats.html",
+        self.assertEqual([name for name in names if "/pictures/linux-" in name], [])
+        for name in ("Halcyon_K7.exe", "LICENSE.txt", "README.txt", "guide/user-guide.html", "guide/formats.html",
                      "guide/reliability.html", "guide/pictures/windows-drm-list.png", "samples/List.ini", "samples/User.ini"):
             self.assertIn(f"{NAME}/{name}", names)
 
