@@ -71,6 +71,11 @@ class LinuxPackages(unittest.TestCase):
         self.assertEqual(visit.close(), 0)
         self.assertEqual(drm_programmes(files / "List.ini"), (["Synchronized"], True))
 
+    def show_in_terminal(self):
+        samples = "usr/share/doc/halcyon-k7/examples"
+        programmes, _ = drm_programmes(self.system.root / samples / "List.ini")
+        self.assertIn(programmes[0], self.system.run("halcyon_k7ctl", "show", "drm", "/" + samples))
+
     def start_as_administrator(self):
         """Who could write beside the program, but has lists of their own like every user."""
         home = self.system.root / "tmp/administrator"
@@ -87,6 +92,7 @@ class LinuxPackages(unittest.TestCase):
         self.work(self.desktop_entry("Exec"), data, self.system.root / "usr/share/doc/halcyon-k7/examples",
                   window_class=self.desktop_entry("StartupWMClass"))
         self.start_as_administrator()
+        self.show_in_terminal()
         self.assertEqual(self.system.snapshot(), with_it, "the program wrote outside the user's home")
         self.system.run("dpkg", "--purge", "halcyon-k7")
         self.assertEqual(self.system.snapshot(), self.without, "the package left a trace")

@@ -48,12 +48,31 @@ class Metadata(unittest.TestCase):
         for release in metainfo.findall("releases/release"):
             self.assertTrue(release.findtext("description/ul/li"), f"{release.get('version')} has no notes")
 
-    def test_manual_page(self):
-        page = self.root / "usr/share/man/man1/halcyon_k7.1.gz"
-        result = subprocess.run(["man", "--warnings", "--local-file", page], capture_output=True, text=True, check=True,
-                                env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFOPT": "", "MANPAGER": "cat"})
-        self.assertEqual(result.stderr, "")
-        self.assertIn(f"Halcyon_K7 {version}", result.stdout)
+    def test_manual_pages(self):
+        programs = sorted(path.name for path in (self.root / "usr/bin").iterdir())
+        self.assertEqual(programs, ["halcyon_k7", "halcyon_k7ctl"])
+        for program in programs:
+            page = self.root / f"usr/share/man/man1/{program}.1.gz"
+            result = subprocess.run(["man", "--warnings", "--local-file", page], capture_output=True, text=True,
+                                    check=True, env={**os.environ, "LC_ALL": "C.UTF-8", "MANROFFOPT": "",
+                                                     "MANPAGER": "cat"})
+            self.assertEqual(result.stderr, "")
+            self.assertIn(f"Halcyon_K7 {version}", result.stdout)
+
+    def completions(self, *words):
+        """What bash offers for the last of the words typed."""
+        script = (f'. "{self.root}/usr/share/bash-completion/completions/halcyon_k7ctl"; program=$1; '
+                  'COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _halcyon_k7ctl "$program"; printf "%s\\n" "${COMPREPLY[@]}"')
+        code, output = run("bash", "-c", script, "bash", self.root / "usr/bin/halcyon_k7ctl", *words)
+        self.assertEqual(code, 0, output)
+        return output.split()
+
+    def test_completion(self):
+        self.assertIn("receiver", self.completions(""))
+        self.assertEqual(self.completions("rec"), ["receiver"])
+        self.assertEqual(self.completions("receiver", "st"), ["status"])
+        self.assertEqual(self.completions("--json", "export", "--form"), ["--format"])
+        self.assertEqual(self.completions("show", "nothing"), [])
 
     def test_lintian(self):
         self.assertEqual(self.assert_clean("lintian", "--fail-on", "error,warning", "--allow-root", self.deb), "")

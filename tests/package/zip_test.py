@@ -36,8 +36,8 @@ class WindowsZip(unittest.TestCase):
         with zipfile.ZipFile(packages / f"{NAME}.zip") as archive:
             names = set(archive.namelist())
         self.assertEqual([name for name in names if "/pictures/linux-" in name], [])
-        for name in ("Halcyon_K7.exe", "LICENSE.txt", "README.txt", "guide/user-guide.html", "guide/formats.html",
-                     "guide/reliability.html", "guide/pictures/windows-drm-list.png", "samples/List.ini", "samples/User.ini"):
+        for name in ("Halcyon_K7.exe", "Halcyon_K7ctl.exe", "LICENSE.txt", "README.txt", "guide/user-guide.html",
+                     "guide/formats.html", "guide/reliability.html", "guide/pictures/windows-drm-list.png", "samples/List.ini", "samples/User.ini"):
             self.assertIn(f"{NAME}/{name}", names)
 
     def test_the_program_tells_its_version(self):
