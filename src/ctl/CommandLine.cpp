@@ -25,7 +25,10 @@ struct Words {
     std::string format;
     std::string output;
     std::string input;
+    std::string target;
+    std::string day;
     std::string stamp;
+    int first = 0;
 };
 
 const std::map<std::string, ListKind> kLists = {
@@ -35,6 +38,12 @@ const std::map<std::string, ExportFormat> kExportFormats = {{"csv", ExportFormat
                                                             {"ini", ExportFormat::Ini},
                                                             {"html", ExportFormat::Html},
                                                             {"gqrx", ExportFormat::Gqrx}};
+const std::map<std::string, ScheduleFormat> kScheduleFormats = {{"auto", ScheduleFormat::Auto},
+                                                                {"nine", ScheduleFormat::NineLines},
+                                                                {"eibi", ScheduleFormat::Eibi},
+                                                                {"hfcc", ScheduleFormat::Hfcc}};
+const std::map<std::string, int> kDays = {{"mo", 0}, {"tu", 1}, {"we", 2}, {"th", 3}, {"fr", 4}, {"sa", 5}, {"su", 6}};
+
 template <typename Value>
 CLI::IsMember oneOf(const std::map<std::string, Value>& values) {
     std::vector<std::string> names;
@@ -85,6 +94,7 @@ public:
         app_.fallthrough();
         addReading();
         addConverting();
+        addSchedule();
         addBackup();
         addReceiver();
     }
@@ -156,6 +166,25 @@ private:
         import->add_flag("--replace", options_.replace, "replace the lists")->excludes(append);
     }
 
+    void addSchedule() {
+        CLI::App* const schedule = app_.add_subcommand("schedule", "read a broadcast schedule");
+        schedule->require_subcommand(1);
+        addScheduleCommand(*schedule, "show", "print its records", Verb::ScheduleShow);
+        addScheduleCommand(*schedule, "merge", "add the records that the DRM list lacks", Verb::ScheduleMerge);
+        addScheduleCommand(*schedule, "replace", "rebuild the DRM list from it", Verb::ScheduleReplace);
+    }
+
+    void addScheduleCommand(CLI::App& parent, const char* name, const char* description, Verb verb) {
+        CLI::App* const added = command(parent, name, description, verb);
+        added->add_option("FILE", words_.input, "a file, an http address, or - for standard input")->required();
+        added->add_option("--format", words_.format, "auto (the default), nine, eibi or hfcc")
+            ->check(oneOf(kScheduleFormats));
+        added->add_flag("--drm-only", options_.drmOnly, "leave analogue broadcasts out");
+        added->add_option("--target", words_.target, "only targets that contain TEXT")->type_name("TEXT");
+        added->add_option("--day", words_.day, "only what is on the air on this day: mo to su")->check(oneOf(kDays));
+        added->add_option("--first", words_.first, "no more than N records")->check(CLI::Range(1, kMaxRecords));
+    }
+
     void addBackup() {
         CLI::App* const backup = app_.add_subcommand("backup", "the copies of replaced list files");
         backup->require_subcommand(1);
@@ -187,12 +216,22 @@ private:
         options_.text = fromUtf8(words_.text);
         options_.output = fromUtf8(words_.output);
         options_.input = fromUtf8(words_.input);
+        options_.target = fromUtf8(words_.target);
         options_.kHz = frequencyRangeOf(words_.kHz);
         if (!words_.at.empty()) {
             options_.at = fromUtf8(words_.at);
         }
         if (const auto format = kExportFormats.find(words_.format); format != kExportFormats.end()) {
             options_.exportFormat = format->second;
+        }
+        if (const auto format = kScheduleFormats.find(words_.format); format != kScheduleFormats.end()) {
+            options_.scheduleFormat = format->second;
+        }
+        if (const auto day = kDays.find(words_.day); day != kDays.end()) {
+            options_.day = day->second;
+        }
+        if (words_.first > 0) {
+            options_.first = words_.first;
         }
         return std::move(options_);
     }

@@ -14,6 +14,11 @@ Exit runCommand(Services& services, const Options& options) {
             return exportLists(services, options);
         case Verb::Import:
             return importCsv(services, options);
+        case Verb::ScheduleShow:
+            return showSchedule(services, options);
+        case Verb::ScheduleMerge:
+        case Verb::ScheduleReplace:
+            return takeSchedule(services, options);
         case Verb::BackupList:
             return listBackups(services, options);
         case Verb::BackupShow:

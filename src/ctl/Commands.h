@@ -15,6 +15,8 @@ Exit checkLists(Services& services, const Options& options);
 Exit diffSources(Services& services, const Options& options);
 Exit exportLists(Services& services, const Options& options);
 Exit importCsv(Services& services, const Options& options);
+Exit showSchedule(Services& services, const Options& options);
+Exit takeSchedule(Services& services, const Options& options);
 Exit listBackups(Services& services, const Options& options);
 Exit restoreBackup(Services& services, const Options& options);
 Exit showReceiverStatus(Services& services, const Options& options);

@@ -13,6 +13,9 @@ enum class Verb {
     Diff,
     Export,
     Import,
+    ScheduleShow,
+    ScheduleMerge,
+    ScheduleReplace,
     BackupList,
     BackupShow,
     BackupRestore,
@@ -21,6 +24,7 @@ enum class Verb {
     ReceiverSave
 };
 enum class ExportFormat { Csv, Json, Ini, Html, Gqrx };
+enum class ScheduleFormat { Auto, NineLines, Eibi, Hfcc };
 
 struct FrequencyRange {
     double middle = 0;  // kHz
@@ -47,7 +51,13 @@ struct Options {
     // export
     ExportFormat exportFormat = ExportFormat::Csv;
     std::u16string output;  // empty: standard output
-    // import: the file, "-" for standard input
+    // import, schedule: the file or address, "-" for standard input
     std::u16string input;
     bool replace = false;
+    // schedule
+    ScheduleFormat scheduleFormat = ScheduleFormat::Auto;
+    bool drmOnly = false;
+    std::u16string target;
+    std::optional<int> day;  // 0 is Monday
+    std::optional<int> first;
 };

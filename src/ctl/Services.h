@@ -7,6 +7,7 @@
 #include "platform/CodePages.h"
 #include "platform/Console.h"
 #include "platform/Files.h"
+#include "platform/HttpClient.h"
 #include "platform/SingleInstance.h"
 #include "platform/Volumes.h"
 
@@ -14,6 +15,7 @@ struct Services {
     Files& files;
     CodePages& codePages;
     Volumes& volumes;
+    HttpClient& httpClient;
     SingleInstance& singleInstance;  // of `folder`
     Clock& clock;
     Console& console;

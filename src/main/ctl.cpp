@@ -15,6 +15,7 @@
 #include "platform/posix/PosixCodePages.h"
 #include "platform/posix/PosixConsole.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixHttpClient.h"
 #include "platform/posix/PosixProgramFolders.h"
 #include "platform/posix/PosixSingleInstance.h"
 #include "platform/posix/PosixVolumes.h"
@@ -43,8 +44,9 @@ int main(int argc, char** argv) {
         options.folder ? folderPath(absolutePath(current, *options.folder), u'/') : findProgramFolder(folders, files);
     PosixCodePages codePages;
     PosixVolumes volumes;
+    PosixHttpClient httpClient;
     PosixSingleInstance singleInstance(folder);
     PosixClock clock;
-    Services services{files, codePages, volumes, singleInstance, clock, console, folder, current};
+    Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, folder, current};
     return static_cast<int>(runCommand(services, options));
 }

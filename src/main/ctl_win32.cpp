@@ -13,6 +13,7 @@
 #include "platform/win32/Win32CodePages.h"
 #include "platform/win32/Win32Console.h"
 #include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32HttpClient.h"
 #include "platform/win32/Win32ProgramFolders.h"
 #include "platform/win32/Win32SingleInstance.h"
 #include "platform/win32/Win32Volumes.h"
@@ -51,8 +52,9 @@ int wmain(int argc, wchar_t** argv) {
         options.folder ? folderPath(absolutePath(current, *options.folder), u'\\') : findProgramFolder(folders, files);
     Win32CodePages codePages;
     Win32Volumes volumes;
+    Win32HttpClient httpClient;
     Win32SingleInstance singleInstance(folder);
     Win32Clock clock;
-    Services services{files, codePages, volumes, singleInstance, clock, console, folder, current};
+    Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, folder, current};
     return static_cast<int>(runCommand(services, options));
 }

@@ -19,10 +19,10 @@ public:
     // server, more than 16 MiB as sent or unpacked, a body that is cut short or damaged, or a file that cannot be
     // written; then no file is left at the path.
     bool download(std::u16string_view url, std::u16string_view path);
-
-private:
+    // The document itself; nullopt instead of false.
     std::optional<std::string> fetch(std::u16string url);
 
+private:
     HttpClient& client_;
     Files& files_;
     std::chrono::milliseconds idleLimit_;

@@ -11,6 +11,7 @@
 #include "ctl/Commands.h"
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
+#include "fakes/FakeHttpClient.h"
 #include "fakes/FakeServices.h"
 #include "fakes/Text.h"
 
@@ -60,7 +61,7 @@ protected:
         if (const auto* const end = std::get_if<CommandLineEnd>(&parsed)) {
             return static_cast<int>(endCommandLine(console, *end));
         }
-        Services services{files, codePages, volumes, singleInstance, clock, console, u"/k7/", u"/home/"};
+        Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, u"/k7/", u"/home/"};
         return static_cast<int>(runCommand(services, std::get<Options>(parsed)));
     }
     void connectReceiver() {
@@ -72,6 +73,7 @@ protected:
     FakeFiles files;
     FakeCodePages codePages;
     FakeVolumes volumes;
+    FakeHttpClient httpClient;
     FakeSingleInstance singleInstance;
     FakeClock clock;
     FakeConsole console;

@@ -1,0 +1,77 @@
+#include "ctl/schedules/Fields.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "storage/text/Numbers.h"
+
+namespace {
+
+constexpr unsigned char kFirstC1 = 0x80;
+constexpr unsigned char kLastC1 = 0x9F;
+// Windows-1252 has characters where Latin-1 has control codes; its five holes stay such codes.
+constexpr std::array<char16_t, kLastC1 - kFirstC1 + 1> kInPlaceOfC1 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+bool isDigitByte(char byte) { return byte >= '0' && byte <= '9'; }
+
+}  // namespace
+
+std::string_view withoutBlanks(std::string_view text) {
+    const std::size_t first = std::min(text.find_first_not_of(" \t"), text.size());
+    return text.substr(first, text.find_last_not_of(" \t") + 1 - first);
+}
+
+bool areDigits(std::string_view text, std::size_t count) {
+    return text.size() == count && std::all_of(text.begin(), text.end(), isDigitByte);
+}
+
+bool isTimeOfDay(std::string_view text) {
+    return areDigits(text, 4) && (text == "2400" || (text < "2400" && text.substr(2) < "60"));
+}
+
+std::optional<std::u16string> wholeKilohertz(std::string_view text) {
+    text = withoutBlanks(text);
+    const bool isNumber = !text.empty() && isDigitByte(text.front()) &&
+                          text.find_first_not_of("0123456789.") == text.npos &&
+                          std::count(text.begin(), text.end(), '.') <= 1;
+    if (!isNumber) {
+        return std::nullopt;
+    }
+    return shortestDecimal(std::round(leadingNumber(fromLatin1(text))));
+}
+
+int numberOf(std::string_view digits) {
+    int number = 0;
+    for (const char digit : digits) {
+        number = number * 10 + (digit - '0');
+    }
+    return number;
+}
+
+std::string_view takeLine(std::string_view& rest) {
+    const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
+    const std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(end);
+    rest.remove_prefix(rest.starts_with("\r\n") ? 2 : std::min<std::size_t>(rest.size(), 1));
+    return line;
+}
+
+std::u16string fromLatin1(std::string_view bytes) {
+    std::u16string text;
+    for (const char byte : bytes) {
+        text += static_cast<char16_t>(static_cast<unsigned char>(byte));
+    }
+    return text;
+}
+
+std::u16string fromWindows1252(std::string_view bytes) {
+    std::u16string text = fromLatin1(bytes);
+    for (char16_t& unit : text) {
+        unit = unit >= kFirstC1 && unit <= kLastC1 ? kInPlaceOfC1[static_cast<std::size_t>(unit - kFirstC1)] : unit;
+    }
+    return text;
+}

@@ -1,0 +1,22 @@
+// What the readers of schedules share.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Without blanks at its ends.
+std::string_view withoutBlanks(std::string_view text);
+bool areDigits(std::string_view text, std::size_t count);
+// hhmm from 0000 to 2400.
+bool isTimeOfDay(std::string_view text);
+// The digits of the nearest whole kHz; nullopt unless the text is a plain number.
+std::optional<std::u16string> wholeKilohertz(std::string_view text);
+int numberOf(std::string_view digits);
+
+// Takes the line, without its CR LF, LF or CR, off the front of `rest`.
+std::string_view takeLine(std::string_view& rest);
+
+std::u16string fromLatin1(std::string_view bytes);
+std::u16string fromWindows1252(std::string_view bytes);
