@@ -53,9 +53,9 @@ class Load(ProgramCase):
         self.assertEqual(program.message(), f"Can't find any file: {receiver.folder}/User.ini!"
                                             "Please confirm whether the file is exist")
         program.answer("OK")
-        # The first file has been copied, no list has been reloaded.
+        # A load takes both files or none.
         self.assert_cells(program, listfiles.DRM_CELLS)
-        self.assertEqual(program.read("List.ini"), list_ini(listfiles.DRM[:1]))
+        self.assertEqual(program.read("List.ini"), b"\xff\xfe" + SAMPLE_LIST.decode().encode("utf-16-le"))
         (receiver.folder / "List.ini").unlink()
         program.keys("ctrl+l")
         self.assertEqual(program.message(), f"Can't find any file: {receiver.folder}/List.ini!"
