@@ -30,7 +30,6 @@ void keepAfterEachEdit(benchmark::State& state, Files& files, const std::u16stri
             break;
         }
     }
-    recovery.discard();
 }
 
 // The first edit of a run finds neither the folder nor anything composed.
@@ -47,7 +46,8 @@ void keepFirstEdit(benchmark::State& state, Files& files, const std::u16string& 
         sample.grid(ListKind::Drm).setText(1, 2, decimal(++edit));
         const bool kept = recovery->keep(saver->compose());
         state.PauseTiming();
-        recovery->discard();
+        files.remove(folder + u"Recovery/Snapshot1");
+        files.removeFolder(folder + u"Recovery");
         recovery.reset();
         saver.reset();
         state.ResumeTiming();

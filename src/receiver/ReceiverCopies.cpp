@@ -5,23 +5,11 @@
 
 #include "storage/files/SafeFile.h"
 #include "storage/files/VerifiedFiles.h"
-#include "storage/ini/IniReader.h"
 #include "storage/lists/ListFile.h"
-#include "storage/text/Utf8.h"
-
-namespace {
-
-// A backup is to be put in the place of a list file, which start-up and the receiver read as UTF-8.
-std::string withoutUtf16(const std::string& bytes, CodePages& codePages) {
-    const IniText file = decodeIni(bytes, codePages);
-    return file.isUtf16 ? toUtf8(file.text) : bytes;
-}
-
-}  // namespace
 
 ReceiverCopies::ReceiverCopies(StationLists lists, const WorkingCopies& copies, ReceiverFiles& receiver,
                                ListLoader& loader, ListSaver& saver, mMsgBox& messages, Totals& totals, Files& files,
-                               CodePages& codePages, Backup& backup)
+                               Backup& backup, Recovery& recovery)
     : lists_(lists),
       copies_(copies),
       receiver_(receiver),
@@ -30,8 +18,8 @@ ReceiverCopies::ReceiverCopies(StationLists lists, const WorkingCopies& copies, 
       messages_(messages),
       totals_(totals),
       files_(files),
-      codePages_(codePages),
-      backup_(backup) {}
+      backup_(backup),
+      recovery_(recovery) {}
 
 bool ReceiverCopies::findDisk() {
     const bool found = receiver_.findDisk();
@@ -64,9 +52,13 @@ void ReceiverCopies::ReloadFromReceiver() {
     WorkingCopyBytes converted{convertWorkingCopy(copies_.ListFilePath, files_),
                                convertWorkingCopy(copies_.UserFilePath, files_)};
     // Grids filled from a file in the wrong encoding would be saved over the right one later.
-    if (converted.list && converted.user) {
-        reloadGrids(std::move(converted));
+    if (!converted.list || !converted.user) {
+        return;
     }
+    for (const ListFileId file : kListFiles) {
+        recovery_.leaves(file, FileState::of(*converted[file]));
+    }
+    reloadGrids(std::move(converted));
 }
 
 bool ReceiverCopies::copyFromReceiver() {
@@ -78,8 +70,13 @@ bool ReceiverCopies::copyFromReceiver() {
     std::vector<NewFile> newFiles;
     for (const ListFileId file : kListFiles) {
         backUp(file, shown[file]);
-        newFiles.push_back({copies_[file], std::move((*pair)[file])});
+        std::string& received = (*pair)[file];
+        recovery_.mayLeave(file, FileState::of(received));
+        recovery_.mayLeave(file, FileState::of(convertedWorkingCopy(received)));
+        newFiles.push_back({copies_[file], std::move(received)});
     }
+    // A run that is cut off before both files are converted leaves the lists as they were.
+    recovery_.keep(shown);
     return replaceVerified(files_, newFiles);
 }
 
@@ -100,8 +97,9 @@ bool ReceiverCopies::fetch(ListFileId file) {
 // shown: the file as a save would write it; it goes too, and the working copy may not hold it yet.
 void ReceiverCopies::backUp(ListFileId file, const std::optional<std::string>& shown) {
     const std::u16string_view name = ListFile::nameOf(file);
+    // A backup is to be put in the place of a list file, which start-up and the receiver read as UTF-8.
     if (const auto present = files_.read(copies_[file]).bytes) {
-        backup_.keep(name, withoutUtf16(*present, codePages_));
+        backup_.keep(name, unconvertedWorkingCopy(*present));
     }
     if (shown) {
         backup_.keep(name, *shown);
@@ -109,6 +107,7 @@ void ReceiverCopies::backUp(ListFileId file, const std::optional<std::string>& s
 }
 
 void ReceiverCopies::reloadGrids(WorkingCopyBytes bytes) {
+    const WorkingCopyBytes received = bytes;
     totals_.ShowTotals();
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm, ListKind::Favourite}) {
         lists_.grid(kind).clear();
@@ -119,11 +118,16 @@ void ReceiverCopies::reloadGrids(WorkingCopyBytes bytes) {
     loader_.LoadAmList(false);
     loader_.LoadFmList(false);
     loader_.LoadFavList(false);
+    for (const ListFileId file : kListFiles) {
+        if (loader_.leftOutAList(file)) {
+            backup_.keep(ListFile::nameOf(file), unconvertedWorkingCopy(*received[file]));
+        }
+    }
     totals_.ShowTotals();
 }
 
 void ReceiverCopies::SaveToReceiver() {
-    saver_.SaveLists();
+    recovery_.save(saver_);
     // A save that failed has left a working copy in UTF-16 or of an earlier state: nothing for the receiver.
     if (findDisk() && saver_.ListsSaved()) {
         copyToReceiver();

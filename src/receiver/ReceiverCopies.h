@@ -7,21 +7,21 @@
 
 #include "messages/Totals.h"
 #include "messages/mMsgBox.h"
-#include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "receiver/ReceiverFiles.h"
 #include "storage/lists/ListLoader.h"
 #include "storage/lists/ListSaver.h"
 #include "storage/lists/WorkingCopies.h"
 #include "storage/recovery/Backup.h"
+#include "storage/recovery/Recovery.h"
 #include "storage/stations/StationLists.h"
 
 class ReceiverCopies {
 public:
     // All references outlive this object.
     ReceiverCopies(StationLists lists, const WorkingCopies& copies, ReceiverFiles& receiver, ListLoader& loader,
-                   ListSaver& saver, mMsgBox& messages, Totals& totals, Files& files, CodePages& codePages,
-                   Backup& backup);
+                   ListSaver& saver, mMsgBox& messages, Totals& totals, Files& files, Backup& backup,
+                   Recovery& recovery);
 
     // Replaces both working copies by the receiver's files and shows them; what is replaced is backed up. A missing
     // disk or file gives a message; then, and when a file cannot be copied or converted (silently), the grids stay as
@@ -50,6 +50,6 @@ private:
     mMsgBox& messages_;
     Totals& totals_;
     Files& files_;
-    CodePages& codePages_;
     Backup& backup_;
+    Recovery& recovery_;
 };

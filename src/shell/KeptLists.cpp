@@ -9,7 +9,7 @@ void KeptLists::keep() {
 
 void KeptLists::end() {
     if (saver_.ListsSaved()) {
-        recovery_.discard();
+        recovery_.keepNewestOnly();
     } else {
         recovery_.keep(saver_.compose());
     }

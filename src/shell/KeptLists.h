@@ -17,6 +17,7 @@ public:
     void startFromHere() { keptChanges_ = changes(); }
     // Nothing when no list has changed since.
     void keep();
+    void save() { recovery_.save(saver_); }
     // After the last save of a run: what could not be saved waits for the next start.
     void end();
 

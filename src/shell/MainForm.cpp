@@ -22,11 +22,11 @@ MainForm::MainForm(const Platform& platform)
       saver_(stationLists(), workingCopies_, settings_, platform.files, platform.codePages),
       backup_(platform.programFolder, platform.files, platform.clock),
       receiverFiles_(findDiskDriver_, ReceiverRoot_, platform.files, backup_),
-      receiverCopies_(stationLists(), workingCopies_, receiverFiles_, loader_, saver_, msgBox_, totals_, platform.files,
-                      platform.codePages, backup_),
       recovery_(platform.programFolder, platform.files),
+      receiverCopies_(stationLists(), workingCopies_, receiverFiles_, loader_, saver_, msgBox_, totals_, platform.files,
+                      backup_, recovery_),
       keptLists_({&drmLV_, &amLV_, &fmLV_, &favLV_}, saver_, recovery_),
-      startUp_(workingCopies_, receiverCopies_, loader_, saver_, recovery_, findDiskDriver_, platform.files,
+      startUp_(workingCopies_, receiverCopies_, loader_, saver_, recovery_, backup_, findDiskDriver_, platform.files,
                platform.codePages),
       validation_(stationLists(), platform.tabs, editState_, msgBox_),
       cellEditing_(stationLists(), platform.tabs, platform.editBox, platform.statusBar, validation_, editState_),
@@ -97,13 +97,12 @@ void MainForm::Form_Unload() {
         return;
     }
     if (!SkipSaveOnExit_) {
-        keptLists_.keep();
-        saver_.SaveLists();
+        keptLists_.save();
         if (cellEditing_.isEditing()) {
             // The close box takes no focus: what was typed is committed here. The lists are safe already,
             // should the system end the program while a refused text has its message on screen.
             commitEdit();
-            saver_.SaveLists();
+            keptLists_.save();
         }
         keptLists_.end();
     }

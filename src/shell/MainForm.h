@@ -129,8 +129,8 @@ private:
     ListSaver saver_;
     Backup backup_;
     ReceiverFiles receiverFiles_;
-    ReceiverCopies receiverCopies_;
     Recovery recovery_;
+    ReceiverCopies receiverCopies_;
     KeptLists keptLists_;
     StartUp startUp_;
     FieldValidation validation_;

@@ -1,89 +1,101 @@
 #include "shell/StartUp.h"
 
 #include "storage/files/SafeFile.h"
+#include "storage/lists/ListContent.h"
+#include "storage/lists/ListFile.h"
 
 void StartUp::run(std::u16string_view RunMode) {
-    restore();
-    if (RunMode == u"NormalRun") {
-        prepareFromReceiver();
-    } else {
-        prepareLocal();
-    }
-    const WorkingCopyBytes bytes{present(ListFileId::List), present(ListFileId::User)};
-    // A run that is killed leaves UTF-16 behind, which the next start could not read: it needs these bytes then.
-    const bool kept = recovery_.keep(bytes);
-    loader_.loadFrom({convert(ListFileId::List, bytes.list, kept), convert(ListFileId::User, bytes.user, kept)});
-    loader_.LoadDrmList(true);
-    loader_.LoadAmList(true);
-    loader_.LoadFmList(true);
-    loader_.LoadFavList(true);
-}
-
-void StartUp::restore() {
-    restored_ = recovery_.find().value_or(WorkingCopyBytes());
+    const Snapshot last = recovery_.find().value_or(Snapshot());
+    const bool isNormalRun = RunMode == u"NormalRun";
     for (const ListFileId file : kListFiles) {
-        putBack(file);
-    }
-}
-
-void StartUp::putBack(ListFileId file) {
-    const std::u16string& path = workingCopies_[file];
-    std::optional<std::string>& bytes = restored_[file];
-    removeLeftover(files_, path);
-    if (!bytes) {
-        return;
-    }
-    if (files_.exists(path)) {
-        findDiskDriver_.ClearFileAttributes(path);
-    }
-    if (files_.read(path).bytes == bytes || replaceFile(files_, path, *bytes)) {
-        bytes.reset();
-    }
-}
-
-std::optional<std::string> StartUp::present(ListFileId file) {
-    if (restored_[file]) {
-        return restored_[file];
-    }
-    auto bytes = readWorkingCopy(workingCopies_[file], files_);
-    if (!bytes && files_.exists(workingCopies_[file])) {
-        saver_.leave(file);
-    }
-    return bytes;
-}
-
-// The loaders read UTF-16, so that programme names in any script come through.
-std::string StartUp::convert(ListFileId file, const std::optional<std::string>& bytes, bool onDisk) {
-    if (!bytes) {
-        return {};  // no list
-    }
-    std::string converted = convertedWorkingCopy(*bytes);
-    if (onDisk) {
-        // Not flushed: a power cut may lose or tear it. The snapshot with the same lists has been flushed already and
-        // stays until a save has flushed both files; a start that finds one makes the working copies anew from it.
-        replaceFile(files_, workingCopies_[file], converted, Flush::Later);
-    }
-    return converted;
-}
-
-void StartUp::prepareLocal() {
-    for (const ListFileId file : kListFiles) {
-        if (!files_.exists(workingCopies_[file])) {
-            createWorkingCopy(workingCopies_[file], files_, codePages_);
-        } else {
-            findDiskDriver_.ClearFileAttributes(workingCopies_[file]);
-        }
-    }
-}
-
-void StartUp::prepareFromReceiver() {
-    restored_ = {};
-    for (const ListFileId file : kListFiles) {
+        removeLeftover(files_, workingCopies_[file]);
         if (files_.exists(workingCopies_[file])) {
             findDiskDriver_.ClearFileAttributes(workingCopies_[file]);
         }
     }
+    if (isNormalRun) {
+        receiverCopies_.fetch(ListFileId::List);
+        receiverCopies_.fetch(ListFileId::User);
+    }
+    const WorkingCopyBytes bytes{content(ListFileId::List, last), content(ListFileId::User, last)};
+    WorkingCopyBytes converted;
     for (const ListFileId file : kListFiles) {
-        receiverCopies_.fetch(file);
+        converted[file] = bytes[file] ? convertedWorkingCopy(*bytes[file]) : std::string();  // no list
+        recovery_.mayLeave(file, FileState::of(*converted[file]));
+    }
+    const bool kept = recovery_.keep(bytes);
+    for (const ListFileId file : kListFiles) {
+        if (bytes[file]) {
+            if (!kept) {
+                backup_.keep(ListFile::nameOf(file), *bytes[file]);
+            }
+            put(file, *converted[file], isNormalRun);
+        }
+    }
+    load(bytes, std::move(converted));
+}
+
+std::optional<std::string> StartUp::content(ListFileId file, const Snapshot& last) {
+    const std::u16string& path = workingCopies_[file];
+    auto found = readWorkingCopy(path, files_);
+    const bool isMissing = !found && !files_.exists(path);
+    const bool isListFile = found && ListContent::hasSection(*found);
+    const auto state = found ? FileState::of(*found) : FileState();
+    if (found || isMissing) {
+        recovery_.mayLeave(file, state);
+    }
+    if (const auto& kept = last.bytes[file]) {
+        if ((found || isMissing) && last.leaves(file, state)) {
+            return kept;
+        }
+        if (!isMissing && !isListFile) {
+            if (found) {
+                backup_.keep(ListFile::nameOf(file), unconvertedWorkingCopy(*found));
+            }
+            return kept;
+        }
+        backup_.keep(ListFile::nameOf(file), *kept);
+    }
+    if (isMissing) {
+        recovery_.mayLeave(file, FileState::of(kNewWorkingCopy));
+        return std::string(kNewWorkingCopy);
+    }
+    if (!found) {
+        saver_.leave(file);
+        return std::nullopt;
+    }
+    return isListFile ? *found : unconvertedWorkingCopy(*found);
+}
+
+void StartUp::put(ListFileId file, const std::string& converted, bool isNormalRun) {
+    const std::u16string& path = workingCopies_[file];
+    if (!files_.exists(path)) {
+        if (isNormalRun) {
+            return;
+        }
+        createWorkingCopy(path, files_, codePages_);
+        files_.flushFolderOf(path);
+        if (files_.exists(path)) {
+            // A file that is missing later has been removed by the user.
+            recovery_.leaves(file, FileState::of(kNewWorkingCopy));
+            recovery_.mayLeave(file, FileState::of(converted));
+        }
+    }
+    // Not flushed: a power cut may leave the file as it was, empty or torn. The snapshot with the same lists has been
+    // flushed already and counts in each of these cases.
+    replaceFile(files_, path, converted, Flush::Later);
+}
+
+void StartUp::load(const WorkingCopyBytes& bytes, WorkingCopyBytes converted) {
+    // The loaders read UTF-16, so that programme names in any script come through.
+    loader_.loadFrom(std::move(converted));
+    loader_.LoadDrmList(true);
+    loader_.LoadAmList(true);
+    loader_.LoadFmList(true);
+    loader_.LoadFavList(true);
+    for (const ListFileId file : kListFiles) {
+        if (bytes[file] && loader_.leftOutAList(file)) {
+            backup_.keep(ListFile::nameOf(file), *bytes[file]);
+        }
     }
 }

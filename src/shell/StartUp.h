@@ -17,36 +17,35 @@
 class StartUp {
 public:
     StartUp(const WorkingCopies& workingCopies, ReceiverCopies& receiverCopies, ListLoader& loader, ListSaver& saver,
-            Recovery& recovery, mFindDiskDriver& findDiskDriver, Files& files, CodePages& codePages)
+            Recovery& recovery, Backup& backup, mFindDiskDriver& findDiskDriver, Files& files, CodePages& codePages)
         : workingCopies_(workingCopies),
           receiverCopies_(receiverCopies),
           loader_(loader),
           saver_(saver),
           recovery_(recovery),
+          backup_(backup),
           findDiskDriver_(findDiskDriver),
           files_(files),
           codePages_(codePages) {}
 
     // "LocalRun": the program's own working copies. "NormalRun" copies the receiver's files over them first;
-    // every start today is a "LocalRun". What a run that did not end has left is put back before. Silent but for
-    // receiver files missing in a "NormalRun".
+    // every start today is a "LocalRun". Takes from the snapshot what the run before could not save (see Recovery).
+    // Silent but for receiver files missing in a "NormalRun".
     void run(std::u16string_view RunMode = u"LocalRun");
 
 private:
-    void restore();
-    void prepareFromReceiver();
-    void prepareLocal();
-    void putBack(ListFileId file);
-    std::optional<std::string> present(ListFileId file);
-    std::string convert(ListFileId file, const std::optional<std::string>& bytes, bool onDisk);
+    // What the lists are to be loaded from, in UTF-8; nullopt of a file that cannot be read.
+    std::optional<std::string> content(ListFileId file, const Snapshot& last);
+    void put(ListFileId file, const std::string& converted, bool isNormalRun);
+    void load(const WorkingCopyBytes& bytes, WorkingCopyBytes converted);
 
     const WorkingCopies& workingCopies_;
     ReceiverCopies& receiverCopies_;
     ListLoader& loader_;
     ListSaver& saver_;
     Recovery& recovery_;
+    Backup& backup_;
     mFindDiskDriver& findDiskDriver_;
     Files& files_;
     CodePages& codePages_;
-    WorkingCopyBytes restored_;  // the last run's lists that could not be written over the working copies
 };

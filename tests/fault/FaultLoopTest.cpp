@@ -24,7 +24,9 @@ constexpr const char16_t* kUser = u"/app/User.ini";
 constexpr const char16_t* kReceiverList = u"/rx/List.ini";
 constexpr const char16_t* kReceiverUser = u"/rx/User.ini";
 
-constexpr const char* kSchedule = "[DRMSchedule]\r\nFrequency=7000\r\nProgramme=x\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\n";
+constexpr const char* kSchedule =
+    "[DRMSchedule]\r\nStartStopTimeUTC=0600-0730\r\nDays=1234567\r\nFrequency=7000\r\nTarget=Asia\r\nPower=10\r\n"
+    "Programme=Synced\r\nLanguage=English\r\nSite=A\r\nCountry=XA\r\n";
 const std::string kEnd = "\r\n[kvt update end]\r\n";
 
 std::string listFile(const std::string& programme) {
@@ -113,7 +115,7 @@ struct Scenario {
 const Texts kOld = {u"Old;", u"中;", u"", u"Favourite;"};
 const Texts kEdited = {u"Edited;", u"中;", u"", u"Favourite;"};
 const Texts kLoaded = {u"Receiver;", u"中;", u"", u"Other;"};
-const Texts kSynced = {u"", u"中;", u"", u"Favourite;"};
+const Texts kSynced = {u"Synced;", u"中;", u"", u"Favourite;"};
 
 const std::vector<Scenario>& scenarios() {
     static const std::vector<Scenario> all = {
@@ -178,6 +180,11 @@ bool nothingBeside(const FakeFiles& disk, std::u16string_view folder) {
     });
 }
 
+auto snapshotsOn(const FakeFiles& disk) {
+    return std::count_if(disk.files.begin(), disk.files.end(),
+                         [](const auto& file) { return file.first.starts_with(u"/app/Recovery/"); });
+}
+
 class Loop : public testing::Test {
 protected:
     static void SetUpTestSuite() { runsOfSuite = 0; }
@@ -229,6 +236,29 @@ protected:
         return reached;
     }
 
+    // The run is cut off at the n-th operation; then somebody puts another "List.ini" in its place and removes
+    // "User.ini".
+    bool changedAfter(const Scenario& scenario, const FakeFiles& disk, int n) {
+        ++runs;
+        SCOPED_TRACE(std::string(scenario.name) + ": cut off at " + std::to_string(n) + ", then changed");
+        FakeFiles left;
+        bool reached = false;
+        {
+            Process process(disk, {Fault::InputOutput, n, 0, true});
+            scenario.run(process);
+            left = process.disk();
+            reached = process.files().firstFailed();
+        }
+        faults += reached ? 1 : 0;
+        left.files[kList] = listFile("Foreigner");
+        left.files.erase(kUser);
+        Process next(left, {});
+        EXPECT_EQ(next.programmes(), (Texts{u"Foreigner;", u"中;", u"", u""}));
+        next.close();
+        EXPECT_EQ(next.disk().files[kList], listFile("Foreigner"));
+        return reached;
+    }
+
     static void checkFiles(const FakeFiles& left) {
         for (const char16_t* const path : {kList, kUser, kReceiverList, kReceiverUser}) {
             const auto found = left.files.find(path);
@@ -246,7 +276,7 @@ protected:
             EXPECT_NE(std::find(scenario.outcomes.begin(), end, shown), end)
                 << narrow(shown[0]) << narrow(shown[1]) << narrow(shown[3]);
             if (sound && scenario.closes) {
-                EXPECT_FALSE(left.folders.contains(u"/app/Recovery"));
+                EXPECT_EQ(snapshotsOn(left), 1);
             }
             EXPECT_TRUE(nothingBeside(next.disk(), u"/app/"));
             next.choose(MenuItem::SaveToReceiver);
@@ -256,7 +286,7 @@ protected:
             afterwards = next.disk();
         }
         EXPECT_TRUE(nothingBeside(afterwards, u"/rx/"));
-        EXPECT_FALSE(afterwards.folders.contains(u"/app/Recovery"));
+        EXPECT_EQ(snapshotsOn(afterwards), 1);
         for (const char16_t* const path : {kList, kUser, kReceiverList, kReceiverUser}) {
             EXPECT_TRUE(isWhole(afterwards.files[path]));
         }
@@ -300,6 +330,15 @@ TEST_P(FaultLoopTest, ASecondOneFailsWhileTheFirstIsBeingMended) {
     for (const Scenario& scenario : scenarios()) {
         for (int second = 1; second <= kMendingOperations; ++second) {
             for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, second, false}) && !HasFailure(); ++n) {
+            }
+        }
+    }
+}
+
+TEST_F(FaultLoopTestPowerCut, AFileChangedAfterwardsWins) {
+    for (const FakeFiles& disk : {soundDisk(), diskOfAKilledRun()}) {
+        for (const Scenario& scenario : scenarios()) {
+            for (int n = 1; changedAfter(scenario, disk, n) && !HasFailure(); ++n) {
             }
         }
     }

@@ -43,7 +43,8 @@ protected:
     FakeClock clock;
     Backup backup{u"/k7/", files, clock};
     ReceiverFiles receiverFiles{driver, receiverRoot, files, backup};
-    ReceiverCopies receiver{lists, copies, receiverFiles, loader, saver, messages, totals, files, codePages, backup};
+    Recovery recovery{u"/k7/", files};
+    ReceiverCopies receiver{lists, copies, receiverFiles, loader, saver, messages, totals, files, backup, recovery};
 };
 
 }  // namespace

@@ -30,10 +30,11 @@ protected:
     ListSaver saver{lists, copies, settings, platform.files, platform.codePages};
     Backup backup{u"/app/", platform.files, platform.clock};
     ReceiverFiles receiverFiles{driver, receiverRoot, platform.files, backup};
-    ReceiverCopies receiverCopies{lists,  copies,         receiverFiles,      loader, saver, msgBox,
-                                  totals, platform.files, platform.codePages, backup};
     Recovery recovery{u"/app/", platform.files};
-    StartUp startUp{copies, receiverCopies, loader, saver, recovery, driver, platform.files, platform.codePages};
+    ReceiverCopies receiverCopies{lists,  copies, receiverFiles,  loader, saver,
+                                  msgBox, totals, platform.files, backup, recovery};
+    StartUp startUp{copies,         receiverCopies,    loader, saver, recovery, backup, driver,
+                    platform.files, platform.codePages};
 };
 
 TEST_F(StartUpTest, ALocalRunMakesMissingFilesAndLeavesTheReceiverAlone) {

@@ -19,8 +19,8 @@ namespace {
 constexpr unsigned bitOf(ListKind kind) { return 1U << static_cast<unsigned>(kind); }
 constexpr unsigned kListFileKinds = bitOf(ListKind::Drm) | bitOf(ListKind::Am) | bitOf(ListKind::Fm);
 
-int countOf(IniReader& profile, ListKind kind) {
-    return roundToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind)))).value_or(0);
+std::optional<int> countOf(IniReader& profile, ListKind kind) {
+    return roundToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind))));
 }
 
 // The stored values of a list's records, one record after the other.
@@ -131,16 +131,19 @@ void ListLoader::readSettings(IniReader& profile) {
 }
 
 void ListLoader::appendRecords(ListKind kind, IniReader& profile) {
-    const int count = countOf(profile, kind);
-    if (count < 1) {
+    const std::optional<int> count = countOf(profile, kind);
+    if (!count) {
+        leftOut_[kind == ListKind::Favourite ? ListFileId::User : ListFileId::List] = true;
+    }
+    if (count.value_or(0) < 1) {
         return;
     }
     const StationList& list = lists_[kind];
     const GridUpdate update(list.grid);
-    list.grid.expectRows(count, profile.text());
+    list.grid.expectRows(*count, profile.text());
     RecordSection section(kind);
     Record record(list.columns);
-    for (int index = 0; index < count; ++index) {
+    for (int index = 0; index < *count; ++index) {
         record.read(profile, section.of(index));
         appendRecord(list, record);
     }
@@ -152,6 +155,7 @@ IniReader ListLoader::read(const std::optional<std::string>& given, std::u16stri
 
 void ListLoader::loadFrom(WorkingCopyBytes bytes) {
     forgetFiles();
+    leftOut_ = {};
     given_ = std::move(bytes);
 }
 

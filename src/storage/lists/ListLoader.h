@@ -32,6 +32,9 @@ public:
     // The next loader reads its file anew; for whoever has changed the working copies.
     void forgetFiles();
 
+    // A list of this file was left empty because its count is outside 16 bits: a save would lose its records.
+    bool leftOutAList(ListFileId file) const { return leftOut_[file]; }
+
 private:
     void loadFromListFile(ListKind kind, bool setUpColumns);
     IniReader read(const std::optional<std::string>& given, std::u16string_view path);
@@ -44,6 +47,7 @@ private:
     Files& files_;
     CodePages& codePages_;
     WorkingCopyBytes given_;
+    PerListFile<bool> leftOut_;
     std::optional<IniReader> listFile_;  // between the first and the last of its three lists
     unsigned served_ = 0;                // bit per ListKind: loaded from listFile_
 };

@@ -82,17 +82,16 @@ bool hasUnits(const Grid& favourites) {
 
 }  // namespace
 
-void ListSaver::SaveLists() {
+void ListSaver::SaveLists(WorkingCopyBytes bytes) {
     std::vector<NewFile> newFiles;
     for (const ListFileId file : kListFiles) {
-        auto bytes = compose(file);
-        if (!bytes) {
+        if (!bytes[file]) {
             continue;
         }
         if (files_.exists(copies_[file])) {
             files_.clearAttributes(copies_[file]);
         }
-        newFiles.push_back({copies_[file], std::move(*bytes)});
+        newFiles.push_back({copies_[file], std::move(*bytes[file])});
     }
     listsSaved_ = replaceFiles(files_, newFiles) && newFiles.size() == std::size(kListFiles);
 }

@@ -22,7 +22,9 @@ public:
         : lists_(lists), copies_(copies), settings_(settings), files_(files), codePages_(codePages) {}
 
     // Rewrites both working copies, each in one step; a file that cannot be written stays whole as it was, silently.
-    void SaveLists();
+    void SaveLists() { SaveLists(compose()); }
+    // The same with what compose() has returned.
+    void SaveLists(WorkingCopyBytes bytes);
     // True when the last SaveLists has written both files.
     bool ListsSaved() const { return listsSaved_; }
     // What SaveLists would write now; nullopt for a file that it would leave as it is.

@@ -34,6 +34,11 @@ std::string convertedWorkingCopy(std::string_view bytes) {
     return converted;
 }
 
+std::string unconvertedWorkingCopy(std::string_view bytes) {
+    const std::string_view mark = TextFormatBom(TextFormat::Utf16Le);
+    return bytes.starts_with(mark) ? toUtf8(unitsOf(bytes.substr(mark.size()), ByteOrder::Little)) : std::string(bytes);
+}
+
 std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files) {
     const auto bytes = readWorkingCopy(path, files);
     if (!bytes) {

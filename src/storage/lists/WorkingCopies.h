@@ -22,7 +22,8 @@ struct WorkingCopies {
 // The content of both files; nullopt: of this one nothing is known.
 using WorkingCopyBytes = PerListFile<std::optional<std::string>>;
 
-// A new one holds a single blank, in UTF-8 with its mark: EF BB BF 20. A failure is silent.
+// A new one holds a single blank, in UTF-8 with its mark. A failure is silent.
+inline constexpr std::string_view kNewWorkingCopy = "\xEF\xBB\xBF ";
 void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);
 
 // The whole file, tried again when it fails: the lists shown are what the next save writes over it.
@@ -31,6 +32,9 @@ std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& file
 
 // From the receiver's UTF-8 (never guessed, a mark is accepted) to UTF-16LE with its mark.
 std::string convertedWorkingCopy(std::string_view bytes);
+
+// Back to UTF-8, as backups and the receiver have it; bytes without the mark of UTF-16LE stay as they are.
+std::string unconvertedWorkingCopy(std::string_view bytes);
 
 // The same of the file itself. Returns what the file holds then; nullopt when it is missing or cannot be read or
 // written, and then it is as it was.

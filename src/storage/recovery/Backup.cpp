@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "storage/files/SafeFile.h"
+#include "storage/lists/ListContent.h"
 #include "storage/text/Numbers.h"
 
 namespace {
@@ -63,6 +64,9 @@ Backup::Backup(std::u16string_view programFolder, Files& files, Clock& clock)
       clock_(clock) {}
 
 void Backup::keep(std::u16string_view name, std::string_view bytes) {
+    if (!ListContent::isWorthKeeping(bytes)) {
+        return;
+    }
     const std::vector<Copy> copies = copiesOf(name);
     if (!copies.empty() && files_.read(pathOf(copies.back().name)).bytes == bytes) {
         return;

@@ -16,7 +16,8 @@ public:
     Backup(std::u16string_view programFolder, Files& files, Clock& clock);
 
     // "List.ini" at 22:45:01 UTC becomes "List-20261120T224501Z.ini", or "...Z-2.ini" when there is one already.
-    // Nothing is written when the newest copy of that name holds the same. Only the newest kCopies stay.
+    // Nothing is written when the newest copy of that name holds the same, nor of a list file without a record. Only
+    // the newest kCopies stay.
     void keep(std::u16string_view name, std::string_view bytes);
 
     // Of copies that a run ended in the middle did not finish; for the start.

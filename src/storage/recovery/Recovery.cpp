@@ -10,33 +10,32 @@ Recovery::Recovery(std::u16string_view programFolder, Files& files)
     slots_ = {folder_ + separator + u"Snapshot1", folder_ + separator + u"Snapshot2"};
 }
 
-std::optional<WorkingCopyBytes> Recovery::find() {
+std::optional<Snapshot> Recovery::find() {
     for (std::size_t slot = 0; slot < kSlots; ++slot) {
         const auto file = readWorkingCopy(slots_[slot], files_);
         auto snapshot = file ? decodeSnapshot(*file) : std::nullopt;
-        if (snapshot && (!kept_ || snapshot->number > number_)) {
+        if (snapshot && (!kept_ || snapshot->number > kept_->number)) {
             newest_ = slot;
-            number_ = snapshot->number;
-            kept_ = std::move(snapshot->bytes);
+            kept_ = std::move(snapshot);
         }
     }
     return kept_;
 }
 
 bool Recovery::keep(WorkingCopyBytes bytes) {
-    if (kept_ && !bytes.list) {
-        bytes.list = kept_->list;
+    for (const ListFileId file : kListFiles) {
+        if (kept_ && !bytes[file]) {
+            bytes[file] = kept_->bytes[file];
+        }
     }
-    if (kept_ && !bytes.user) {
-        bytes.user = kept_->user;
-    }
-    if (isDurable_ && kept_ == bytes) {
+    if (isDurable_ && kept_->bytes == bytes && kept_->left == left_) {
         return true;
     }
     // Never the slot of the newest whole one.
     const std::size_t slot = kept_ ? (newest_ + 1) % kSlots : newest_;
-    const std::string snapshot = encodeSnapshot(number_ + 1, bytes);
-    const auto write = [&] { return files_.createFolder(folder_) && files_.write(slots_[slot], snapshot, Flush::Now); };
+    Snapshot snapshot{kept_ ? kept_->number + 1 : 1, std::move(bytes), left_};
+    const std::string encoded = encodeSnapshot(snapshot);
+    const auto write = [&] { return files_.createFolder(folder_) && files_.write(slots_[slot], encoded, Flush::Now); };
     if (!write() && !write()) {
         return false;
     }
@@ -47,20 +46,25 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
         files_.flushFolderOf(folder_);
     }
     newest_ = slot;
-    ++number_;
-    kept_ = std::move(bytes);
+    kept_ = std::move(snapshot);
     return true;
 }
 
-void Recovery::discard() {
-    // The newest goes last: alone, the older one would be taken for what to go back to.
-    for (const std::size_t slot : {(newest_ + 1) % kSlots, newest_}) {
-        if (files_.exists(slots_[slot]) && !files_.remove(slots_[slot])) {
-            return;
+void Recovery::save(ListSaver& saver) {
+    const WorkingCopyBytes bytes = saver.compose();
+    const bool kept = keep(bytes);
+    saver.SaveLists(bytes);
+    if (kept && saver.ListsSaved()) {
+        for (const ListFileId file : kListFiles) {
+            leaves(file, FileState::of(*bytes[file]));
         }
+        keep(bytes);
     }
-    files_.removeFolder(folder_);
-    kept_.reset();
-    isNamed_ = {};
-    isDurable_ = false;
+}
+
+void Recovery::keepNewestOnly() {
+    const std::u16string& older = slots_[(newest_ + 1) % kSlots];
+    if (files_.exists(older)) {
+        files_.remove(older);
+    }
 }

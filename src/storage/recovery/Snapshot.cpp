@@ -3,14 +3,19 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 namespace {
 
-// Mark, number, length of each file, the bytes of both, checksum. Numbers are 64 bits, least significant byte first.
-constexpr std::string_view kMark = "K7SNAP02";
-constexpr std::string_view kFirstMark = "K7SNAP01";  // the same but for the checksum; of a run before an update
+// Mark, number, length of each file, for each file the number of its states and these (length and checksum), the bytes
+// of both files, checksum. Numbers are 64 bits, least significant byte first.
+constexpr std::string_view kMark = "K7SNAP03";
+// Of versions before. Both lack the states, and the first has another checksum.
+constexpr std::string_view kFirstMark = "K7SNAP01";
+constexpr std::string_view kSecondMark = "K7SNAP02";
 constexpr std::size_t kNumberSize = 8;
 constexpr std::size_t kHeaderSize = kMark.size() + 3 * kNumberSize;
+constexpr std::size_t kStateSize = 2 * kNumberSize;
 constexpr std::uint64_t kUnknown = ~std::uint64_t{0};  // in the place of a length
 
 void appendNumber(std::string& to, std::uint64_t number) {
@@ -38,7 +43,7 @@ std::uint64_t firstChecksum(std::string_view bytes) {  // FNV-1a
     return sum;
 }
 
-// Eight bytes at a time, for long lists; the last ones, padded with zeros, are told from others by the lengths. Each
+// Eight bytes at a time, for long lists; the last ones, padded with zeros, are set apart by the lengths. Each
 // step can be undone, so one changed word always changes the sum; the shift carries its high bits on to the low ones.
 std::uint64_t checksum(std::string_view bytes) {
     std::uint64_t sum = kSumStart;
@@ -57,7 +62,28 @@ std::uint64_t checksum(std::string_view bytes) {
 
 std::uint64_t lengthOf(const std::optional<std::string>& bytes) { return bytes ? bytes->size() : kUnknown; }
 
-// Takes the file of that length off the front of `rest`; false when `rest` is too short.
+std::optional<std::uint64_t> takeNumber(std::string_view& rest) {
+    if (rest.size() < kNumberSize) {
+        return std::nullopt;
+    }
+    const std::uint64_t number = numberAt(rest, 0);
+    rest.remove_prefix(kNumberSize);
+    return number;
+}
+
+// The following take one part off the front of `rest`; false when it is too short.
+bool take(std::string_view& rest, std::vector<FileState>& states) {
+    const auto count = takeNumber(rest);
+    if (!count || *count > rest.size() / kStateSize) {
+        return false;
+    }
+    for (std::uint64_t i = 0; i < *count; ++i) {
+        states.push_back({numberAt(rest, 0), numberAt(rest, kNumberSize)});
+        rest.remove_prefix(kStateSize);
+    }
+    return true;
+}
+
 bool take(std::string_view& rest, std::uint64_t length, std::optional<std::string>& bytes) {
     if (length == kUnknown) {
         return true;
@@ -72,17 +98,35 @@ bool take(std::string_view& rest, std::uint64_t length, std::optional<std::strin
 
 }  // namespace
 
-std::string encodeSnapshot(std::uint64_t number, const WorkingCopyBytes& bytes) {
+FileState FileState::of(std::string_view bytes) { return {bytes.size(), ::checksum(bytes)}; }
+
+bool Snapshot::leaves(ListFileId file, const FileState& state) const {
+    return (bytes[file] && FileState::of(*bytes[file]) == state) ||
+           std::find(left[file].begin(), left[file].end(), state) != left[file].end();
+}
+
+std::string encodeSnapshot(const Snapshot& snapshot) {
     std::string file;
-    file.reserve(kHeaderSize + (bytes.list ? bytes.list->size() : 0) + (bytes.user ? bytes.user->size() : 0) +
-                 kNumberSize);
+    std::size_t size = kHeaderSize + 3 * kNumberSize;
+    for (const ListFileId id : kListFiles) {
+        size += snapshot.left[id].size() * kStateSize + (snapshot.bytes[id] ? snapshot.bytes[id]->size() : 0);
+    }
+    file.reserve(size);
     file += kMark;
-    appendNumber(file, number);
-    appendNumber(file, lengthOf(bytes.list));
-    appendNumber(file, lengthOf(bytes.user));
-    for (const auto* const content : {&bytes.list, &bytes.user}) {
-        if (*content) {
-            file += **content;
+    appendNumber(file, snapshot.number);
+    for (const ListFileId id : kListFiles) {
+        appendNumber(file, lengthOf(snapshot.bytes[id]));
+    }
+    for (const ListFileId id : kListFiles) {
+        appendNumber(file, snapshot.left[id].size());
+        for (const FileState& state : snapshot.left[id]) {
+            appendNumber(file, state.length);
+            appendNumber(file, state.checksum);
+        }
+    }
+    for (const ListFileId id : kListFiles) {
+        if (snapshot.bytes[id]) {
+            file += *snapshot.bytes[id];
         }
     }
     appendNumber(file, checksum(file));
@@ -91,7 +135,8 @@ std::string encodeSnapshot(std::uint64_t number, const WorkingCopyBytes& bytes) 
 
 std::optional<Snapshot> decodeSnapshot(std::string_view file) {
     const bool isFirst = file.starts_with(kFirstMark);
-    if (file.size() < kHeaderSize + kNumberSize || (!isFirst && !file.starts_with(kMark))) {
+    const bool hasStates = file.starts_with(kMark);
+    if (file.size() < kHeaderSize + kNumberSize || (!isFirst && !hasStates && !file.starts_with(kSecondMark))) {
         return std::nullopt;
     }
     const std::string_view summed = file.substr(0, file.size() - kNumberSize);
@@ -101,6 +146,9 @@ std::optional<Snapshot> decodeSnapshot(std::string_view file) {
     Snapshot snapshot;
     snapshot.number = numberAt(file, kMark.size());
     std::string_view rest = summed.substr(kHeaderSize);
+    if (hasStates && (!take(rest, snapshot.left.list) || !take(rest, snapshot.left.user))) {
+        return std::nullopt;
+    }
     const bool whole = take(rest, numberAt(file, kMark.size() + kNumberSize), snapshot.bytes.list) &&
                        take(rest, numberAt(file, kMark.size() + 2 * kNumberSize), snapshot.bytes.user);
     return whole && rest.empty() ? std::optional(std::move(snapshot)) : std::nullopt;

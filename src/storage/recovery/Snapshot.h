@@ -1,18 +1,36 @@
-// Both working copies in one file, so that they are kept or lost together; a torn one is told by its checksum.
+// Both working copies in one file, so that they are kept or lost together; a checksum reveals a torn one.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "storage/lists/WorkingCopies.h"
+
+// What a file is recognised by.
+struct FileState {
+    // Of no file: there is none.
+    static constexpr std::uint64_t kNoLength = ~std::uint64_t{0};
+    std::uint64_t length = kNoLength;
+    std::uint64_t checksum = 0;
+
+    static FileState of(std::string_view bytes);
+    friend bool operator==(const FileState&, const FileState&) = default;
+};
+
+using FileStates = PerListFile<std::vector<FileState>>;
 
 struct Snapshot {
     std::uint64_t number = 0;  // the higher, the newer
     WorkingCopyBytes bytes;
+    // The run may have left a working copy in any of these states, or holding the bytes above.
+    FileStates left;
+
+    bool leaves(ListFileId file, const FileState& state) const;
 };
 
-std::string encodeSnapshot(std::uint64_t number, const WorkingCopyBytes& bytes);
+std::string encodeSnapshot(const Snapshot& snapshot);
 // nullopt unless `file` is a whole snapshot.
 std::optional<Snapshot> decodeSnapshot(std::string_view file);

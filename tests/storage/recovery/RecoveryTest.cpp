@@ -13,7 +13,10 @@ constexpr const char16_t* kSecond = u"/app/Recovery/Snapshot2";
 class RecoveryTest : public testing::Test {
 protected:
     // What the next run finds.
-    std::optional<WorkingCopyBytes> found() { return Recovery(u"/app/", files).find(); }
+    std::optional<WorkingCopyBytes> found() {
+        const auto snapshot = Recovery(u"/app/", files).find();
+        return snapshot ? std::optional(snapshot->bytes) : std::nullopt;
+    }
     auto writes() const {
         return std::count_if(files.accesses.begin(), files.accesses.end(),
                              [](const std::string& access) { return access.starts_with("write "); });
@@ -122,28 +125,41 @@ TEST_F(RecoveryTest, AFolderThatCannotBeMadeAtFirstIsTriedAgain) {
     EXPECT_EQ(found(), one);
 }
 
-TEST_F(RecoveryTest, DiscardLeavesNothing) {
+TEST_F(RecoveryTest, TheNewestStaysAlone) {
     recovery.keep(one);
+    recovery.keepNewestOnly();
+    EXPECT_EQ(found(), one);
     recovery.keep(two);
-    recovery.discard();
-    EXPECT_TRUE(files.files.empty());
-    EXPECT_TRUE(files.folders.empty());
-    recovery.keep(one);
-    EXPECT_EQ(found(), one) << "the same bytes are written after they were removed";
+    recovery.keep(three);
+    recovery.keepNewestOnly();
+    EXPECT_EQ(files.list(u"/app/Recovery"), std::vector<std::u16string>{u"Snapshot1"});
+    EXPECT_EQ(found(), three);
+    EXPECT_TRUE(recovery.keep(one));
+    EXPECT_EQ(found(), one);
 }
 
-TEST_F(RecoveryTest, DiscardNeverLeavesTheOlderOneAlone) {
+TEST_F(RecoveryTest, ASnapshotSaysWhatTheRunMayLeave) {
+    recovery.mayLeave(ListFileId::List, FileState::of("found"));
+    recovery.mayLeave(ListFileId::List, FileState::of("converted"));
+    recovery.mayLeave(ListFileId::User, FileState());
     recovery.keep(one);
-    recovery.keep(two);
-    files.failing = {kFirst};
-    recovery.discard();
-    EXPECT_EQ(found(), two);
-    files.failing = {kSecond};
-    recovery.discard();
-    EXPECT_EQ(found(), std::nullopt);
-    EXPECT_FALSE(files.files.contains(kFirst));
-    files.failing.clear();
-    EXPECT_EQ(found(), two);
+    auto snapshot = Recovery(u"/app/", files).find();
+    ASSERT_TRUE(snapshot);
+    for (const char* const bytes : {"found", "converted", "list 1"}) {
+        EXPECT_TRUE(snapshot->leaves(ListFileId::List, FileState::of(bytes))) << bytes;
+    }
+    for (const char* const bytes : {"", "other", "founD", "user 1"}) {
+        EXPECT_FALSE(snapshot->leaves(ListFileId::List, FileState::of(bytes))) << bytes;
+    }
+    EXPECT_FALSE(snapshot->leaves(ListFileId::List, FileState())) << "a missing file";
+    EXPECT_TRUE(snapshot->leaves(ListFileId::User, FileState()));
+    EXPECT_TRUE(snapshot->leaves(ListFileId::User, FileState::of("user 1")));
+
+    recovery.leaves(ListFileId::List, FileState::of("found"));
+    EXPECT_TRUE(recovery.keep(one)) << "the same lists, other states";
+    snapshot = Recovery(u"/app/", files).find();
+    EXPECT_FALSE(snapshot->leaves(ListFileId::List, FileState::of("converted")));
+    EXPECT_TRUE(snapshot->leaves(ListFileId::List, FileState::of("found")));
 }
 
 TEST_F(RecoveryTest, AFolderThatIsALinkIsNotWrittenInto) {
@@ -174,8 +190,15 @@ std::string withChecksum(const std::string& file) {
     return withSum(file, sum);
 }
 
+// As the second version wrote it: without the numbers of states.
+std::string ofSecondVersion(std::string file) {
+    file[7] = '2';
+    return withChecksum(file.erase(32, 16));
+}
+
 // As version 1.0.0 wrote it.
 std::string ofFirstVersion(std::string file) {
+    file = ofSecondVersion(std::move(file));
     file[7] = '1';
     std::uint64_t sum = 14695981039346656037U;
     for (std::size_t i = 0; i + 8 < file.size(); ++i) {
@@ -187,7 +210,7 @@ std::string ofFirstVersion(std::string file) {
 }  // namespace
 
 TEST(RecoveryTestSnapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
-    std::string file = encodeSnapshot(7, {"list", "user"});
+    std::string file = encodeSnapshot({7, {"list", "user"}, {}});
     ASSERT_TRUE(decodeSnapshot(file));
     EXPECT_EQ(decodeSnapshot(file)->number, 7U);
     EXPECT_EQ(withChecksum(file), file);
@@ -205,7 +228,7 @@ TEST(RecoveryTestSnapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
 
 TEST(RecoveryTestSnapshot, OneOfTheFirstVersionIsRead) {
     const WorkingCopyBytes bytes{"the list", std::nullopt};
-    std::string file = ofFirstVersion(encodeSnapshot(7, bytes));
+    std::string file = ofFirstVersion(encodeSnapshot({7, bytes, {}}));
     ASSERT_TRUE(decodeSnapshot(file));
     EXPECT_EQ(decodeSnapshot(file)->number, 7U);
     EXPECT_EQ(decodeSnapshot(file)->bytes, bytes);
@@ -213,8 +236,33 @@ TEST(RecoveryTestSnapshot, OneOfTheFirstVersionIsRead) {
     EXPECT_EQ(decodeSnapshot(file), std::nullopt);
 }
 
+TEST(RecoveryTestSnapshot, OneOfTheSecondVersionIsRead) {
+    const WorkingCopyBytes bytes{std::nullopt, "the favourites"};
+    const std::string file = ofSecondVersion(encodeSnapshot({8, bytes, {}}));
+    ASSERT_TRUE(decodeSnapshot(file));
+    EXPECT_EQ(decodeSnapshot(file)->number, 8U);
+    EXPECT_EQ(decodeSnapshot(file)->bytes, bytes);
+}
+
+TEST(RecoveryTestSnapshot, MoreStatesThanItHoldsAreRefused) {
+    Snapshot snapshot{7, {"list", "user"}, {}};
+    snapshot.left.list = {FileState::of("a"), FileState::of("b")};
+    snapshot.left.user = {FileState()};
+    const std::string file = encodeSnapshot(snapshot);
+    ASSERT_TRUE(decodeSnapshot(file));
+    EXPECT_EQ(decodeSnapshot(file)->left, snapshot.left);
+    EXPECT_EQ(decodeSnapshot(file)->bytes, snapshot.bytes);
+    for (const int count : {0, 1, 4, 5, 100, 255}) {
+        std::string changed = file;
+        changed[32] = static_cast<char>(count);
+        EXPECT_EQ(decodeSnapshot(withChecksum(changed)), std::nullopt) << count;
+        changed[39] = '\x7F';
+        EXPECT_EQ(decodeSnapshot(withChecksum(changed)), std::nullopt) << count;
+    }
+}
+
 TEST(RecoveryTestSnapshot, ChangesThatTouchTheSameBitOfTwoWordsAreFound) {
-    const std::string file = encodeSnapshot(7, {std::string(100, 'x'), std::string(3, 'y')});
+    const std::string file = encodeSnapshot({7, {std::string(100, 'x'), std::string(3, 'y')}, {}});
     for (std::size_t first = 32; first < 40; ++first) {
         for (const int bit : {0, 3, 7}) {
             std::string changed = file;
