@@ -25,6 +25,28 @@ TEST(IniEditorTest, AnUnchangedTextComesOutAsItWas) {
     EXPECT_EQ(IniEditor(text).compose(), text);
 }
 
+TEST(IniEditorTest, ABracketIsNotClosedByALaterLine) {
+    EXPECT_EQ(afterSet(u"[broken\r\n[A]\r\nx=1\r\n", u"A", u"x", u"2"), "[broken\r\n[A]\r\nx=2\r\n");
+    EXPECT_EQ(afterSet(u"y\r\n[broken\r\n[A]\r\nx=1\r\n", u"A", u"x", u"2"), "y\r\n[broken\r\n[A]\r\nx=2\r\n");
+}
+
+TEST(IniEditorTest, AFileThatCannotBeReadIsNotChanged) {
+    FakeFiles files;
+    FakeCodePages codePages;
+    int changes = 0;
+    const auto change = [&changes](IniEditor& edit) {
+        ++changes;
+        edit.set(u"A", u"x", u"1");
+    };
+    files.files[u"/x.ini"] = "old";
+    files.unreadable = {u"/x.ini"};
+    EXPECT_FALSE(editIniFile(u"/x.ini", files, codePages, change));
+    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(files.files[u"/x.ini"], "old");
+    EXPECT_TRUE(editIniFile(u"/new.ini", files, codePages, change));
+    EXPECT_EQ(files.files[u"/new.ini"], "[A]\r\nx=1\r\n");
+}
+
 TEST(IniEditorTest, ANewSectionGoesToTheEndOnALineOfItsOwn) {
     EXPECT_EQ(afterSet(u"", u"A", u"x", u"1"), "[A]\r\nx=1\r\n");
     EXPECT_EQ(afterSet(u" ", u"A", u"x", u"1"), " \r\n[A]\r\nx=1\r\n");

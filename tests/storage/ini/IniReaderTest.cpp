@@ -153,6 +153,14 @@ TEST(IniReaderTest, AFileOfMoreThan31BitsIsNotRead) {
     EXPECT_TRUE(files.accesses.empty());
 }
 
+TEST(IniReaderTest, AFileOf31BitsIsRead) {
+    FakeFiles files;
+    FakeCodePages codePages;
+    files.files[u"/large"] = "[A]\nx=1";
+    files.sizes[u"/large"] = 0x7FFFFFFFU;
+    EXPECT_EQ(readIni(u"/large", files, codePages).get(u"A", u"x"), u"1");
+}
+
 TEST(IniReaderTest, AMissingOrUnreadableFileIsEmpty) {
     FakeFiles files;
     FakeCodePages codePages;

@@ -99,6 +99,19 @@ TEST_F(WorkingCopiesTest, AFileOfMoreThan31BitsIsNotRead) {
     EXPECT_TRUE(files.accesses.empty());
 }
 
+TEST_F(WorkingCopiesTest, AFileOf31BitsIsRead) {
+    files.files[kPath] = "x";
+    files.sizes[kPath] = 0x7FFFFFFFU;
+    EXPECT_EQ(readWorkingCopy(kPath, files), "x");
+}
+
+TEST_F(WorkingCopiesTest, AConversionCanBeUndone) {
+    for (const std::string bytes : {"", "abc", "[A]\r\nx=\xE4\xB8\xAD\r\n"}) {
+        EXPECT_EQ(unconvertedWorkingCopy(convertedWorkingCopy(bytes)), bytes);
+        EXPECT_EQ(unconvertedWorkingCopy(bytes), bytes) << "nothing to undo";
+    }
+}
+
 TEST_F(WorkingCopiesTest, AFailedReadingIsTriedTwiceMore) {
     files.files[kPath] = "x";
     files.failing = {kPath};

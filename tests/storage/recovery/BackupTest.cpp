@@ -101,6 +101,22 @@ TEST_F(BackupTest, OnlyUnfinishedCopiesAreLeftovers) {
     EXPECT_TRUE(files.files.contains(u"/app/List.ini.k7new"));
 }
 
+TEST_F(BackupTest, ANumberHasUpToSixDigits) {
+    files.files[u"/app/Backup/List-20261120T224501Z-999999.ini"] = "a";
+    files.files[u"/app/Backup/List-20261120T224501Z-1000000.ini"] = "b";
+    const auto copies = backup.copiesOf(u"List.ini");
+    ASSERT_EQ(copies.size(), 1U);
+    EXPECT_EQ(copies[0].count, 999'999);
+}
+
+TEST_F(BackupTest, AListFileWithoutARecordIsNotKept) {
+    backup.keep(u"List.ini", "\xEF\xBB\xBF ");
+    backup.keep(u"List.ini", " \r\n[Total]\r\ndrmnumber=0\r\n");
+    EXPECT_TRUE(files.folders.empty());
+    backup.keep(u"List.ini", "[Total]\r\ndrmnumber=40000\r\n[DRMSchedule0]\r\n");
+    EXPECT_EQ(names().size(), 1U) << "the count does not matter";
+}
+
 TEST_F(BackupTest, AFailureLeavesTheOldCopies) {
     backup.keep(u"List.ini", "a");
     clock.time.second = 2;

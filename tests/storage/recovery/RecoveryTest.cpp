@@ -162,6 +162,16 @@ TEST_F(RecoveryTest, ASnapshotSaysWhatTheRunMayLeave) {
     EXPECT_TRUE(snapshot->leaves(ListFileId::List, FileState::of("found")));
 }
 
+TEST_F(RecoveryTest, TheNameOfEachSlotOutlivesAPowerCut) {
+    const auto lose = [this] { files.cutPower([](std::u16string_view) { return FakeFiles::Fate::Old; }); };
+    recovery.keep(one);
+    lose();
+    EXPECT_EQ(found(), one);
+    recovery.keep(two);
+    lose();
+    EXPECT_EQ(found(), two);
+}
+
 TEST_F(RecoveryTest, AFolderThatIsALinkIsNotWrittenInto) {
     files.files[u"/app/Recovery"] = "not a folder";
     EXPECT_FALSE(recovery.keep(one));
@@ -234,6 +244,12 @@ TEST(RecoveryTestSnapshot, OneOfTheFirstVersionIsRead) {
     EXPECT_EQ(decodeSnapshot(file)->bytes, bytes);
     file[33] = 'T';
     EXPECT_EQ(decodeSnapshot(file), std::nullopt);
+}
+
+TEST(RecoveryTestSnapshot, UnknownIsALengthOfAllOnes) {
+    const std::string file = encodeSnapshot({7, {std::nullopt, "user"}, {}});
+    EXPECT_EQ(file.substr(16, 8), std::string(8, '\xFF'));
+    EXPECT_EQ(file.substr(24, 8), std::string("\4\0\0\0\0\0\0\0", 8));
 }
 
 TEST(RecoveryTestSnapshot, OneOfTheSecondVersionIsRead) {

@@ -283,4 +283,7 @@ TEST_F(mTextUTFTest, AppendingWithoutAnyFormatIsAFailure) {
     files.sizes[kPath] = 0x80000000U;
     EXPECT_FALSE(append(u"a", TextFormat::Detect)) << "it is too large to look at";
     EXPECT_EQ(bytes(), "old");
+    files.sizes[kPath] = 0x7FFFFFFFU;
+    EXPECT_TRUE(append(u"a", TextFormat::Detect)) << "it is just small enough";
+    EXPECT_EQ(bytes(), "olda");
 }
