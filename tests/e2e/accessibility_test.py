@@ -4,9 +4,10 @@ import unittest
 import listfiles
 from case import ProgramCase
 from listfiles import SAMPLE_LIST, SAMPLE_USER, list_ini, user_ini
-from nodes import Atspi, box_of, has_state, showing, text_of, tree
+from nodes import Atspi, box_of, has_state, middle_of, showing, text_of, tree
 from program import TABS
 from receiver import unmount_strangers
+from session import SESSION
 
 FULL = 256
 
@@ -44,6 +45,18 @@ class ByReader(ProgramCase):
         program.open_edit(1, 1)
         self.assertNotEqual(spoken_name(program.edit_box()), "")
         program.keys("Return")
+        self.assert_closes(program)
+
+    def test_scale_factor_two_keeps_names_roles_and_places(self):
+        program = self.sample_program()
+        plain = [(node.get_role(), spoken_name(node)) for node in tree(program.main_window())]
+        self.assert_closes(program)
+        program = self.program(SAMPLE_LIST, SAMPLE_USER).start(environment={"QT_SCALE_FACTOR": "2"})
+        self.assertEqual([(node.get_role(), spoken_name(node)) for node in tree(program.main_window())], plain)
+        # Qt reports the places of every program in pixels before scaling.
+        x, y = middle_of(program.cell(2, 1))
+        SESSION.xdotool("mousemove", 2 * x, 2 * y, "click", 1)
+        program.wait(lambda: program.selected_rows() == [2], "the row under the pointer selected")
         self.assert_closes(program)
 
     def test_every_control_of_the_dialog_is_named(self):
