@@ -27,11 +27,11 @@ using Backups = std::map<Order, std::pair<std::u16string, BackupSizes>>;
 Backups readBackups(Services& services) {
     Backup backup(services.folder, services.files, services.clock);
     Backups found;
-    const auto add = [&](std::u16string_view name, std::uint64_t BackupSizes::*size) {
+    const auto add = [&](std::u16string_view name, auto sizeOfFile) {
         for (const Backup::Copy& copy : backup.copiesOf(name)) {
             auto& [id, sizes] = found[{copy.stamp, copy.count}];
             id = copy.id();
-            sizes.*size = services.files.size(backup.pathOf(copy)).value_or(0);
+            sizes.*sizeOfFile = services.files.size(backup.pathOf(copy)).value_or(0);
         }
     };
     add(ListFile::kListName, &BackupSizes::list);
