@@ -45,6 +45,7 @@ private:
         void beforeReset() override {}
         void afterReset() override {}
         void cellChanged(int, int) override {}
+        void selectionChanged(int) override {}
         GridGeometry geometry(int) override { return {}; }
         void takeFocus() override {}
     };

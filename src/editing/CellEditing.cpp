@@ -6,7 +6,6 @@
 #include "editing/ColumnFinder.h"
 #include "storage/stations/ListColumns.h"
 #include "storage/stations/ReceptionSystem.h"
-#include "storage/text/Numbers.h"
 
 namespace {
 
@@ -21,7 +20,7 @@ double rowsPerPage(const GridGeometry& geometry) {
 
 }  // namespace
 
-void CellEditing::setLastMouseX(double x, double /*y*/) { edit_.lastMouseX = saturateToInt16(x); }
+void CellEditing::setLastMouseX(double x, double /*y*/) { edit_.lastMouseX = static_cast<int>(std::nearbyint(x)); }
 
 void CellEditing::startEdit(ListKind kind) {
     commitAndHide();
@@ -30,16 +29,16 @@ void CellEditing::startEdit(ListKind kind) {
     if (row < 1) {
         return;
     }
-    applyStandardWidths(list);
-    findColumn(list.grid);
+    widths_.standardise(kind);
+    // Before the box is shown: it may scroll the grid, which ends an edit that is open.
+    const GridGeometry geometry = list.view->geometry(row);
+    findColumn(list.grid, geometry.rowLeft);
     edit_.editRow = row;
     edited_ = kind;
     const ListColumn* const column = columnAt(list.columns, edit_.editColumn);
     if (column == nullptr || !column->isEditable) {
         return;
     }
-    // Asked for before the box is shown: it may scroll the grid, which ends an edit that is open.
-    const GridGeometry geometry = list.view->geometry(row);
     const double top = geometry.top + geometry.rowTop + kTopInset;
     const double left = tabs_.left() + geometry.left + geometry.rowLeft + edit_.editCellLeft + 50;
     if (column->lengthLimit > 0) {
@@ -49,8 +48,9 @@ void CellEditing::startEdit(ListKind kind) {
     statusBar_.setMessage(u"Press 'Enter' Key To Save Modify");
 }
 
-void CellEditing::findColumn(const Grid& grid) {
-    if (const auto found = spanAt(columnSpans(grid), edit_.lastMouseX)) {
+void CellEditing::findColumn(const Grid& grid, double rowLeft) {
+    const int x = edit_.lastMouseX - static_cast<int>(std::nearbyint(rowLeft));
+    if (const auto found = spanAt(columnSpans(grid), x)) {
         edit_.editColumn = found->column;
         edit_.editCellLeft = found->left;
         edit_.editCellWidth = found->width;
@@ -109,7 +109,9 @@ void CellEditing::itemClicked() {
 void CellEditing::moveColumn(ListKind kind, int step) {
     // The edit that follows finds its column by the standard widths, so the arrows count by them too.
     StationList& list = lists_[kind];
-    if (const auto target = neighbourOf(columnSpans(standardWidths(list)), list.columns, edit_.lastMouseX, step)) {
-        edit_.lastMouseX = target->left + target->width / 2;
+    const int rowLeft = static_cast<int>(std::nearbyint(list.view->geometry(0).rowLeft));
+    const int x = edit_.lastMouseX - rowLeft;
+    if (const auto target = neighbourOf(columnSpans(standardWidths(list)), list.columns, x, step)) {
+        edit_.lastMouseX = rowLeft + target->left + target->width / 2;
     }
 }

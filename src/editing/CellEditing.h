@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "editing/ColumnWidths.h"
 #include "editing/EditState.h"
 #include "editing/FieldValidation.h"
 #include "platform/EditBox.h"
@@ -19,7 +20,13 @@ public:
     // Holds references only; the edit state must be the one that the validation reads.
     CellEditing(StationLists lists, TabControl& tabs, EditBox& box, StatusBar& statusBar, FieldValidation& validation,
                 EditState& edit)
-        : lists_(lists), tabs_(tabs), box_(box), statusBar_(statusBar), validation_(validation), edit_(edit) {}
+        : lists_(lists),
+          tabs_(tabs),
+          box_(box),
+          statusBar_(statusBar),
+          validation_(validation),
+          edit_(edit),
+          widths_(lists) {}
 
     // Pointer position over a grid in twips; y plays no part.
     void setLastMouseX(double x, double y);
@@ -32,15 +39,17 @@ public:
     void lostFocus();    // the same
     void hideEditBox();  // ends an edit without committing it
     void itemClicked();  // a click on a row, after the loss of focus that it causes
-    void viewChanged();  // the grid moves under the box: commits, since the wheel takes no focus away
+    void viewChanged();  // the grid moves under the box: commits, since that takes no focus away
     bool isEditing() const { return editing_; }
+    void columnDragged(ListKind kind) { widths_.dragged(kind); }
+    void gridResized(ListKind kind) { widths_.resized(kind); }
 
     // Moves the last pointer position to the middle of the next (step 1) or previous (step -1) editable column;
     // stays in the outermost one. Lets the arrow keys choose what Enter edits.
     void moveColumn(ListKind kind, int step);
 
 private:
-    void findColumn(const Grid& grid);
+    void findColumn(const Grid& grid, double rowLeft);
     std::u16string boxText(const Grid& grid, const ListColumn& column) const;
     void showEditBox(double left, double top, double width, double height, std::u16string_view text);
     void commitAndHide();
@@ -51,6 +60,7 @@ private:
     StatusBar& statusBar_;
     FieldValidation& validation_;
     EditState& edit_;
+    ColumnWidths widths_;
     // Not the box's own visibility: that outlives the commit, during which a message box takes the focus.
     bool editing_ = false;
     ListKind edited_ = ListKind::Drm;  // the list under the box

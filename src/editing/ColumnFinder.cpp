@@ -1,8 +1,7 @@
 #include "editing/ColumnFinder.h"
 
 #include <algorithm>
-
-#include "storage/text/Numbers.h"
+#include <cmath>
 
 std::vector<ColumnSpan> columnSpans(const Grid& grid) {
     std::vector<double> widths;
@@ -17,7 +16,7 @@ std::vector<ColumnSpan> columnSpans(const std::vector<double>& widths) {
     std::vector<ColumnSpan> spans;
     int left = 0;
     for (const double width : widths) {
-        const int right = saturateToInt16(left + width);
+        const int right = static_cast<int>(std::nearbyint(left + width));
         spans.push_back({static_cast<int>(spans.size()) + 1, left, right - left});
         left = right;
     }

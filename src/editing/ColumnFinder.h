@@ -15,7 +15,7 @@ struct ColumnSpan {
     int width = 0;
 };
 
-// The columns side by side, each right edge rounded to a whole 16-bit number; what lies beyond saturates.
+// The columns side by side, each right edge rounded to a whole number, ties to even.
 std::vector<ColumnSpan> columnSpans(const std::vector<double>& widths);
 // With the widths that the grid shows.
 std::vector<ColumnSpan> columnSpans(const Grid& grid);

@@ -26,16 +26,21 @@ public:
     virtual ~GridListener() = default;
     // Returns true if the key is handled and must not reach the control.
     virtual bool keyDown(int key, int shift) = 0;
-    virtual void pointerMoved(double x, double y) = 0;
-    // The user asks for the popup menu with the pointer; the selection is already up to date.
+    virtual void pointerMoved(double x, double y) = 0;  // over the rows, the empty space or the header
+    // The right button goes down over a row, 1-based, or over empty space (0). The view leaves the selection as it is.
+    virtual void rightPressed(int row, double x, double y) = 0;
+    // The user asks for the popup menu with the pointer, at or after the press that has been reported.
     virtual void rightButton(double x, double y) = 0;
     // The user asks for the popup menu with the menu key or Shift+F10; y is the middle of the focused row.
     virtual void menuKey(double y) = 0;
-    virtual void itemClicked() = 0;        // left click on a row
-    virtual void itemDoubleClicked() = 0;  // left double-click on a row; the row is selected
-    virtual void headerClicked(std::u16string_view columnKey) = 0;
-    // The grid moves under an edit box without a row being clicked: a click on empty space, a scroll,
-    // a resize, a column drag, the wheel.
+    virtual void itemClicked() = 0;                                 // left click on a row
+    virtual void itemDoubleClicked() = 0;                           // left double-click on a row; the row is selected
+    virtual void headerClicked(std::u16string_view columnKey) = 0;  // with the left button
+    // The user has dragged a column; the grid has its new width.
+    virtual void columnDragged() = 0;
+    // The grid has another size.
+    virtual void resized() = 0;
+    // The grid moves under an edit box without a row being clicked: a click on empty space, or a scroll that moves it.
     virtual void viewChanged() = 0;
 };
 
@@ -68,7 +73,10 @@ public:
     virtual void afterReset() = 0;
     virtual void cellChanged(int row, int column) = 0;
 
-    // Scrolls the row into view first if it is not. row 0: the row fields are 0.
+    // Shows the grid's selection, which is new; the row becomes the focused one.
+    virtual void selectionChanged(int focusedRow) = 0;
+
+    // Scrolls the row into view first if it is not. row 0: rowTop and rowHeight are 0.
     virtual GridGeometry geometry(int row) = 0;
     virtual void takeFocus() = 0;
 };

@@ -30,6 +30,7 @@ MainForm::MainForm(const Platform& platform)
                platform.codePages),
       validation_(stationLists(), platform.tabs, editState_, msgBox_),
       cellEditing_(stationLists(), platform.tabs, platform.editBox, platform.statusBar, validation_, editState_),
+      rightClick_(stationLists(), cellEditing_),
       deleteCommands_(stationLists(), platform.tabs, msgBox_, totals_),
       sortListview_(platform.textCompare),
       addForm_(platform.addFormView, platform.mainWindow, currentTab_, stationLists(), totals_, msgBox_),

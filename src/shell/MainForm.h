@@ -14,6 +14,7 @@
 #include "editing/EditState.h"
 #include "editing/FieldValidation.h"
 #include "editing/ListCommands.h"
+#include "editing/RightClick.h"
 #include "editing/SortListview.h"
 #include "messages/CurrentTab.h"
 #include "messages/Totals.h"
@@ -62,11 +63,14 @@ private:
         GridEvents(MainForm& form, ListKind kind) : form_(form), kind_(kind) {}
         bool keyDown(int key, int shift) override { return form_.LV_KeyDown(kind_, key, shift); }
         void pointerMoved(double x, double y) override { form_.cellEditing_.setLastMouseX(x, y); }
+        void rightPressed(int row, double x, double /*y*/) override { form_.rightClick_.pressed(kind_, row, x); }
         void rightButton(double x, double y) override { form_.LV_RightButton(kind_, x, y); }
         void menuKey(double y) override { form_.showPopup(kind_, form_.editState_.lastMouseX, y); }
         void itemClicked() override { form_.cellEditing_.itemClicked(); }
         void itemDoubleClicked() override { form_.run(Command::Edit); }
         void headerClicked(std::u16string_view key) override { form_.LV_HeaderClick(kind_, key); }
+        void columnDragged() override { form_.LV_ColumnDragged(kind_); }
+        void resized() override { form_.LV_Resized(kind_); }
         void viewChanged() override { form_.viewChanged(); }
 
     private:
@@ -85,6 +89,8 @@ private:
     bool LV_KeyDown(ListKind kind, int key, int shift);
     void LV_RightButton(ListKind kind, double x, double y);
     void LV_HeaderClick(ListKind kind, std::u16string_view key);
+    void LV_ColumnDragged(ListKind kind);
+    void LV_Resized(ListKind kind);
     void viewChanged();
     void commitEdit();
     void showPopup(ListKind kind, double x, double y);
@@ -135,6 +141,7 @@ private:
     StartUp startUp_;
     FieldValidation validation_;
     CellEditing cellEditing_;
+    RightClick rightClick_;
     DeleteCommands deleteCommands_;
     SortListview sortListview_;
     addForm addForm_;

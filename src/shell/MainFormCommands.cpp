@@ -21,8 +21,18 @@ bool MainForm::LV_KeyDown(ListKind kind, int key, int shift) {
 }
 
 void MainForm::LV_RightButton(ListKind kind, double x, double y) {
-    cellEditing_.setLastMouseX(x, y);
+    rightClick_.menuOpens();
     showPopup(kind, x, y);
+}
+
+void MainForm::LV_ColumnDragged(ListKind kind) {
+    viewChanged();
+    cellEditing_.columnDragged(kind);
+}
+
+void MainForm::LV_Resized(ListKind kind) {
+    viewChanged();
+    cellEditing_.gridResized(kind);
 }
 
 void MainForm::LV_HeaderClick(ListKind kind, std::u16string_view key) {

@@ -6,10 +6,10 @@ class CellEditingTest : public CellEditingFixture {};
 
 using enum ListKind;
 
-TEST_F(CellEditingTest, RoundsThePointerPositionHalfToEvenAndSaturates) {
-    const std::vector<std::pair<double, int>> table = {{0.5, 0},         {1.5, 2},     {2.5, 2},
-                                                       {-0.5, 0},        {-1.5, -2},   {99.4, 99},
-                                                       {32767.6, 32767}, {1e9, 32767}, {-1e9, -32768}};
+TEST_F(CellEditingTest, RoundsThePointerPositionHalfToEven) {
+    const std::vector<std::pair<double, int>> table = {{0.5, 0},         {1.5, 2},       {2.5, 2},
+                                                       {-0.5, 0},        {-1.5, -2},     {99.4, 99},
+                                                       {32767.6, 32768}, {57600, 57600}, {-40000, -40000}};
     for (const auto& [x, expected] : table) {
         editing.setLastMouseX(x, 5);
         EXPECT_EQ(expected, edit.lastMouseX) << x;
@@ -35,11 +35,29 @@ TEST_F(CellEditingTest, LaysTheBoxOverTheCell) {
     EXPECT_EQ(u"Press 'Enter' Key To Save Modify", statusBar.message);
 }
 
-TEST_F(CellEditingTest, AddsTheSidewaysScrollOfTheRow) {
+TEST_F(CellEditingTest, OpensTheColumnUnderThePointerInAGridScrolledSideways) {
     addDrmRow();
     view(Drm).shape.rowLeft = -400;
-    start(Drm, kDrmFrequencyX);
+    start(Drm, 850);  // 1,250 within the row
+    EXPECT_EQ(edit.editColumn, kFrequencyColumn);
     EXPECT_EQ(120 + 60 - 400 + 1200 + 50, box.bounds[0]);
+}
+
+TEST_F(CellEditingTest, TheArrowKeysCountFromTheScrolledRow) {
+    addDrmRow();
+    view(Drm).shape.rowLeft = -400;
+    editing.setLastMouseX(0, 0);
+    editing.moveColumn(Drm, 1);
+    EXPECT_EQ(edit.lastMouseX, 1800 - 400);
+}
+
+TEST_F(CellEditingTest, EditsTheLastColumnOfTheWidestScreen) {
+    addDrmRow();
+    view(Drm).shape.width = 3840 * 15;
+    start(Drm, 50000);
+    EXPECT_EQ(edit.editColumn, kTargetColumn);
+    EXPECT_EQ(box.bounds[0], 120 + 60 + 34560 + 50);
+    EXPECT_EQ(box.bounds[2], 19200);
 }
 
 TEST_F(CellEditingTest, CountsALastRowThatJustFits) {

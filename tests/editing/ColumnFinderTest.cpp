@@ -50,11 +50,12 @@ TEST(ColumnFinderTest, RoundsEachRunningSumHalfToEven) {
     EXPECT_EQ(2, spans[2].width);
 }
 
-TEST(ColumnFinderTest, SaturatesSumsBeyondSixteenBits) {
+TEST(ColumnFinderTest, FindsTheColumnsOfTheWidestScreens) {
     const RowStore grid = gridOf({40000, 40000, 40000});
-    EXPECT_EQ(1, columnAtX(grid, 32766));
-    EXPECT_EQ(-1, columnAtX(grid, 32767));
-    EXPECT_EQ(0, columnSpans(grid)[1].width);
+    EXPECT_EQ(1, columnAtX(grid, 39999));
+    EXPECT_EQ(2, columnAtX(grid, 40000));
+    EXPECT_EQ(3, columnAtX(grid, 119999));
+    EXPECT_EQ(-1, columnAtX(grid, 120000));
 }
 
 TEST(ColumnFinderTest, FindsNothingInAGridWithoutColumns) {

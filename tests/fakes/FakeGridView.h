@@ -29,7 +29,7 @@ public:
         moved();
         GridGeometry result = shape;
         if (row < 1) {
-            result.rowLeft = result.rowTop = result.rowHeight = 0;
+            result.rowTop = result.rowHeight = 0;
             return result;
         }
         const double rowsInSight = shape.rowHeight > 0 ? (shape.height - shape.rowTop) / shape.rowHeight : 1;
@@ -39,6 +39,10 @@ public:
         result.rowTop += (row - topRow) * shape.rowHeight;
         return result;
     }
+    void selectionChanged(int row) override {
+        focusedRow = row;
+        calls.emplace_back("selectionChanged");
+    }
     void takeFocus() override { ++focusCount; }
 
     Grid* grid = nullptr;
@@ -46,7 +50,8 @@ public:
     std::vector<std::string> calls;
     std::function<void()> moved = [] {};  // called when a column is widened or a row is scrolled into view
     int focusCount = 0;
-    int topRow = 1;  // the first visible row
+    int focusedRow = 0;  // of the last selectionChanged
+    int topRow = 1;      // the first visible row
     // A grid of 6,000 by 4,000 twips, 60 right of and 300 below the tab control's corner.
     GridGeometry shape{60, 300, 6000, 4000, 0, 285, 255};
 };

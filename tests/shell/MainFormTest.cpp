@@ -268,11 +268,36 @@ TEST_F(MainFormTest, ASecondReportOfClosingSavesNothing) {
 TEST_F(MainFormTest, TheMenuOpensWhereTheGridWasClicked) {
     startWith(3, 0, 0);
     select(0, 2);
-    platform.grid(0).rightButton(700, 900);
-    EXPECT_EQ(platform.popupMenu.shownAt, (std::array<double, 3>{0, 700, 900}));
+    platform.grid(0).rightPressed(2, 700, 800);
+    platform.grid(0).pointerMoved(750, 900);
+    platform.grid(0).rightButton(750, 900);
+    EXPECT_EQ(platform.popupMenu.shownAt, (std::array<double, 3>{0, 750, 900}));
     EXPECT_TRUE(platform.popupMenu.isEnabled(MenuItem::Edt));
     platform.grid(0).menuKey(450);
     EXPECT_EQ(platform.popupMenu.shownAt, (std::array<double, 3>{0, 700, 450}));
+}
+
+TEST_F(MainFormTest, ARightClickSelectsItsRowForTheMenu) {
+    startWith(3, 0, 0);
+    platform.grid(0).rightPressed(3, 700, 900);
+    EXPECT_EQ(platform.rows(0).firstSelected(), 3);
+}
+
+TEST_F(MainFormTest, TheColumnsFollowTheWindowAndAnOpenEditIsCommitted) {
+    startWith(3, 0, 0);
+    select(0, 1);
+    choose(MenuItem::Edt);
+    ASSERT_TRUE(platform.editBox.visible);
+    platform.editBox.content = u"Typed";
+    platform.gridViews[0].shape.width = 9000;
+    platform.grid(0).resized();
+    EXPECT_FALSE(platform.editBox.visible);
+    EXPECT_EQ(narrow(platform.rows(0).text(1, 1)), "Typed");
+    EXPECT_EQ(platform.rows(0).columns()[0].width, 1800);
+    platform.grid(0).columnDragged();
+    platform.gridViews[0].shape.width = 6000;
+    platform.grid(0).resized();
+    EXPECT_EQ(platform.rows(0).columns()[0].width, 1800);
 }
 
 TEST_F(MainFormTest, TheMenuItemsRunTheirCommands) {

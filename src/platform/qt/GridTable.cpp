@@ -1,37 +1,60 @@
 #include "platform/qt/GridTable.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
 #include <algorithm>
 #include <array>
+
+#include "platform/GridLineColor.h"
 
 namespace {
 
 constexpr int kRowPadding = 8;       // pixels, above and below the text together
 constexpr int kSmallestColumn = 24;  // pixels, so that a dragged column can be found again
 
-// Paints a selected row alike with and without the focus, and the focused row as a whole.
+Rgb rgbOf(const QColor& color) { return {color.red(), color.green(), color.blue()}; }
+
+// Paints a selected row alike with and without the focus, and the focused row as a whole. The lines between the cells
+// are its own, as those of many styles are invisible in dark themes.
 class RowDelegate : public QStyledItemDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit RowDelegate(GridTable* table) : QStyledItemDelegate(table), table_(*table) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         QStyledItemDelegate::paint(painter, option, index);
-        const auto* view = qobject_cast<const QTableView*>(option.widget);
-        if (view == nullptr || !view->hasFocus() || view->currentIndex().row() != index.row()) {
-            return;
-        }
-        const bool selected = option.state.testFlag(QStyle::State_Selected);
-        const QColor line = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
         painter->save();
-        painter->setPen(QPen(line, 1, Qt::DotLine));
-        painter->drawLine(option.rect.topLeft(), option.rect.topRight());
+        painter->setPen(table_.lineColor());
+        painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
         painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
         painter->restore();
+        if (table_.hasFocus() && table_.currentIndex().row() == index.row()) {
+            paintFocus(painter, option);
+        }
+    }
+
+    // A cut text shows whole.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        if (event->type() != QEvent::ToolTip) {
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        }
+        const QRect shown = option.rect.intersected(table_.viewport()->rect());
+        if (index.isValid() && sizeHint(option, index).width() > shown.width()) {
+            const QString text = index.data().toString();
+            QToolTip::showText(event->globalPos(), Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text,
+                               table_.viewport(), option.rect);
+        } else {
+            QToolTip::hideText();
+        }
+        return true;
     }
 
 protected:
@@ -41,6 +64,19 @@ protected:
         option->state.setFlag(QStyle::State_Active, true);
         option->state.setFlag(QStyle::State_MouseOver, false);
     }
+
+private:
+    static void paintFocus(QPainter* painter, const QStyleOptionViewItem& option) {
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        const QColor line = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+        painter->save();
+        painter->setPen(QPen(line, 1, Qt::DotLine));
+        painter->drawLine(option.rect.topLeft(), option.rect.topRight());
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+        painter->restore();
+    }
+
+    GridTable& table_;
 };
 
 // Its height is set below. The size that Qt would find instead takes the measure of each caption in bold, at each new
@@ -62,6 +98,7 @@ GridTable::GridTable(QWidget* parent) : QTableView(parent) {
     setHorizontalScrollMode(ScrollPerPixel);
     setTabKeyNavigation(false);
     setWordWrap(false);
+    setShowGrid(false);
     setCornerButtonEnabled(false);
     setContextMenuPolicy(Qt::DefaultContextMenu);
     viewport()->setMouseTracking(true);
@@ -75,6 +112,7 @@ GridTable::GridTable(QWidget* parent) : QTableView(parent) {
     header->setHighlightSections(false);
     header->setSortIndicatorShown(false);
     fitRowsToFont();
+    fitLinesToColors();
 }
 
 void GridTable::keyboardSearch(const QString& search) {
@@ -93,6 +131,9 @@ void GridTable::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         fitRowsToFont();
+    }
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
+        fitLinesToColors();
     }
 }
 
@@ -116,4 +157,9 @@ void GridTable::fitRowsToFont() {
     verticalHeader()->setMinimumSectionSize(height);
     verticalHeader()->setDefaultSectionSize(height);
     horizontalHeader()->setFixedHeight(height);
+}
+
+void GridTable::fitLinesToColors() {
+    const Rgb line = gridLineColor(rgbOf(palette().color(QPalette::Base)), rgbOf(palette().color(QPalette::Text)));
+    lineColor_ = QColor(line.red, line.green, line.blue);
 }

@@ -1,6 +1,7 @@
 // The table widget of a grid: report look, whole rows, nothing editable, uniform row height.
 #pragma once
 
+#include <QColor>
 #include <QTableView>
 
 class GridTable : public QTableView {
@@ -12,6 +13,8 @@ public:
     // Columns of another width may need a scroll bar, or none any more: at once, where Qt would do it after the event.
     void fitScrollBars();
 
+    QColor lineColor() const { return lineColor_; }
+
 protected:
     void changeEvent(QEvent* event) override;
     // A list that is entered by keyboard has a focused row but no selected one: the first key selects a row.
@@ -21,4 +24,7 @@ protected:
 
 private:
     void fitRowsToFont();
+    void fitLinesToColors();
+
+    QColor lineColor_;
 };

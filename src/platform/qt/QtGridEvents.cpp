@@ -17,7 +17,9 @@
 void QtGridView::connectSignals() {
     QHeaderView* header = table_->horizontalHeader();
     const auto clicked = [this](int section) {
-        listener_->headerClicked(grid_->columns()[static_cast<std::size_t>(section)].key);
+        if (section >= 0) {  // -1: right of the last column
+            listener_->headerClicked(grid_->columns()[static_cast<std::size_t>(section)].key);
+        }
     };
     connect(header, &QHeaderView::sectionClicked, this, clicked);
     // Two quick clicks are two clicks; Qt reports the second one only so.
@@ -25,7 +27,7 @@ void QtGridView::connectSignals() {
     connect(header, &QHeaderView::sectionResized, this, [this](int section, int, int width) {
         if (!ownChange_) {
             grid_->columnDragged(section + 1, toTwips(width));
-            listener_->viewChanged();
+            listener_->columnDragged();
         }
     });
     connect(table_, &QTableView::pressed, this, [this] {
@@ -47,6 +49,7 @@ void QtGridView::connectSignals() {
     }
     table_->installEventFilter(this);
     table_->viewport()->installEventFilter(this);
+    table_->horizontalHeader()->viewport()->installEventFilter(this);
 }
 
 void QtGridView::pushSelection(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -65,7 +68,10 @@ void QtGridView::pushSelection(const QItemSelection& selected, const QItemSelect
 }
 
 bool QtGridView::eventFilter(QObject* watched, QEvent* event) {
-    return watched == table_ ? filterTable(event) : filterViewport(event);
+    if (watched == table_) {
+        return filterTable(event);
+    }
+    return watched == table_->viewport() ? filterViewport(event) : filterHeader(event);
 }
 
 bool QtGridView::filterTable(QEvent* event) {
@@ -97,14 +103,12 @@ bool QtGridView::filterViewport(QEvent* event) {
             return false;
         case QEvent::MouseButtonRelease:
             reportPointer(static_cast<QMouseEvent*>(event)->position());
-            return isRightButtonBesideRows(*static_cast<QMouseEvent*>(event));
+            return static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
-            mousePressed(*static_cast<QMouseEvent*>(event));
-            return isRightButtonBesideRows(*static_cast<QMouseEvent*>(event));
-        case QEvent::Wheel:
+            return mousePressed(*static_cast<QMouseEvent*>(event));
         case QEvent::Resize:
-            listener_->viewChanged();
+            listener_->resized();
             return false;
         case QEvent::ContextMenu: {
             const QPoint at = static_cast<QContextMenuEvent*>(event)->pos();
@@ -116,21 +120,38 @@ bool QtGridView::filterViewport(QEvent* event) {
     }
 }
 
-// Kept from the table, which would clear the selection.
-bool QtGridView::isRightButtonBesideRows(const QMouseEvent& event) const {
-    return event.button() == Qt::RightButton && !table_->indexAt(event.position().toPoint()).isValid();
+bool QtGridView::filterHeader(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseMove:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick: {
+            const auto& mouse = *static_cast<QMouseEvent*>(event);
+            listener_->pointerMoved(mouse.position().x() * kTwipsPerPixel, mouse.position().y() * kTwipsPerPixel);
+            // Qt reports the double-click of any button, and the click of the left one only.
+            return event->type() == QEvent::MouseButtonDblClick && mouse.button() != Qt::LeftButton;
+        }
+        default:
+            return false;
+    }
 }
 
-void QtGridView::mousePressed(const QMouseEvent& event) {
+bool QtGridView::mousePressed(const QMouseEvent& event) {
     pressedButton_ = event.button();
     reportPointer(event.position());
-    if (table_->indexAt(event.position().toPoint()).isValid()) {
-        return;
+    const QModelIndex index = table_->indexAt(event.position().toPoint());
+    if (!index.isValid()) {
+        listener_->viewChanged();
     }
-    listener_->viewChanged();
-    if (event.button() == Qt::LeftButton && event.modifiers() == Qt::NoModifier) {
+    if (event.button() == Qt::RightButton) {
+        listener_->rightPressed(index.row() + 1, event.position().x() * kTwipsPerPixel,
+                                (event.position().y() + headerHeight()) * kTwipsPerPixel);
+        return true;
+    }
+    if (!index.isValid() && event.button() == Qt::LeftButton && event.modifiers() == Qt::NoModifier) {
         table_->clearSelection();
     }
+    return false;
 }
 
 void QtGridView::reportPointer(const QPointF& position) {

@@ -62,6 +62,12 @@ void QtGridView::afterReset() {
 
 void QtGridView::cellChanged(int row, int column) { model_->cellChanged(row, column); }
 
+void QtGridView::selectionChanged(int focusedRow) {
+    const QScopedValueRollback guard(ownChange_, true);
+    savedRow_ = focusedRow - 1;
+    restoreSelection();
+}
+
 void QtGridView::restoreSelection() {
     QItemSelectionModel* selection = table_->selectionModel();
     const int rows = model_->rowCount();
@@ -93,13 +99,13 @@ GridGeometry QtGridView::geometry(int row) {
     result.top = toTwips(corner.y());
     result.width = toTwips(page_->width());
     result.height = toTwips(page_->height());
+    table_->fitScrollBars();
+    result.rowLeft = -toTwips(table_->horizontalScrollBar()->value());
     const QModelIndex index = model_->index(row - 1, 0);
     if (index.isValid()) {
-        table_->fitScrollBars();
         const int sideways = table_->horizontalScrollBar()->value();
         table_->scrollTo(index);
         table_->horizontalScrollBar()->setValue(sideways);
-        result.rowLeft = toTwips(table_->columnViewportPosition(0));
         result.rowTop = toTwips(headerHeight() + table_->rowViewportPosition(row - 1));
         result.rowHeight = toTwips(table_->rowHeight(row - 1));
     }

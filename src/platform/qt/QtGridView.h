@@ -35,6 +35,7 @@ public:
     void beforeReset() override;
     void afterReset() override;
     void cellChanged(int row, int column) override;
+    void selectionChanged(int focusedRow) override;
     GridGeometry geometry(int row) override;
     void takeFocus() override;
 
@@ -45,8 +46,9 @@ private:
     bool filterTable(QEvent* event);
     bool filterViewport(QEvent* event);
     bool keyPressed(const QKeyEvent& event);
-    bool isRightButtonBesideRows(const QMouseEvent& event) const;
-    void mousePressed(const QMouseEvent& event);
+    bool filterHeader(QEvent* event);
+    // True: the table must not see the press.
+    bool mousePressed(const QMouseEvent& event);
     void reportPointer(const QPointF& position);
     void reportMenuKey();
     void pushSelection(const QItemSelection& selected, const QItemSelection& deselected);

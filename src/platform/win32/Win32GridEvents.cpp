@@ -33,6 +33,8 @@ LRESULT CALLBACK Win32GridView::listProcedure(HWND window, UINT message, WPARAM 
 LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
     if (isPointerMessage(message)) {
         pointerAt(window_, l);
+        tipAt({GET_X_LPARAM(l), GET_Y_LPARAM(l)});
+        tip_.relay(message, w, l);
     }
     switch (message) {
         case WM_KEYDOWN:
@@ -68,10 +70,19 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
         case WM_VSCROLL:
         case WM_HSCROLL:
         case WM_MOUSEWHEEL:
-        case WM_MOUSEHWHEEL:
+        case WM_MOUSEHWHEEL: {
+            const auto before = scrollPosition();
+            const LRESULT result = list_.original(window_, message, w, l);
+            if (scrollPosition() != before) {
+                reportViewChange();
+            }
+            return result;
+        }
         case WM_SIZE: {
             const LRESULT result = list_.original(window_, message, w, l);
-            reportViewChange();
+            if (quiet_ == 0) {
+                listener_->resized();
+            }
             return result;
         }
         default:
@@ -117,16 +128,12 @@ void Win32GridView::pressed(LPARAM point, bool twice) {
     }
 }
 
-// By hand, as the control would drop the selection on empty space and keep the release to itself.
+// Kept from the control, which would drop the selection on empty space and keep the release to itself.
 void Win32GridView::rightPressed(LPARAM point) {
     rightDown_ = true;
     SetFocus(window_);
-    const int index = rowAt(point);
-    if (index >= 0 && send(LVM_GETITEMSTATE, static_cast<WPARAM>(index), LVIS_SELECTED) == 0) {
-        setRowState(-1, 0, LVIS_SELECTED);
-        setRowState(index, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-        send(LVM_SETSELECTIONMARK, 0, index);
-    }
+    const Scale scale(window_);
+    listener_->rightPressed(rowAt(point) + 1, scale.twips(GET_X_LPARAM(point)), scale.twips(GET_Y_LPARAM(point)));
 }
 
 void Win32GridView::contextMenu(LPARAM point) {
@@ -144,6 +151,10 @@ void Win32GridView::contextMenu(LPARAM point) {
     listener_->menuKey(Scale(window_).twips(middle));
 }
 
+std::pair<int, int> Win32GridView::scrollPosition() const {
+    return {GetScrollPos(window_, SB_HORZ), static_cast<int>(send(LVM_GETTOPINDEX))};
+}
+
 void Win32GridView::reportViewChange() {
     if (quiet_ == 0) {
         listener_->viewChanged();
@@ -157,7 +168,7 @@ void Win32GridView::headerNotified(const NMHDR& header) {
     const int index = reinterpret_cast<const NMHEADERW&>(header).iItem;
     const auto width = static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(index)));
     grid_->columnDragged(index + 1, Scale(window_).twips(width));
-    listener_->viewChanged();
+    listener_->columnDragged();
 }
 
 LRESULT CALLBACK Win32GridView::headerProcedure(HWND header, UINT message, WPARAM w, LPARAM l) {

@@ -12,10 +12,11 @@ void Win32GridView::createWindow(HWND parent, HWND tabControl, std::u16string_vi
     constexpr int kAnySize = 100;  // pixels: a window without a size has no border that the layout could measure
     window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, toWide(name).c_str(), style, 0, 0, kAnySize, kAnySize,
                               parent, nullptr, GetModuleHandleW(nullptr), nullptr);
-    const DWORD extended = LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+    const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
     HWND header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
     SetWindowLongPtrW(header, GWL_STYLE, GetWindowLongPtrW(header, GWL_STYLE) & ~static_cast<LONG_PTR>(HDS_BUTTONS));
+    tip_.create(window_);
     list_.install(window_, listProcedure, this);
     header_.install(header, headerProcedure, this);
 }
@@ -77,6 +78,11 @@ void Win32GridView::afterAppend(int) { showRowCount(LVSICF_NOSCROLL | LVSICF_NOI
 
 void Win32GridView::afterReset() {
     showRowCount(LVSICF_NOSCROLL);
+    showSelection();
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+void Win32GridView::showSelection() {
     const Quiet quiet(quiet_);
     setRowState(-1, 0, LVIS_SELECTED);
     for (int row = 1; row <= grid_->rowCount(); ++row) {
@@ -84,7 +90,12 @@ void Win32GridView::afterReset() {
             setRowState(row - 1, LVIS_SELECTED, LVIS_SELECTED);
         }
     }
-    InvalidateRect(window_, nullptr, FALSE);
+}
+
+void Win32GridView::selectionChanged(int focusedRow) {
+    showSelection();
+    setRowState(focusedRow - 1, LVIS_FOCUSED, LVIS_FOCUSED);
+    send(LVM_SETSELECTIONMARK, 0, focusedRow - 1);
 }
 
 void Win32GridView::cellChanged(int row, int) {
@@ -115,11 +126,14 @@ GridGeometry Win32GridView::geometry(int row) {
     result.top = scale.twips(outer.top);
     result.width = scale.twips(outer.right - outer.left);
     result.height = scale.twips(outer.bottom - outer.top);
+    RECT header{};
+    GetWindowRect(reinterpret_cast<HWND>(send(LVM_GETHEADER)), &header);
+    MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&header), 2);
+    result.rowLeft = scale.twips(header.left);  // it moves with the rows
     if (grid_ != nullptr && row >= 1 && row <= grid_->rowCount()) {
         const Quiet quiet(quiet_);
         send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row - 1), FALSE);
         const RECT bounds = rowBounds(row - 1);
-        result.rowLeft = scale.twips(bounds.left);
         result.rowTop = scale.twips(bounds.top);
         result.rowHeight = scale.twips(bounds.bottom - bounds.top);
     }
@@ -134,19 +148,21 @@ LRESULT Win32GridView::notified(const NMHDR& header) {
         case LVN_GETDISPINFOW:
             fillCell(*reinterpret_cast<NMLVDISPINFOW*>(const_cast<NMHDR*>(&header)));
             return 0;
+        case NM_CUSTOMDRAW:
+            return customDraw(reinterpret_cast<const NMLVCUSTOMDRAW&>(header));
         case LVN_ODFINDITEMW:
             return findRow(reinterpret_cast<const NMLVFINDITEMW&>(header));
         case LVN_ITEMCHANGED: {
             const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
             if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) != 0) {
                 const int last = change.iItem < 0 ? grid_->rowCount() - 1 : change.iItem;
-                selectionChanged(std::max(change.iItem, 0), last, (change.uNewState & LVIS_SELECTED) != 0);
+                reportSelection(std::max(change.iItem, 0), last, (change.uNewState & LVIS_SELECTED) != 0);
             }
             return 0;
         }
         case LVN_ODSTATECHANGED: {
             const auto& change = reinterpret_cast<const NMLVODSTATECHANGE&>(header);
-            selectionChanged(change.iFrom, change.iTo, (change.uNewState & LVIS_SELECTED) != 0);
+            reportSelection(change.iFrom, change.iTo, (change.uNewState & LVIS_SELECTED) != 0);
             return 0;
         }
         default:
@@ -154,7 +170,7 @@ LRESULT Win32GridView::notified(const NMHDR& header) {
     }
 }
 
-void Win32GridView::selectionChanged(int first, int last, bool selected) {
+void Win32GridView::reportSelection(int first, int last, bool selected) {
     for (int index = first; quiet_ == 0 && index <= last; ++index) {
         grid_->setSelected(index + 1, selected);
     }

@@ -6,9 +6,11 @@
 #include <commctrl.h>
 
 #include <string>
+#include <utility>
 
 #include "platform/Grid.h"
 #include "platform/GridView.h"
+#include "platform/win32/CellTip.h"
 #include "platform/win32/Subclass.h"
 
 class Win32GridView : public GridView {
@@ -31,6 +33,7 @@ public:
     void beforeReset() override {}
     void afterReset() override;
     void cellChanged(int row, int column) override;
+    void selectionChanged(int focusedRow) override;
     GridGeometry geometry(int row) override;
     void takeFocus() override { SetFocus(window_); }
 
@@ -54,6 +57,7 @@ private:
     void pointerAt(HWND source, LPARAM point);
     void pressed(LPARAM point, bool twice);
     void rightPressed(LPARAM point);
+    std::pair<int, int> scrollPosition() const;
     void contextMenu(LPARAM point);
     void headerNotified(const NMHDR& header);
     int rowAt(LPARAM point) const;  // 0-based, -1 for none
@@ -63,7 +67,11 @@ private:
     int columnCount() const;
     void setRowState(int index, UINT state, UINT mask);
     void showRowCount(DWORD flags);
-    void selectionChanged(int first, int last, bool selected);
+    void showSelection();
+    LRESULT customDraw(const NMLVCUSTOMDRAW& draw) const;
+    void drawLines(HDC dc) const;
+    void tipAt(POINT point);
+    void reportSelection(int first, int last, bool selected);
     void fillCell(NMLVDISPINFOW& wanted) const;
     int findRow(const NMLVFINDITEMW& wanted) const;
     void reportViewChange();
@@ -72,6 +80,7 @@ private:
     HWND tabControl_ = nullptr;
     Subclass list_;
     Subclass header_;
+    CellTip tip_;
     Grid* grid_ = nullptr;
     GridListener* listener_ = nullptr;
     int quiet_ = 0;

@@ -1,9 +1,13 @@
 #include <QAccessible>
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScrollBar>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
 
+#include "platform/GridLineColor.h"
 #include "platform/qt/RecordingWindow.h"
 
 namespace {
@@ -14,6 +18,11 @@ protected:
         fill(40);
         QTest::qWait(0);
         recorder.take();
+    }
+    void turnWheel(int angle) {
+        QWheelEvent wheel(cell(2), table()->viewport()->mapToGlobal(cell(2)), {}, {0, angle}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(table()->viewport(), &wheel);
     }
     void contextMenu(QWidget* widget, const QPoint& at, QContextMenuEvent::Reason reason) {
         QContextMenuEvent event(reason, at, widget->mapToGlobal(at));
@@ -46,17 +55,36 @@ TEST_F(GridTest, CtrlAndShiftExtendTheSelection) {
     EXPECT_EQ(selected(), (std::vector{2, 4, 6}));
 }
 
-TEST_F(GridTest, ARightClickSelectsAnUnselectedRowFirst) {
+TEST_F(GridTest, ARightClickKeepsASelectedRow) {
     click(2);
     click(3, Qt::LeftButton, Qt::ControlModifier);
     recorder.take();
     click(3, Qt::RightButton);
     contextMenu(table()->viewport(), cell(3), QContextMenuEvent::Mouse);
     EXPECT_EQ(selected(), (std::vector{2, 3}));
-    click(5, Qt::RightButton);
-    contextMenu(table()->viewport(), cell(5), QContextMenuEvent::Mouse);
+    EXPECT_EQ(recorder.take(), (Events{"right press 3", "right"}));
+}
+
+TEST_F(GridTest, TheRightButtonLeavesTheSelectionToTheListener) {
+    click(2);
+    recorder.take();
+    for (const auto held : {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier}) {
+        click(5, Qt::RightButton, held);
+        EXPECT_EQ(selected(), (std::vector{2}));
+        EXPECT_EQ(recorder.take(), (Events{"right press 5"}));
+        EXPECT_DOUBLE_EQ(recorder.pressX, toTwips(cell(5).x()));
+    }
+}
+
+TEST_F(GridTest, ShowsASelectionOfTheProgram) {
+    click(2);
+    grid().setSelected(2, false);
+    grid().setSelected(5, true);
+    view(0).selectionChanged(5);
+    EXPECT_TRUE(table()->selectionModel()->isRowSelected(4, {}));
+    EXPECT_FALSE(table()->selectionModel()->isRowSelected(1, {}));
+    EXPECT_EQ(table()->currentIndex().row(), 4);
     EXPECT_EQ(selected(), (std::vector{5}));
-    EXPECT_EQ(recorder.take(), (Events{"right", "right"}));
 }
 
 TEST_F(GridTest, EmptySpaceIsNoRow) {
@@ -68,7 +96,7 @@ TEST_F(GridTest, EmptySpaceIsNoRow) {
     QTest::mouseClick(table()->viewport(), Qt::RightButton, {}, below);
     contextMenu(table()->viewport(), below, QContextMenuEvent::Mouse);
     EXPECT_EQ(selected(), (std::vector{2}));
-    EXPECT_EQ(recorder.take(), (Events{"right"}));
+    EXPECT_EQ(recorder.take(), (Events{"right press 0", "right"}));
     const int before = recorder.viewChanges;
     QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, below);
     EXPECT_EQ(selected(), std::vector<int>{});
@@ -98,6 +126,69 @@ TEST_F(GridTest, TwoQuickHeaderClicksAreTwo) {
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
     QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, at);
     EXPECT_EQ(recorder.take(), (Events{"header FREQ", "header FREQ"}));
+}
+
+TEST_F(GridTest, OnlyTheLeftButtonOnAColumnSorts) {
+    QHeaderView* header = table()->horizontalHeader();
+    const QPoint onColumn(header->sectionViewportPosition(1) + 30, header->height() / 2);
+    const QPoint beside(header->length() + 30, header->height() / 2);
+    for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(header->viewport(), button, {}, onColumn);
+        QTest::mouseDClick(header->viewport(), button, {}, onColumn);
+    }
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, beside);
+    QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, beside);
+    EXPECT_EQ(recorder.take(), Events{});
+}
+
+TEST_F(GridTest, ThePointerOverTheHeaderIsReported) {
+    QTest::mouseMove(table()->viewport(), cell(2, 1));
+    QHeaderView* header = table()->horizontalHeader();
+    QTest::mouseClick(header->viewport(), Qt::MiddleButton, {}, {213, 7});
+    EXPECT_DOUBLE_EQ(recorder.pointer[0], toTwips(213));
+    EXPECT_DOUBLE_EQ(recorder.pointer[1], toTwips(7));
+    EXPECT_EQ(recorder.take(), Events{});
+}
+
+TEST_F(GridTest, TheGeometryHoldsTheSidewaysScroll) {
+    grid().setColumnWidth(1, 15000);
+    view(0).geometry(0);
+    table()->horizontalScrollBar()->setValue(40);
+    EXPECT_DOUBLE_EQ(view(0).geometry(0).rowLeft, toTwips(-40));
+    EXPECT_DOUBLE_EQ(view(0).geometry(3).rowLeft, toTwips(-40));
+}
+
+TEST_F(GridTest, TheLinesCanBeSeenInLightAndDark) {
+    for (const auto& [base, text] : {std::pair(Qt::white, Qt::black), std::pair(Qt::black, Qt::white)}) {
+        QPalette palette = table()->palette();
+        palette.setColor(QPalette::Base, base);
+        palette.setColor(QPalette::Text, text);
+        table()->setPalette(palette);
+        const QRect third = table()->visualRect(table()->model()->index(2, 1));
+        const QImage picture = table()->viewport()->grab().toImage();
+        const auto at = [&](int x, int y) {
+            const QColor color = picture.pixelColor(x, y);
+            return Rgb{color.red(), color.green(), color.blue()};
+        };
+        const Rgb cells = at(third.right() - 3, third.center().y());
+        EXPECT_GE(contrast(at(third.right(), third.center().y()), cells), 1.5);
+        EXPECT_GE(contrast(at(third.right() - 3, third.bottom()), cells), 1.5);
+    }
+}
+
+TEST_F(GridTest, ACutTextShowsWholeInATooltip) {
+    grid().setText(2, 1, u"A programme with a name that is <b>too</b> long for its column");
+    const auto hover = [&](int row) {
+        QHelpEvent event(QEvent::ToolTip, cell(row), table()->viewport()->mapToGlobal(cell(row)));
+        QApplication::sendEvent(table()->viewport(), &event);
+    };
+    hover(2);
+    EXPECT_TRUE(QToolTip::isVisible());
+    QTextDocument shown;
+    shown.setHtml(QToolTip::text());
+    EXPECT_EQ(shown.toPlainText().toStdString(), toQt(grid().text(2, 1)).toStdString());
+    hover(3);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, kPatience));
 }
 
 TEST_F(GridTest, TheFirstMoveByKeyboardSelectsARow) {
@@ -157,17 +248,21 @@ TEST_F(GridTest, ScrollingDraggingAndTheWheelMoveTheView) {
     EXPECT_GT(recorder.viewChanges, before);
     before = recorder.viewChanges;
     table()->horizontalHeader()->resizeSection(0, 222);
-    EXPECT_GT(recorder.viewChanges, before);
+    EXPECT_EQ(recorder.drags, 1);
     EXPECT_DOUBLE_EQ(grid().columns()[0].width, toTwips(222));
-    before = recorder.viewChanges;
+    const int resizes = recorder.resizes;
     backend.window().widget()->resize(700, 500);
     QTest::qWait(0);
-    EXPECT_GT(recorder.viewChanges, before);
+    EXPECT_GT(recorder.resizes, resizes);
     before = recorder.viewChanges;
-    QWheelEvent wheel(cell(2), table()->viewport()->mapToGlobal(cell(2)), {}, {0, 120}, Qt::NoButton, {},
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(table()->viewport(), &wheel);
+    turnWheel(-120);
     EXPECT_GT(recorder.viewChanges, before);
+}
+
+TEST_F(GridTest, TheWheelOverAGridThatDoesNotMoveIsNoViewChange) {
+    const int before = recorder.viewChanges;
+    turnWheel(120);  // the first row is at the top already
+    EXPECT_EQ(recorder.viewChanges, before);
 }
 
 TEST_F(GridTest, SettingAWidthIsNoDrag) {

@@ -41,6 +41,10 @@ public:
         return keepKeys;
     }
     void pointerMoved(double x, double y) override { pointer = {x, y}; }
+    void rightPressed(int row, double x, double) override {
+        pressX = x;
+        note("right press " + std::to_string(row));
+    }
     void rightButton(double, double) override { note("right"); }
     void menuKey(double y) override {
         menuY = y;
@@ -49,6 +53,8 @@ public:
     void itemClicked() override { note("click"); }
     void itemDoubleClicked() override { note("double-click"); }
     void headerClicked(std::u16string_view key) override { note("header " + toQt(key).toStdString()); }
+    void columnDragged() override { ++drags; }
+    void resized() override { ++resizes; }
     void viewChanged() override { ++viewChanges; }
     void enterPressed() override { note("enter"); }
     void lostFocus() override { note("lost focus"); }
@@ -66,7 +72,10 @@ public:
     bool keepKeys = false;
     std::array<double, 2> pointer{};
     double menuY = 0;
+    double pressX = 0;
     int viewChanges = 0;
+    int drags = 0;
+    int resizes = 0;
 
 private:
     void note(std::string event) { events.push_back(std::move(event)); }
