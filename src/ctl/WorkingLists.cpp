@@ -7,6 +7,7 @@
 #include "ctl/Messages.h"
 #include "storage/files/VerifiedFiles.h"
 #include "storage/ini/IniReader.h"
+#include "storage/lists/ListContent.h"
 #include "storage/lists/ListFile.h"
 #include "storage/recovery/Recovery.h"
 #include "storage/text/Utf8.h"
@@ -27,16 +28,27 @@ WorkingLists::WorkingLists(Services& services)
              services.folder + std::u16string(ListFile::kUserName)} {}
 
 WorkingCopyBytes WorkingLists::read() {
-    WorkingCopyBytes bytes = Recovery(services_.folder, services_.files).find().value_or(WorkingCopyBytes());
-    const auto complete = [this](std::optional<std::string>& file, const std::u16string& path) {
-        if (!file && services_.files.exists(path)) {
-            file = readWorkingCopy(path, services_.files);
-            unreadable_ = unreadable_ || !file;
+    const Snapshot last = Recovery(services_.folder, services_.files).find().value_or(Snapshot());
+    return {read(ListFileId::List, last), read(ListFileId::User, last)};
+}
+
+std::optional<std::string> WorkingLists::read(ListFileId file, const Snapshot& last) {
+    auto found = readWorkingCopy(paths_[file], services_.files);
+    const bool isMissing = !found && !services_.files.exists(paths_[file]);
+    if (const auto& kept = last.bytes[file]) {
+        const bool isListFile = found && ListContent::hasSection(*found);
+        const bool isAsLeft = (found || isMissing) && last.leaves(file, found ? FileState::of(*found) : FileState());
+        if (isAsLeft || (!isMissing && !isListFile)) {
+            return kept;
         }
-    };
-    complete(bytes.list, paths_.ListFilePath);
-    complete(bytes.user, paths_.UserFilePath);
-    return bytes;
+    }
+    unreadable_ = unreadable_ || (!found && !isMissing);
+    return found;
+}
+
+FileState WorkingLists::stateOf(ListFileId file) {
+    const auto found = readWorkingCopy(paths_[file], services_.files);
+    return found ? FileState::of(*found) : FileState();
 }
 
 bool WorkingLists::claim() {
@@ -64,16 +76,22 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
         return false;
     }
     backUp(old);
+    // As the window saves: once the snapshot is kept a start finds the new lists, even if only one file is replaced.
     Recovery recovery(services_.folder, services_.files);
-    const bool restores = recovery.find().has_value();
-    // As the window saves: from here on a start finds the new lists, even if only one file has been replaced.
+    recovery.find();
+    PerListFile<FileState> before;
+    for (const ListFileId file : kListFiles) {
+        before[file] = stateOf(file);
+        recovery.mayLeave(file, before[file]);
+        recovery.mayLeave(file, FileState::of(*bytes[file]));
+    }
     if (!recovery.keep(bytes)) {
         fileFault(services_.console, services_.folder + u"Recovery", u"cannot be written");
         return false;
     }
-    for (const std::u16string& path : {paths_.ListFilePath, paths_.UserFilePath}) {
-        if (services_.files.exists(path)) {
-            services_.files.clearAttributes(path);
+    for (const ListFileId file : kListFiles) {
+        if (services_.files.exists(paths_[file])) {
+            services_.files.clearAttributes(paths_[file]);
         }
     }
     const bool replaced =
@@ -81,10 +99,11 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
     if (!replaced) {
         fileFault(services_.console, services_.folder, u"the lists cannot be written");
     }
-    if (!replaced && restores) {
-        recovery.keep(old);
-    } else {
-        recovery.discard();
+    for (const ListFileId file : kListFiles) {
+        recovery.leaves(file, replaced ? FileState::of(*bytes[file]) : before[file]);
     }
+    const std::string none(kNewWorkingCopy);  // of a file that was missing
+    recovery.keep(replaced ? bytes : WorkingCopyBytes{old.list.value_or(none), old.user.value_or(none)});
+    recovery.keepNewestOnly();
     return replaced;
 }

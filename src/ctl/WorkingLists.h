@@ -1,18 +1,23 @@
 // The working copies in the program's folder, as a start of the window would show them.
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "ctl/Services.h"
 #include "storage/lists/WorkingCopies.h"
 #include "storage/recovery/Backup.h"
+#include "storage/recovery/Snapshot.h"
 
 class WorkingLists {
 public:
     explicit WorkingLists(Services& services);
 
     const WorkingCopies& paths() const { return paths_; }
-    // A run of the window that was cut off has left its lists in "Recovery", and a run that is on keeps them there:
-    // they stand before the working copies, which hold an older state. A file that is missing or cannot be read has no
-    // bytes; `unreadable` is then set for the latter.
+    // By the rule of that start: the snapshot in "Recovery" counts as long as a working copy is as the run that wrote
+    // the snapshot may have left it, or is damaged; one that somebody else has changed wins. A run of the window that
+    // is on keeps its lists there, too. A file that is missing or cannot be read has no bytes; isUnreadable says the
+    // latter.
     WorkingCopyBytes read();
     bool isUnreadable() const { return unreadable_; }
 
@@ -23,7 +28,9 @@ public:
     bool replace(const WorkingCopyBytes& bytes);
 
 private:
+    std::optional<std::string> read(ListFileId file, const Snapshot& last);
     void backUp(const WorkingCopyBytes& old);
+    FileState stateOf(ListFileId file);
 
     Services& services_;
     WorkingCopies paths_;

@@ -14,6 +14,7 @@
 #include "fakes/FakeHttpClient.h"
 #include "fakes/FakeServices.h"
 #include "fakes/Text.h"
+#include "storage/recovery/Recovery.h"
 
 class FakeConsole : public Console {
 public:
@@ -68,6 +69,14 @@ protected:
         volumes.volumes = {{u"/disk/", DiskGeometry{1, 1024, 999}}};
         files.files[u"/disk/List.ini"] = kCtlList;
         files.files[u"/disk/User.ini"] = kCtlUser;
+    }
+
+    // As a run of the window leaves them that is cut off with these lists in its snapshot.
+    void leaveSnapshot(const std::string& list, const std::string& user) {
+        Recovery recovery(u"/k7/", files);
+        recovery.mayLeave(ListFileId::List, FileState::of(files.files[u"/k7/List.ini"]));
+        recovery.mayLeave(ListFileId::User, FileState::of(files.files[u"/k7/User.ini"]));
+        ASSERT_TRUE(recovery.keep({list, user}));
     }
 
     FakeFiles files;

@@ -1,5 +1,4 @@
 #include "ctl/CtlFixture.h"
-#include "storage/recovery/Recovery.h"
 
 namespace {
 
@@ -32,7 +31,7 @@ TEST_F(ImportTest, RecordsAreAppended) {
     EXPECT_NE(exported().find("am,Short,6070,,,,\r\nam,New,999,,,,\r\nfm,"), std::string::npos);
     EXPECT_EQ(files.files[u"/k7/Backup/List-20261120T224501Z.ini"], kCtlList);
     EXPECT_EQ(files.files[u"/k7/Backup/User-20261120T224501Z.ini"], kCtlUser);
-    EXPECT_FALSE(files.folders.contains(u"/k7/Recovery"));
+    EXPECT_EQ(run({"show"}), 0);
 }
 
 TEST_F(ImportTest, WhatIsExportedComesBackTheSame) {
@@ -150,7 +149,7 @@ TEST_F(ImportTest, WhatCannotBeReadOrWrittenIsNamed) {
     EXPECT_EQ(errors, "halcyon_k7ctl: /k7/: the lists cannot be written\n");
     EXPECT_EQ(files.files[u"/k7/List.ini"], kCtlList);
     EXPECT_EQ(files.files[u"/k7/User.ini"], kCtlUser);
-    EXPECT_FALSE(files.folders.contains(u"/k7/Recovery"));
+    EXPECT_EQ(run({"show"}), 0);
     files.readOnly = {};
     files.unreadable = {u"/k7/User.ini"};
     EXPECT_EQ(import(kOne), 3);
@@ -169,10 +168,9 @@ TEST_F(ImportTest, StandardInputIsAFileToo) {
 }
 
 TEST_F(ImportTest, TheListsOfARunThatWasCutOffAreAddedTo) {
-    ASSERT_TRUE(Recovery(u"/k7/", files)
-                    .keep({"[Total]\nfmnumber=1\n[FMSchedule0]\nProgramme=kept\nFrequency=98500\n", kCtlUser}));
+    leaveSnapshot("[Total]\nfmnumber=1\n[FMSchedule0]\nProgramme=kept\nFrequency=98500\n", kCtlUser);
     EXPECT_EQ(import(kOne), 0);
-    EXPECT_FALSE(files.folders.contains(u"/k7/Recovery"));
+    EXPECT_EQ(run({"show"}), 0);
     EXPECT_NE(exported().find("fm,kept"), std::string::npos);
     EXPECT_NE(exported().find("am,New"), std::string::npos);
 }

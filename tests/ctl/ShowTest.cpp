@@ -1,5 +1,4 @@
 #include "ctl/CtlFixture.h"
-#include "storage/recovery/Recovery.h"
 #include "storage/text/Utf16Bytes.h"
 #include "storage/text/Utf8.h"
 
@@ -66,9 +65,15 @@ TEST_F(ShowTest, MarksAndUtf16AreRead) {
 }
 
 TEST_F(ShowTest, TheListsOfARunThatWasCutOffStandBeforeTheWorkingCopies) {
-    ASSERT_TRUE(Recovery(u"/k7/", files).keep({"[Total]\nfmnumber=1\n[FMSchedule0]\nProgramme=kept\n", kCtlUser}));
+    leaveSnapshot("[Total]\nfmnumber=1\n[FMSchedule0]\nProgramme=kept\n", kCtlUser);
     EXPECT_EQ(run({"show", "fm"}), 0);
     EXPECT_NE(out.find("kept"), out.npos) << out;
+    files.files[u"/k7/List.ini"] += ";\n";
+    EXPECT_EQ(run({"show", "fm"}), 0);
+    EXPECT_NE(out.find("City"), out.npos) << "a working copy that somebody else has changed wins";
+    files.files[u"/k7/List.ini"] = "";
+    EXPECT_EQ(run({"show", "fm"}), 0);
+    EXPECT_NE(out.find("kept"), out.npos) << "one that is damaged does not";
 }
 
 TEST_F(ShowTest, ControlCharactersNeitherMoveTheCursorNorEndALine) {
