@@ -14,11 +14,10 @@ class Replacement {
 public:
     Replacement(Files& files, const NewFile& newFile) : files_(files), path_(newFile.path), bytes_(newFile.bytes) {}
 
-    // False: there is an old file that could not be put back.
-    bool readOld() {
+    void readOld() {
         FileRead present = files_.read(path_);
         old_ = std::move(present.bytes);
-        return old_ || present.isMissing;
+        wasMissing_ = present.isMissing;
     }
     bool writeBeside() {
         removeLeftover(files_, path_);
@@ -37,7 +36,8 @@ public:
     void putBack() {
         abandon();
         if (!old_) {
-            if (files_.exists(path_)) {
+            // A file that cannot be read has nothing to put back: it stays, or the new one in its place.
+            if (wasMissing_ && files_.exists(path_)) {
                 files_.remove(path_);
             }
             return;
@@ -66,6 +66,7 @@ private:
     const std::u16string& path_;
     const std::string& bytes_;
     std::optional<std::string> old_;
+    bool wasMissing_ = false;
     bool overwritten_ = false;
 };
 
@@ -106,8 +107,11 @@ bool replaceVerified(Files& files, const std::vector<NewFile>& newFiles) {
         replacements.emplace_back(files, newFile);
         needed += newFile.bytes.size();
     }
-    if (replacements.empty() || !all(replacements, [](Replacement& one) { return one.readOld(); })) {
+    if (replacements.empty()) {
         return false;
+    }
+    for (Replacement& one : replacements) {
+        one.readOld();
     }
     if (all(replacements, [](Replacement& one) { return one.writeBeside(); })) {
         if (all(replacements, [](Replacement& one) { return one.besideHolds(); })) {

@@ -31,6 +31,11 @@ public:
         }
         return true;
     }
+    // What cannot be read is the old file, not the name.
+    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
+        unreadable.erase(std::u16string(to));
+        return FakeFiles::rename(from, to, flush);
+    }
     FileRead readBack(std::u16string_view path) override {
         FileRead read = FakeFiles::readBack(path);
         if (read.bytes && path == losing) {
@@ -151,12 +156,34 @@ TEST_F(SafeFileTest, VerifiedLeavesNothingOfANewFileThatDoesNotFit) {
     EXPECT_TRUE(disk.files.empty());
 }
 
-TEST_F(SafeFileTest, VerifiedDoesNotTouchAFileThatCannotBeKept) {
+TEST_F(SafeFileTest, VerifiedReplacesAFileThatCannotBeRead) {
+    disk.files[kPath] = "old";
+    disk.unreadable = {kPath};
+    EXPECT_TRUE(replaceVerified(disk, kPath, "new"));
+    expectOnly("new");
+    EXPECT_EQ(std::count(disk.accesses.begin(), disk.accesses.end(), "write /disk/List.ini"), 0) << "in place";
+}
+
+TEST_F(SafeFileTest, VerifiedLeavesAFileThatCannotBeReadWhenTheNewOneHasNoRoom) {
+    disk.files[kPath] = "12345678";
+    disk.unreadable = {kPath};
+    disk.room = 12;
+    EXPECT_FALSE(replaceVerified(disk, kPath, "abcdefghij"));
+    expectOnly("12345678");
+}
+
+TEST_F(SafeFileTest, VerifiedLeavesAFileWithoutAnyAccess) {
     disk.files[kPath] = "old";
     disk.failing.insert(kPath);
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
-    EXPECT_EQ(disk.accesses, std::vector<std::string>{"read /disk/List.ini"});
+}
+
+TEST_F(SafeFileTest, ASingleOneOfSeveralIsDurable) {
+    disk.files[kPath] = "old";
+    EXPECT_TRUE(replaceFiles(disk, {NewFile{kPath, "list"}}));
+    disk.cutPower([](std::u16string_view) { return FakeFiles::Fate::Old; });
+    expectOnly("list");
 }
 
 namespace {
