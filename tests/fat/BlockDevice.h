@@ -1,0 +1,48 @@
+// A block device held in memory (/dev/nbd0), which records its writes and flushes and fails when asked to.
+#pragma once
+
+#include <atomic>
+#include <mutex>
+#include <thread>
+
+#include "fat/BlockLog.h"
+
+struct DeviceFaults {
+    enum class Kind { None, Write, Flush, Cut };  // Cut: every request fails, reads too
+    Kind kind = Kind::None;
+    int first = 0;         // number of the request of that kind that fails, from 1; for Cut of a write or flush
+    bool forGood = false;  // and all after it
+};
+
+class BlockDevice {
+public:
+    explicit BlockDevice(std::string medium);
+    ~BlockDevice();  // nothing may be mounted
+    BlockDevice(const BlockDevice&) = delete;
+    BlockDevice& operator=(const BlockDevice&) = delete;
+
+    bool isAttached() const { return device_ >= 0; }
+    // What happens from here on is counted, recorded and, by the plan, made to fail.
+    void start(const DeviceFaults& faults);
+    void mark();
+    bool faultReached();
+    BlockLog log();
+    std::string medium();
+
+private:
+    void serve();
+    bool handle(std::uint32_t type, std::uint64_t offset, std::string& bytes);
+    bool fails(std::uint32_t type);
+
+    std::mutex mutex_;
+    std::string medium_;
+    BlockLog log_;
+    DeviceFaults faults_;
+    bool recording_ = false;
+    int count_ = 0;
+    int device_ = -1;
+    int kernelEnd_ = -1;
+    int serverEnd_ = -1;
+    std::thread server_;
+    std::thread queue_;
+};

@@ -1,0 +1,24 @@
+// The bytes that the cases save, and the texts of the lists that they show.
+#pragma once
+
+#include <string>
+
+inline std::string ofSize(std::size_t size, char letter) {
+    return std::string(size, letter) + "\r\n[kvt update end]\r\n";
+}
+
+inline const std::string kOldList = ofSize(20 * 1024, 'o');
+inline const std::string kOldUser = ofSize(5 * 1024, 'p');
+inline const std::string kNewList = ofSize(24 * 1024, 'n');
+inline const std::string kNewUser = ofSize(6 * 1024, 'm');
+
+// Working copies of one DRM station of that name, and of one favourite.
+inline std::string listOf(const std::string& programme) {
+    return " \r\n[Total]\r\ndrmnumber=1\r\namnumber=0\r\nfmnumber=0\r\n[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=" +
+           programme + "\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\nUserDef=0\r\n\r\n[kvt update end]\r\n";
+}
+inline std::string favourites() {
+    return " \r\n[Version]\r\nmajor=1\r\n[LAST]\r\nTYPE=DRM\r\nStation=1\r\nname=x\r\nIndex=1\r\n[Total]\r\n"
+           "favnumber=1\r\n[FAVSchedule0]\r\nProgramme=Favourite\r\nFrequency=198\r\nTYPE=AM\r\nUserDef=0\r\n"
+           "\r\n[kvt update end]\r\n";
+}

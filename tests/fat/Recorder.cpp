@@ -1,0 +1,226 @@
+// The first process of a user-mode kernel: runs each case of the list on a block device of its own and leaves what the
+// device was asked to do in the work folder. Arguments come as environment variables from the kernel's command line.
+#include <fcntl.h>
+#include <sys/mount.h>
+#include <sys/reboot.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/utsname.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <sstream>
+
+#include "fakes/ForwardingFiles.h"
+#include "fat/BlockDevice.h"
+#include "fat/Contents.h"
+#include "fat/Program.h"
+#include "platform/posix/PosixFiles.h"
+#include "storage/files/VerifiedFiles.h"
+
+namespace {
+
+constexpr const char* kMountPoint = "/mnt/disk";
+const std::u16string kRoot = u"/mnt/disk/";
+
+struct Case {
+    std::string name;
+    std::string image;
+    std::string fileSystem;
+    std::string options;
+    std::string operation;
+    int fillers = 0;  // entries before those of the files
+    std::string fault;
+};
+
+// Calls back before each operation that reaches the device.
+class SteppedFiles : public ForwardingFiles {
+public:
+    SteppedFiles(Files& files, int step, std::function<void()> act)
+        : ForwardingFiles(files), step_(step), act_(std::move(act)) {}
+
+    FileRead readBack(std::u16string_view path) override { return count(), ForwardingFiles::readBack(path); }
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+        return count(), ForwardingFiles::write(path, bytes, flush);
+    }
+    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
+        return count(), ForwardingFiles::rename(from, to, flush);
+    }
+    bool wasReached() const { return done_ >= step_; }
+
+private:
+    void count() {
+        if (++done_ == step_) {
+            act_();
+        }
+    }
+    int step_;
+    int done_ = 0;
+    std::function<void()> act_;
+};
+
+bool loadModule(const std::string& path) {
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool loaded = file >= 0 && ::syscall(SYS_finit_module, file, "", 0) == 0;
+    ::close(file);
+    return loaded;
+}
+
+bool prepare() {
+    utsname system{};
+    ::uname(&system);
+    const std::string modules = std::string("/usr/lib/uml/modules/") + system.release + "/kernel/";
+    bool ready = ::mount("proc", "/proc", "proc", 0, nullptr) == 0;
+    // Kernels differ in whether they have mounted it already.
+    ready = (::mount("devtmpfs", "/dev", "devtmpfs", 0, nullptr) == 0 || errno == EBUSY) && ready;
+    ready = ::mount("tmpfs", "/mnt", "tmpfs", 0, nullptr) == 0 && ::mkdir(kMountPoint, S_IRWXU) == 0 && ready;
+    for (const char* const module : {"fs/nls/nls_cp437.ko", "fs/nls/nls_ascii.ko", "fs/nls/nls_iso8859-1.ko",
+                                     "fs/nls/nls_utf8.ko", "fs/fat/fat.ko", "fs/fat/vfat.ko", "drivers/block/nbd.ko"}) {
+        ready = loadModule(modules + module) && ready;
+    }
+    return ready;
+}
+
+bool mountDevice(const Case& one) {
+    const char* const options = one.options == "default" ? "" : one.options.c_str();
+    return ::mount("/dev/nbd0", kMountPoint, one.fileSystem.c_str(), 0, options) == 0;
+}
+
+bool save(Files& files) {
+    return replaceVerified(files, {{kRoot + u"List.ini", kNewList}, {kRoot + u"User.ini", kNewUser}});
+}
+
+bool write(Files& files, std::u16string_view name, const std::string& bytes) {
+    return files.write(kRoot + std::u16string(name), bytes, Flush::Now);
+}
+
+// What lies on the medium before the case.
+bool putOld(const Case& one, PosixFiles& files) {
+    bool done = true;
+    for (int i = 0; i < one.fillers; ++i) {
+        done = write(files, u"A" + std::u16string(1, static_cast<char16_t>(u'A' + i)), "") && done;
+    }
+    if (one.operation == "folder") {
+        done = write(files, u"List.ini", listOf("Old")) && write(files, u"User.ini", favourites()) && done;
+    } else if (one.operation != "first") {
+        done = write(files, u"List.ini", kOldList) && write(files, u"User.ini", kOldUser) && done;
+    }
+    if (one.operation == "full") {
+        constexpr std::uint64_t kLeft = 8 * 1024;
+        const auto free = files.freeSpace(kRoot.substr(0, kRoot.size() - 1));
+        done = free && *free > kLeft && write(files, u"FILLER", std::string(*free - kLeft, 'f')) && done;
+    }
+    ::sync();
+    return done;
+}
+
+// Nothing is tried again: what is left at the end is on the medium as it is.
+bool run(const Case& one, Files& files, BlockDevice& device) {
+    if (one.operation != "folder") {
+        const bool saved = save(files);
+        device.mark();
+        return saved;
+    }
+    Program program(files, kRoot);
+    program.rename(u"Edited");
+    device.mark();
+    program.close();
+    device.mark();
+    return true;
+}
+
+DeviceFaults faultsOf(const std::string& fault, int n) {
+    using Kind = DeviceFaults::Kind;
+    const Kind kind = fault.starts_with("write")   ? Kind::Write
+                      : fault.starts_with("flush") ? Kind::Flush
+                      : fault.starts_with("cut")   ? Kind::Cut
+                                                   : Kind::None;
+    return {kind, n, fault.ends_with("for-good")};
+}
+
+void act(const std::string& fault) {
+    if (fault == "unmounted") {
+        ::umount2(kMountPoint, MNT_DETACH);
+    } else if (fault == "read-only") {
+        ::mount(nullptr, kMountPoint, nullptr, MS_REMOUNT | MS_RDONLY, nullptr);
+    }
+}
+
+// n: number of the request or step that the fault hits. False: there are not as many.
+bool runCase(const Case& one, const std::string& image, int n, const std::string& work, std::ostream& results) {
+    std::string medium;
+    {
+        BlockDevice device(image);
+        PosixFiles files;
+        if (!device.isAttached() || !mountDevice(one) || !putOld(one, files) || ::umount(kMountPoint) != 0) {
+            results << one.name << " cannot be set up\n";
+            return false;
+        }
+        medium = device.medium();
+    }
+    BlockDevice device(medium);
+    if (!device.isAttached() || !mountDevice(one)) {
+        results << one.name << " cannot be mounted\n";
+        return false;
+    }
+    device.start(faultsOf(one.fault, n));
+    bool saved = false;
+    bool reached = false;
+    {
+        PosixFiles files;
+        SteppedFiles stepped(files, n, [&] { act(one.fault); });
+        saved = run(one, stepped, device);
+        reached =
+            device.faultReached() || (faultsOf(one.fault, n).kind == DeviceFaults::Kind::None && stepped.wasReached());
+    }
+    ::umount2(kMountPoint, MNT_DETACH);
+    const bool below = !PosixFiles().list(kRoot.substr(0, kRoot.size() - 1)).empty();
+    for (const std::u16string& name : PosixFiles().list(kRoot.substr(0, kRoot.size() - 1))) {
+        PosixFiles().remove(kRoot + name);
+    }
+    const std::string name = one.name + (one.fault == "none" ? "" : "-" + std::to_string(n));
+    const bool left =
+        writeLog(work + "/" + name + ".log", one.fault == "none" ? device.log() : BlockLog{device.medium(), {}});
+    results << name << (saved ? " saved" : " refused") << (below ? " below" : "") << (left ? "" : " lost") << std::endl;
+    return reached;
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void runAll(const std::string& work) {
+    std::ofstream results(work + "/results");
+    if (!prepare()) {
+        results << "the kernel lacks a module or a file system" << std::endl;
+        return;
+    }
+    std::ifstream list(work + "/cases");
+    std::string line;
+    while (std::getline(list, line)) {
+        std::istringstream words(line);
+        Case one;
+        words >> one.name >> one.image >> one.fileSystem >> one.options >> one.operation >> one.fillers >> one.fault;
+        const std::string image = contentOf(work + "/" + one.image);
+        for (int n = 1; runCase(one, image, n, work, results) && one.fault != "none"; ++n) {
+        }
+    }
+    results << "end" << std::endl;
+}
+
+}  // namespace
+
+int main() {
+    const char* const work = std::getenv("HALCYON_WORK");
+    if (work != nullptr && ::getpid() == 1) {
+        runAll(work);
+    }
+    ::sync();
+    ::reboot(RB_POWER_OFF);
+    return 1;
+}
