@@ -29,13 +29,10 @@ std::u16string Win32CodePages::decode(std::string_view bytes) {
 
 std::string Win32CodePages::encode(std::u16string_view text) {
     const UINT codePage = systemAnsiCodePage();
-    // A system whose ANSI code page is UTF-8 takes neither.
-    const DWORD flags = codePage == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
-    const char* replacement = codePage == CP_UTF8 ? nullptr : "?";
     const std::wstring wide = toWide(text);
     const int count = static_cast<int>(wide.size());
-    const int size = WideCharToMultiByte(codePage, flags, wide.data(), count, nullptr, 0, replacement, nullptr);
+    const int size = WideCharToMultiByte(codePage, 0, wide.data(), count, nullptr, 0, nullptr, nullptr);
     std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(codePage, flags, wide.data(), count, bytes.data(), size, replacement, nullptr);
+    WideCharToMultiByte(codePage, 0, wide.data(), count, bytes.data(), size, nullptr, nullptr);
     return bytes;
 }

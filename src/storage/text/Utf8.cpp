@@ -96,6 +96,7 @@ std::u16string fromUtf8(std::string_view bytes) {
             const auto byte = static_cast<unsigned char>(i < bytes.size() ? bytes[i] : 0);
             if (byte < next.low || byte > next.high) {
                 whole = false;
+                i += byte >= 0x80 && byte <= 0xBF ? 1 : 0;  // part of the ill-formed character, as on Windows
                 break;
             }
             next.bits = (next.bits << 6) | (byte & 0x3FU);

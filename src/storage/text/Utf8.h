@@ -5,7 +5,8 @@
 #include <string>
 #include <string_view>
 
-// One U+FFFD for each maximal ill-formed part: as many bytes as a character could have begun with, or one.
+// One U+FFFD for each maximal ill-formed part: a lead byte with the continuation bytes behind it, up to the
+// first that rules the character out; or one byte.
 std::u16string fromUtf8(std::string_view bytes);
 
 // A lone surrogate becomes EF BF BD.

@@ -108,9 +108,6 @@ bool mTextUTF::WriteTextFile(std::u16string_view path, std::u16string_view text,
     if (format == TextFormat::Detect) {
         format = defaultFormat;
     }
-    if (!isFormat(format)) {
-        return false;
-    }
     std::string bytes;
     if (writeBom) {
         bytes = TextFormatBom(format);
@@ -152,7 +149,10 @@ bool mTextUTF::encode(std::string& bytes, std::u16string_view text, TextFormat f
         case TextFormat::Utf16Be:
             appendBytes(bytes, text, ByteOrder::Big);
             return true;
-        default:
+        case TextFormat::Utf32Le:
+        case TextFormat::Utf32Be:
             return false;
+        default:  // of a new file only: it stays empty
+            return true;
     }
 }

@@ -45,6 +45,7 @@ public:
     // goes to the end, without a mark; a missing or empty file is written as without it, Detect becoming
     // defaultFormat, and in a file with content Detect becomes the format found.
     // halveLength: of an Ansi or Utf8 text only the first half is written (units, rounded half to even).
+    // A defaultFormat that does not exist makes an empty file of it.
     // False on failure, for a format that does not exist, and when nothing of a text can be encoded (UTF-32 and a
     // half of no units among that); in the latter case a file not appended to is left with just its mark.
     bool WriteTextFile(std::u16string_view path, std::u16string_view text, bool append, TextFormat& format,

