@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fakes/FakePlatform.h"
+#include "fakes/Text.h"
 #include "shell/Design.h"
 #include "shell/MainForm.h"
 
