@@ -87,7 +87,8 @@ TEST(CodePagesTest, Utf8IsDecodedAsBySystem) {
     std::mt19937 random(1);
     int wellFormed = 0;
     for (int i = 0; i < 20'000 && !testing::Test::HasFailure(); ++i) {
-        const std::string bytes = randomUtf8(random);
+        // Wine takes all that remains of a text for one ill-formed character if its lead byte announces more.
+        const std::string bytes = randomUtf8(random) + "end";
         const std::u16string text = fromUtf8(bytes);
         const std::optional<std::u16string> system = systemDecodes(bytes);
         wellFormed += system ? 1 : 0;
