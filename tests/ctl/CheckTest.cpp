@@ -55,7 +55,6 @@ TEST_F(CheckTest, CountsThatLieAreReported) {
                 for (int i = 1; i <= 9; ++i) {
                     empty += "FM " + std::to_string(i) + " Programme: Input can't be empty\nFM " + std::to_string(i) +
                              " Frequency(MHz): Out of range: (87.0-108.0) MHz!\n";
-                    empty += i > 1 ? "" : "";
                 }
                 for (int i = 2; i <= 9; ++i) {
                     empty += "FM " + std::to_string(i) + " record: the same as row 1\n";
