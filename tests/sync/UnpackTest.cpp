@@ -12,7 +12,7 @@ constexpr std::size_t kMost = 1'000'000;
 std::string packed(const std::string& text, int format) {
     z_stream stream{};
     EXPECT_EQ(deflateInit2(&stream, 9, Z_DEFLATED, format, 9, Z_DEFAULT_STRATEGY), Z_OK);
-    std::string bytes(deflateBound(&stream, text.size()), '\0');
+    std::string bytes(deflateBound(&stream, static_cast<uLong>(text.size())), '\0');
     stream.next_in = reinterpret_cast<const Bytef*>(text.data());
     stream.avail_in = static_cast<uInt>(text.size());
     stream.next_out = reinterpret_cast<Bytef*>(bytes.data());
