@@ -123,9 +123,10 @@ class OneInstance(ProgramCase):
         self.assert_closes(program)
         self.assertEqual(program.read("List.ini"), list_ini(edited, listfiles.AM, listfiles.FM))
         self.assertEqual(program.read("User.ini"), SAMPLE_USER)
-        # Only the two files of the program are left.
+        # A normal end keeps one snapshot as the last known good state.
         left = {path.name for path in program.folder.iterdir()} - {"halcyon_k7", "stderr.txt"}
-        self.assertEqual(left, {"List.ini", "User.ini"})
+        self.assertEqual(left, {"List.ini", "User.ini", "Recovery"})
+        self.assertEqual(len(list((program.folder / "Recovery").iterdir())), 1)
 
 
 class End(ProgramCase):
