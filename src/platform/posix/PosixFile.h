@@ -4,14 +4,18 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 class PosixFile {
 public:
     // flags and permissions as for open(); the descriptor is never inherited by another program.
     PosixFile(const std::string& path, int flags, unsigned permissions = 0);
     ~PosixFile();
-    PosixFile(const PosixFile&) = delete;
-    PosixFile& operator=(const PosixFile&) = delete;
+    PosixFile(PosixFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+    PosixFile& operator=(PosixFile&& other) noexcept {
+        std::swap(descriptor_, other.descriptor_);
+        return *this;
+    }
 
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }

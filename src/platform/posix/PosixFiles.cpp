@@ -78,9 +78,9 @@ bool PosixFiles::append(std::u16string_view path, std::string_view bytes) {
 bool PosixFiles::rename(std::u16string_view from, std::u16string_view to, Flush flush) {
     const std::string source = nativePath(from);
     const std::string target = nativePath(to);
-    Renaming renaming{folderOf(target), std::make_unique<PosixFile>(source, O_RDONLY | O_NOFOLLOW),
-                      std::make_unique<PosixFile>(target, O_RDONLY | O_NOFOLLOW)};
-    if (!renaming.moved->isOpen() || ::rename(source.c_str(), target.c_str()) != 0) {
+    Renaming renaming{folderOf(target), PosixFile(source, O_RDONLY | O_NOFOLLOW),
+                      PosixFile(target, O_RDONLY | O_NOFOLLOW)};
+    if (!renaming.moved.isOpen() || ::rename(source.c_str(), target.c_str()) != 0) {
         return false;
     }
     renamings_.push_back(std::move(renaming));
@@ -94,8 +94,8 @@ bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(fo
 bool PosixFiles::flushFolder(const std::string& folder) {
     const auto flushMoved = [&](bool replacing) {
         return std::count_if(renamings_.begin(), renamings_.end(), [&](const Renaming& renaming) {
-                   return renaming.folder == folder && renaming.replaced->isOpen() == replacing &&
-                          !renaming.moved->flush();
+                   return renaming.folder == folder && renaming.replaced.isOpen() == replacing &&
+                          !renaming.moved.flush();
                }) == 0;
     };
     const bool created = flushMoved(false);

@@ -1,7 +1,6 @@
-// Files of a POSIX system. Qt's own file classes hide flushing, so the calls beneath are used.
+// Files of a POSIX system. The C++ library cannot flush files, hence the system calls.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,8 +30,8 @@ private:
     // stay its own as long as that file is open.
     struct Renaming {
         std::string folder;
-        std::unique_ptr<PosixFile> moved;
-        std::unique_ptr<PosixFile> replaced;
+        PosixFile moved;
+        PosixFile replaced;
     };
 
     bool flushFolder(const std::string& folder);
