@@ -86,6 +86,8 @@ std::string checkTime(const std::string& text) {
 class Parser {
 public:
     Parser() : app_("Shows, checks, converts and changes the station lists of a DRM receiver.", "halcyon_k7ctl") {
+        // "/" begins a path on every system; the library takes it for an option on Windows.
+        app_.allow_windows_style_options(false);
         app_.set_version_flag("--version", HALCYON_VERSION);
         app_.add_option("--folder", words_.folder, "the folder of the working copies")->type_name("DIR");
         app_.add_flag("--json", options_.json, "print JSON");
