@@ -33,20 +33,20 @@ std::u16string currentFolder() {
 int main(int argc, char** argv) {
     PosixConsole console;
     const auto parsed = parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
-    if (const auto* const end = std::get_if<CommandLineEnd>(&parsed)) {
-        return static_cast<int>(endCommandLine(console, *end));
+    const auto* const options = std::get_if<Options>(&parsed);
+    if (options == nullptr) {
+        return static_cast<int>(endCommandLine(console, *std::get_if<CommandLineEnd>(&parsed)));
     }
-    const auto& options = std::get<Options>(parsed);
     PosixFiles files;
     PosixProgramFolders folders;
     const std::u16string current = currentFolder();
     const std::u16string folder =
-        options.folder ? folderPath(absolutePath(current, *options.folder), u'/') : findProgramFolder(folders, files);
+        options->folder ? folderPath(absolutePath(current, *options->folder), u'/') : findProgramFolder(folders, files);
     PosixCodePages codePages;
     PosixVolumes volumes;
     PosixHttpClient httpClient;
     PosixSingleInstance singleInstance(folder);
     PosixClock clock;
     Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, folder, current};
-    return static_cast<int>(runCommand(services, options));
+    return static_cast<int>(runCommand(services, *options));
 }

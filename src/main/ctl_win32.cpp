@@ -41,20 +41,20 @@ std::vector<std::string> utf8Arguments(int argc, wchar_t** argv) {
 int wmain(int argc, wchar_t** argv) {
     Win32Console console;
     const auto parsed = parseCommandLine(utf8Arguments(argc, argv));
-    if (const auto* const end = std::get_if<CommandLineEnd>(&parsed)) {
-        return static_cast<int>(endCommandLine(console, *end));
+    const auto* const options = std::get_if<Options>(&parsed);
+    if (options == nullptr) {
+        return static_cast<int>(endCommandLine(console, *std::get_if<CommandLineEnd>(&parsed)));
     }
-    const auto& options = std::get<Options>(parsed);
     Win32Files files;
     Win32ProgramFolders folders;
     const std::u16string current = currentFolder();
-    const std::u16string folder =
-        options.folder ? folderPath(absolutePath(current, *options.folder), u'\\') : findProgramFolder(folders, files);
+    const std::u16string folder = options->folder ? folderPath(absolutePath(current, *options->folder), u'\\')
+                                                  : findProgramFolder(folders, files);
     Win32CodePages codePages;
     Win32Volumes volumes;
     Win32HttpClient httpClient;
     Win32SingleInstance singleInstance(folder);
     Win32Clock clock;
     Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, folder, current};
-    return static_cast<int>(runCommand(services, options));
+    return static_cast<int>(runCommand(services, *options));
 }
