@@ -74,7 +74,8 @@ class LinuxPackages(unittest.TestCase):
     def show_in_terminal(self):
         samples = "usr/share/doc/halcyon-k7/examples"
         programmes, _ = drm_programmes(self.system.root / samples / "List.ini")
-        self.assertIn(programmes[0], self.system.run("halcyon_k7ctl", "show", "drm", "/" + samples))
+        self.assertIn(programmes[0], self.system.run("env", "HOME=/tmp/administrator", "halcyon_k7ctl", "show", "drm",
+                                                       "/" + samples))
 
     def start_as_administrator(self):
         """Who could write beside the program, but has lists of their own like every user."""
