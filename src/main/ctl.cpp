@@ -30,7 +30,8 @@ std::u16string currentFolder() {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+// A variant throws only while it has no value, which cannot happen here.
+int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     PosixConsole console;
     const auto parsed = parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
     const auto* const options = std::get_if<Options>(&parsed);
