@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr const char* kSource = "a folder, a List.ini or User.ini, \"receiver\" or \"backup:STAMP\"";
+constexpr const char* kSource = R"(a folder, a List.ini or User.ini, "receiver" or "backup:STAMP")";
 
 // The texts as they are typed; options take UTF-16.
 struct Words {
@@ -47,6 +47,7 @@ const std::map<std::string, int> kDays = {{"mo", 0}, {"tu", 1}, {"we", 2}, {"th"
 template <typename Value>
 CLI::IsMember oneOf(const std::map<std::string, Value>& values) {
     std::vector<std::string> names;
+    names.reserve(values.size());
     for (const auto& [name, value] : values) {
         names.push_back(name);
     }

@@ -25,9 +25,11 @@ Reception receptionOf(std::u16string_view system) {
                                          : Reception{u"AM", u"AM", u"10000"};
 }
 
-std::u16string padded(std::u16string text, std::size_t width, bool toTheRight) {
+std::u16string padded(std::u16string_view text, std::size_t width, bool toTheRight) {
     const std::size_t blanks = text.size() < width ? width - text.size() : 0;
-    return toTheRight ? std::u16string(blanks, u' ') + text : text + std::u16string(blanks, u' ');
+    std::u16string result(text);
+    result.insert(toTheRight ? 0 : result.size(), blanks, u' ');
+    return result;
 }
 
 // The fields of a line end at the next semicolon.

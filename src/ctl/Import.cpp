@@ -67,7 +67,9 @@ Exit importCsv(Services& services, const Options& options) {
     }
     const CsvRecords csv = readCsv(text, options.list);
     for (const std::u16string& column : csv.unknownColumns) {
-        warn(services.console, name + u": the column \"" + column + u"\" is unknown and left out");
+        std::u16string message = name;
+        message.append(u": the column \"").append(column).append(u"\" is unknown and left out");
+        warn(services.console, message);
     }
     if (!csv.faults.empty()) {
         return refuse(services.console, name, csv.faults);

@@ -95,7 +95,7 @@ std::u16string shortestDecimal(double value) {
     }
     // As frequencies are; when the digits give the value again, there are no shorter ones.
     if (value > 0 && value < kMostOfThreeDecimals) {
-        const int thousandths = static_cast<int>(value * 1000 + 0.5);
+        const int thousandths = static_cast<int>(std::lround(value * 1000));
         if (thousandths / 1000.0 == value) {
             return thousandthsText(thousandths);
         }
