@@ -92,7 +92,7 @@ TEST_F(CheckTest, BytesThatAreNoUtf8AreReported) {
 }
 
 TEST_F(CheckTest, ANulBeforeTheEndMarkIsNoFault) {
-    EXPECT_EQ(faultsOf(std::string("[Total]\r\nfmnumber=0\r\n\0\r\n[kvt update end]\r\n", 44)), "");
+    EXPECT_EQ(faultsOf("[Total]\r\nfmnumber=0\r\n" + std::string(1, '\0') + "\r\n[kvt update end]\r\n"), "");
 }
 
 TEST_F(CheckTest, JsonHasAnObjectForEachFault) {
