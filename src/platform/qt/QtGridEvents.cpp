@@ -48,7 +48,8 @@ void QtGridView::connectSignals() {
         connect(bar, &QScrollBar::valueChanged, this, [this] { listener_->viewChanged(); });
     }
     table_->installEventFilter(this);
-    table_->viewport()->installEventFilter(this);
+    viewport_ = table_->viewport();
+    viewport_->installEventFilter(this);
     table_->horizontalHeader()->viewport()->installEventFilter(this);
 }
 
@@ -71,7 +72,7 @@ bool QtGridView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == table_) {
         return filterTable(event);
     }
-    return watched == table_->viewport() ? filterViewport(event) : filterHeader(event);
+    return watched == viewport_ ? filterViewport(event) : filterHeader(event);
 }
 
 bool QtGridView::filterTable(QEvent* event) {

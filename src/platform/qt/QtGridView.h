@@ -57,6 +57,7 @@ private:
 
     QWidget* page_;
     GridTable* table_;
+    QWidget* viewport_ = nullptr;  // sends events even while the table is being destroyed
     GridModel* model_;
     Grid* grid_ = nullptr;
     GridListener* listener_ = nullptr;
