@@ -89,7 +89,7 @@ def measure_pairs(table, folder):
 
 
 def measure_memory(table, folder):
-    """What loading the longest lists adds to a process; each of several starts anew."""
+    """What loading the longest lists adds to a process; each of several is a new process."""
     program, lists = BENCH / 'loaded_memory', pathlib.Path(folder) / 'memory'
     lists.mkdir()
     subprocess.run([program, lists, 'write'], check=True)

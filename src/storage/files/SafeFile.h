@@ -1,4 +1,4 @@
-// Replacing a file so that whoever opens it finds a whole old or a whole new one, never a part.
+// Replaces files so that a reader finds a whole old or a whole new one, never a part.
 // All failures are silent; the result says them.
 #pragma once
 
