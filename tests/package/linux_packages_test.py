@@ -28,7 +28,9 @@ class LinuxPackages(unittest.TestCase):
         # The first installation brings what the program needs from Debian; removing leaves that in place.
         cls.system.apt_install(cls.system.bring(DEB))
         cls.system.run("apt-get", "-qy", "purge", "halcyon-k7")
-        cls.without = cls.system.snapshot()
+
+    def setUp(self):
+        self.without = self.system.snapshot()
 
     def visit(self, *command):
         visit = Visit(self.system.as_user(*command))

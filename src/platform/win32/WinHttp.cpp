@@ -1,5 +1,7 @@
 #include "platform/win32/WinHttp.h"
 
+#include <initializer_list>
+
 template <typename Function>
 void WinHttp::find(Function& function, HMODULE library, const char* name) {
     if (library != nullptr) {
