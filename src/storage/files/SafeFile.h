@@ -1,5 +1,5 @@
-// Replaces files so that a reader finds a whole old or a whole new one, never a part.
-// All failures are silent; the result says them.
+// Replaces files so that a reader finds either the whole old or the whole new content. Failures show nothing; the
+// result reports them.
 #pragma once
 
 #include <string>
@@ -8,16 +8,16 @@
 
 #include "platform/Files.h"
 
-// Where the new file is written before it takes the place of the old one.
+// The temporary file for a path, in the same folder.
 std::u16string besideOf(std::u16string_view path);
 
-// Removes the temporary file that an interrupted run may have left beside the file.
+// Removes the temporary file that an interrupted run may have left.
 void removeLeftover(Files& files, std::u16string_view path);
 
-// Writes a temporary file beside the file, flushes it, and renames it over the file. On failure the old file stays and
-// nothing is left beside it.
-// With Flush::Later any reader finds the new file, but after a power cut the file may be the old one, the new one,
-// empty or torn. Only for what can be made again then.
+// Writes a temporary file next to the file, flushes it, and renames it over the file. On failure the old file stays and
+// the temporary file is removed.
+// With Flush::Later every reader finds the new file, but after a power cut the file may be the old one, the new one,
+// empty or torn: only for content that can be produced again.
 bool replaceFile(Files& files, std::u16string_view path, std::string_view bytes, Flush flush = Flush::Now);
 
 struct NewFile {
@@ -25,6 +25,6 @@ struct NewFile {
     std::string bytes;
 };
 
-// Replaces each of several files of one folder as replaceFile does, and flushes the folder once. False when one could
-// not be replaced; the others are.
+// Replaces several files of one folder, each as replaceFile does, and flushes the folder once. False if any file could
+// not be replaced; the others are replaced.
 bool replaceFiles(Files& files, const std::vector<NewFile>& newFiles);

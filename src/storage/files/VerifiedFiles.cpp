@@ -9,7 +9,7 @@
 
 namespace {
 
-// One file on its way to the disk.
+// One file to be replaced, with its old content.
 class Replacement {
 public:
     Replacement(Files& files, const NewFile& newFile) : files_(files), path_(newFile.path), bytes_(newFile.bytes) {}
@@ -26,7 +26,7 @@ public:
     bool besideHolds() { return files_.readBack(besideOf(path_)).bytes == bytes_; }
     void abandon() { removeLeftover(files_, path_); }
     bool put() { return files_.rename(besideOf(path_), path_, Flush::Now) && holds(bytes_); }
-    // Both the new bytes and, should they fail, the old ones find room then.
+    // Room for the new bytes and, if they fail, for the old ones again.
     bool fitsInPlace(std::uint64_t free) const { return old_ && bytes_.size() <= old_->size() + free; }
     bool overwrite() {
         overwritten_ = true;
@@ -36,7 +36,7 @@ public:
     void putBack() {
         abandon();
         if (!old_) {
-            // A file that cannot be read has nothing to put back: it stays, or the new one in its place.
+            // A file that cannot be read has no content to restore: it stays, or the new file in its place.
             if (wasMissing_ && files_.exists(path_)) {
                 files_.remove(path_);
             }
@@ -51,7 +51,7 @@ public:
                 return;
             }
         }
-        // Writing over a whole new file could tear it; one that is torn or damaged already has nothing to lose.
+        // Overwriting an intact new file could tear it; a torn or damaged one has nothing to lose.
         const auto present = files_.readBack(path_).bytes;
         if (overwritten_ || (present && *present != bytes_)) {
             for (int attempt = 0; attempt < kAttempts && !files_.write(path_, *old_, Flush::Now); ++attempt) {
@@ -121,10 +121,10 @@ bool replaceVerified(Files& files, const std::vector<NewFile>& newFiles) {
         return false;
     }
     abandonAll(replacements);
-    constexpr std::uint64_t kOverhead = 65'536;  // clusters begun and folder entries, with room to spare
+    constexpr std::uint64_t kOverhead = 65'536;  // partly used clusters and folder entries, with a margin
     const auto free = freeBeside(files, newFiles.front().path);
     if (!free || *free >= needed + kOverhead) {
-        return false;  // the disk has room: it is failing, and whatever is touched now may be lost
+        return false;  // there was room, so the disk is failing: stop before more is lost
     }
     return allOrNone(replacements, [&](Replacement& one) {
         if (one.writeBeside()) {

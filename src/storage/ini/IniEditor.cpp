@@ -114,7 +114,7 @@ void IniEditor::removeSection(std::u16string_view section) {
     if (found == index_.end() || found->second.empty()) {
         return;
     }
-    // The views of the index stay valid: texts are never dropped before the whole edit is.
+    // The views in the index stay valid: the editor keeps every text until its end.
     sections_[found->second.front()].removed = true;
     found->second.erase(found->second.begin());
 }

@@ -1,6 +1,5 @@
-// A profile (INI) text with keys set and removed by the rules of the system's profile functions. Lines that are not
-// changed stay as they are, with their line ends. Many changes cost no more than one: the text is put
-// together only in compose.
+// Sets and removes keys of a profile (INI) text by the rules of the system's profile functions. Unchanged lines keep
+// their bytes and line ends. The text is composed once, in compose, so many changes cost little more than one.
 #pragma once
 
 #include <cstddef>
@@ -15,13 +14,13 @@
 class IniEditor {
 public:
     explicit IniEditor(std::u16string text);
-    IniEditor(const IniEditor&) = delete;  // lines are parts of the text held here
+    IniEditor(const IniEditor&) = delete;  // lines_ are views into text_
     IniEditor& operator=(const IniEditor&) = delete;
 
-    // Replaces the value where it stands. A new key goes to the end of its section, before blank lines;
-    // a new section to the end of the text, on a line of its own.
+    // Replaces the value in its line. A new key is added at the end of its section, before blank lines; a new section
+    // at the end of the text, on its own line.
     void set(std::u16string_view section, std::u16string_view key, std::u16string_view value);
-    // With its line, its keys and its comments, up to the next section.
+    // Removes the section's line and everything up to the next section, comments included.
     void removeSection(std::u16string_view section);
 
     std::u16string compose() const;
@@ -29,7 +28,7 @@ public:
 private:
     struct Section {
         std::u16string_view name;
-        std::vector<std::u16string_view> lines;  // with their line ends; the first is the section's own
+        std::vector<std::u16string_view> lines;  // with their line ends; the first is the section's header
         bool removed = false;
     };
     struct NameHash {
@@ -46,13 +45,13 @@ private:
     std::u16string_view keep(std::u16string text);
 
     std::u16string text_;
-    std::deque<std::u16string> added_;  // texts of new lines; a deque, so that they stay where they are
-    std::vector<Section> sections_;     // the first is nameless: what stands before all sections
-    // The sections of a name, in the order of the text.
+    std::deque<std::u16string> added_;  // texts of new lines; a deque, as the views must stay valid
+    std::vector<Section> sections_;     // the first has no name: the lines before all sections
+    // The sections of each name, in the order of the text.
     std::unordered_map<std::u16string_view, std::vector<std::size_t>, NameHash, NameEqual> index_;
 };
 
-// Appends `section` in brackets, or key and value with "=", and the line end. A line end inside the value would
-// cut it in two on reading, so it becomes a blank.
+// Appends `section` in brackets, or key, "=" and value, and a line end. A line end inside the value becomes a blank,
+// since it would split the value on reading.
 void appendIniSection(std::u16string& text, std::u16string_view section);
 void appendIniKey(std::u16string& text, std::u16string_view key, std::u16string_view value);

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Whether only blanks stand before `at` in its line.
+// True if only blanks precede `at` in its line.
 bool beginsLine(std::u16string_view text, std::size_t at) {
     while (at > 0 && (text[at - 1] == u' ' || text[at - 1] == u'\t')) {
         --at;
@@ -19,7 +19,7 @@ bool beginsLine(std::u16string_view text, std::size_t at) {
     return at == 0 || text[at - 1] == u'\n' || text[at - 1] == u'\r';
 }
 
-// The first "]" from `at` on, or the end of the line if that comes first.
+// The position of the first "]" from `at` on, or the end of the line if that comes first.
 std::size_t endOfSectionName(std::u16string_view text, std::size_t at) {
     UnitFinder marks(text, at, [](char16_t c) { return c <= u'\r' || c == u']'; });
     std::size_t close = marks.next();
@@ -36,10 +36,9 @@ IniReader::IniReader(std::u16string text) : text_(std::make_shared<const std::u1
     buildIndex();
 }
 
-// Brackets are rarer than lines, so most of the text is looked at once only, here.
+// Brackets are rarer than lines, so most of the text is scanned only once, here.
 void IniReader::findSections() {
-    // A list's sections are longer on average, so that their vector mostly need not grow, which would leave holes of
-    // its former sizes in memory.
+    // Shorter than the average section of a list, so the vector rarely grows; growing would fragment the heap.
     constexpr std::size_t kShortSection = 48;
     const std::u16string_view text = *text_;
     sections_.reserve(text.size() / kShortSection);
@@ -69,7 +68,7 @@ void IniReader::buildIndex() {
     }
 }
 
-// Where the section of that name is, or would be.
+// The slot that holds the section of that name, or the free one for it.
 std::uint32_t& IniReader::slotOf(std::u16string_view name, std::uint32_t hash) {
     const std::size_t mask = slots_.size() - 1;
     std::size_t slot = hash & mask;
@@ -111,10 +110,10 @@ void IniReader::get(std::u16string_view section, std::span<const std::u16string_
     std::size_t missing = keys.size();
     IniLine line;
     IniLines lines(*text_, found->close);
-    lines.next(line);  // the rest of the section's own
+    lines.next(line);  // skips the rest of the header
     while (missing > 0 && lines.next(line) && line.kind != IniLineKind::Section) {
         for (std::size_t i = 0; line.kind == IniLineKind::Key && i < keys.size(); ++i) {
-            // A value that was found points into the text even when it is empty.
+            // A value already found points into the text, even if it is empty.
             if (values[i].data() == nullptr && sameName(line.name, keys[i])) {
                 values[i] = iniValue(line.value);
                 --missing;

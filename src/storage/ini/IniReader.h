@@ -1,5 +1,4 @@
-// A profile (INI) text whose sections are found once, for any number of reads. Where a name stands twice, the first one
-// wins.
+// A profile (INI) text, indexed once for any number of reads. Of duplicate names the first one counts.
 #pragma once
 
 #include <cstdint>
@@ -18,16 +17,16 @@ public:
     IniReader() : IniReader(std::u16string()) {}
     explicit IniReader(std::u16string text);
 
-    // The value by the rules of iniValue, NULs included; empty when there is no such section or key.
-    // A part of text(), as all values.
+    // The value by the rules of iniValue, NULs included; empty if the section or key does not exist. All values are
+    // views into text().
     std::u16string_view get(std::u16string_view section, std::u16string_view key);
-    // The same for several keys of one section, in one pass over it. `values` has room for as many as `keys`.
+    // Several keys of one section, in one pass over it. `values` has at least the size of `keys`.
     void get(std::u16string_view section, std::span<const std::u16string_view> keys,
              std::span<std::u16string_view> values);
 
     bool hasSection(std::u16string_view name) { return find(name) != nullptr; }
 
-    // May be kept beyond the profile.
+    // May outlive the reader.
     const std::shared_ptr<const std::u16string>& text() const { return text_; }
 
 private:
@@ -36,8 +35,8 @@ private:
         std::uint32_t name = 0;
         std::uint32_t nameLength = 0;
         std::uint32_t hash = 0;
-        std::uint32_t close = 0;  // the bracket behind the name
-        bool isFirst = false;     // of its name
+        std::uint32_t close = 0;  // the closing bracket of the header
+        bool isFirst = false;     // the first section of its name
     };
 
     std::u16string_view nameOf(const Section& section) const {
@@ -50,15 +49,15 @@ private:
 
     std::shared_ptr<const std::u16string> text_;
     std::vector<Section> sections_;
-    std::vector<std::uint32_t> slots_;  // open addressing: number of a section plus 1, 0 where free
-    std::size_t next_ = 0;              // behind the section found last: most are asked for in the order of the text
+    std::vector<std::uint32_t> slots_;  // open addressing: 1 + index of a section, 0 if free
+    std::size_t next_ = 0;              // follows the section found last: most reads are in the order of the text
 };
 
 struct IniText {
-    std::u16string text;   // without its mark
-    bool isUtf16 = false;  // began with FF FE; otherwise the file is in the ANSI code page
+    std::u16string text;   // without its byte-order mark
+    bool isUtf16 = false;  // began with FF FE; otherwise in the ANSI code page
 };
 
 IniText decodeIni(std::string_view bytes, CodePages& codePages);
-// An unreadable or missing file is an empty profile.
+// Empty for an unreadable or missing file.
 IniReader readIni(std::u16string_view path, Files& files, CodePages& codePages);

@@ -70,8 +70,8 @@ bool sameName(std::u16string_view left, std::u16string_view right) {
     return true;
 }
 
-// Four units at a time. Setting the bit that tells small letters from capitals also makes a few other characters equal,
-// which a hash may do.
+// Hashes four units at a time. Setting the case bit of every unit also makes a few other characters equal, which only
+// costs a comparison.
 std::uint32_t nameHash(std::u16string_view name) {
     constexpr std::size_t kUnits = sizeof(std::uint64_t) / sizeof(char16_t);
     std::uint64_t hash = name.size();

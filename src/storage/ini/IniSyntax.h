@@ -1,4 +1,4 @@
-// The grammar of INI files as the system's profile functions read them, line by line.
+// The grammar of INI files, line by line, as the system's profile functions read them.
 #pragma once
 
 #include <algorithm>
@@ -9,35 +9,35 @@
 #include "storage/text/Numbers.h"
 #include "storage/text/UnitFinder.h"
 
-inline constexpr std::size_t kIniValueUnits = 254;  // a buffer of 255 UTF-16 units with its NUL
+inline constexpr std::size_t kIniValueUnits = 254;  // the functions use a buffer of 255 UTF-16 units with its NUL
 
 enum class IniLineKind { Other, Section, Key };  // Other: blank, comment, or neither section nor key
 
-// Parts of the line's text, valid as long as it is.
+// Views into the line.
 struct IniLine {
     IniLineKind kind = IniLineKind::Other;
-    std::u16string_view name;   // of the section or the key, without the blanks around it
-    std::u16string_view value;  // of a key, as it stands behind the "="
+    std::u16string_view name;   // of the section or key, without surrounding blanks
+    std::u16string_view value;  // of a key: everything after the "="
 };
 
 // `line` without its line end.
 IniLine parseIniLine(std::u16string_view line);
-// The same of a line that begins with something else than a blank. equals: the position of its first "=", or any
-// position beyond its end.
+// Parses a line that does not begin with a blank. equals: the position of its first "=", or any position past its end.
 IniLine parseIniLine(std::u16string_view line, std::size_t equals);
 
-// Where the line that starts at `start` ends, and where the next one starts: behind CR LF, LF or CR. UTF-16 units.
+// Where the line that starts at `start` ends and where the next one starts, after CR LF, LF or CR. Positions in UTF-16
+// units.
 struct IniLineEnd {
     std::size_t end = 0;
     std::size_t next = 0;
 };
 IniLineEnd findLineEnd(std::u16string_view text, std::size_t start);
 
-// The lines of a text from `start` on, where a line begins.
+// Iterates over the lines of a text; `start` is the start of a line.
 class IniLines {
 public:
     IniLines(std::u16string_view text, std::size_t start) : text_(text), start_(start), marks_(text, start, {}) {}
-    // False when there are no more. Inline, so that the finder stays in registers.
+    // False at the end of the text. Inline, so that the finder stays in registers.
     bool next(IniLine& line) {
         if (start_ >= text_.size()) {
             return false;
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    // Line ends and "=", and a few controls that are rare.
+    // Line ends and "=", and a few rare control characters.
     struct IsMark {
         bool operator()(char16_t c) const { return c <= u'\r' || c == u'='; }
     };
@@ -67,10 +67,9 @@ private:
     UnitFinder<IsMark> marks_;
 };
 
-// The value without blanks around it, without a pair of equal quotes, cut to kIniValueUnits.
+// The value without surrounding blanks and one pair of equal quotes, cut to kIniValueUnits.
 std::u16string_view iniValue(std::u16string_view raw);
 
-// Names compare without regard to the case of the letters A to Z. The names of the receiver's files have no others,
-// so letters of other alphabets are not folded.
+// Compares names without regard to the case of A to Z. The names in the receiver's files contain no other letters.
 bool sameName(std::u16string_view left, std::u16string_view right);
-std::uint32_t nameHash(std::u16string_view name);  // equal for same names
+std::uint32_t nameHash(std::u16string_view name);  // the same for names that are the same

@@ -1,5 +1,5 @@
-// A list file on its way from text to bytes. It is encoded part by part: the text of long lists as a whole would not
-// fit the processor's cache.
+// Composes a list file as text and encodes it in parts: the whole text of a long list would not fit in the processor's
+// cache.
 #pragma once
 
 #include <cstddef>
@@ -8,20 +8,20 @@
 
 class ComposedFile {
 public:
-    // `start` is the beginning of the text; `usualBytes`, about what the file will hold, saves reallocations.
+    // `start` is the beginning of the text; `usualBytes`, the expected size of the file, saves reallocations.
     ComposedFile(std::u16string_view start, std::size_t usualBytes) : text_(start) { bytes_.reserve(usualBytes); }
 
-    // To append to. What has been encoded is gone from it.
+    // The text to append to; parts that are already encoded have been removed from it.
     std::u16string& text() { return text_; }
     // Units appended so far.
     std::size_t units() const { return encodedUnits_ + text_.size(); }
-    // Between two records, never between the halves of a surrogate pair.
+    // Call between two records: a part never ends within a surrogate pair.
     void endRecord() {
         if (text_.size() >= kPart) {
             encode();
         }
     }
-    // All of it in UTF-8; nothing is left.
+    // The whole file in UTF-8; the composed file is empty afterwards.
     std::string takeBytes();
 
 private:

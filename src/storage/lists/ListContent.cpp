@@ -30,7 +30,7 @@ bool startsWithName(std::string_view text, std::u16string_view name) {
            });
 }
 
-// The text behind a section's bracket.
+// `section`: the text after the opening bracket.
 bool isRecord(std::string_view section) {
     section = withoutLeading(section, kBlanks);
     constexpr std::array kKinds = {ListKind::Drm, ListKind::Am, ListKind::Fm, ListKind::Favourite};
@@ -40,7 +40,7 @@ bool isRecord(std::string_view section) {
     });
 }
 
-// True when the text behind the bracket of one of the sections passes the test.
+// True if the text after the opening bracket of any section passes the test.
 template <typename Test>
 bool anySection(std::string_view bytes, Test test) {
     for (bytes = withoutMark(bytes); !bytes.empty();) {

@@ -1,4 +1,4 @@
-// The two list files, their sections and keys, as the receiver spells them; the keys of the records stand in the table
+// The two list files with their sections and keys, in the receiver's spelling. The keys of the records are in the table
 // of columns.
 #pragma once
 

@@ -1,10 +1,10 @@
-// Which of the two list files.
+// Identifies one of the two list files.
 #pragma once
 
 enum class ListFileId { List, User };
 inline constexpr ListFileId kListFiles[] = {ListFileId::List, ListFileId::User};
 
-// One value for each of them.
+// A pair of values, one for each list file.
 template <typename Value>
 struct PerListFile {
     Value list{};

@@ -23,7 +23,7 @@ std::optional<int> countOf(IniReader& profile, ListKind kind) {
     return roundToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind))));
 }
 
-// The stored values of a list's records, one record after the other.
+// The stored values of one record at a time.
 class Record {
 public:
     explicit Record(std::span<const ListColumn> columns) {
@@ -48,11 +48,11 @@ public:
 private:
     std::size_t stored_ = 0;
     std::array<std::u16string_view, kMaxColumns> keys_;
-    std::array<std::size_t, kMaxColumns> columns_{};       // of the keys, 0-based
+    std::array<std::size_t, kMaxColumns> columns_{};       // 0-based column of each key
     std::array<std::u16string_view, kMaxColumns> values_;  // by column
 };
 
-// `made` holds the text of a cell that the file does not hold as it is.
+// `made` holds the text of a cell whose text is not in the file.
 std::u16string_view cellText(CellContent content, int column, const Record& record, std::u16string& made) {
     switch (content) {
         case CellContent::StoredText:
@@ -127,7 +127,7 @@ void ListLoader::readSettings(IniReader& profile) {
     keepUnlessEmpty(settings_.LastType, profile.get(ListFile::kLast, ListFile::kType));
     keepUnlessEmpty(settings_.LastStation, profile.get(ListFile::kLast, ListFile::kStation));
     keepUnlessEmpty(settings_.LastName, profile.get(ListFile::kLast, ListFile::kName));
-    // The index is written but never read: every save writes the value of the program's start.
+    // The index is written but not read: every save writes the value that the program started with.
 }
 
 void ListLoader::appendRecords(ListKind kind, IniReader& profile) {

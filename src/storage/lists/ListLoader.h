@@ -17,22 +17,22 @@ public:
                CodePages& codePages)
         : lists_(lists), copies_(copies), settings_(settings), files_(files), codePages_(codePages) {}
 
-    // Each appends the file's records to its grid, which it does not clear; any number of them, not just
-    // kMaxRecords. setUpColumns adds the columns first. A missing file, a count below 1 or outside 16 bits adds
-    // nothing. LoadFavList reads the receiver settings too; what the file lacks stays as it was.
-    // "List.ini" is read once for its three lists: asking for a list a second time reads it anew.
+    // Each appends the file's records to its grid without clearing it; any number, not only kMaxRecords. setUpColumns
+    // first adds the columns. Nothing is added for a missing file or a count outside 1..32767. LoadFavList also reads
+    // the receiver settings; settings that the file lacks are unchanged.
+    // "List.ini" is read once for its three lists; loading the same list a second time reads the file again.
     void LoadDrmList(bool setUpColumns) { loadFromListFile(ListKind::Drm, setUpColumns); }
     void LoadAmList(bool setUpColumns) { loadFromListFile(ListKind::Am, setUpColumns); }
     void LoadFmList(bool setUpColumns) { loadFromListFile(ListKind::Fm, setUpColumns); }
     void LoadFavList(bool setUpColumns);
 
-    // What the next loaders take for the content of the files, instead of reading them; for whoever knows it better
-    // than a disk that may fail. nullopt: the file itself is read. Kept until each list has been loaded once.
+    // Bytes to parse instead of reading the files, if the caller has them; nullopt: read the file. Used until each list
+    // has been loaded once.
     void loadFrom(WorkingCopyBytes bytes);
-    // The next loader reads its file anew; for whoever has changed the working copies.
+    // Call after changing a working copy: the next load reads both files again.
     void forgetFiles();
 
-    // A list of this file was left empty because its count is outside 16 bits: a save would lose its records.
+    // True if a list of this file was left empty because its count is outside 16 bits: a save would lose its records.
     bool leftOutAList(ListFileId file) const { return leftOut_[file]; }
 
 private:
@@ -48,6 +48,6 @@ private:
     CodePages& codePages_;
     WorkingCopyBytes given_;
     PerListFile<bool> leftOut_;
-    std::optional<IniReader> listFile_;  // between the first and the last of its three lists
+    std::optional<IniReader> listFile_;  // kept from the first to the last of its three lists
     unsigned served_ = 0;                // bit per ListKind: loaded from listFile_
 };

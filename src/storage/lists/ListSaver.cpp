@@ -25,7 +25,7 @@ std::u16string kilohertzText(std::u16string_view megahertz) {
     return shortestDecimal(kilohertzOf(leadingNumber(megahertz)));
 }
 
-// One row of a grid, its texts cut at their first NUL.
+// One row of a grid; its texts end at their first NUL.
 class Row {
 public:
     Row(const Grid& grid, int row) : grid_(grid), row_(row) {}
@@ -120,8 +120,8 @@ std::string ListSaver::composeListFile() {
 
 std::optional<std::string> ListSaver::composeUserFile() {
     const Grid& favourites = lists_.grid(ListKind::Favourite);
-    // A frequency too short to end in its unit cannot be told from a damaged one. Writing the others
-    // would lose it, so the file stays as it is; the loaders and the favourites command never make such a cell.
+    // A frequency too short to end in its unit would be stored damaged. The loader and the favourites command never
+    // produce one; if one occurs nevertheless, the file is left unchanged.
     if (!hasUnits(favourites)) {
         return std::nullopt;
     }
@@ -164,13 +164,12 @@ void ListSaver::appendRecords(ComposedFile& file, ListKind kind) {
     }
 }
 
-// A working copy is seeded with one blank before the profile functions write into it, which makes its
-// first line; one that is missing is not.
+// The file begins with a line of one blank: a working copy has one before the profile functions write into it. A
+// missing file gets none.
 std::u16string ListSaver::startOf(std::u16string_view path) { return files_.exists(path) ? u" \r\n" : u""; }
 
-// What is left of a UTF-16 file of `text` after it has been re-encoded and the marker appended: reading such a file
-// yields its text, as many NULs and one more; of these units half are kept, which are one too many when the
-// length is odd. The receiver has always been given that byte.
+// The three-pass save reads n UTF-16 units back as 2n+1 and writes half of them, rounded to even; so an odd n keeps one
+// NUL at the end, which the receiver has always been given.
 std::string ListSaver::finish(ComposedFile& file) {
     file.text().append(file.units() % 2, u'\0');
     file.text() += u"\r\n";
@@ -192,7 +191,7 @@ void ListSaver::resetContent(std::u16string_view path, std::initializer_list<Lis
                 edit.removeSection(section.of(index));
             }
         }
-        // Written first so that a file without the marker ends in the same way as one that had it.
+        // Set first, so that the file ends in the same way whether or not it had the marker.
         edit.set(ListFile::kEnd, u"Delete", u"True");
         edit.removeSection(ListFile::kEnd);
     });

@@ -1,4 +1,4 @@
-// Writes the four grids into the working copies, in the receiver's encoding.
+// Writes the four grids to the working copies, in the receiver's encoding.
 #pragma once
 
 #include <initializer_list>
@@ -21,21 +21,22 @@ public:
               CodePages& codePages)
         : lists_(lists), copies_(copies), settings_(settings), files_(files), codePages_(codePages) {}
 
-    // Rewrites both working copies, each in one step; a file that cannot be written stays whole as it was, silently.
+    // Replaces both working copies, each atomically; one that cannot be written stays unchanged. Failures show nothing.
     void SaveLists() { SaveLists(compose()); }
-    // The same with what compose() has returned.
+    // The same with the result of compose().
     void SaveLists(WorkingCopyBytes bytes);
-    // True when the last SaveLists has written both files.
+    // True if the last SaveLists has written both files.
     bool ListsSaved() const { return listsSaved_; }
-    // What SaveLists would write now; nullopt for a file that it would leave as it is.
+    // The bytes that SaveLists would write; nullopt for a file that it would not write.
     WorkingCopyBytes compose();
 
-    // The saver leaves a working copy that could not be loaded as it is: the grids never held what is in it.
+    // Excludes a working copy that could not be loaded from saving: the grids never held its records.
     void leave(ListFileId file) { leaves_[file] = true; }
-    // Both have been loaded.
+    // Call when both have been loaded.
     void leaveNone() { leaves_ = {}; }
 
-    // Removes the record sections and the end marker from a working copy; the counts stay.
+    // Removes the record sections and the end marker from the working copies; the counts stay. An entry point without a
+    // caller here.
     void ResetContentOfINI();
     void ResetContentOfUserINI();
 

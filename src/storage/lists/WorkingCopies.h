@@ -1,4 +1,4 @@
-// The two working copies: where they lie, and how they come to be what the loaders read.
+// The two working copies: their paths, and their conversion to and from the encoding of the loaders.
 #pragma once
 
 #include <optional>
@@ -19,10 +19,10 @@ struct WorkingCopies {
     }
 };
 
-// The content of both files; nullopt: of this one nothing is known.
+// The content of both files; nullopt: unknown.
 using WorkingCopyBytes = PerListFile<std::optional<std::string>>;
 
-// A new one holds a single blank, in UTF-8 with its mark. A failure is silent.
+// The content of a new working copy: a byte-order mark and one blank.
 inline constexpr std::string_view kNewWorkingCopy = "\xEF\xBB\xBF ";
 void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);
 

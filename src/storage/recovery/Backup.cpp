@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::u16string_view kStampShape = u"00000000T000000Z";  // 0 stands for any digit
+constexpr std::u16string_view kStampShape = u"00000000T000000Z";  // 0 stands for a digit
 
 std::u16string digits(int value, std::size_t count) {
     std::u16string text = decimal(value);
@@ -26,7 +26,7 @@ bool isStamp(std::u16string_view text) {
                       [](char16_t c, char16_t shape) { return shape == u'0' ? isDigit(c) : c == shape; });
 }
 
-// The number behind the stamp: nothing is 1, "-2" and up; anything else is no copy of ours.
+// The number after the stamp: no suffix means 1, "-N" means N; nullopt if the name is not that of a backup.
 std::optional<int> countOf(std::u16string_view text) {
     if (text.empty()) {
         return 1;
@@ -43,7 +43,7 @@ std::optional<int> countOf(std::u16string_view text) {
     return count;
 }
 
-// "List.ini" as "List-" and ".ini": the stamp stands between them.
+// "List.ini" is split into "List-" and ".ini"; the stamp goes between them.
 struct NameParts {
     explicit NameParts(std::u16string_view name)
         : stem(std::u16string(name.substr(0, std::min(name.rfind(u'.'), name.size()))) + u'-'),
@@ -72,7 +72,7 @@ void Backup::keep(std::u16string_view name, std::string_view bytes) {
         return;
     }
     Copy added{stampOf(clock_.now()), 1, {}};
-    // A clock that has been set back must not make the newest copy look old.
+    // After the clock has been set back a new copy must still sort as the newest.
     if (!copies.empty() && added.stamp <= copies.back().stamp) {
         added.stamp = copies.back().stamp;
         added.count = copies.back().count + 1;

@@ -1,5 +1,5 @@
-// Copies of list files that are about to be replaced, in the folder "Backup" beside the program.
-// Nobody is told when one cannot be made: the command that replaces the file goes on.
+// Copies of list files that are about to be replaced, in the folder "Backup" of the program folder.
+// A failure is silent and does not stop the command that replaces the file.
 #pragma once
 
 #include <optional>
@@ -15,20 +15,20 @@ public:
     // programFolder ends with its separator. The references outlive this object.
     Backup(std::u16string_view programFolder, Files& files, Clock& clock);
 
-    // "List.ini" at 22:45:01 UTC becomes "List-20261120T224501Z.ini", or "...Z-2.ini" when there is one already.
-    // Nothing is written when the newest copy of that name holds the same, nor of a list file without a record. Only
-    // the newest kCopies stay.
+    // "List.ini" at 22:45:01 UTC becomes "List-20261120T224501Z.ini", or "...Z-2.ini" if that exists. Writes nothing if
+    // the newest copy of that name has the same content, or if a list file has no record. Keeps the newest kCopies
+    // only.
     void keep(std::u16string_view name, std::string_view bytes);
 
-    // Of copies that a run ended in the middle did not finish; for the start.
+    // Removes unfinished copies of an interrupted run; call at start-up.
     void removeLeftovers();
 
     static constexpr std::size_t kCopies = 30;  // of each name
 
     struct Copy {
-        std::u16string stamp;  // "20261120T224501Z"; its order is that of time
-        int count = 1;         // of the copies of one second
-        std::u16string name;   // in the folder
+        std::u16string stamp;  // "20261120T224501Z"; sorts by time
+        int count = 1;         // numbers the copies of one second
+        std::u16string name;   // file name in the folder
 
         // "20261120T224501Z", or "20261120T224501Z-2".
         std::u16string id() const;

@@ -31,7 +31,7 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
     if (isDurable_ && kept_->bytes == bytes && kept_->left == left_) {
         return true;
     }
-    // Never the slot of the newest whole one.
+    // Never overwrite the newest whole snapshot.
     const std::size_t slot = kept_ ? (newest_ + 1) % kSlots : newest_;
     Snapshot snapshot{kept_ ? kept_->number + 1 : 1, std::move(bytes), left_};
     const std::string encoded = encodeSnapshot(snapshot);

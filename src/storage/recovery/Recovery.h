@@ -1,12 +1,11 @@
-// What an interrupted run (killed, power cut) would lose: between two saves the grids are the only copy of the lists.
-// After each change both files, as a save would write them, go into the folder "Recovery". The snapshot of the last
-// save stays there when the run has ended, in case the medium loses the files.
+// Protects an interrupted run (killed, power cut) from losing changes: between two saves the grids are the only copy of
+// the lists. After each change both files, as a save would write them, go into a snapshot in the folder "Recovery". The
+// snapshot of the last save remains after the run, in case the medium loses the files.
 //
-// A snapshot also says what the run may have left of each working copy. The next start takes the lists from the
-// snapshot as long as a working copy is just that: it then holds the same lists or older ones. A working copy that
-// somebody else has changed, replaced or removed since is what the user wants and wins. One that is empty, unreadable
-// or no list file at all is neither: nobody keeps lists in that form, so the medium or the program has been
-// interrupted, and the snapshot counts.
+// A snapshot also records the states in which the run may have left each working copy. At the next start the snapshot
+// counts if a working copy is in one of these states, since it then holds the same lists or older ones. A working copy
+// that has since been changed, replaced or removed from outside is intended by the user and counts instead. An empty,
+// unreadable or damaged working copy is an accident, so the snapshot counts.
 #pragma once
 
 #include <array>
@@ -25,14 +24,15 @@ public:
     // programFolder ends with its separator.
     Recovery(std::u16string_view programFolder, Files& files);
 
-    // The newest whole snapshot that an earlier run has left; nullopt when there is none. Later ones count on from it.
+    // The newest whole snapshot of an earlier run; nullopt if there is none. Numbering continues from it.
     std::optional<Snapshot> find();
-    // This run, too, may leave the working copy so. To be kept before the file is written.
+    // Adds a state in which this run may leave the working copy. Call before the file is written.
     void mayLeave(ListFileId file, const FileState& state) { left_[file].push_back(state); }
-    // From now on it leaves the working copy so, until mayLeave.
+    // From now on this run leaves the working copy in this state, until mayLeave.
     void leaves(ListFileId file, const FileState& state) { left_[file] = {state}; }
-    // Keeps both files in one step; whatever fails, the snapshot before stays whole. A file of which nothing is known
-    // stays as kept last. Nothing is written when this run has kept the same last. False when it could not be written.
+    // Writes a snapshot of both files in one step; on failure the previous snapshot stays whole. A file without bytes
+    // stays as in the last snapshot. Writes nothing if that would not change. False if the snapshot could not be
+    // written.
     bool keep(WorkingCopyBytes bytes);
     // Keeps the lists, saves them, and keeps them once more without the states before the save: after that
     // such a file is somebody's who went back to it. Whether both files are saved, the saver says.

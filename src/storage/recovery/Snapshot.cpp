@@ -7,16 +7,16 @@
 
 namespace {
 
-// Mark, number, length of each file, for each file the number of its states and these (length and checksum), the bytes
-// of both files, checksum. Numbers are 64 bits, least significant byte first.
+// The format: mark, number, length of each file; for each file the number of its states, then length and checksum of
+// each; the bytes of both files; checksum. Numbers have 64 bits, least significant byte first.
 constexpr std::string_view kMark = "K7SNAP03";
-// Of versions before. Both lack the states, and the first has another checksum.
+// Marks of earlier versions. Both lack the states, and the first uses another checksum.
 constexpr std::string_view kFirstMark = "K7SNAP01";
 constexpr std::string_view kSecondMark = "K7SNAP02";
 constexpr std::size_t kNumberSize = 8;
 constexpr std::size_t kHeaderSize = kMark.size() + 3 * kNumberSize;
 constexpr std::size_t kStateSize = 2 * kNumberSize;
-constexpr std::uint64_t kUnknown = ~std::uint64_t{0};  // in the place of a length
+constexpr std::uint64_t kUnknown = ~std::uint64_t{0};  // in place of a length
 
 void appendNumber(std::string& to, std::uint64_t number) {
     for (std::size_t i = 0; i < kNumberSize; ++i) {
@@ -43,8 +43,8 @@ std::uint64_t firstChecksum(std::string_view bytes) {  // FNV-1a
     return sum;
 }
 
-// Eight bytes at a time, for long lists; the last ones, padded with zeros, are set apart by the lengths. Each
-// step can be undone, so one changed word always changes the sum; the shift carries its high bits on to the low ones.
+// Eight bytes at a time, for speed with long lists. Zero padding is unambiguous, since the lengths are stored. Each
+// step is invertible, so a single changed word always changes the sum; the shift mixes high bits into the low ones.
 std::uint64_t checksum(std::string_view bytes) {
     std::uint64_t sum = kSumStart;
     const auto add = [&sum](std::uint64_t word) {
@@ -71,7 +71,7 @@ std::optional<std::uint64_t> takeNumber(std::string_view& rest) {
     return number;
 }
 
-// The following take one part off the front of `rest`; false when it is too short.
+// Each of the following takes one part off the front of `rest`; false if `rest` is too short.
 bool take(std::string_view& rest, std::vector<FileState>& states) {
     const auto count = takeNumber(rest);
     if (!count || *count > rest.size() / kStateSize) {

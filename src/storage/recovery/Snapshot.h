@@ -1,4 +1,4 @@
-// Both working copies in one file, so that they are kept or lost together; a checksum reveals a torn one.
+// Both working copies in one file, so that they are kept or lost together; a checksum detects a torn file.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,9 @@
 
 #include "storage/lists/WorkingCopies.h"
 
-// What a file is recognised by.
+// Identifies the content of a file.
 struct FileState {
-    // Of no file: there is none.
+    // The length of a file that does not exist.
     static constexpr std::uint64_t kNoLength = ~std::uint64_t{0};
     std::uint64_t length = kNoLength;
     std::uint64_t checksum = 0;
@@ -23,9 +23,9 @@ struct FileState {
 using FileStates = PerListFile<std::vector<FileState>>;
 
 struct Snapshot {
-    std::uint64_t number = 0;  // the higher, the newer
+    std::uint64_t number = 0;  // the newest snapshot has the highest
     WorkingCopyBytes bytes;
-    // The run may have left a working copy in any of these states, or holding the bytes above.
+    // The run may have left a working copy in any of these states, or with the bytes above.
     FileStates left;
 
     bool leaves(ListFileId file, const FileState& state) const;

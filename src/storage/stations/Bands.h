@@ -1,5 +1,5 @@
-// The bands of a station, by its frequency. There are three rules for the AM list, which differ at their bounds on
-// purpose: records of the receiver are shown whatever their frequency, while typed ones have passed rangeFault.
+// The bands of a station, by its frequency. The AM list has three rules, which differ at their bounds on purpose: the
+// loader accepts every record of the receiver, while typed frequencies have passed rangeFault.
 #pragma once
 
 #include <string_view>
@@ -10,9 +10,9 @@ inline constexpr std::u16string_view kMediumWave = u"MW";
 inline constexpr std::u16string_view kShortWave = u"SW";
 inline constexpr std::u16string_view kVhf = u"VHF";  // every record of the FM list
 
-// All frequencies are in kHz; an empty band stands for none.
+// All frequencies are in kHz; an empty result means no band.
 
-// A record of the file: 1,710 is short wave, and so is every frequency above; none between 288 and 522.
+// A loaded record: 1,710 and above is short wave; between 288 and 522 there is no band.
 std::u16string_view ofLoadedRecord(double frequency);
 // A frequency typed over a cell: 1,710 is medium wave, 30,000 short wave.
 std::u16string_view ofEditedCell(double frequency);

@@ -1,5 +1,5 @@
-// What the receiver takes in a field, and the messages about anything else. The edit box and the Add List dialog check
-// by these; which characters they take, and how they derive a band, is their own.
+// The values that the receiver accepts in a field, and the messages about others. Shared by the edit box and the Add
+// List dialog, which have separate rules for characters and bands.
 #pragma once
 
 #include <string_view>
@@ -8,9 +8,9 @@
 
 inline constexpr std::u16string_view kInputEmpty = u"Input can't be empty";
 
-// The message about a text that is empty or holds nothing but blanks; empty when it holds more.
+// The message for a text that is empty or blank; empty for any other.
 std::u16string_view blankFault(std::u16string_view text);
 
-// The message about a frequency that records of the list cannot have; empty for one that they can. kHz, for FM MHz.
-// The Favourite list holds records of the other three and has no limits of its own.
+// The message for a frequency outside the range of the list, in kHz or, for FM, MHz; empty for one within. The
+// Favourite list has no range: its records belong to the other three.
 std::u16string_view rangeFault(ListKind kind, double frequency);

@@ -1,4 +1,4 @@
-// The columns of the four lists. Each fact about a column stands in its row of one table.
+// The columns of the four lists. Each fact about a column is in its row of one table.
 #pragma once
 
 #include <span>
@@ -11,28 +11,28 @@ struct StationList;
 
 enum class SortKeyType { Text, Number };
 
-// How a cell follows from the record in the file.
+// How the text of a cell follows from the record in the file.
 enum class CellContent {
     StoredText,
     Megahertz,          // stored in kHz
     FrequencyWithUnit,  // stored in kHz, shown in the unit of the record's system
     AmBand,             // not stored: the band of the frequency
-    FmBand,             // not stored: always the same
+    FmBand,             // not stored: always "VHF"
 };
 
 struct ListColumn {
     std::u16string_view caption;
     std::u16string_view headerKey;  // four capital letters, different within a list
-    std::u16string_view storedKey;  // of the record's section in the file
-    int storedPlace;                // among the keys of the section, from 1; 0: not stored
+    std::u16string_view storedKey;  // key within the record's section of the file
+    int storedPlace;                // 1-based place among the keys of the section; 0: not stored
     CellContent content;
-    double widthDivisor;   // the standard width is the grid's width divided by it
-    SortKeyType sortedAs;  // favourites mix kHz and MHz, so their frequencies sort as texts
-    int lengthLimit;       // UTF-16 units that can be typed over a cell; 0: the limit of the last edit stays
+    double widthDivisor;   // the standard width is the width of the grid divided by this
+    SortKeyType sortedAs;  // favourites mix kHz and MHz, so their frequencies sort as text
+    int lengthLimit;       // UTF-16 units that can be typed over a cell; 0: keep the limit of the last edit
     bool isEditable;
 };
 
-// A column's number is its place in the list's table, from 1. These have the same place in every list.
+// A column's number is its 1-based place in the list's table. These are the same in every list.
 inline constexpr int kProgrammeColumn = 1;
 inline constexpr int kFrequencyColumn = 2;
 inline constexpr int kTimeColumn = 3;    // DRM
@@ -41,13 +41,13 @@ inline constexpr int kSystemColumn = 3;  // favourites
 inline constexpr int kTargetColumn = 4;  // DRM
 
 std::span<const ListColumn> columnsOf(ListKind kind);
-// nullptr for a number that the table does not have.
+// nullptr if the table has no such number.
 const ListColumn* columnAt(std::span<const ListColumn> columns, int number);
 
-// Adds the list's columns to its grid, and gives them their standard widths where a window shows the list.
+// Adds the list's columns to its grid; if a window shows the list, with their standard widths.
 void addListColumns(StationList& list);
 
-// The width of each column in twips, as shares of the grid's present width; the last columns may reach beyond its right
-// edge or leave a gap, as they were designed to. Only for a list that a window shows.
+// The width of each column in twips, as shares of the grid's present width. The sum may differ from the grid's width by
+// design. Only for a list that a window shows.
 std::vector<double> standardWidths(StationList& list);
 void applyStandardWidths(StationList& list);

@@ -7,7 +7,7 @@
 
 enum class ListKind { Drm = 0, Am = 1, Fm = 2, Favourite = 3 };
 inline constexpr int kListCount = kTabCount;
-inline constexpr int kMaxColumns = 5;    // that a grid can hold; one more than any list has
+inline constexpr int kMaxColumns = 5;    // capacity of a grid row; one more than any list uses
 inline constexpr int kMaxRecords = 256;  // enforced when adding, not when loading or syncing
 inline constexpr std::u16string_view kListFull = u"Max number of each list is 256!";
 

@@ -1,4 +1,4 @@
-// Five texts of the receiver that the program carries from load to save without reading meaning into them.
+// Five texts of the receiver that are saved as they were loaded; the program does not interpret them.
 #pragma once
 
 #include <string>

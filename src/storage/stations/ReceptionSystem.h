@@ -7,15 +7,15 @@
 #include "storage/stations/ListKind.h"
 
 namespace ReceptionSystem {
-// Units behind a favourite's frequency.
+// The unit that follows a favourite's frequency.
 inline constexpr std::u16string_view kKilohertz = u"  kHz";
 inline constexpr std::u16string_view kMegahertz = u"  MHz";
 inline constexpr std::size_t kUnitLength = kKilohertz.size();
 static_assert(kMegahertz.size() == kUnitLength);
 
-// The type of a favourite that is copied from the list; empty for the Favourite list.
+// The type of a favourite copied from this list; empty for the Favourite list.
 std::u16string_view typeOf(ListKind kind);
-// Such a favourite's frequency is in MHz, any other in kHz.
+// True for a favourite whose frequency is in MHz; false for kHz.
 bool isFm(std::u16string_view type);
 inline std::u16string_view unitOf(std::u16string_view type) { return isFm(type) ? kMegahertz : kKilohertz; }
 }  // namespace ReceptionSystem

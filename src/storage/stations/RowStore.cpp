@@ -76,7 +76,7 @@ std::u16string RowStore::makeRoom(std::size_t units) {
 }
 
 void RowStore::expectRows(int count, std::shared_ptr<const std::u16string> text) {
-    constexpr std::size_t kUsualUnits = 6;  // half of a frequency with its unit; gather makes room for twice as many
+    constexpr std::size_t kUsualUnits = 6;  // half of a frequency with its unit; gather allocates twice as many
     const auto added = static_cast<std::size_t>(count);
     gather(text, added * kUsualUnits);
     rows_.reserve(rows_.size() + added);

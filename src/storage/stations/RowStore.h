@@ -1,5 +1,5 @@
-// The one row store behind every grid: columns, cell texts and selection. A view, where there is one,
-// draws it; without a view it is a scratch grid.
+// The row store behind every grid: columns, cell texts and selection. A view may draw it; without a view it is a
+// scratch grid.
 #pragma once
 
 #include <array>
@@ -34,14 +34,14 @@ public:
     void setSelected(int row, bool selected) override;
     int firstSelected() const override;
 
-    // Grows with every change of a row, not with selections and columns.
+    // Counts changes of rows; selection and columns do not count.
     std::uint64_t changes() const { return changes_; }
 
     void beginUpdate() override;
     void endUpdate() override;
 
 private:
-    // A part of the loaded text or, counted on from its end, of the store's own.
+    // A range of the loaded text or, for offsets past its end, of the store's own text.
     struct Cell {
         std::uint32_t start = 0;
         std::uint32_t length = 0;
@@ -57,8 +57,8 @@ private:
                                    : std::u16string_view(own_).substr(cell.start - loaded, cell.length);
     }
     Cell cellOf(std::u16string_view text);
-    // Makes `loaded` the loaded text. Texts in use that are no part of it go to a new own text, which has room for
-    // as much again. Returns the former own text, which the texts to be added may be parts of.
+    // Makes `loaded` the loaded text. Texts in use that are not in it move to a new own text, with as much free room
+    // again. Returns the former own text, since the texts to be added may be views into it.
     std::u16string gather(const std::shared_ptr<const std::u16string>& loaded, std::size_t room);
     std::u16string makeRoom(std::size_t units);
     bool hasRow(int row) const { return row >= 1 && row <= rowCount(); }
@@ -71,8 +71,8 @@ private:
     std::vector<GridColumn> columns_;
     std::vector<Row> rows_;
     std::shared_ptr<const std::u16string> loaded_ = std::make_shared<const std::u16string>();
-    std::u16string own_;      // every text goes to its end; those that no cell has any more go when it is full
-    bool hasUnused_ = false;  // own_ may hold such texts
+    std::u16string own_;      // every new text is appended; unused texts are dropped when it is full
+    bool hasUnused_ = false;  // own_ may contain unused texts
     int updates_ = 0;
     std::uint64_t changes_ = 0;
 };

@@ -1,4 +1,4 @@
-// The four station lists as the subsystems see them: each a grid and, in the window, the view that shows it.
+// The four station lists: each a grid and, in the window, the view that shows it.
 #pragma once
 
 #include <array>
@@ -10,14 +10,14 @@
 #include "storage/stations/ListColumns.h"
 #include "storage/stations/ListKind.h"
 
-// One grid with its kind; grid and view outlive it.
+// A grid with its kind; grid and view outlive it.
 struct StationList {
     StationList(ListKind listKind, Grid& rows) : kind(listKind), grid(rows) {}
     StationList(ListKind listKind, Grid& rows, GridView& shownBy) : kind(listKind), grid(rows), view(&shownBy) {}
 
     ListKind kind;
     Grid& grid;
-    GridView* view = nullptr;  // null for a list that no window shows
+    GridView* view = nullptr;  // null if no window shows the list
     std::span<const ListColumn> columns = columnsOf(kind);
 };
 

@@ -13,7 +13,7 @@ constexpr double kLargest = std::numeric_limits<double>::max();
 constexpr double kInt16Min = -32768;
 constexpr double kInt16Max = 32767;
 
-// The number's characters without blanks and "+"; from_chars takes them as they are.
+// The characters of the number in the form that from_chars accepts: without blanks and "+".
 std::string numberText(std::u16string_view text) {
     std::size_t at = 0;
     while (at < text.size() && isBlank(text[at])) {
@@ -38,7 +38,7 @@ double parse(std::string_view number, std::chars_format format) {
     if (error != std::errc::result_out_of_range) {
         return value;
     }
-    // Out of range is too large or too close to zero; only the former has a digit before the point.
+    // The number is too large or too close to zero; only the former has a digit other than 0 before the point.
     const std::size_t digit = number.find_first_of("123456789");
     const bool large = digit < number.find('.');
     return large ? (number.front() == '-' ? -kLargest : kLargest) : 0;
@@ -61,7 +61,7 @@ std::u16string thousandthsText(int thousandths) {
     return text;
 }
 
-// The value of a text that is nothing but a few digits, as most frequencies are; -1 for any other.
+// Fast path for a text of a few digits, as most frequencies are; -1 for any other.
 double shortWholeNumber(std::u16string_view text) {
     constexpr std::size_t kMostDigits = 9;
     if (text.empty() || text.size() > kMostDigits) {
@@ -93,14 +93,14 @@ std::u16string shortestDecimal(double value) {
     if (std::isinf(value)) {
         value = std::copysign(kLargest, value);
     }
-    // As frequencies are; when the digits give the value again, there are no shorter ones.
+    // Fast path for frequencies: if three decimals reproduce the value, no other text is shorter.
     if (value > 0 && value < kMostOfThreeDecimals) {
         const int thousandths = static_cast<int>(std::lround(value * 1000));
         if (thousandths / 1000.0 == value) {
             return thousandthsText(thousandths);
         }
     }
-    std::array<char, 800> text;  // the smallest double has over 320 zeros behind the point
+    std::array<char, 800> text;  // the smallest double has over 320 zeros after the point
     const auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     return widen({text.data(), result.ptr});
 }
@@ -132,7 +132,7 @@ double kilohertzOf(double megahertz) {
     if (!std::isfinite(product)) {
         return product;
     }
-    constexpr int kDigitsAfterFirst = 14;  // 15 significant digits always survive a double
+    constexpr int kDigitsAfterFirst = 14;  // 15 significant digits always survive in a double
     std::array<char, 40> text{};
     const auto result = std::to_chars(text.data(), text.data() + text.size(), product, std::chars_format::scientific,
                                       kDigitsAfterFirst);

@@ -1,4 +1,4 @@
-// Numbers in cells and files: how they are read, rounded and written, always with "." and never with an exponent.
+// Reads, rounds and writes numbers in cells and files, always with "." and without an exponent.
 #pragma once
 
 #include <optional>
@@ -8,22 +8,22 @@
 inline constexpr bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
 inline constexpr bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
-// Optional blanks, an optional sign, digits with at most one "."; what follows is ignored. Without any digit 0;
-// a number too large for a double gives the largest one of its sign.
+// Reads optional blanks, an optional sign, and digits with at most one "."; ignores the rest. 0 without digits; the
+// largest double of the sign if the number is too large.
 double leadingNumber(std::u16string_view text);
 
-// The shortest decimal text that reads back to the same double: 100, 98.5, 87.55. Not-a-number gives "0", an infinite
-// value the text of the largest double.
+// The shortest decimal text that reads back as the same double: 100, 98.5, 87.55. NaN gives "0", infinity the text of
+// the largest double.
 std::u16string shortestDecimal(double value);
 
-// The nearest integer, ties to even; nullopt when that lies outside -32768..32767 or the value is not a number.
+// The nearest integer, ties to even; nullopt if the value is NaN or the result is outside -32768..32767.
 std::optional<int> roundToInt16(double value);
 
-// As roundToInt16, but clamped to the range; not-a-number gives 0.
+// As roundToInt16, but clamped to the range; 0 for NaN.
 int saturateToInt16(double value);
 
 std::u16string decimal(int value);
 
-// MHz in kHz without the product's binary noise: 64.4 gives 64400 and not 64400.00000000001, so that a station
-// loaded and saved keeps its frequency.
+// MHz in kHz without the rounding error of the product: 64.4 gives 64400, not 64400.00000000001, so that loading and
+// saving keeps the frequency.
 double kilohertzOf(double megahertz);

@@ -1,4 +1,4 @@
-// Finds units of a UTF-16 text, many at a time.
+// Finds units of a UTF-16 text, a block at a time.
 #pragma once
 
 #include <algorithm>
@@ -8,15 +8,14 @@
 #include <cstdint>
 #include <string_view>
 
-// `Matches` compares one unit with constants and has no branches, so that compilers make vector instructions of the
-// loop over a block.
+// `Matches` compares one unit with constants and has no branches, so that compilers vectorise the loop over a block.
 template <class Matches>
 class UnitFinder {
 public:
     UnitFinder(std::u16string_view text, std::size_t start, Matches matches)
         : text_(text), matches_(matches), at_(start), end_(start) {}
 
-    // The position of the next unit that matches; the size of the text when there is none left.
+    // The position of the next unit that matches; the size of the text if there is none.
     std::size_t next() {
         while (found_ == 0) {
             if (later_ != 0) {
@@ -31,7 +30,7 @@ public:
         }
         const std::size_t position = at_ + static_cast<std::size_t>(std::countr_zero(found_)) / 8;
         found_ &= found_ - 1;
-        return std::min(position, text_.size());  // a last, shorter block is filled up with NULs
+        return std::min(position, text_.size());  // the last block is padded with NULs
     }
 
 private:
@@ -60,9 +59,9 @@ private:
 
     std::u16string_view text_;
     Matches matches_;
-    std::size_t at_;   // of the first unit of found_
-    std::size_t end_;  // of the block
-    // One byte for each unit, 1 where it matches; a bit goes when it has been returned.
+    std::size_t at_;   // position of the first unit of found_
+    std::size_t end_;  // end of the block
+    // One byte per unit, 1 if it matches; cleared when its position has been returned.
     std::uint64_t found_ = 0;
     std::uint64_t later_ = 0;
 };

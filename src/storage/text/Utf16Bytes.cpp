@@ -30,7 +30,7 @@ void unitsOf(std::string_view bytes, ByteOrder order, char16_t* units) {
 }
 
 std::u16string unitsOf(std::string_view bytes, ByteOrder order) {
-    // Piece by piece, so that what resize fills with NULs is still in the processor's cache when it is overwritten.
+    // In pieces, so that the NULs that resize writes are still in the processor's cache when overwritten.
     constexpr std::size_t kPieceBytes = 16'384;
     std::u16string text;
     text.reserve(bytes.size() / 2);

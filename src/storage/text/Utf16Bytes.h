@@ -1,4 +1,4 @@
-// UTF-16 as it stands in files: pairs of bytes, either one first.
+// UTF-16 in files: pairs of bytes in either order.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 enum class ByteOrder { Little, Big };
 
-// Writes bytes.size() / 2 units to `units`; an odd last byte is ignored.
+// Writes bytes.size() / 2 units; ignores an odd last byte.
 void unitsOf(std::string_view bytes, ByteOrder order, char16_t* units);
 std::u16string unitsOf(std::string_view bytes, ByteOrder order);
 

@@ -11,12 +11,11 @@ namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-// Most of a list file is ASCII, which is converted in blocks that compilers make vectors of.
+// Most of a list file is ASCII, converted in blocks that compilers vectorise.
 template <typename Unit>
 using Block = std::array<Unit, 16>;
 
-// The number of units before the first that is not ASCII.
-// otherBits: those that no ASCII character has, in eight bytes of units.
+// The number of units before the first that is not ASCII. otherBits: the bits that are 0 in eight bytes of ASCII.
 template <typename Unit>
 std::size_t asciiLength(const Block<Unit>& block, std::uint64_t otherBits) {
     static_assert(std::endian::native == std::endian::little);
@@ -30,8 +29,8 @@ std::size_t asciiLength(const Block<Unit>& block, std::uint64_t otherBits) {
     return block.size();
 }
 
-// Copies leading characters as long as they are ASCII and whole blocks can be read; returns their number. The target
-// has room for as many units as `from`; what follows the copied ones there is overwritten.
+// Copies leading ASCII characters in whole blocks; returns their number. The target has room for as many units as
+// `from`; units after the copied ones may be overwritten.
 template <typename From, typename To>
 std::size_t copyAscii(std::basic_string_view<From> from, To* to, std::uint64_t otherBits) {
     Block<From> block;
@@ -50,10 +49,10 @@ std::size_t copyAscii(std::basic_string_view<From> from, To* to, std::uint64_t o
     return done;
 }
 
-// What may follow a lead byte: how many more, and the range of the first of them, which keeps out overlong forms,
-// surrogates and what lies beyond U+10FFFF.
+// The continuation bytes after a lead byte: their number, and the range of the first, which excludes overlong forms,
+// surrogates and code points above U+10FFFF.
 struct Sequence {
-    int more = 0;  // 0: no lead byte
+    int more = 0;  // 0: not a lead byte
     unsigned char low = 0x80;
     unsigned char high = 0xBF;
     char32_t bits = 0;
@@ -79,7 +78,7 @@ Sequence sequenceOf(unsigned char lead) {
 }  // namespace
 
 std::u16string fromUtf8(std::string_view bytes) {
-    std::u16string text(bytes.size(), u'\0');  // no byte makes more than one unit
+    std::u16string text(bytes.size(), u'\0');  // each byte yields at most one unit
     char16_t* end = text.data();
     for (std::size_t i = 0; i < bytes.size();) {
         const auto lead = static_cast<unsigned char>(bytes[i++]);
@@ -96,7 +95,7 @@ std::u16string fromUtf8(std::string_view bytes) {
             const auto byte = static_cast<unsigned char>(i < bytes.size() ? bytes[i] : 0);
             if (byte < next.low || byte > next.high) {
                 whole = false;
-                i += byte >= 0x80 && byte <= 0xBF ? 1 : 0;  // part of the ill-formed character, as on Windows
+                i += byte >= 0x80 && byte <= 0xBF ? 1 : 0;  // belongs to the ill-formed character, as on Windows
                 break;
             }
             next.bits = (next.bits << 6) | (byte & 0x3FU);

@@ -1,12 +1,12 @@
-// UTF-8 in both directions, the same on every system. Nothing fails: what cannot be converted is replaced; no mark
-// is skipped or written; NULs pass.
+// Converts UTF-8, the same on every system. No conversion fails: what cannot be converted is replaced. Byte-order marks
+// are neither skipped nor written; NULs are kept.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-// One U+FFFD for each maximal ill-formed part: a lead byte with the continuation bytes behind it, up to the
-// first that rules the character out; or one byte.
+// U+FFFD replaces each maximal ill-formed part: one byte, or a lead byte with its continuation bytes up to the first
+// that makes the character impossible.
 std::u16string fromUtf8(std::string_view bytes);
 
 // A lone surrogate becomes EF BF BD.

@@ -13,7 +13,7 @@ namespace {
 
 bool isFormat(TextFormat format) { return format >= TextFormat::Ansi && format <= TextFormat::Utf32Be; }
 
-// Ties go to the even half: 5.5 is 6, 6.5 is 6.
+// Half, ties to even: 11 gives 6 and 13 gives 6.
 std::size_t half(std::size_t length) {
     const std::size_t down = length / 2;
     return length % 2 == 0 ? down : down + down % 2;
@@ -24,7 +24,7 @@ std::size_t half(std::size_t length) {
 DetectedFormat DetectTextFormat(std::string_view fileStart) {
     std::string start(fileStart.substr(0, 4));
     start.resize(4, '\0');
-    // The order decides: FF FE 00 00 begins with the mark of UTF-16 too.
+    // The order matters: FF FE 00 00 also begins with the mark of UTF-16.
     for (const TextFormat format :
          {TextFormat::Utf32Le, TextFormat::Utf32Be, TextFormat::Utf16Le, TextFormat::Utf16Be, TextFormat::Utf8}) {
         const std::string_view mark = TextFormatBom(format);
@@ -85,7 +85,7 @@ std::u16string mTextUTF::decode(std::string_view data, TextFormat format) {
         case TextFormat::Utf16Le: {
             std::u16string text(data.size() + 1, u'\0');
             unitsOf(data, ByteOrder::Little, text.data());
-            if (data.size() % 2 != 0) {  // half a unit, its high byte missing
+            if (data.size() % 2 != 0) {  // half a unit, without its high byte
                 text[data.size() / 2] = static_cast<unsigned char>(data.back());
             }
             return text;
@@ -152,7 +152,7 @@ bool mTextUTF::encode(std::string& bytes, std::u16string_view text, TextFormat f
         case TextFormat::Utf32Le:
         case TextFormat::Utf32Be:
             return false;
-        default:  // of a new file only: it stays empty
+        default:  // only for a new file: it stays empty
             return true;
     }
 }
