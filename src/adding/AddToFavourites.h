@@ -14,14 +14,14 @@ public:
     AddToFavourites(StationLists lists, TabControl& tabs, Totals& totals, mMsgBox& messages)
         : lists_(lists), tabs_(tabs), totals_(totals), messages_(messages) {}
 
-    // From the list of the tab shown, top to bottom, up to 256 favourites; then a message. The total is shown
-    // before anything changes, so it stays as it was. Nothing on any tab but DRM, AM and FM.
+    // Copies from the current tab's list, top to bottom, up to 256 favourites; then a message. The total is shown
+    // before the copy and is not updated by it. Nothing on tabs other than DRM, AM and FM.
     void AddSelectedToFavourites();
-    // Called after the selected rows have been copied, as far as they fit, and before any message.
+    // The listener is called after the copy, even if the list became full, and before any message.
     void onAdded(std::function<void()> listener) { added_ = std::move(listener); }
 
 private:
-    // False when the Favourite list was full before the last selected row.
+    // False if the Favourite list became full before the last selected row.
     bool copySelected(ListKind source);
     bool isFull() { return lists_.grid(ListKind::Favourite).rowCount() >= kMaxRecords; }
     void sayFull();

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Digits, and one point where frequencies are in MHz.
+// Digits, and one point if the frequency is in MHz.
 bool charactersFit(ListKind kind, std::u16string_view text) {
     const auto points = std::count(text.begin(), text.end(), u'.');
     const auto digits = std::count_if(text.begin(), text.end(), isDigit);

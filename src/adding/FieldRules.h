@@ -1,4 +1,4 @@
-// What the fields of the Add List dialog accept, as data. The in-place editor has rules and messages of its own.
+// The rules for the fields of the Add List dialog, as data. The in-place editor has other rules and messages.
 #pragma once
 
 #include <optional>
@@ -7,8 +7,8 @@
 #include "storage/stations/ListKind.h"
 
 struct FieldRule {
-    std::u16string_view prefix;           // in front of every message about the field
-    std::optional<ListKind> frequencyOf;  // the list whose frequency it is; nullopt: any text
+    std::u16string_view prefix;           // precedes every message about the field
+    std::optional<ListKind> frequencyOf;  // the list whose frequency range applies; nullopt: any text
 };
 
 inline constexpr FieldRule kProgrammeRule{u"Programme: ", std::nullopt};
@@ -17,5 +17,5 @@ inline constexpr FieldRule kDrmFrequencyRule{u"Frequency: ", ListKind::Drm};
 inline constexpr FieldRule kAmFrequencyRule{u"Frequency: ", ListKind::Am};
 inline constexpr FieldRule kFmFrequencyRule{u"Frequency: ", ListKind::Fm};
 
-// The message of the first check that fails, without the prefix; empty when the text is valid.
+// The message of the first check that fails, without the prefix; empty if the text is valid.
 std::u16string_view fieldError(const FieldRule& rule, std::u16string_view text);

@@ -45,7 +45,7 @@ void addForm::open() {
         messages_.showPlain(kListFull);
         return;
     }
-    // Disabled first: a toolkit may disable with a window the dialogs that it has already.
+    // Disable first: a toolkit may also disable the dialogs that a window already owns.
     mainWindow_.setEnabled(false);
     view_.create(captions(), *this);
     if (!view_.isOpen()) {
@@ -97,7 +97,7 @@ void addForm::close() {
     if (!view_.isOpen()) {
         return;
     }
-    // Enabled first: when a window goes away, a system hands the activation only to a window that can take it.
+    // Enable first: when a window closes, the system activates only a window that accepts input.
     mainWindow_.setEnabled(true);
     view_.destroy();
     totals_.showTotalOf(currentTab_.GetCurrentTab());
@@ -110,12 +110,12 @@ bool addForm::keyPressed(AddField field, int characterCode) {
     if (listWasOpen) {
         view_.closeList(field, isEnter);
     }
-    // Every key of the two stop times saves; users type the last digit and expect the checks to run.
+    // Any key in the two stop times saves; users type the last digit and expect the checks to run.
     if (!isEnter && !isStopTime(field)) {
         return listWasOpen && isEscape;
     }
     save();
-    // Escape must not throw away what the user has just tried to save.
+    // Escape must not discard the record that the user has just tried to save.
     return isEnter || isEscape || !view_.isOpen();
 }
 

@@ -1,4 +1,4 @@
-// The Add List dialog: types in one new record and appends it to the DRM, AM or FM list.
+// The Add List dialog: adds one record to the DRM, AM or FM list.
 #pragma once
 
 #include <functional>
@@ -25,14 +25,14 @@ public:
           totals_(totals),
           messages_(messages) {}
 
-    // Called after each record added, while the dialog is still open.
+    // The listener is called after each record added, while the dialog is still open.
     void onAdded(std::function<void()> listener) { added_ = std::move(listener); }
 
-    // Refreshes the total, then opens the dialog for the list shown and disables the main window; a full list,
-    // or the Favourite list whatever its size, gets a message instead. Nothing when the dialog is open already.
+    // Updates the total, then opens the dialog for the current list and disables the main window. A full list, and
+    // always the Favourite list, gets a message instead. Nothing if the dialog is already open.
     void open();
-    // Closes without adding anything, enables the main window and shows the total of the current tab.
-    // Nothing when the dialog is closed.
+    // Closes without adding a record, enables the main window and shows the total of the current tab. Nothing if the
+    // dialog is closed.
     void close();
 
 private:
@@ -41,17 +41,17 @@ private:
     void cancelClicked() override { close(); }
     void closeBoxClicked() override { close(); }
 
-    // Of the list shown: the dialog adds to it.
+    // The current list, to which the dialog adds.
     ListKind kind() const { return static_cast<ListKind>(currentTab_.GetCurrentTab()); }
     bool hasRoom();
     void load();
     void fillTimeCombos();
     void save();
-    // Each validates and appends; false when a message has been shown and nothing was added.
+    // Each validates and appends; false if a message was shown instead.
     bool saveDrm(const std::u16string& programme, const std::u16string& frequency);
     bool saveAm(const std::u16string& programme, const std::u16string& frequency);
     bool saveFm(const std::u16string& programme, const std::u16string& frequency);
-    // Shows the field's message when its text is not valid.
+    // Shows the field's message if its text is not valid.
     bool isValid(const FieldRule& rule, std::u16string_view text);
     void say(std::u16string_view prefix, std::u16string_view message);
 

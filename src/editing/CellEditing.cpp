@@ -9,7 +9,7 @@
 
 namespace {
 
-// So that the box is as tall as a row: the header counts as one of the rows.
+// For the height of the box: the header counts as one of the rows.
 double rowsPerPage(const GridGeometry& geometry) {
     constexpr double kRoundingSlack = 1e-9;
     if (geometry.rowHeight <= 0) {
@@ -30,7 +30,7 @@ void CellEditing::startEdit(ListKind kind) {
         return;
     }
     widths_.standardise(kind);
-    // Before the box is shown: it may scroll the grid, which ends an edit that is open.
+    // Before the box is shown: scrolling the row into view ends an open edit.
     const GridGeometry geometry = list.view->geometry(row);
     findColumn(list.grid, geometry.rowLeft);
     edit_.editRow = row;
@@ -81,7 +81,7 @@ void CellEditing::commitAndHide() {
         return;
     }
     editing_ = false;
-    // The list of another tab may move as it is shown, before the switch is reported: a switch discards.
+    // Showing another tab can move its list before tabClicked is called; switching tabs discards the edit.
     if (tabs_.currentTab() == static_cast<int>(edited_)) {
         validation_.commitEdit(box_.text());
     }
@@ -95,7 +95,7 @@ void CellEditing::lostFocus() { commitAndHide(); }
 void CellEditing::viewChanged() { commitAndHide(); }
 
 void CellEditing::hideEditBox() {
-    // Ended first: a toolkit reports the loss of focus while it hides the box.
+    // Set first: a toolkit reports the loss of focus while it hides the box.
     editing_ = false;
     box_.setVisible(false);
     box_.setBounds(0, 0, 0, 0);
@@ -107,7 +107,7 @@ void CellEditing::itemClicked() {
 }
 
 void CellEditing::moveColumn(ListKind kind, int step) {
-    // The edit that follows finds its column by the standard widths, so the arrows count by them too.
+    // The arrow keys use the standard widths, as the edit that follows does.
     StationList& list = lists_[kind];
     const int rowLeft = static_cast<int>(std::nearbyint(list.view->geometry(0).rowLeft));
     const int x = edit_.lastMouseX - rowLeft;

@@ -1,4 +1,4 @@
-// Edits a grid cell in place: finds the cell under the pointer, lays the edit box over it, and ends the edit.
+// Edits a grid cell in place: finds the cell under the pointer, places the edit box over it, and ends the edit.
 #pragma once
 
 #include <string>
@@ -13,11 +13,11 @@
 
 class CellEditing {
 public:
-    // Twips between the top edge of the window and that of a grid's rows and header. Stands for the top of the tab
+    // Twips from the top of the client area to the rows and header of a grid. Used instead of the top of the tab
     // control, which is not added.
     static constexpr double kTopInset = 145;
 
-    // Holds references only; the edit state must be the one that the validation reads.
+    // All references outlive this object; the validation reads the same edit state.
     CellEditing(StationLists lists, TabControl& tabs, EditBox& box, StatusBar& statusBar, FieldValidation& validation,
                 EditState& edit)
         : lists_(lists),
@@ -28,24 +28,23 @@ public:
           edit_(edit),
           widths_(lists) {}
 
-    // Pointer position over a grid in twips; y plays no part.
+    // Takes the pointer position over a grid, in twips; y is ignored.
     void setLastMouseX(double x, double y);
-    // Opens the box over the cell of the first selected row that lies under the last pointer position.
-    // Nothing without a selected row, beside the columns, or on a column that is not editable. An edit that is open is
-    // committed first.
+    // Opens the box over the cell of the first selected row at the last pointer position. Nothing without a selected
+    // row, outside the columns, or on a column that is not editable. An open edit is committed first.
     void startEdit(ListKind kind);
     // Commits and hides; nothing when no edit is open. Hides only, once another tab is shown than that of the edit.
     void enterPressed();
     void lostFocus();    // the same
-    void hideEditBox();  // ends an edit without committing it
+    void hideEditBox();  // ends an edit without a commit
     void itemClicked();  // a click on a row, after the loss of focus that it causes
     void viewChanged();  // the grid moves under the box: commits, since that takes no focus away
     bool isEditing() const { return editing_; }
     void columnDragged(ListKind kind) { widths_.dragged(kind); }
     void gridResized(ListKind kind) { widths_.resized(kind); }
 
-    // Moves the last pointer position to the middle of the next (step 1) or previous (step -1) editable column;
-    // stays in the outermost one. Lets the arrow keys choose what Enter edits.
+    // Moves the last pointer position to the middle of the next (step 1) or previous (step -1) editable column, if
+    // there is one: the arrow keys select the cell that Enter edits.
     void moveColumn(ListKind kind, int step);
 
 private:
@@ -61,7 +60,7 @@ private:
     FieldValidation& validation_;
     EditState& edit_;
     ColumnWidths widths_;
-    // Not the box's own visibility: that outlives the commit, during which a message box takes the focus.
+    // Not the visibility of the box, which stays visible during a commit, while a message box takes the focus.
     bool editing_ = false;
-    ListKind edited_ = ListKind::Drm;  // the list under the box
+    ListKind edited_ = ListKind::Drm;  // the list of the open edit
 };

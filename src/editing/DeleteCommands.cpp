@@ -25,7 +25,7 @@ void DeleteCommands::DeleteAll_Click() {
     totals_.ShowTotals();
 }
 
-// "No List" answers an empty DRM list, but a cancelled question on the other three.
+// An empty DRM list is answered with "No List"; the other lists answer a cancelled question with it.
 void DeleteCommands::deleteAll(ListKind kind) {
     Grid& grid = lists_.grid(kind);
     if (grid.rowCount() < 1) {

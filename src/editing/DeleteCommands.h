@@ -1,4 +1,4 @@
-// Deletes the selected rows of a list, or all of them. Files change at the next save only.
+// Deletes the selected rows of a list, or all of them. Files change only at the next save.
 #pragma once
 
 #include "messages/Totals.h"
@@ -11,15 +11,15 @@ public:
     DeleteCommands(StationLists lists, TabControl& tabs, mMsgBox& messages, Totals& totals)
         : lists_(lists), tabs_(tabs), messages_(messages), totals_(totals) {}
 
-    // Removes the selected rows without asking and gives the focus back to the grid; the total in the status
-    // bar stays as it was. An empty list gets a message instead.
+    // Removes the selected rows without a question and gives the focus to the grid; the total in the status bar is not
+    // updated. An empty list gets a message instead.
     void deleteSelected(ListKind kind);
     void DeleteSelectedDrm() { deleteSelected(ListKind::Drm); }
     void DeleteSelectedAm() { deleteSelected(ListKind::Am); }
     void DeleteSelectedFm() { deleteSelected(ListKind::Fm); }
     void DeleteSelectedFav() { deleteSelected(ListKind::Favourite); }
 
-    // Empties the list of the tab shown after a question; shows its total in every case.
+    // Empties the current tab's list after a question; updates its total in every case.
     void DeleteAll_Click();
 
 private:

@@ -1,4 +1,4 @@
-// Where the cell being edited lies. Written by the cell editing, read by the field validation.
+// The position of the cell being edited. Written by the cell editing, read by the field validation.
 #pragma once
 
 // All lengths in twips.

@@ -12,7 +12,7 @@
 
 namespace {
 
-// The list whose rules hold: for a favourite that of the first system which its System cell names, nullopt when it
+// The list whose rules apply: for a favourite, the list of the first system that its System cell names; nullopt if it
 // names none.
 std::optional<ListKind> rulesFor(ListKind kind, const Grid& grid) {
     if (kind != ListKind::Favourite) {
@@ -27,13 +27,13 @@ std::optional<ListKind> rulesFor(ListKind kind, const Grid& grid) {
     return std::nullopt;
 }
 
-// The message of the first rule that the text breaks, empty when it keeps them all.
+// The message of the first rule that the text breaks; empty if it breaks none.
 std::u16string_view firstFault(std::u16string_view text, int column, ListKind rules) {
     constexpr std::u16string_view kNotANumber = u"Please input (0-9)";
     if (const std::u16string_view fault = blankFault(text); !fault.empty()) {
         return fault;
     }
-    // Before the column is looked at: programmes of the FM lists cannot hold two points either.
+    // Before the column is checked: programmes of the FM list cannot contain two points either.
     const bool allowsPoint = rules == ListKind::Fm;
     if (allowsPoint && std::count(text.begin(), text.end(), u'.') > 1) {
         return kNotANumber;

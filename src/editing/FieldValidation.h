@@ -1,4 +1,4 @@
-// Checks a typed cell text by the rules of its list and column, and stores it when every rule passes.
+// Checks the text typed into a cell by the rules of its list and column, and stores it if it passes.
 #pragma once
 
 #include <string_view>
@@ -10,12 +10,12 @@
 
 class FieldValidation {
 public:
-    // Holds references only. The edit state tells the row and the column.
+    // All references outlive this object. The edit state holds row and column.
     FieldValidation(StationLists lists, TabControl& tabs, const EditState& edit, mMsgBox& messages)
         : lists_(lists), tabs_(tabs), edit_(edit), messages_(messages) {}
 
-    // Commits to the list of the tab shown, then gives the focus back to that list's grid. A text that breaks
-    // a rule shows one message and leaves every cell as it was. Nothing outside the four list tabs.
+    // Commits to the current tab's list, then gives the focus to that grid. A text that breaks a rule is reported in
+    // one message and changes no cell. Nothing outside the four list tabs.
     void commitEdit(std::u16string_view text);
 
 private:

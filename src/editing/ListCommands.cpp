@@ -10,7 +10,7 @@ namespace {
 enum class Lists { All, AllButFavourites, DrmOnly };
 enum class Needs { Nothing, ASelection, ARow };
 
-// A command with the menu item and the letter that ask for it, and where it is offered.
+// A command, its menu item and shortcut, and the lists that offer it.
 struct Entry {
     Command command;
     MenuItem item;

@@ -1,4 +1,4 @@
-// Which command a key of a grid stands for, and which popup menu items a list offers.
+// The command for a key in a grid, and the popup menu items that a list offers.
 #pragma once
 
 #include "platform/Grid.h"
@@ -21,9 +21,9 @@ enum class Command {
 
 // Key and shift state as in platform/GridView.h.
 Command commandForKey(ListKind kind, const Grid& grid, int key, int shift);
-// True: the control must not use the key itself (Delete, Enter, Ctrl with a letter, plain Left and Right),
-// whether or not it stands for a command in this list.
+// True for keys that never reach the control (Delete, Enter, Ctrl with a letter, plain Left and Right), even if they
+// are no command in this list.
 bool keepsKeyFromGrid(int key, int shift);
 Command commandOf(MenuItem item);
-// Loading and saving are always offered and never touched.
+// Load and save are always enabled.
 void enableMenuItems(PopupMenu& menu, ListKind kind, const Grid& grid);

@@ -1,4 +1,4 @@
-// The right button over a grid: which row it selects, and which column the popup menu works on.
+// The right button over a grid: the row that it selects, and the column that the popup menu works on.
 #pragma once
 
 #include "editing/CellEditing.h"
@@ -8,10 +8,10 @@ class RightClick {
 public:
     RightClick(StationLists lists, CellEditing& editing) : lists_(lists), editing_(editing) {}
 
-    // The button goes down over a row, 1-based, or over none (0). Whatever keys are held, a row that is not selected
-    // becomes the only selected one; a selected row and empty space change nothing.
+    // The button goes down over a row (1-based) or empty space (0). A row that is not selected becomes the only
+    // selected row, whatever keys are held; otherwise the selection is unchanged.
     void pressed(ListKind kind, int row, double x);
-    // The menu is about to open: it works on the column of the press, wherever the pointer has moved since.
+    // The menu is about to open: it works on the column of the press, even if the pointer has moved since.
     void menuOpens() { editing_.setLastMouseX(pressX_, 0); }
 
 private:

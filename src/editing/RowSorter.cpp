@@ -17,7 +17,7 @@ void RowSorter::sortRange(std::vector<SortRow>& rows, Position low, Position hig
     while (low < high) {
         const Split split = partition(rows, low, high);
         const Position greater = split.equalsToRight ? gatherEquals(rows, split.pivot, high) : split.pivot + 1;
-        // The smaller side nests, the larger one loops.
+        // Recursion on the smaller side, the loop on the larger one: bounds the depth.
         if (split.pivot - low < high - greater + 1) {
             sortRange(rows, low, split.pivot - 1);
             low = greater;
@@ -58,9 +58,9 @@ RowSorter::Split RowSorter::partition(std::vector<SortRow>& rows, Position low, 
     return {low, equals};
 }
 
-// Splitting by one pivot at a time peels equal keys off one by one, which takes quadratic time. Drawing each of
-// them as the next pivot would put them right behind the first one, in any order, and leave the greater keys for
-// later; so that is done here in one pass. Only a last row that has nothing left to its right is never drawn.
+// Splitting by one pivot at a time removes equal keys one by one, in quadratic time. With each of them as the next
+// pivot they would end up directly after the first one, in any order, with the greater keys still to be sorted; one
+// pass does the same. Only a last row with nothing to its right would never become a pivot.
 RowSorter::Position RowSorter::gatherEquals(std::vector<SortRow>& rows, Position pivot, Position high) {
     Position end = pivot + 1;
     for (Position position = end; position <= high; ++position) {

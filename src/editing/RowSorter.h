@@ -1,4 +1,4 @@
-// Orders rows by one key each: a quicksort that remembers which rows have been its pivots.
+// Orders rows by one key each, by a quicksort that records which rows have been its pivots.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,8 @@
 
 struct SortRow {
     std::u16string_view text;  // the key of a text sort; must outlive the sort
-    double number = 0;         // the key of a number sort
-    int row = 0;               // 1-based, where the row came from
+    double number = 0;         // the key of a numeric sort
+    int row = 0;               // 1-based, the row's position before the sort
     bool wasPivot = false;     // result
 };
 
@@ -20,15 +20,15 @@ class RowSorter {
 public:
     explicit RowSorter(TextCompare& textCompare) : textCompare_(textCompare) {}
 
-    // Ascending; rows of equal keys end in no defined order. The pivots are drawn from a generator of a fixed
-    // seed, so a run of the program repeats the run before. Nests no deeper than log2 of the number of rows.
+    // Ascending; the order of equal keys is undefined. The pivots come from a generator with a fixed seed, so every run
+    // of the program sorts alike. The recursion is no deeper than log2 of the number of rows.
     void sort(std::vector<SortRow>& rows, SortKeyType type);
 
 private:
     using Position = std::ptrdiff_t;
     struct Split {
-        Position pivot;      // where the pivot came to rest
-        bool equalsToRight;  // a row right of it has the same key
+        Position pivot;      // final position of the pivot
+        bool equalsToRight;  // a row to the right of it has the same key
     };
 
     void sortRange(std::vector<SortRow>& rows, Position low, Position high);

@@ -36,7 +36,7 @@ void SortListview::headerClicked(StationList& list, std::u16string_view key) {
 void SortListview::sort(StationList& list, int column, SortKeyType type, Direction direction) {
     const int columnCount = static_cast<int>(list.columns.size());
     fillScratch(list.grid, columnCount);
-    // Once, so that no text is read and no number parsed again at each comparison.
+    // Keys are read and parsed once, not at each comparison.
     std::vector<SortRow> rows = keysOf(tmpLV_, column, type);
     sorter_.sort(rows, type);
     if (direction == Direction::Descending) {
@@ -47,7 +47,7 @@ void SortListview::sort(StationList& list, int column, SortKeyType type, Directi
     for (const SortRow& row : rows) {
         copyBack(list.grid, ++target, row, columnCount);
         if (type == SortKeyType::Number && row.wasPivot) {
-            // A pivot passes through its number and comes back as a whole one.
+            // Required: the number of a pivot is truncated to an integer.
             list.grid.setText(target, column, shortestDecimal(std::trunc(row.number)));
         }
     }

@@ -13,8 +13,9 @@ class SortListview {
 public:
     explicit SortListview(TextCompare& textCompare) : sorter_(textCompare) {}
 
-    // Turns the list's direction round, then sorts by the column of that key; the first click on a list sorts
-    // descending. An unknown key or an empty list changes the direction only. Selection stays with the positions.
+    // Reverses the list's direction, then sorts by the column with that key; the first click on a list sorts
+    // descending. With an unknown key or an empty list only the direction changes. The selection stays at its
+    // positions.
     void headerClicked(StationList& list, std::u16string_view key);
 
 private:
@@ -25,6 +26,6 @@ private:
     void copyBack(Grid& grid, int target, const SortRow& source, int columnCount);
 
     std::array<Direction, kListCount> directions_{};  // one for all columns of a list, never reset
-    RowStore tmpLV_;                                  // holds rows during a sort only
+    RowStore tmpLV_;                                  // empty except during a sort
     RowSorter sorter_;
 };

@@ -30,7 +30,7 @@ std::u16string currentFolder() {
 
 }  // namespace
 
-// A variant throws only while it has no value, which cannot happen here.
+// std::variant throws only if it has no value, which cannot happen here.
 int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     PosixConsole console;
     const auto parsed = parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));

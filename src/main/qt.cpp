@@ -18,7 +18,7 @@
 
 namespace {
 
-// The small pictures only: decoding the large one, for file managers, would be a tenth of the start.
+// Small sizes only: decoding the large picture, meant for file managers, would take a tenth of the start.
 QIcon windowIcon() {
     constexpr int kLargest = 48;  // pixels
     QIcon icon;
@@ -38,8 +38,9 @@ int main(int argc, char** argv) {
     const WindowDesign design = mainWindowDesign();
     QApplication::setApplicationName(toQt(design.caption));
     QApplication::setWindowIcon(windowIcon());
-    QApplication::setDesktopFileName("org.halcyon_k7.halcyon_k7");  // how a desktop finds the name and the icon
-    QTranslator standardTexts;  // the toolkit's own: captions of standard buttons, menus of edit boxes
+    QApplication::setDesktopFileName(
+        "org.halcyon_k7.halcyon_k7");  // identifies the desktop entry with the program's name and icon
+    QTranslator standardTexts;         // Qt's own texts: captions of standard buttons, menus of edit boxes
     if (standardTexts.load(QLocale::system(), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(&standardTexts);
     }

@@ -13,9 +13,9 @@ public:
     Totals(TabControl& tabs, StatusBar& statusBar, std::array<Grid*, kListCount> grids)
         : tabs_(tabs), statusBar_(statusBar), grids_(grids) {}
 
-    // The total of the tab that the tab control shows now; nothing when it shows none of the four.
+    // Shows the total of the current tab; nothing if the tab control shows none of the four.
     void ShowTotals();
-    // The total of a tab by its index; nothing outside 0..3.
+    // Shows the total of a tab by its 0-based index; nothing outside 0..3.
     void showTotalOf(int tab);
 
 private:

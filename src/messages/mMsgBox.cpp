@@ -4,7 +4,7 @@ namespace {
 
 bool contains(std::u16string_view text, std::u16string_view part) { return text.find(part) != text.npos; }
 
-// A system caption ends in its keyboard accelerator: "(", "&", the letter, ")".
+// A localised system caption ends in its accelerator: "(", "&", the letter, ")".
 std::u16string withAccelerator(std::u16string_view english, std::u16string_view caption) {
     constexpr std::size_t kSuffix = 4;
     std::u16string renamed(english);

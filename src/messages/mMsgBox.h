@@ -1,5 +1,5 @@
-// Message boxes with English button captions, also on a system whose own language is Chinese:
-// a hook around each box renames the buttons that the caption table knows.
+// Message boxes with English button captions, also on a Chinese system: a hook around each box replaces the captions
+// listed in a table.
 #pragma once
 
 #include <optional>
@@ -10,20 +10,20 @@
 #include "platform/ProgramTitle.h"
 #include "platform/WindowHook.h"
 
-// The caption table: the new caption of a button, nullopt when the caption stays.
+// The English caption from the table; nullopt if the caption is not in it.
 std::optional<std::u16string> englishCaption(std::u16string_view caption);
 
 class mMsgBox : private HookListener {
 public:
     mMsgBox(StandardMessageBox& box, WindowHook& hook) : box_(box), hook_(hook) {}
 
-    // Both may be called any number of times in a row.
+    // Repeated calls of either are allowed.
     void Install();
     void Remove();
 
-    // Install, the standard box, Remove; returns the button (BoxAnswer).
+    // Install, the standard box, Remove; returns the button pressed (BoxAnswer).
     int show(std::u16string_view text, int style = BoxStyle::Ok, std::u16string_view title = kProgramTitle);
-    // The standard box as it is, without the hook.
+    // The standard box without the hook.
     int showPlain(std::u16string_view text, int style = BoxStyle::Ok, std::u16string_view title = kProgramTitle);
 
 private:

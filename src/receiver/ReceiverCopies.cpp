@@ -51,7 +51,7 @@ void ReceiverCopies::ReloadFromReceiver() {
     }
     WorkingCopyBytes converted{convertWorkingCopy(copies_.ListFilePath, files_),
                                convertWorkingCopy(copies_.UserFilePath, files_)};
-    // Grids filled from a file in the wrong encoding would be saved over the right one later.
+    // Grids loaded from a file in the wrong encoding would later be saved over the right one.
     if (!converted.list || !converted.user) {
         return;
     }
@@ -75,7 +75,7 @@ bool ReceiverCopies::copyFromReceiver() {
         recovery_.mayLeave(file, FileState::of(convertedWorkingCopy(received)));
         newFiles.push_back({copies_[file], std::move(received)});
     }
-    // A run that is cut off before both files are converted leaves the lists as they were.
+    // If the run is interrupted before both files are converted, the next start restores the lists as shown.
     recovery_.keep(shown);
     return replaceVerified(files_, newFiles);
 }
@@ -94,10 +94,10 @@ bool ReceiverCopies::fetch(ListFileId file) {
     return replaceFile(files_, copies_[file], *bytes);
 }
 
-// shown: the file as a save would write it; it goes too, and the working copy may not hold it yet.
+// shown: the file as a save would write it, also backed up because the working copy may not have it yet.
 void ReceiverCopies::backUp(ListFileId file, const std::optional<std::string>& shown) {
     const std::u16string_view name = ListFile::nameOf(file);
-    // A backup is to be put in the place of a list file, which start-up and the receiver read as UTF-8.
+    // A backup may replace a list file, which start-up and the receiver read as UTF-8.
     if (const auto present = files_.read(copies_[file]).bytes) {
         backup_.keep(name, unconvertedWorkingCopy(*present));
     }
@@ -128,7 +128,7 @@ void ReceiverCopies::reloadGrids(WorkingCopyBytes bytes) {
 
 void ReceiverCopies::SaveToReceiver() {
     recovery_.save(saver_);
-    // A save that failed has left a working copy in UTF-16 or of an earlier state: nothing for the receiver.
+    // After a failed save a working copy is outdated or in UTF-16, which the receiver cannot read.
     if (findDisk() && saver_.ListsSaved()) {
         copyToReceiver();
     }

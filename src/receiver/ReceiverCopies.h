@@ -1,4 +1,4 @@
-// The two commands of the window for the receiver's disk: "Load From Receiver" and "Save To Receiver".
+// The two commands for the receiver's disk: "Load From Receiver" and "Save To Receiver".
 #pragma once
 
 #include <optional>
@@ -23,15 +23,15 @@ public:
                    ListSaver& saver, mMsgBox& messages, Totals& totals, Files& files, Backup& backup,
                    Recovery& recovery);
 
-    // Replaces both working copies by the receiver's files and shows them; what is replaced is backed up. A missing
-    // disk or file gives a message; then, and when a file cannot be copied or converted (silently), the grids stay as
-    // they are. Both working copies are replaced or neither is.
+    // Replaces both working copies by the receiver's files, or neither, and shows them; what is replaced is backed up.
+    // A missing disk or file gives a message; then, and (silently) if a file cannot be copied or converted, the grids
+    // stay unchanged.
     void ReloadFromReceiver();
-    // Saves the grids into the working copies, then copies these to the receiver: both files or neither. The
-    // receiver's old files are backed up.
+    // Saves the grids to the working copies, then copies both files to the receiver, or neither. The receiver's old
+    // files are backed up.
     void SaveToReceiver();
-    // Copies one file from the receiver's root, as found last, over a working copy. A file missing there gives
-    // a message; false when nothing has been copied.
+    // Copies one file from the receiver's root, as last found, over a working copy. A missing file gives a message.
+    // False if nothing was copied.
     bool fetch(ListFileId file);
 
 private:

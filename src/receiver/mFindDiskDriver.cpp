@@ -1,6 +1,6 @@
 #include "receiver/mFindDiskDriver.h"
 
-// A test on a system that counts capacities in coarser steps sets another.
+// A test sets another value where the system rounds capacities.
 #ifndef HALCYON_RECEIVER_CAPACITY
 #define HALCYON_RECEIVER_CAPACITY 1'022'976
 #endif
@@ -19,8 +19,8 @@ bool isReceiver(const DiskGeometry& disk) {
 
 std::u16string mFindDiskDriver::FindReceiverDisk() {
     for (const std::u16string& root : volumes_.roots()) {
-        // The receiver calls its volume "STNMEMORY", but only the capacity tells it apart from others:
-        // a label can be changed or be on any stick. The label is asked for to skip unreadable disks.
+        // The receiver's volume label is "STNMEMORY", but any disk may have that label and the user may change it; only
+        // the capacity identifies the receiver. Reading the label skips unreadable disks.
         if (!volumes_.isPresent(root) || !volumes_.label(root)) {
             continue;
         }

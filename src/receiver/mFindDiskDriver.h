@@ -7,17 +7,17 @@
 #include "platform/Files.h"
 #include "platform/Volumes.h"
 
-// Returned when no disk is the receiver's; callers test for exactly these characters.
+// The result without a receiver; callers compare with exactly this text.
 inline constexpr std::u16string_view kUnknownDriver = u"Unkonwn Driver";
 
 class mFindDiskDriver {
 public:
     mFindDiskDriver(Volumes& volumes, Files& files) : volumes_(volumes), files_(files) {}
 
-    // The root of the first disk of exactly the receiver's capacity, with its trailing separator,
-    // or kUnknownDriver. Searches anew at each call.
+    // The root of the first disk with exactly the receiver's capacity, with its trailing separator, or kUnknownDriver.
+    // Searches again at each call.
     std::u16string FindReceiverDisk();
-    // Writable, not hidden, not system; a failure is silent.
+    // Makes the file writable, not hidden and not system. A failure is silent.
     void ClearFileAttributes(std::u16string_view path);
 
 private:

@@ -1,4 +1,4 @@
-// The texts and sizes of the main window, which a backend asks for before it builds the window.
+// The texts and sizes from which a backend builds the main window.
 #pragma once
 
 #include "platform/MainWindow.h"

@@ -1,4 +1,4 @@
-// Keeps the lists for the next start while the program runs, in case the run is cut off.
+// Writes snapshots of changed lists while the program runs, in case the run is interrupted.
 #pragma once
 
 #include <array>
@@ -13,15 +13,15 @@ public:
     using Rows = std::array<const RowStore*, kListCount>;
     KeptLists(Rows rows, ListSaver& saver, Recovery& recovery) : rows_(rows), saver_(saver), recovery_(recovery) {}
 
-    // The lists as just loaded are kept already.
+    // Call after loading: these lists need no new snapshot.
     void startFromHere() { keptChanges_ = changes(); }
-    // Nothing when no list has changed since.
+    // Writes a snapshot if a list has changed since the last one.
     void keep();
     void save() { recovery_.save(saver_); }
-    // After the last save of a run: what could not be saved waits for the next start.
+    // Call after the last save of a run: a list that could not be saved waits in the snapshot for the next start.
     void end();
 
-    // Around a command: what it has changed is kept when it ends.
+    // Scope guard around a command: writes a snapshot at the end if the command has changed a list.
     class AtEnd {
     public:
         explicit AtEnd(KeptLists& lists) : lists_(lists) {}
@@ -39,5 +39,5 @@ private:
     Rows rows_;
     ListSaver& saver_;
     Recovery& recovery_;
-    std::uint64_t keptChanges_ = 0;  // what changes() was when the lists were kept last
+    std::uint64_t keptChanges_ = 0;  // changes() at the last snapshot
 };

@@ -58,7 +58,7 @@ std::optional<ListKind> MainForm::shownList() const {
 
 bool MainForm::Form_Load() {
     if (platform_.singleInstance.previousInstance()) {
-        // The window has no listener yet, so that its closing saves nothing over the other instance's files.
+        // The window has no listener yet, so closing it does not save over the other instance's files.
         platform_.addFormView.destroy();
         platform_.mainWindow.close();
         return false;
@@ -70,6 +70,8 @@ bool MainForm::Form_Load() {
     backup_.removeLeftovers();
     startUp_.run();
     keptLists_.startFromHere();
+    // These commands end with a message box or an open dialog: the guard around them would keep the lists only after
+    // the user has closed it.
     addForm_.onAdded([this] { keptLists_.keep(); });
     addToFavourites_.onAdded([this] { keptLists_.keep(); });
     scheduleSync_.onRebuilt([this] { keptLists_.keep(); });
@@ -79,7 +81,7 @@ bool MainForm::Form_Load() {
     return true;
 }
 
-// Coming back from a box of the program itself is not the user's coming to the window.
+// Focus returning from a box of this program is not a user activation.
 void MainForm::windowGotFocus(CameFrom from) {
     if (from == CameFrom::Elsewhere) {
         Form_GotFocus();
@@ -87,7 +89,7 @@ void MainForm::windowGotFocus(CameFrom from) {
 }
 
 void MainForm::Form_GotFocus() {
-    // The window takes no input during a download; its status stays.
+    // The window takes no input during a download, and its status message stays.
     if (!scheduleSync_.isDownloading()) {
         totals_.ShowTotals();
     }
@@ -100,8 +102,8 @@ void MainForm::Form_Unload() {
     if (!SkipSaveOnExit_) {
         keptLists_.save();
         if (cellEditing_.isEditing()) {
-            // The close box takes no focus: what was typed is committed here. The lists are safe already,
-            // should the system end the program while a refused text has its message on screen.
+            // The close box takes no focus, so the open edit is committed here. The lists have been saved before, in
+            // case the system ends the program while the message about a refused text is open.
             commitEdit();
             keptLists_.save();
         }
@@ -119,13 +121,13 @@ void MainForm::QuitApplication() {
 void MainForm::AddSelectedToFavourites() { addToFavourites_.AddSelectedToFavourites(); }
 
 void MainForm::tabClicked() {
-    // First of all: an edit that loses the focus would be committed.
+    // Discard the edit first: a loss of focus would commit it.
     if (cellEditing_.isEditing()) {
         cellEditing_.hideEditBox();
     }
     tabGotFocus();
     AfterTabShown();
-    // The arrow keys move through the tabs on their strip: it keeps the focus then.
+    // Keep focus on the tab bar while arrow keys switch tabs.
     if (const auto kind = shownList(); kind && !platform_.tabs.hasFocus()) {
         stationLists().view(*kind).takeFocus();
     }

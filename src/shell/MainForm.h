@@ -1,5 +1,5 @@
-// The main window: owns the four lists and the window's state, and passes every event to the subsystem
-// that answers it. Only a main program includes it.
+// The main window: owns the four lists and the window's state, and passes each event to the class that handles it. Only
+// a main program includes this file.
 #pragma once
 
 #include <array>
@@ -42,22 +42,22 @@
 
 class MainForm : private MainWindowListener, private TabListener, private EditBoxListener, private MenuListener {
 public:
-    // What the bundle refers to outlives the form. The window is built and hidden.
+    // All references in the bundle outlive the form. The window is built and hidden.
     explicit MainForm(const Platform& platform);
     MainForm(const MainForm&) = delete;
     MainForm& operator=(const MainForm&) = delete;
 
-    // The start-up sequence. False: another instance runs; the window has been closed with no file touched,
-    // and the process is to end without showing anything.
+    // The start-up sequence. False if another instance runs: the window is then closed, no file was touched, and the
+    // process should exit silently.
     bool Form_Load();
     void Form_GotFocus();
-    // Nothing the second time: the end of a session may close a window that is about to close.
+    // Only the first call has an effect: the end of a session may close a window that is already closing.
     void Form_Unload();
-    void QuitApplication();
+    void QuitApplication();  // an entry point without a caller here
     void AddSelectedToFavourites();
 
 private:
-    // The events of one grid, bound to its list.
+    // Passes the events of one grid on, with the kind of its list.
     class GridEvents : public GridListener {
     public:
         GridEvents(MainForm& form, ListKind kind) : form_(form), kind_(kind) {}
@@ -108,9 +108,9 @@ private:
     void NextColumn();
 
     void run(Command command);
-    // The list of the tab shown; nullopt while the tab control shows none of the four.
+    // The list of the current tab; nullopt if the tab control shows none of the four.
     std::optional<ListKind> shownList() const;
-    void AfterTabShown() {}  // a hook for what a tab may need once it is on screen; nothing so far
+    void AfterTabShown() {}  // called when a tab is on screen; nothing to do so far
     StationLists stationLists();
 
     const Platform platform_;

@@ -1,4 +1,4 @@
-// What the window does at the user's events: every key and menu item ends in one table of commands.
+// The commands of the window: every key and menu item is an entry of one table.
 #include <algorithm>
 
 #include "shell/MainForm.h"
@@ -9,7 +9,7 @@ void MainForm::commitEdit() {
 }
 
 void MainForm::viewChanged() {
-    // A view also moves during a command, when the lists may be half done: there is nothing to keep then.
+    // The view may change mid-command; do not write a snapshot then.
     if (cellEditing_.isEditing()) {
         commitEdit();
     }
@@ -37,7 +37,7 @@ void MainForm::LV_Resized(ListKind kind) {
 
 void MainForm::LV_HeaderClick(ListKind kind, std::u16string_view key) {
     const KeptLists::AtEnd kept(keptLists_);
-    cellEditing_.viewChanged();  // a header takes no focus; the rows are about to move under the box
+    cellEditing_.viewChanged();  // a header takes no focus, and the rows are about to move under the box
     sortListview_.headerClicked(stationLists()[kind], key);
 }
 

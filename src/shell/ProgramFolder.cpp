@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::u16string_view kConfigName = u"config.ini";
 
-// "List.ini" comes last, and only after the others: once it is there, the copy is complete and not repeated.
+// "List.ini" is copied last: once it exists, the copy is complete and is not repeated.
 void copyLists(const std::u16string& from, const std::u16string& to, Files& files) {
     const std::u16string list(ListFile::kListName);
     if (files.exists(to + list) || !files.exists(from + list)) {

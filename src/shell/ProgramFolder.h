@@ -1,4 +1,4 @@
-// Where the lists live.
+// Chooses the folder of the lists.
 #pragma once
 
 #include <string>
@@ -6,8 +6,7 @@
 #include "platform/Files.h"
 #include "platform/ProgramFolders.h"
 
-// The folder of the working copies, with its trailing separator. A portable copy of the program keeps them beside its
-// executable. The lists of an installed program, and of a copy in a folder that cannot be written, are in the user's
-// application data, so that rights of an administrator make no difference; lists that stand beside the executable are
-// copied there before the first start.
+// The folder of the working copies, with its trailing separator. A portable copy of the program keeps them next to its
+// executable. For an installed program, and if that folder cannot be written, they are in the user's application data,
+// whatever the rights of the user; lists next to the executable are copied there before the first start.
 std::u16string findProgramFolder(ProgramFolders& folders, Files& files);

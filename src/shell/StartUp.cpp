@@ -76,18 +76,18 @@ void StartUp::put(ListFileId file, const std::string& converted, bool isNormalRu
         createWorkingCopy(path, files_, codePages_);
         files_.flushFolderOf(path);
         if (files_.exists(path)) {
-            // A file that is missing later has been removed by the user.
+            // A later start then knows that a missing file was removed by the user.
             recovery_.leaves(file, FileState::of(kNewWorkingCopy));
             recovery_.mayLeave(file, FileState::of(converted));
         }
     }
-    // Not flushed: a power cut may leave the file as it was, empty or torn. The snapshot with the same lists has been
-    // flushed already and counts in each of these cases.
+    // Not flushed: a power cut may leave the old file, an empty or a torn one. In each case the snapshot with the same
+    // lists counts, which has been flushed.
     replaceFile(files_, path, converted, Flush::Later);
 }
 
 void StartUp::load(const WorkingCopyBytes& bytes, WorkingCopyBytes converted) {
-    // The loaders read UTF-16, so that programme names in any script come through.
+    // The loaders read UTF-16, so programme names in any script survive.
     loader_.loadFrom(std::move(converted));
     loader_.LoadDrmList(true);
     loader_.LoadAmList(true);

@@ -1,4 +1,4 @@
-// From the start of the program to the filled grids: the working copies are made ready and loaded.
+// Prepares the working copies and loads them into the grids when the program starts.
 #pragma once
 
 #include <optional>
@@ -28,13 +28,13 @@ public:
           files_(files),
           codePages_(codePages) {}
 
-    // "LocalRun": the program's own working copies. "NormalRun" copies the receiver's files over them first;
-    // every start today is a "LocalRun". Takes from the snapshot what the run before could not save (see Recovery).
-    // Silent but for receiver files missing in a "NormalRun".
+    // "LocalRun" loads the program's own working copies; "NormalRun", without a caller here, first replaces them by the
+    // receiver's files. Restores from the snapshot what the previous run could not save (see Recovery). Silent except
+    // for receiver files missing in a "NormalRun".
     void run(std::u16string_view RunMode = u"LocalRun");
 
 private:
-    // What the lists are to be loaded from, in UTF-8; nullopt of a file that cannot be read.
+    // The bytes to load the lists from, in UTF-8; nullopt for a file that cannot be read.
     std::optional<std::string> content(ListFileId file, const Snapshot& last);
     void put(ListFileId file, const std::string& converted, bool isNormalRun);
     void load(const WorkingCopyBytes& bytes, WorkingCopyBytes converted);

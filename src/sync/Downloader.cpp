@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kMostBytes = 16'777'216;  // 16 MiB
 constexpr int kMostRedirects = 20;
-constexpr int kOk = 200;  // 206, a part, and 204, nothing, are answers to other requests
+constexpr int kOk = 200;  // 206 (partial content) and 204 (no content) do not answer this request
 constexpr int kFirstRedirectStatus = 300;
 constexpr int kNotModified = 304;
 constexpr int kFirstErrorStatus = 400;
@@ -32,7 +32,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
 }
 
-// nullopt: no number, or one too large to have been sent.
+// nullopt: not a number, or too large to be a body that was sent.
 std::optional<std::uint64_t> wholeNumber(std::string_view text) {
     std::uint64_t value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);

@@ -1,4 +1,4 @@
-// Fetches a document of the web into a file.
+// Downloads a document by HTTP.
 #pragma once
 
 #include <chrono>
@@ -11,15 +11,15 @@
 
 class Downloader {
 public:
-    // idleLimit: how long a server may stay silent.
+    // idleLimit: the longest time without a byte from the server.
     Downloader(HttpClient& client, Files& files, std::chrono::milliseconds idleLimit = std::chrono::seconds(30))
         : client_(client), files_(files), idleLimit_(idleLimit) {}
 
-    // Blocks until the end. Follows redirects to http and https only. False: a final status other than 200, a silent
-    // server, more than 16 MiB as sent or unpacked, a body that is cut short or damaged, or a file that cannot be
-    // written; then no file is left at the path.
+    // Downloads into a file; blocks until the end. Follows redirects to http and https only. False, and no file at the
+    // path, on a final status other than 200, a timeout, more than 16 MiB as sent or decoded, a body that is truncated
+    // or damaged, or a file that cannot be written.
     bool download(std::u16string_view url, std::u16string_view path);
-    // The document itself; nullopt instead of false.
+    // The document itself, decoded; nullopt on the same failures.
     std::optional<std::string> fetch(std::u16string url);
 
 private:

@@ -13,7 +13,7 @@ constexpr double kHighestFrequency = 30'000;  // kHz
 constexpr int kLastHourOfStart = 23;
 constexpr int kLastHourOfEnd = 24;  // a broadcast may end at 2400
 constexpr int kLastMinute = 59;
-// The receiver holds 256 stations; one more is taken, which shows that the schedule had more than fit.
+// The receiver holds 256 stations; one more is added to show that the schedule had more than fit.
 constexpr int kMostNewStations = 256;
 
 std::u16string_view keyOf(std::size_t fieldIndex) {
@@ -37,7 +37,7 @@ int twoDigits(std::u16string_view digits) { return (digits[0] - u'0') * 10 + (di
 
 bool isFrequency(std::u16string_view text) { return areDigits(text) && leadingNumber(text) <= kHighestFrequency; }
 
-// hhmm as hh:mm; nullopt when it is no time of day.
+// hhmm as hh:mm; nullopt unless it is a time of day.
 std::optional<std::u16string> timeOfDay(std::u16string_view hhmm, int lastHour) {
     if (!areDigits(hhmm) || twoDigits(hhmm) > lastHour || twoDigits(hhmm.substr(2)) > kLastMinute) {
         return std::nullopt;
@@ -113,11 +113,11 @@ int AddScheduleRecords(Grid& drmLV, std::u16string_view schedule, int existingRo
         const std::u16string_view line = schedule.substr(0, end);
         schedule.remove_prefix(end + 1);
         if (line.empty()) {
-            continue;  // a CR alone is a line, and breaks a record
+            continue;  // a line of only CR is not skipped: it breaks a record
         }
         const std::u16string_view value = ParseScheduleLine(line, collected);
         if (value.empty()) {
-            collected = 0;  // the line that broke the record is not tried as the first of another one
+            collected = 0;  // the line that broke the record does not start the next one
             continue;
         }
         fields[collected++] = value;

@@ -1,4 +1,4 @@
-// The records of a downloaded broadcast schedule: nine lines each, of which four are used.
+// The records of a downloaded broadcast schedule: nine lines each, four of which are used.
 #pragma once
 
 #include <array>
@@ -11,9 +11,9 @@
 
 inline constexpr std::size_t kScheduleFieldCount = 9;
 
-// The fields that make a row of the DRM list; 0-based positions within a record.
+// The fields of a row of the DRM list; 0-based positions within a record.
 namespace ScheduleField {
-inline constexpr std::size_t Time = 0;       // first four characters hhmm, last four hhmm, UTC
+inline constexpr std::size_t Time = 0;       // first four characters start, last four stop; hhmm UTC
 inline constexpr std::size_t Frequency = 2;  // kHz
 inline constexpr std::size_t Target = 3;
 inline constexpr std::size_t Programme = 5;
@@ -22,18 +22,17 @@ inline constexpr std::size_t Programme = 5;
 // Views into the text of the schedule.
 using ScheduleFields = std::array<std::u16string_view, kScheduleFieldCount>;
 
-// "hh:mm-hh:mm" from a text whose first and last four characters are hhmm; nullopt when a time is wrong or the span
-// does not end after its start on the same day.
+// "hh:mm-hh:mm" from a text whose first and last four characters are hhmm; nullopt if a time is invalid or the stop is
+// not later than the start.
 std::optional<std::u16string> timeSpan(std::u16string_view time);
 
-// The value of a line at a position (0-based) of a record, a view into the line; empty when the line does not
-// fit there. One CR or LF at the end of the line is not part of it.
+// The value of a line at a 0-based position of a record, a view into the line; empty if the line does not fit there.
+// One CR or LF at the end is dropped.
 std::u16string_view ParseScheduleLine(std::u16string_view line, std::size_t fieldIndex);
 
-// Appends a valid record to the DRM grid. False, and the grid unchanged, when the record is not valid or equals
-// one of the grid's first existingRowCount rows in frequency, time and target.
+// Appends a valid record to the DRM grid. False, and the grid unchanged, for an invalid record and for one with the
+// frequency, time and target of one of the first existingRowCount rows.
 bool AddScheduleRecord(Grid& drmLV, const ScheduleFields& fields, int existingRowCount);
 
-// Appends the valid records of a schedule and returns their number. Ends after the 257th; text behind the last
-// LF is not a line.
+// Appends the valid records of a schedule, at most 257, and returns their number. Text after the last LF is ignored.
 int AddScheduleRecords(Grid& drmLV, std::u16string_view schedule, int existingRowCount);

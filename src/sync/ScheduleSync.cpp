@@ -8,9 +8,9 @@ namespace {
 constexpr std::u16string_view kBuiltInUrl =
     u"http://" HALCYON_SCHEDULE_HOST "/cgi-bin/dbgate.pl?htx=/drmdx/scheduleini2";
 constexpr std::u16string_view kScheduleMark = u"[DRMSchedule]";
-// Positions in the schedule are 16-bit signed numbers.
+// A limit of 16-bit signed positions.
 constexpr std::size_t kMaxScheduleLength = 32'767;
-constexpr std::size_t kMaxUrlLength = 2'083;  // the longest that the Internet functions of Windows take
+constexpr std::size_t kMaxUrlLength = 2'083;  // limit of the Internet functions of Windows
 
 std::u16string_view firstLine(std::u16string_view text) { return text.substr(0, text.find_first_of(u"\r\n")); }
 
@@ -79,7 +79,7 @@ std::u16string ScheduleSync::takeDownloadedText() {
 int ScheduleSync::rebuildList(std::u16string_view schedule) {
     const GridUpdate update(drmLV_);
     drmLV_.clear();
-    // Taken after emptying: a schedule may hold a programme twice, and then the list does too.
+    // The count after clearing, 0: a record that the schedule contains twice is added twice.
     const int existingRowCount = drmLV_.rowCount();
     return AddScheduleRecords(drmLV_, schedule, existingRowCount);
 }

@@ -1,4 +1,4 @@
-// Rebuilds the DRM list from the broadcast schedule that a server publishes.
+// Rebuilds the DRM list from a published broadcast schedule.
 #pragma once
 
 #include <functional>
@@ -16,12 +16,12 @@
 #include "platform/StatusBar.h"
 #include "sync/Downloader.h"
 
-// Where the schedule is fetched from when "config.ini" names no address. The host is chosen when the program is built.
+// The address used if "config.ini" names none. The host is chosen at build time.
 std::u16string_view builtInScheduleUrl();
 
 class ScheduleSync {
 public:
-    // programFolder ends with its separator.
+    // All references outlive this object; programFolder ends with its separator.
     ScheduleSync(Grid& drmLV, Files& files, CodePages& codePages, HttpClient& httpClient, StatusBar& statusBar,
                  Totals& totals, mMsgBox& messages, std::u16string programFolder)
         : drmLV_(drmLV),
@@ -33,17 +33,17 @@ public:
           messages_(messages),
           programFolder_(std::move(programFolder)) {}
 
-    // Called once the list has been rebuilt, before the user is told.
+    // The listener is called after the list has been rebuilt, before the message.
     void onRebuilt(std::function<void()> listener) { rebuilt_ = std::move(listener); }
 
-    // Downloads, checks and reads the schedule; blocks until all is done. The list is emptied only once the
-    // download has proved to be a schedule. Every outcome but an empty "config.ini" is shown in one message.
+    // Downloads and checks the schedule and rebuilds the list; blocks until the end. The list is cleared only after the
+    // download has proved to be a schedule. Every outcome but an empty "config.ini" is reported in one message.
     void SyncDrmSchedule();
-    // True while the server is waited for, when a backend may still pass events of the window on.
+    // True during a download; window events may still arrive.
     bool isDownloading() const { return downloading_; }
 
 private:
-    // nullopt: "config.ini" is there, but empty.
+    // nullopt if "config.ini" exists but is empty.
     std::optional<std::u16string> scheduleUrl();
     bool download(std::u16string_view url);
     std::u16string takeDownloadedText();

@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kPartBytes = 65'536;
 constexpr int kGzip = 16 + MAX_WBITS;
 constexpr int kZlib = MAX_WBITS;
-constexpr int kRawDeflate = -MAX_WBITS;  // what some servers send as "deflate"
+constexpr int kRawDeflate = -MAX_WBITS;  // sent by some servers as "deflate"
 
 class Inflater {
 public:
@@ -21,7 +21,7 @@ public:
     Inflater(const Inflater&) = delete;
     Inflater& operator=(const Inflater&) = delete;
 
-    // Of one packed stream at the start of `packed`, appended to `text`; it is then removed from `packed`.
+    // Appends one compressed stream from the front of `packed` to `text` and removes it from `packed`.
     bool inflateOne(std::string_view& packed, std::string& text, std::size_t mostBytes) {
         if (!isReady_ || inflateReset(&stream_) != Z_OK) {
             return false;
@@ -49,7 +49,7 @@ private:
     bool isReady_;
 };
 
-// A gzip file may consist of several, one behind the other.
+// A gzip file may consist of several members.
 std::optional<std::string> inflated(std::string_view packed, int format, std::size_t mostBytes) {
     Inflater inflater(format);
     std::string text;

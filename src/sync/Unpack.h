@@ -1,4 +1,4 @@
-// Bodies that a server sent packed.
+// Decompresses bodies by their Content-Encoding.
 #pragma once
 
 #include <cstddef>
@@ -6,6 +6,6 @@
 #include <string>
 #include <string_view>
 
-// encoding: of a Content-Encoding header: gzip, x-gzip, deflate, identity or nothing, in any case. nullopt: another
-// encoding, a body that is cut short, damaged or followed by anything else, or one that unpacks to more than mostBytes.
+// encoding: the value of the header: gzip, x-gzip, deflate, identity or empty, in any case. nullopt for another
+// encoding, for a body that is truncated, damaged or followed by other bytes, and for more than mostBytes when decoded.
 std::optional<std::string> unpacked(std::string body, std::string_view encoding, std::size_t mostBytes);

@@ -39,6 +39,7 @@ public:
     // kLargestTextFile.
     // Detect becomes the format found. Any other format is forced: a mark of another format is then part of the text.
     // Utf16Le yields the text followed by NULs, (bytes after the mark + 1) units in all; halveLength below undoes that.
+    // An entry point without a caller here: the working copies are decoded from bytes already read.
     std::u16string ReadTextFile(std::u16string_view path, TextFormat& format);
 
     // Without `append` the file is replaced in one step; on failure the old file stays. With `append` the text is added
