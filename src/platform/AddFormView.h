@@ -1,4 +1,4 @@
-// The window of the Add List dialog: controls only, no rule.
+// The window of the Add List dialog: controls only, no rules.
 #pragma once
 
 #include <array>
@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-// The boxes first, then the combos.
+// Text boxes first, then combo boxes.
 enum class AddField { txtLabel, txtFreq, txtTarget, sHourComb, sMinComb, eHourComb, eMinComb };
 inline constexpr int kAddFieldCount = 7;
 inline constexpr std::array<const char*, kAddFieldCount> kAddFieldNames = {
@@ -19,14 +19,14 @@ inline constexpr int kAddControlCount = 10;
 inline constexpr std::array<const char*, kAddControlCount> kAddControlNames = {
     "Label1", "Label2", "LaFreq", "Label3", "Label4", "Label5", "Label6", "Label7", "saveCmd", "cancelCmd"};
 
-// One line of the dialog, from left to right.
+// One row of the dialog, from left to right.
 struct AddRow {
-    AddControl label;  // names both fields for screen readers; its mnemonic, where it has one, leads to the first
+    AddControl label;  // names both fields for screen readers; its mnemonic, if any, moves the focus to the first
     AddField field;
-    std::optional<AddControl> after{};  // the unit of the field, or what parts it from the second
+    std::optional<AddControl> after{};  // the unit of the field, or the separator before the second field
     std::optional<AddField> second{};
 };
-// From top to bottom, which is the tab order, too.
+// From top to bottom, which is also the tab order.
 inline constexpr std::array<AddRow, 5> kAddRows = {{
     {AddControl::Label1, AddField::txtLabel},
     {AddControl::Label2, AddField::txtFreq, AddControl::LaFreq},
@@ -34,11 +34,11 @@ inline constexpr std::array<AddRow, 5> kAddRows = {{
     {AddControl::Label5, AddField::eHourComb, AddControl::Label6, AddField::eMinComb},
     {AddControl::Label7, AddField::txtTarget},
 }};
-// Side by side below the rows, and after them in the tab order.
+// Side by side below the rows, and last in the tab order.
 inline constexpr std::array kAddButtons = {AddControl::saveCmd, AddControl::cancelCmd};
 inline constexpr AddControl kAddDefaultButton = AddControl::saveCmd;
 
-// Captions by AddControl; "&" marks the mnemonic behind it.
+// Captions by AddControl; "&" precedes the mnemonic.
 using AddCaptions = std::array<std::u16string, kAddControlCount>;
 inline std::u16string withoutMnemonic(std::u16string caption) {
     std::erase(caption, u'&');
@@ -48,35 +48,35 @@ inline std::u16string withoutMnemonic(std::u16string caption) {
 class AddFormListener {
 public:
     virtual ~AddFormListener() = default;
-    // A key that produces a character code was pressed in a field (Enter 13, Escape 27, Backspace 8 and
-    // Space 32 among them; not Tab, arrows, function or modifier keys), before the field has used it.
-    // Also while the list of a combo is open. True: the key must not reach the field or the list.
+    // A key that produces a character code was pressed in a field, before the field handles it. Includes Enter (13),
+    // Escape (27), Backspace (8) and Space (32), but not Tab, arrows, function and modifier keys. Also called while a
+    // combo's list is open. True: neither the field nor the list gets the key.
     virtual bool keyPressed(AddField field, int characterCode) = 0;
     virtual void saveClicked() = 0;
-    virtual void cancelClicked() = 0;  // the button, or Escape where a field did not use it
+    virtual void cancelClicked() = 0;  // the button, or Escape if no field handled it
     virtual void closeBoxClicked() = 0;
 };
 
 class AddFormView {
 public:
     virtual ~AddFormView() = default;
-    // Creates the dialog afresh, hidden: fields and combos empty, captions as given. It stays closed when the system
-    // has no room for one more window.
+    // Creates a new dialog, hidden, with empty fields and combos and the given captions. The dialog stays closed if the
+    // system cannot create another window.
     virtual void create(const AddCaptions& captions, AddFormListener& listener) = 0;
     virtual void setTitle(std::u16string_view title) = 0;
     virtual void setCaption(AddControl control, std::u16string_view caption) = 0;
     virtual void setEnabled(AddField field, bool enabled) = 0;
-    virtual void setItems(AddField combo, const std::vector<std::u16string>& items) = 0;  // none preselected
-    // Texts have no limit of length; a paste goes in as far as insertable() says.
+    virtual void setItems(AddField combo, const std::vector<std::u16string>& items) = 0;  // no item is preselected
+    // Texts have no maximum length; pasted text is cut as insertable() defines.
     virtual std::u16string text(AddField field) const = 0;
     virtual bool isListOpen(AddField combo) const = 0;
     // takeHighlighted: the highlighted entry, if any, becomes the text.
     virtual void closeList(AddField combo, bool takeHighlighted) = 0;
     virtual void takeFocus(AddField field) = 0;
-    // Shows the dialog centred over the main window, without modality.
+    // Shows the dialog centred over the main window, modeless.
     virtual void show() = 0;
-    // Closes and forgets the dialog without calling the listener; safe when none is open,
-    // and from within a listener call.
+    // Closes and destroys the dialog without calling the listener. Allowed without an open dialog and within a listener
+    // call.
     virtual void destroy() = 0;
     virtual bool isOpen() const = 0;
 };

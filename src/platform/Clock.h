@@ -1,11 +1,11 @@
 // The current time, for the names of backups.
 #pragma once
 
-// Coordinated universal time by the Gregorian calendar.
+// Coordinated universal time in the Gregorian calendar.
 struct UtcTime {
     int year = 1970;
-    int month = 1;  // from 1
-    int day = 1;    // from 1
+    int month = 1;  // 1-based
+    int day = 1;    // 1-based
     int hour = 0;
     int minute = 0;
     int second = 0;

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-// The part of a typed or pasted text that goes in where `room` UTF-16 units are left: it ends before the first line
-// break, and never between the halves of a surrogate pair.
+// The part of a typed or pasted text that is inserted if `room` UTF-16 units are free. It ends before the first line
+// break and never within a surrogate pair.
 constexpr std::u16string_view insertable(std::u16string_view text, std::size_t room) {
     text = text.substr(0, text.find_first_of(u"\r\n\u2028\u2029"));
     if (text.size() <= room) {

@@ -1,5 +1,5 @@
 // A list of station records as rows of cells: the only copy of the records in memory.
-// Implemented once, in portable code. A backend draws it and sets the selection.
+// Implemented once, in portable code. A backend draws the grid and sets the selection.
 #pragma once
 
 #include <initializer_list>
@@ -15,8 +15,8 @@ struct GridColumn {
     double width = 0;    // twips, as shown by the view
 };
 
-// Rows and columns are 1-based everywhere. A row or column outside the grid is a no-op
-// when written and reads as an empty text or "not selected".
+// Rows and columns are 1-based everywhere. For a row or column outside the grid, writing does nothing and reading gives
+// an empty text or "not selected".
 class Grid {
 public:
     virtual ~Grid() = default;
@@ -24,17 +24,17 @@ public:
     virtual const std::vector<GridColumn>& columns() const = 0;
     virtual void addColumn(std::u16string caption, std::u16string key, double widthTwips) = 0;
     virtual void setColumnWidth(int column, double widthTwips) = 0;
-    // Called by the view after the user has dragged a column; the view already shows the width.
+    // The view calls this after the user has dragged a column; it already shows the width.
     virtual void columnDragged(int column, double widthTwips) = 0;
 
     virtual int rowCount() const = 0;
-    // Valid until the next change of the grid. UTF-16.
+    // Valid until the next change of the grid.
     virtual std::u16string_view text(int row, int column) const = 0;
     virtual void setText(int row, int column, std::u16string text) = 0;
-    // Before many rows are appended: how many there will be, and a text that most of their cells are parts of. The grid
-    // keeps the text instead of copying these parts.
+    // Call before appending many rows: their number, and a text that contains most of their cells. The grid keeps this
+    // text instead of copying those cells.
     virtual void expectRows(int count, std::shared_ptr<const std::u16string> text) = 0;
-    // Appends one row; missing trailing cells are empty, and cells beyond those that a row can hold are dropped.
+    // Appends one row; missing trailing cells are empty, cells beyond the columns of a row are dropped.
     virtual void appendRow(std::span<const std::u16string_view> cells) = 0;
     void appendRow(std::initializer_list<std::u16string_view> cells) {
         appendRow(std::span(cells.begin(), cells.size()));
@@ -43,17 +43,17 @@ public:
     virtual void clear() = 0;
 
     virtual bool isSelected(int row) const = 0;
-    // Called by the view when the user selects; does not notify the view.
+    // The view calls this when the user selects; the view is not notified.
     virtual void setSelected(int row, bool selected) = 0;
-    // First selected row, 0 when none is.
+    // The first selected row, 0 if there is none.
     virtual int firstSelected() const = 0;
 
-    // The view gets no notification between the two calls, which nest, and one reset after the last endUpdate.
+    // Between the two calls, which nest, the view is not notified; the last endUpdate notifies it of one reset.
     virtual void beginUpdate() = 0;
     virtual void endUpdate() = 0;
 };
 
-// Many changes shown as one.
+// Scope guard: the changes during its lifetime are shown as one.
 class GridUpdate {
 public:
     explicit GridUpdate(Grid& grid) : grid_(grid) { grid_.beginUpdate(); }

@@ -10,7 +10,7 @@ struct Rgb {
     friend bool operator==(const Rgb&, const Rgb&) = default;
 };
 
-// As the Web Content Accessibility Guidelines define it: 1 for equal colours, 21 for black and white.
+// Contrast as the Web Content Accessibility Guidelines define it: 1 for equal colours, 21 for black and white.
 inline double contrast(const Rgb& one, const Rgb& other) {
     const auto luminance = [](const Rgb& color) {
         const auto linear = [](int channel) {
@@ -24,8 +24,8 @@ inline double contrast(const Rgb& one, const Rgb& other) {
     return first > second ? first / second : second / first;
 }
 
-// Between the colour of the cells and that of their text: the one nearest to the cells that can be told from them. The
-// text's own colour where no such one exists.
+// Between the colours of the cells and of their text: the colour nearest to the cells that has enough contrast to them,
+// or the text's colour if there is none.
 inline Rgb gridLineColor(const Rgb& base, const Rgb& text) {
     constexpr double kContrast = 1.7;
     constexpr int kSteps = 64;

@@ -1,4 +1,4 @@
-// One HTTP GET of one address.
+// One HTTP GET request.
 #pragma once
 
 #include <chrono>
@@ -8,28 +8,28 @@
 #include <string_view>
 
 struct HttpLimits {
-    std::chrono::milliseconds idle{};  // how long the server may stay silent
-    std::size_t bytes = 0;             // of the longest body, as sent
+    std::chrono::milliseconds idle{};  // longest time without a byte from the server
+    std::size_t bytes = 0;             // maximum length of the body, as sent
 };
 
-// Limits that hold for every exchange: of all header lines together, and of the 1xx answers before the final one.
+// Limits for every exchange: all header lines together, and the 1xx responses before the final one.
 constexpr std::size_t kMostHeaderBytes = 65'536;
 constexpr int kMostInterimAnswers = 10;
 
 struct HttpAnswer {
-    int status = 0;                              // 0: no answer, or one that was aborted or incomplete
-    std::u16string location;                     // where it redirects to, as a whole address; empty: nowhere
-    std::optional<std::string> announcedLength;  // of the body, as the server wrote it
-    std::string encoding;                        // Content-Encoding as the server wrote it; empty: none
+    int status = 0;                              // 0: no response, or an aborted or incomplete one
+    std::u16string location;                     // redirect target as an absolute URL; empty: no redirect
+    std::optional<std::string> announcedLength;  // Content-Length, as sent
+    std::string encoding;                        // Content-Encoding, as sent; empty: none
     std::string body;                            // as sent, still encoded
 };
 
 class HttpClient {
 public:
     virtual ~HttpClient() = default;
-    // Blocks until the end; the window repaints but takes no input meanwhile. Follows no redirect, sends no credentials
-    // and answers from no cache. Aborts when a limit is exceeded or the program is closing. A body without an announced
-    // length is complete only if the connection ended cleanly, one in chunks only with its last chunk.
+    // Blocks until the end; meanwhile the window repaints but takes no input. Follows no redirect, sends no credentials
+    // and uses no cache. Aborts when a limit is exceeded or the program is closing. A body without a length is complete
+    // only if the connection was closed cleanly, a chunked one only with its last chunk.
     // May report an HTTP error as status 0.
     virtual HttpAnswer get(std::u16string_view url, const HttpLimits& limits) = 0;
 };

@@ -7,17 +7,17 @@
 #include "platform/PopupMenu.h"
 #include "platform/TabControl.h"
 
-// Texts and sizes from which a backend builds the window. Lengths are in twips.
+// Texts and sizes from which a backend builds the window. Lengths in twips.
 struct WindowDesign {
     std::u16string caption;
     std::array<std::u16string, kTabCount> tabCaptions;
-    std::array<std::u16string, kMenuItemCount> menuCaptions;  // by MenuItem; "(&E)" marks the mnemonic
+    std::array<std::u16string, kMenuItemCount> menuCaptions;  // by MenuItem; "(&E)" contains the mnemonic
     double width = 0;                                         // client area at 100 %
     double height = 0;
-    double gridTopInset = 0;  // SSTab1's top edge plus the grid's border is this far below the client area's top
+    double gridTopInset = 0;  // from the top of the client area to the top of SSTab1, plus the grid's border
 };
 
-// What was active before the main window.
+// What was active before the main window became active.
 enum class CameFrom {
     Elsewhere,  // another program's window, or none
     OwnBox,     // a message box or a dialog of this program
@@ -38,6 +38,6 @@ public:
     // The listener outlives the window; set once, before the window is shown.
     virtual void setListener(MainWindowListener& listener) = 0;
     virtual void setEnabled(bool enabled) = 0;
-    // Acts as a click on the close box, even while disabled. The program ends when no window is left.
+    // Acts as a click on the close box, even if the window is disabled. The program ends with its last window.
     virtual void close() = 0;
 };

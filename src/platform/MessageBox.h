@@ -1,5 +1,5 @@
-// The system's standard message box. Named StandardMessageBox because a Windows header
-// defines the plain name as a macro.
+// The system's standard message box. StandardMessageBox is not called MessageBox because a Windows header defines that
+// name as a macro.
 #pragma once
 
 #include <string_view>
@@ -26,7 +26,7 @@ inline constexpr int No = 7;
 class StandardMessageBox {
 public:
     virtual ~StandardMessageBox() = default;
-    // Modal over the active window of the program; returns the button pressed. Closing the box returns Cancel if the
-    // box has that button, Ok otherwise. The system provides the button captions.
+    // Modal to the program's active window; returns the button pressed. If the box is closed, the result is Cancel if
+    // the box has that button, Ok otherwise. The system provides the button captions.
     virtual int show(std::u16string_view text, int style, std::u16string_view title) = 0;
 };

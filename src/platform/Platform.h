@@ -1,4 +1,4 @@
-// Everything that a backend provides. Only the main window takes it whole.
+// Everything that a backend provides. Only the main window takes the whole bundle.
 #pragma once
 
 #include <array>
@@ -22,7 +22,7 @@ class TextCompare;
 class SingleInstance;
 class Clock;
 
-// The references outlive the main window.
+// All references outlive the main window.
 struct Platform {
     std::array<GridView*, kTabCount> gridViews;  // by tab
     TabControl& tabs;

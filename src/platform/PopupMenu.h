@@ -7,7 +7,7 @@ inline constexpr int kMenuItemCount = 8;
 class MenuListener {
 public:
     virtual ~MenuListener() = default;
-    virtual void menuChosen(MenuItem item) = 0;  // after the menu has closed
+    virtual void menuChosen(MenuItem item) = 0;  // called after the menu has closed
 };
 
 class PopupMenu {
@@ -16,6 +16,6 @@ public:
     // The listener outlives the window; set once, before the window is shown.
     virtual void setListener(MenuListener& listener) = 0;
     virtual void setEnabled(MenuItem item, bool enabled) = 0;
-    // Opens at a position over the grid of the given tab (0..3); twips as in GridListener.
+    // Opens the menu over the grid of a tab (0..3); x and y as in GridListener.
     virtual void show(int tab, double x, double y) = 0;
 };

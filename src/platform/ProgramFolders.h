@@ -1,18 +1,18 @@
-// The folders in which the system lets a program keep its files.
+// The folders in which the system lets a program keep files.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-// Every folder is an absolute path with its trailing separator.
+// Every folder is an absolute path with a trailing separator.
 class ProgramFolders {
 public:
     virtual ~ProgramFolders() = default;
     virtual std::u16string ofExecutable() = 0;
-    // True below the folders where packages and installers put programs.
+    // True for folders below those of packages and installers.
     virtual bool isForInstalledPrograms(std::u16string_view folder) = 0;
-    // False also if the folder does not exist.
+    // Also false if the folder does not exist.
     virtual bool canWrite(std::u16string_view folder) = 0;
-    // The sub-folder of that name in the user's application data, created if missing; empty on failure.
+    // The folder with this name in the user's application data, created if missing; empty on failure.
     virtual std::u16string ofUser(std::u16string_view name) = 0;
 };

@@ -1,4 +1,4 @@
-// The program's name: the title of its windows, its folder, what it calls itself to a server.
+// The program's name: title of its windows, name of its folder, HTTP user agent.
 #pragma once
 
 #include <string_view>

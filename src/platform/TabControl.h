@@ -9,7 +9,7 @@ inline constexpr int kTabCount = 4;  // one for each list
 class TabListener {
 public:
     virtual ~TabListener() = default;
-    // Another tab is shown (mouse or keyboard); nothing has moved the focus before this call.
+    // Another tab is shown, by mouse or keyboard; the focus has not moved before this call.
     virtual void tabClicked() = 0;
     virtual void tabGotFocus() = 0;
 };
@@ -20,6 +20,6 @@ public:
     // The listener outlives the window; set once, before the window is shown.
     virtual void setListener(TabListener& listener) = 0;
     virtual int currentTab() const = 0;  // 0-based
-    virtual bool hasFocus() const = 0;   // the strip of tabs
-    virtual double left() const = 0;     // twips, within the main window's client area
+    virtual bool hasFocus() const = 0;   // true if the tab bar has the focus
+    virtual double left() const = 0;     // twips, within the client area of the main window
 };

@@ -1,4 +1,4 @@
-// The disks on which the receiver may be found.
+// The volumes on which the receiver is searched.
 #pragma once
 
 #include <cstdint>
@@ -16,12 +16,12 @@ struct DiskGeometry {
 class Volumes {
 public:
     virtual ~Volumes() = default;
-    // Roots in the order of the search, each with its trailing separator: a:\ to z:\ in lower case, or the mount points
-    // in the order of their text.
+    // Roots in the order of the search, each with a trailing separator: a:\ to z:\ in lower case, or the mount points,
+    // sorted.
     virtual std::vector<std::u16string> roots() = 0;
-    // False if no volume has this root.
+    // False if there is no volume with this root.
     virtual bool isPresent(std::u16string_view root) = 0;
-    // The volume's label; nullopt when the volume cannot be queried (an empty card reader).
+    // nullopt if the volume cannot be queried, such as an empty card reader.
     virtual std::optional<std::u16string> label(std::u16string_view root) = 0;
     virtual std::optional<DiskGeometry> geometry(std::u16string_view root) = 0;
 };

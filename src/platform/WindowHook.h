@@ -1,4 +1,4 @@
-// A thread-local computer-based-training (CBT) hook and the window queries that its procedure needs.
+// A thread-local computer-based-training (CBT) hook and the window queries for its procedure.
 #pragma once
 
 #include <cstdint>
@@ -14,9 +14,9 @@ inline constexpr int kHookActivate = 5;  // a window is about to be activated
 class HookListener {
 public:
     virtual ~HookListener() = default;
-    // For kHookActivate the window is the one about to be activated. 0 allows the activation.
+    // For kHookActivate `window` is the window about to be activated. 0 allows the activation.
     virtual std::intptr_t hookProcedure(int code, std::uintptr_t window, std::intptr_t other) = 0;
-    // 0 ends the enumeration, 1 continues with the next child.
+    // 0 ends the enumeration, 1 continues it.
     virtual int childProcedure(WindowHandle child) = 0;
 };
 
@@ -29,7 +29,7 @@ public:
     virtual std::intptr_t callNext(HookHandle hook, int code, std::uintptr_t window, std::intptr_t other) = 0;
     // Calls childProcedure for each descendant until it returns 0.
     virtual void enumerateChildren(WindowHandle parent, HookListener& listener) = 0;
-    virtual std::u16string className(WindowHandle window) = 0;  // a push button's is "Button"
-    virtual std::u16string caption(WindowHandle window) = 0;    // with its "&" mnemonic mark
+    virtual std::u16string className(WindowHandle window) = 0;  // "Button" for a push button
+    virtual std::u16string caption(WindowHandle window) = 0;    // with its "&"
     virtual void setCaption(WindowHandle window, std::u16string_view caption) = 0;
 };

@@ -1,11 +1,11 @@
-// libcurl, loaded when first needed: it and the thirty libraries below it would add half to the program's start.
+// libcurl, loaded when first used: with its thirty dependencies it would add half to the start of the program.
 #pragma once
 
 #include <curl/curl.h>
 
 class CurlLibrary {
 public:
-    // Loads it, unless an earlier object has. It stays loaded to the end of the process.
+    // Loads the library once; it stays loaded until the process ends.
     CurlLibrary();
 
     bool isLoaded() const { return complete_; }

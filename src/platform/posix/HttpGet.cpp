@@ -13,7 +13,7 @@
 
 namespace {
 
-// What is received beyond the body: headers, the framing of chunks, encryption.
+// Bytes received in addition to the body: headers, chunk framing, encryption.
 constexpr std::uint64_t kMostFraming = 1'048'576;
 
 class Exchange {
@@ -50,10 +50,10 @@ private:
         curl_.setOption(easy_, CURLOPT_PROTOCOLS_STR, "http,https");
         curl_.setOption(easy_, CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
         curl_.setOption(easy_, CURLOPT_USERAGENT, "Halcyon_K7");
-        curl_.setOption(easy_, CURLOPT_PROXY, "");  // whatever the environment names; it may hold a password
+        curl_.setOption(easy_, CURLOPT_PROXY, "");  // no proxy of the environment, whose URL may contain a password
         curl_.setOption(easy_, CURLOPT_FAILONERROR, 1L);
         curl_.setOption(easy_, CURLOPT_NOSIGNAL, 1L);
-        curl_.setOption(easy_, CURLOPT_QUICK_EXIT, 1L);  // a look-up of a name that hangs must not keep the window
+        curl_.setOption(easy_, CURLOPT_QUICK_EXIT, 1L);  // a name lookup that hangs must not delay the exit
         curl_.setOption(easy_, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(limits_.idle.count()));
         curl_.setOption(easy_, CURLOPT_HEADERFUNCTION, takeHeader);
         curl_.setOption(easy_, CURLOPT_HEADERDATA, this);
@@ -61,7 +61,7 @@ private:
         curl_.setOption(easy_, CURLOPT_WRITEDATA, this);
     }
 
-    // Called for each whole line of a header, the status line among them. A result other than the size aborts.
+    // Called for each header line, including status lines. Returning another number than the size aborts.
     static std::size_t takeHeader(const char* line, std::size_t, std::size_t size, void* context) {
         auto& self = *static_cast<Exchange*>(context);
         self.headerBytes_ += size;
@@ -106,7 +106,7 @@ private:
         }
     }
 
-    // At the socket: libcurl counts neither the extensions of chunks nor interim answers.
+    // Counted at the socket: libcurl counts neither chunk extensions nor 1xx responses.
     std::uint64_t bytesReceived() const {
         curl_socket_t connection = CURL_SOCKET_BAD;
         tcp_info info{};
@@ -146,7 +146,7 @@ private:
     CURLM* multi_;
     CURLU* url_;
     std::size_t headerBytes_ = 0;
-    int answers_ = 0;  // interim ones and the final one
+    int answers_ = 0;  // interim responses and the final one
     std::string body_;
 };
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Blanks and the like stand as a backslash and three octal digits.
+// Blanks and some other characters are escaped as a backslash and three octal digits.
 std::string unescaped(const std::string& field) {
     const auto octal = [](char c) { return c >= '0' && c <= '7'; };
     std::string text;
@@ -24,7 +24,7 @@ std::string unescaped(const std::string& field) {
     return text;
 }
 
-// A network file system names its source as host and path or by a scheme, never by an absolute path.
+// The source of a network file system is host and path or has a scheme; it is never an absolute path.
 bool isLocalSource(const std::string& source) {
     struct stat status = {};
     return source.starts_with('/') && !source.starts_with("//") && ::stat(source.c_str(), &status) == 0 &&
@@ -32,12 +32,12 @@ bool isLocalSource(const std::string& source) {
 }
 
 bool isDisk(const std::string& device, const std::string& type, const std::string& source) {
-    // Device numbers without a driver behind them begin with 0.
+    // Device numbers without a block device begin with 0.
     if (!device.starts_with("0:")) {
         return true;
     }
     const bool fuse = type == "fuse" || type == "fuseblk" || type.starts_with("fuse.");
-    // Some disk file systems use such numbers too, and name their device as the source.
+    // Some disk file systems also have such numbers, with the device as their source.
     return (fuse || source.starts_with("/dev/")) && isLocalSource(source);
 }
 
@@ -56,7 +56,7 @@ std::set<std::string> diskMountPoints(std::string_view table) {
                 separator = fields.size() - 1;
             }
         }
-        // number, parent, device, root, mount point, options, any tags, "-", type, source, more options
+        // Fields: number, parent, device, root, mount point, options, any tags, "-", type, source, more options.
         constexpr std::size_t kDevice = 2;
         constexpr std::size_t kPoint = 4;
         if (separator > kPoint && separator + 2 < fields.size() &&

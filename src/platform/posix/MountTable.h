@@ -1,10 +1,10 @@
-// The system's table of mounted volumes, read without touching any of them.
+// Parses the system's mount table; does not access the volumes.
 #pragma once
 
 #include <set>
 #include <string>
 #include <string_view>
 
-// Mount points, in the order of their text, of the volumes that stand on a block device or on FUSE over a
-// local device or image. `table` has the form of /proc/self/mountinfo.
+// The mount points, sorted, of volumes on a block device, or on FUSE over a local device or image. `table` has the
+// format of /proc/self/mountinfo.
 std::set<std::string> diskMountPoints(std::string_view table);

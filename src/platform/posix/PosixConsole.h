@@ -5,7 +5,7 @@
 
 class PosixConsole : public Console {
 public:
-    // Ignores the signal of a pipe closed early, for the whole process.
+    // Ignores SIGPIPE for the whole process.
     PosixConsole();
 
     bool write(std::string_view text) override;

@@ -8,7 +8,7 @@
 #include <cerrno>
 
 PosixFile::PosixFile(const std::string& path, int flags, unsigned permissions)
-    // Without O_NONBLOCK a pipe by that name would wait for its other end.
+    // Without O_NONBLOCK opening a named pipe would block.
     : descriptor_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, permissions)) {}
 
 PosixFile::~PosixFile() { close(); }
@@ -19,7 +19,7 @@ bool PosixFile::isRegular() const {
 }
 
 std::optional<std::string> PosixFile::readAll() const {
-    constexpr std::size_t kMore = 4096;  // the file may grow while it is read
+    constexpr std::size_t kMore = 4096;  // the file may grow during the read
     struct stat status = {};
     const bool sized = ::fstat(descriptor_, &status) == 0;
     std::string bytes((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, '\0');
@@ -54,7 +54,7 @@ bool PosixFile::writeAll(std::string_view bytes) const {
 bool PosixFile::cutTo(std::size_t size) const { return ::ftruncate(descriptor_, static_cast<off_t>(size)) == 0; }
 
 bool PosixFile::flush() const {
-#ifdef F_FULLFSYNC  // where fsync alone stops at the drive's own cache
+#ifdef F_FULLFSYNC  // on these systems fsync does not flush the drive's own cache
     if (::fcntl(descriptor_, F_FULLFSYNC) == 0) {
         return true;
     }

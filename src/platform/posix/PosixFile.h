@@ -1,4 +1,4 @@
-// An open file of a POSIX system, closed by its destructor.
+// An open file; the destructor closes it.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,7 @@
 
 class PosixFile {
 public:
-    // flags and permissions as for open(); the descriptor is never inherited by another program.
+    // flags and permissions as for open(); other programs do not inherit the descriptor.
     PosixFile(const std::string& path, int flags, unsigned permissions = 0);
     ~PosixFile();
     PosixFile(PosixFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
@@ -20,13 +20,13 @@ public:
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
     bool isRegular() const;
-    // From the current position to the end; nullopt on a read error.
+    // Reads from the current position to the end; nullopt on a read error.
     std::optional<std::string> readAll() const;
     bool writeAll(std::string_view bytes) const;
-    bool cutTo(std::size_t size) const;  // what lies behind
-    bool flush() const;                  // to the device; true also where the file system has no such notion
-    void forgetCachedPages() const;      // so that the next read comes from the device, where the system can do that
-    bool close();                        // false: what was written may be lost
+    bool cutTo(std::size_t size) const;  // truncates
+    bool flush() const;                  // to the device; also true if the file system has no such operation
+    void forgetCachedPages() const;      // the next read then comes from the device, if the system supports that
+    bool close();                        // false: written bytes may be lost
 
 private:
     int descriptor_;

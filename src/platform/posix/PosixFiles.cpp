@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr unsigned kDefaultPermissions = 0666;  // less what the user's mask takes away
+constexpr unsigned kDefaultPermissions = 0666;  // restricted by the umask
 constexpr mode_t kFolderPermissions = 0777;
 
 std::string folderOf(const std::string& path) { return path.substr(0, path.find_last_of('/') + 1); }
@@ -40,7 +40,7 @@ FileRead contentOf(const std::string& path, bool fromDevice) {
     return {file.readAll()};
 }
 
-// Writes over what is there and cuts the rest off: giving up the old blocks first would cost a journal a second flush.
+// Overwrites, then truncates: truncating first would cost a journal a second flush.
 bool fill(const std::string& path, std::string_view bytes, Flush flush) {
     PosixFile file(path, O_WRONLY | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
     const bool written =
@@ -89,8 +89,8 @@ bool PosixFiles::rename(std::u16string_view from, std::u16string_view to, Flush 
 
 bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(folderOf(nativePath(path))); }
 
-// A replaced file's entry may lead to its old clusters while the name of the new one goes. A new entry is empty until
-// its file is flushed, and must not be all that is left of it.
+// A rename over a file is flushed after the folder: until then the entry may lead to the old clusters. A rename to a
+// new name is flushed before it, since a new entry without its file would be empty.
 bool PosixFiles::flushFolder(const std::string& folder) {
     const auto flushMoved = [&](bool replacing) {
         return std::count_if(renamings_.begin(), renamings_.end(), [&](const Renaming& renaming) {
@@ -118,7 +118,7 @@ bool PosixFiles::clearAttributes(std::u16string_view path) {
     if (::lstat(name.c_str(), &status) != 0 || S_ISLNK(status.st_mode)) {
         return false;
     }
-    // A change to the same permissions would be one more for the next flush to write.
+    // Setting permissions that are already set would cause one more write at the next flush.
     return (status.st_mode & S_IWUSR) != 0 || ::chmod(name.c_str(), (status.st_mode & kPermissionBits) | S_IWUSR) == 0;
 }
 

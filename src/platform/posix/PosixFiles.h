@@ -1,4 +1,4 @@
-// Files of a POSIX system. The C++ library cannot flush files, hence the system calls.
+// Files through system calls, since the C++ library cannot flush files.
 #pragma once
 
 #include <string>
@@ -25,9 +25,9 @@ public:
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
 
 private:
-    // A rename that is not durable yet. FAT keeps where a file lies in the file's folder entry, and writes that with
-    // the file, not with the folder. Until it is written the entry leads to the clusters of the replaced file, which
-    // stay its own as long as that file is open.
+    // A rename that is not durable yet. FAT keeps the location of a file in its folder entry and writes that entry with
+    // the file, not with the folder. Until then the entry leads to the clusters of the replaced file, which are not
+    // reused while `replaced` is open.
     struct Renaming {
         std::string folder;
         PosixFile moved;

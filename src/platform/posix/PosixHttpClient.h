@@ -1,4 +1,4 @@
-// For a program without a window: the calling thread does nothing but wait.
+// The HTTP client of a program without a window: the calling thread only waits.
 #pragma once
 
 #include "platform/HttpClient.h"

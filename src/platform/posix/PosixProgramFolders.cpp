@@ -14,7 +14,7 @@ namespace {
 
 std::u16string withSeparator(const std::filesystem::path& path) { return portablePath((path / "").native()); }
 
-// The base directory of user data; relative values count as unset. Empty for a user without a home.
+// The XDG base directory for user data; a relative value counts as unset. Empty for a user without a home directory.
 std::filesystem::path userData() {
     if (const char* data = std::getenv("XDG_DATA_HOME"); data != nullptr && *data == '/') {
         return data;

@@ -18,7 +18,7 @@ bool PosixSingleInstance::previousInstance() {
         return false;
     }
     auto lock = std::make_unique<PosixFile>(nativePath(programFolder_), O_RDONLY);
-    // Only a lock that is held counts: a folder that cannot be locked must not keep the program from starting.
+    // Only a lock held by another process counts: a folder that cannot be locked must not prevent the start.
     if (lock->isOpen() && ::flock(lock->descriptor(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         return true;
     }

@@ -1,4 +1,4 @@
-// A lock on the program folder itself: it leaves no file behind and ends with the process.
+// A lock on the program folder itself, which creates no file and ends with the process.
 #pragma once
 
 #include <memory>

@@ -17,7 +17,7 @@
 
 namespace {
 
-// Empty if the mount point cannot be named in UTF-16.
+// Empty if the mount point has no UTF-16 form.
 std::u16string rootOf(const std::string& mountPoint) {
     std::u16string root = portablePath(mountPoint);
     if (!root.empty() && !root.ends_with(u'/')) {
@@ -26,7 +26,7 @@ std::u16string rootOf(const std::string& mountPoint) {
     return root;
 }
 
-// A blank in a label stands as \x20 in the name of its link, and likewise other characters.
+// Blanks and some other characters of a label are escaped in the name of its link, as \x20.
 std::string withoutEscapes(std::string_view name) {
     std::string result;
     while (!name.empty()) {
@@ -43,7 +43,7 @@ std::string withoutEscapes(std::string_view name) {
     return result;
 }
 
-// The device manager links the labels of volumes to their devices. Empty if there is no such link.
+// udev links the labels of volumes to their devices. Empty if there is no such link.
 std::string labelOfDevice(dev_t device) {
     std::error_code error;
     std::filesystem::directory_iterator link("/dev/disk/by-label", error);
@@ -71,7 +71,7 @@ std::vector<std::u16string> PosixVolumes::roots() {
     return result;
 }
 
-// A single file can be mounted too; it is no disk.
+// A single file can also be a mount point, but is no volume.
 bool PosixVolumes::isPresent(std::u16string_view root) {
     const std::vector<std::u16string> known = roots();
     struct stat status = {};

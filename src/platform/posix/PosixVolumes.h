@@ -1,5 +1,5 @@
-// Mounted disks of a system without drive letters. Network and pseudo file systems are never asked
-// anything, so that a server that does not answer cannot hang the window.
+// Mounted volumes of a system without drive letters. Network and pseudo file systems are not accessed, since a server
+// that does not answer would block the window.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 class PosixVolumes : public Volumes {
 public:
-    // A file of the form of /proc/self/mountinfo.
+    // mountTable: a file in the format of /proc/self/mountinfo.
     explicit PosixVolumes(std::string mountTable = "/proc/self/mountinfo") : mountTable_(std::move(mountTable)) {}
 
     std::vector<std::u16string> roots() override;
