@@ -44,7 +44,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Vertical) {
-        // Not on screen; what a screen reader says of the row.
+        // For screen readers; the vertical header is not shown.
         return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
     }
     if (grid_ == nullptr || section < 0 || section >= columns_) {

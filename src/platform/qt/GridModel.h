@@ -1,4 +1,4 @@
-// Shows a Grid to Qt's table view; holds no cell of its own.
+// The item model of a Grid for Qt's table view; stores no cells.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -11,7 +11,7 @@ public:
 
     void setGrid(const Grid& grid) { grid_ = &grid; }
 
-    // The grid's notifications; rows and columns are 1-based here and 0-based in the overrides below.
+    // Notifications of the grid: rows and columns are 1-based here, 0-based in the overrides below.
     void columnAdded();
     void beforeAppend(int row) { beginInsertRows({}, row - 1, row - 1); }
     void afterAppend() { endInsertRows(); }

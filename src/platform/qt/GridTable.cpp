@@ -17,13 +17,13 @@
 
 namespace {
 
-constexpr int kRowPadding = 8;       // pixels, above and below the text together
-constexpr int kSmallestColumn = 24;  // pixels, so that a dragged column can be found again
+constexpr int kRowPadding = 8;       // pixels, above and below the text in total
+constexpr int kSmallestColumn = 24;  // pixels; a narrower column could not be dragged wider again
 
 Rgb rgbOf(const QColor& color) { return {color.red(), color.green(), color.blue()}; }
 
-// Paints a selected row alike with and without the focus, and the focused row as a whole. The lines between the cells
-// are its own, as those of many styles are invisible in dark themes.
+// Paints a selected row the same with and without focus, and the focus frame around the whole row. Draws its own grid
+// lines, since those of many styles are invisible in dark themes.
 class RowDelegate : public QStyledItemDelegate {
 public:
     explicit RowDelegate(GridTable* table) : QStyledItemDelegate(table), table_(*table) {}
@@ -40,7 +40,7 @@ public:
         }
     }
 
-    // A cut text shows whole.
+    // Shows the whole text of an elided cell as a tooltip.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override {
         if (event->type() != QEvent::ToolTip) {
@@ -79,8 +79,8 @@ private:
     GridTable& table_;
 };
 
-// Its height is set below. The size that Qt would find instead takes the measure of each caption in bold, at each new
-// column, and loads the bold font for that.
+// The height is set below. The default sizeHint measures each caption in bold whenever a column is added, and loads the
+// bold font for that.
 class FixedHeader : public QHeaderView {
 public:
     explicit FixedHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
@@ -124,7 +124,7 @@ void GridTable::keyboardSearch(const QString& search) {
 
 void GridTable::fitScrollBars() {
     updateGeometries();
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // the change of a range shows or hides a bar so
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // shows or hides the bars for the new ranges
 }
 
 void GridTable::changeEvent(QEvent* event) {

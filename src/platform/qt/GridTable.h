@@ -8,18 +8,18 @@ class GridTable : public QTableView {
 public:
     explicit GridTable(QWidget* parent);
 
-    // By the text of the first column, whichever cell was clicked last.
+    // Searches the first column, whichever cell was clicked last.
     void keyboardSearch(const QString& search) override;
-    // Columns of another width may need a scroll bar, or none any more: at once, where Qt would do it after the event.
+    // Shows or hides scroll bars for new column widths at once; Qt would do it after the event.
     void fitScrollBars();
 
     QColor lineColor() const { return lineColor_; }
 
 protected:
     void changeEvent(QEvent* event) override;
-    // A list that is entered by keyboard has a focused row but no selected one: the first key selects a row.
+    // After the focus has come by keyboard a row is current but none is selected: the first key selects one.
     void keyPressEvent(QKeyEvent* event) override;
-    // Home and End go to the first and the last row, as in a list.
+    // Home and End go to the first and last row.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:

@@ -33,7 +33,7 @@ bool InputBlock::eventFilter(QObject*, QEvent* event) {
         case QEvent::NativeGesture:
             return true;
         case QEvent::Close:
-            // The user's click on the close box; the program's own closing passes.
+            // Only the user's click on the close box is dropped; the program may close its windows.
             if (event->spontaneous()) {
                 event->ignore();
                 return true;

@@ -1,4 +1,4 @@
-// While it lives, the program's windows repaint but take no input from the user.
+// Scope guard: the program's windows repaint but take no input from the user.
 #pragma once
 
 #include <QObject>

@@ -7,7 +7,7 @@
 #include "platform/qt/Units.h"
 
 InsertionLimit::InsertionLimit(QLineEdit* edit) : QValidator(edit) {
-    edit->setMaxLength(std::numeric_limits<int>::max());  // Qt's own limit would cut silently, and within a pair
+    edit->setMaxLength(std::numeric_limits<int>::max());  // Qt's own limit could split a surrogate pair
     edit->setValidator(this);
 }
 
@@ -16,7 +16,7 @@ void InsertionLimit::exempt(const QString& text) {
     previous_ = text;
 }
 
-// The caret stands behind what has just been inserted; what follows it was there before.
+// The caret is at the end of the inserted text; the text after the caret was there before.
 QValidator::State InsertionLimit::validate(QString& input, int& caret) const {
     if (input != exempt_ && input != previous_) {
         const qsizetype behind = input.size() - caret;

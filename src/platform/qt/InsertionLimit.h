@@ -1,4 +1,4 @@
-// Before a line edit: what is typed or pasted goes in as far as insertable() says; what is there already stays.
+// A validator for a line edit: inserts typed or pasted text as insertable() defines; existing text stays.
 #pragma once
 
 #include <QValidator>
@@ -8,11 +8,11 @@ class QLineEdit;
 
 class InsertionLimit : public QValidator {
 public:
-    // The line edit owns it.
+    // The line edit owns the object.
     explicit InsertionLimit(QLineEdit* edit);
 
     void setLimit(int units) { limit_ = units; }  // UTF-16 units of the whole text
-    // The text that the program is about to set: exempt from the limit, now and after an undo.
+    // The limit does not apply to this text, which the program is about to set, now or after an undo.
     void exempt(const QString& text);
 
     State validate(QString& input, int& caret) const override;
@@ -20,5 +20,5 @@ public:
 private:
     int limit_ = std::numeric_limits<int>::max();
     QString exempt_;
-    mutable QString previous_;  // as last validated; validate() is const in Qt
+    mutable QString previous_;  // the text last validated; mutable because Qt's validate() is const
 };

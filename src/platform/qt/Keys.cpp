@@ -9,8 +9,8 @@
 
 namespace {
 
-// The letters of a Latin keyboard by the place of their keys: codes of the X and Wayland protocols from the first of
-// each row on. Layouts of other scripts have their own letters there.
+// The letters of a Latin keyboard by position: X and Wayland key codes, from the first of each row. Layouts of other
+// scripts have their own letters there.
 struct LetterRow {
     quint32 firstCode;
     std::string_view letters;
@@ -27,7 +27,7 @@ int letterAt(quint32 code) {
 }
 
 bool isOfAnotherScript(int key) {
-    constexpr int kFirstBeyondLatin = 0x250;  // Qt's key codes of characters are the characters' own
+    constexpr int kFirstBeyondLatin = 0x250;  // Qt's key code of a character is its code point
     return key >= kFirstBeyondLatin && key < Qt::Key_Escape;
 }
 
@@ -78,7 +78,7 @@ bool isMnemonic(const QKeyEvent& event) {
 
 int characterCode(const QKeyEvent& event) {
     const int key = event.key();
-    // Qt gives these three a text although they type no character.
+    // Qt gives these three keys a text although they type no character.
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab || key == Qt::Key_Delete ||
         event.modifiers().testFlag(Qt::AltModifier)) {
         return 0;

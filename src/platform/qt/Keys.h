@@ -1,12 +1,13 @@
-// Qt's key events as the classic key codes and shift states.
+// Converts Qt's key events to Windows virtual-key codes and shift states.
 #pragma once
 
 class QKeyEvent;
 
-// 0: a key without a classic code that matters to a grid.
+// 0 for a key that grids do not use.
 int classicKey(const QKeyEvent& event);
 int classicShift(const QKeyEvent& event);
-// A letter, digit or sign with Alt: it may lead to a control but is never typed. Qt's line edits would type it.
+// True for Alt with a letter, digit or sign: such a key may be a mnemonic but never types a character. Qt's line edits
+// would insert it.
 bool isMnemonic(const QKeyEvent& event);
-// The code of the character that the key types, control characters included; 0 for a key that types none.
+// The code of the character that the key types, control characters included; 0 if it types none.
 int characterCode(const QKeyEvent& event);

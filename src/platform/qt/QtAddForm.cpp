@@ -32,7 +32,7 @@ void QtAddForm::create(const AddCaptions& captions, AddFormListener& listener) {
     for (QWidget* widget : fields_) {
         widget->installEventFilter(this);
         if (auto* combo = qobject_cast<QComboBox*>(widget)) {
-            combo->view()->installEventFilter(this);  // it takes the keys while the list is open
+            combo->view()->installEventFilter(this);  // gets the keys while the list is open
         }
     }
     connect(qobject_cast<QPushButton*>(control(AddControl::saveCmd)), &QPushButton::clicked, this,
@@ -95,7 +95,7 @@ void QtAddForm::show() {
     dialog_->show();
 }
 
-// The dialog itself goes later: this may be called by one of its own events.
+// Deletes the dialog later, since one of its own events may be on the call stack.
 void QtAddForm::destroy() {
     if (QDialog* dialog = dialog_; dialog != nullptr) {
         dialog_ = nullptr;
@@ -117,7 +117,7 @@ bool QtAddForm::eventFilter(QObject* watched, QEvent* event) {
         return keyPressed(watched, *static_cast<QKeyEvent*>(event));
     }
     if (field && event->type() == QEvent::ShortcutOverride && watched != this->field(*field)) {
-        // Qt's list would use Enter and Escape here, before they come as keys.
+        // Otherwise Qt's list handles Enter and Escape as shortcuts, before their key events.
         event->setAccepted(characterCode(*static_cast<QKeyEvent*>(event)) != 0);
         return event->isAccepted();
     }
@@ -137,7 +137,8 @@ bool QtAddForm::keyPressed(QObject* watched, QKeyEvent& event) {
     const bool isInList = watched != field(typedInto);
     const bool used = characterTyped(typedInto, code);
     if (!used && isInList) {
-        QApplication::sendEvent(combo(typedInto)->lineEdit(), &event);  // the list would look for an entry
+        QApplication::sendEvent(combo(typedInto)->lineEdit(),
+                                &event);  // not to the list, which would search for an entry
     }
     return used || isInList;
 }

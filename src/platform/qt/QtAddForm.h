@@ -42,16 +42,16 @@ private:
     bool filterDialog(QEvent* event);
     bool keyPressed(QObject* watched, QKeyEvent& event);
     bool characterTyped(AddField field, int characterCode);
-    // Of the field itself or of its list; nullopt for the dialog.
+    // The field that `watched` or its list belongs to; nullopt for the dialog.
     std::optional<AddField> fieldOf(const QObject* watched) const;
     QComboBox* combo(AddField which) const;
     QWidget* field(AddField which) const { return fields_[static_cast<std::size_t>(which)]; }
     QWidget* control(AddControl which) const { return controls_[static_cast<std::size_t>(which)]; }
 
     QWidget* mainWindow_;
-    QDialog* dialog_ = nullptr;  // belongs to the main window; null when none is open
+    QDialog* dialog_ = nullptr;  // owned by the main window; null if no dialog is open
     AddFormListener* listener_ = nullptr;
-    // Of the dialog that is open, owned by it.
+    // The fields of the open dialog, which owns them.
     std::array<QWidget*, kAddFieldCount> fields_{};
     std::array<QWidget*, kAddControlCount> controls_{};
 };

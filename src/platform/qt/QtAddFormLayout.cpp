@@ -1,4 +1,4 @@
-// The looks of the Add List dialog: its controls and where they stand.
+// The layout of the Add List dialog: creates its controls and places them.
 #include <QComboBox>
 #include <QDialog>
 #include <QGridLayout>
@@ -16,7 +16,7 @@ QComboBox* timeCombo(QWidget* dialog) {
     auto* combo = new QComboBox(dialog);
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
-    combo->setCompleter(nullptr);  // a typed text is taken as it stands
+    combo->setCompleter(nullptr);  // no completion of a typed text
     combo->setMinimumContentsLength(3);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMaxVisibleItems(12);
@@ -25,7 +25,7 @@ QComboBox* timeCombo(QWidget* dialog) {
 
 }  // namespace
 
-// In tab order, which Qt takes from the order in which widgets are made.
+// In tab order: Qt uses the order of creation.
 void QtAddForm::makeControls(const AddCaptions& captions) {
     for (const AddRow& row : kAddRows) {
         QLabel* label = makeLabel(row.label, captions);
@@ -55,7 +55,7 @@ QWidget* QtAddForm::makeField(AddField which, const QString& accessibleName) {
     QWidget* made = nullptr;
     if (isCombo(which)) {
         QComboBox* combo = timeCombo(dialog_);
-        combo->lineEdit()->setAccessibleName(accessibleName);  // it is the one that has the focus
+        combo->lineEdit()->setAccessibleName(accessibleName);  // the control that gets the focus
         new InsertionLimit(combo->lineEdit());
         made = combo;
     } else {

@@ -1,4 +1,4 @@
-// Everything of this backend in one place, made in the order in which its parts need each other.
+// Owns all objects of this backend, in the order in which they depend on each other.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@
 
 class QtBackend {
 public:
-    // The application object exists already. programFolder: with its trailing separator.
+    // The application object must exist. programFolder ends with its separator.
     QtBackend(const WindowDesign& design, std::u16string programFolder);
 
     Platform platform();

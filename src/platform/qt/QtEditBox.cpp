@@ -61,12 +61,12 @@ bool QtEditBox::keyPressed(const QKeyEvent& event) {
     if (enter && !command && listener_ != nullptr) {
         listener_->enterPressed();
     }
-    // These mean nothing to the box, and behind it they would reach the window.
+    // The box ignores these keys, and the window must not get them.
     return enter || event.key() == Qt::Key_Escape || isMnemonic(event);
 }
 
 void QtEditBox::focusLost(const QFocusEvent& event) {
-    // The box's own context menu gives the focus back when it closes.
+    // The box's own context menu returns the focus when it closes.
     if (visible_ && event.reason() != Qt::PopupFocusReason && listener_ != nullptr) {
         listener_->lostFocus();
     }

@@ -14,8 +14,8 @@ class QWidget;
 
 class QtEditBox : public QObject, public EditBox {
 public:
-    // The widget belongs to the client area. focusBehind gives the focus to the control under the box
-    // when the box is hidden while it has it.
+    // The client area owns the widget. If the box has the focus when it is hidden, focusBehind gives the focus to the
+    // control below it.
     QtEditBox(QWidget* client, std::function<void()> focusBehind);
 
     QLineEdit* widget() const { return edit_; }

@@ -1,4 +1,4 @@
-// What a grid reports: the half of QtGridView that listens to Qt.
+// The part of QtGridView that reports events of Qt's table.
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -17,12 +17,12 @@
 void QtGridView::connectSignals() {
     QHeaderView* header = table_->horizontalHeader();
     const auto clicked = [this](int section) {
-        if (section >= 0) {  // -1: right of the last column
+        if (section >= 0) {  // -1: to the right of the last column
             listener_->headerClicked(grid_->columns()[static_cast<std::size_t>(section)].key);
         }
     };
     connect(header, &QHeaderView::sectionClicked, this, clicked);
-    // Two quick clicks are two clicks; Qt reports the second one only so.
+    // Qt reports the second of two quick clicks only as a double click.
     connect(header, &QHeaderView::sectionDoubleClicked, this, clicked);
     connect(header, &QHeaderView::sectionResized, this, [this](int section, int, int width) {
         if (!ownChange_) {
@@ -41,7 +41,7 @@ void QtGridView::connectSignals() {
         }
     });
     connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &QtGridView::pushSelection);
-    // The focus line spans the row, while Qt repaints the two cells that were and are current.
+    // The focus frame spans the row; Qt repaints only the previous and the new current cell.
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, table_->viewport(),
             qOverload<>(&QWidget::update));
     for (QScrollBar* bar : {table_->horizontalScrollBar(), table_->verticalScrollBar()}) {
@@ -129,7 +129,7 @@ bool QtGridView::filterHeader(QEvent* event) {
         case QEvent::MouseButtonDblClick: {
             const auto& mouse = *static_cast<QMouseEvent*>(event);
             listener_->pointerMoved(mouse.position().x() * kTwipsPerPixel, mouse.position().y() * kTwipsPerPixel);
-            // Qt reports the double-click of any button, and the click of the left one only.
+            // Qt reports a double click of any button, but clicks of the left one only.
             return event->type() == QEvent::MouseButtonDblClick && mouse.button() != Qt::LeftButton;
         }
         default:

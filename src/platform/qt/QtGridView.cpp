@@ -89,7 +89,7 @@ void QtGridView::restoreSelection() {
 
 GridGeometry QtGridView::geometry(int row) {
     QWidget* stack = page_->parentWidget();
-    // The page of a tab that has not been shown yet has not been laid out by its stack.
+    // The stack of the tab control does not lay out a page before it is shown.
     if (stack != nullptr && page_->isHidden()) {
         page_->setGeometry(stack->contentsRect());
     }

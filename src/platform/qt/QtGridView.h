@@ -1,4 +1,4 @@
-// A grid of the main window: the page of its tab, with the table inside.
+// A grid of the main window: the page of its tab, which contains the table.
 #pragma once
 
 #include <QItemSelection>
@@ -16,15 +16,15 @@ class QWidget;
 
 class QtGridView : public QObject, public GridView {
 public:
-    // Pixels between the page's outer edge and the table's first pixel.
+    // Pixels from the page's outer edge to the table's first pixel.
     static constexpr int kBorder = 3;
 
-    // The page belongs to the tab control once it has been added there; so does the table in it.
+    // Once the page has been added to the tab control, that owns the page and the table in it.
     QtGridView(const QString& objectName, const QString& caption);
 
     QWidget* page() const { return page_; }
     GridTable* table() const { return table_; }
-    // From a position as GridListener gets it.
+    // x and y as in GridListener.
     QPoint toGlobal(double x, double y) const;
 
     void attach(Grid& grid, GridListener& listener) override;
@@ -47,7 +47,7 @@ private:
     bool filterViewport(QEvent* event);
     bool keyPressed(const QKeyEvent& event);
     bool filterHeader(QEvent* event);
-    // True: the table must not see the press.
+    // True: the table must not get the press.
     bool mousePressed(const QMouseEvent& event);
     void reportPointer(const QPointF& position);
     void reportMenuKey();
@@ -57,12 +57,12 @@ private:
 
     QWidget* page_;
     GridTable* table_;
-    QWidget* viewport_ = nullptr;  // sends events even while the table is being destroyed
+    QWidget* viewport_ = nullptr;  // sends events even during the destruction of the table
     GridModel* model_;
     Grid* grid_ = nullptr;
     GridListener* listener_ = nullptr;
     Qt::MouseButton pressedButton_ = Qt::NoButton;
-    bool ownChange_ = false;  // widths and selection set by the program, not by the user
+    bool ownChange_ = false;  // true while the program changes widths or selection
     int savedRow_ = -1;
     int savedScroll_ = 0;
 };

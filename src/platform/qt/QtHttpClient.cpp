@@ -17,7 +17,7 @@ HttpAnswer QtHttpClient::get(std::u16string_view url, const HttpLimits& limits) 
         answer = httpGet(url, limits, [&isWanted] { return isWanted.load(); });
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
-    loop.exec();  // also ends when the program does
+    loop.exec();  // the program's end also ends it
     isWanted = false;
     exchange.join();
     return answer;

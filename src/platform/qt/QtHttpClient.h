@@ -1,4 +1,4 @@
-// The exchange runs on a thread of its own; the calling thread meanwhile keeps the window painted and takes no input.
+// Runs the exchange on a separate thread; the calling thread repaints the window and takes no input meanwhile.
 #pragma once
 
 #include "platform/HttpClient.h"

@@ -27,12 +27,12 @@ QtMainWindow::QtMainWindow(const WindowDesign& design)
     connect(tabs_->widget(), &QTabWidget::currentChanged, this, &QtMainWindow::nameEditBox);
     nameEditBox();
     layOut(design);
-    // The program ends with this window, whatever else is open.
+    // The program ends with this window, whatever other windows are open.
     QApplication::setQuitOnLastWindowClosed(false);
     qApp->installEventFilter(this);
 }
 
-// The widgets go before the adapters that they still use as they go.
+// The widgets are destroyed before the adapters, which they use until then.
 QtMainWindow::~QtMainWindow() { destroyWidgets(); }
 
 void QtMainWindow::destroyWidgets() { window_.reset(); }
@@ -48,7 +48,7 @@ void QtMainWindow::layOut(const WindowDesign& design) {
     window_->setCentralWidget(middle);
     window_->setStatusBar(statusBar_->widget());
     window_->resize(toPixels(design.width), toPixels(design.height));
-    // Qt lays tabs out when they are shown, and the columns' widths are asked for before that.
+    // Qt lays out the tabs when they are shown, but the columns need their widths before.
     window_->setAttribute(Qt::WA_DontShowOnScreen);
     window_->show();
     QApplication::sendPostedEvents();

@@ -1,4 +1,4 @@
-// The main window MainForm: its frame, its closing, and the controls in its client area.
+// The main window: its frame, its closing, and the controls in its client area.
 #pragma once
 
 #include <QObject>
@@ -17,7 +17,7 @@ class QtTabControl;
 
 class QtMainWindow : public QObject, public MainWindow {
 public:
-    // Built hidden and laid out at its design size.
+    // The window is hidden and laid out at its design size.
     explicit QtMainWindow(const WindowDesign& design);
     ~QtMainWindow() override;
 
@@ -28,7 +28,8 @@ public:
     QtPopupMenu& popupMenu() { return *popupMenu_; }
 
     void show();
-    // While the listeners still live, which the controls call until they are gone. Nothing is used afterwards.
+    // Call while the listeners still exist: the controls call them until they are destroyed. Nothing may be used
+    // afterwards.
     void destroyWidgets();
     bool isClosed() const { return closed_; }
 
@@ -51,6 +52,6 @@ private:
     std::unique_ptr<QtPopupMenu> popupMenu_;
     MainWindowListener* listener_ = nullptr;
     QPointer<QWidget> focusBeforeDisabling_;
-    CameFrom cameFrom_ = CameFrom::Elsewhere;  // when the window becomes active next
+    CameFrom cameFrom_ = CameFrom::Elsewhere;  // what is active before the window is activated next
     bool closed_ = false;
 };

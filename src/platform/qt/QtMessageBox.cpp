@@ -17,7 +17,7 @@ namespace {
 struct Button {
     QMessageBox::StandardButton standard;
     int answer;
-    char16_t accelerator;  // 0: the captions of this button carry none
+    char16_t accelerator;  // 0: the captions of this button have none
 };
 
 constexpr Button kOk{QMessageBox::Ok, BoxAnswer::Ok, 0};
@@ -45,8 +45,8 @@ std::vector<Button> buttonsOf(int style) {
     }
 }
 
-// A caption in a script without the accelerator's letter has the accelerator behind it, as on Windows;
-// Qt's translations leave it out.
+// A caption in a script without the accelerator's letter is followed by the accelerator, as on Windows; Qt's
+// translations omit it.
 void addAccelerator(QPushButton& button, char16_t accelerator) {
     const QString caption = button.text();
     const bool latin = std::any_of(caption.cbegin(), caption.cend(), [](QChar c) { return c.unicode() < 0x250; });
@@ -55,10 +55,10 @@ void addAccelerator(QPushButton& button, char16_t accelerator) {
     }
 }
 
-// The layout of a message box fits its text and its buttons only.
+// Qt sizes a message box by its text and buttons only.
 void makeRoomForTitle(QMessageBox& box) {
     QFont bold = box.font();
-    bold.setBold(true);  // as many desktops show titles
+    bold.setBold(true);  // many desktops show titles in bold
     const int button = box.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &box);
     const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + 4 * button;
     auto* grid = qobject_cast<QGridLayout*>(box.layout());
@@ -78,7 +78,7 @@ int QtMessageBox::show(std::u16string_view text, int style, std::u16string_view 
     const std::vector<Button> buttons = buttonsOf(style);
     for (const Button& button : buttons) {
         QPushButton* added = box.addButton(button.standard);
-        added->setIcon(QIcon());  // as on the buttons of the dialog
+        added->setIcon(QIcon());  // the standard buttons of the dialog have none either
         addAccelerator(*added, button.accelerator);
     }
     makeRoomForTitle(box);

@@ -14,7 +14,7 @@ QtPopupMenu::QtPopupMenu(const WindowDesign& design, QWidget* client, QtTabContr
     for (std::size_t i = 0; i < actions_.size(); ++i) {
         actions_[i] = menu_->addAction(toQt(design.menuCaptions[i]));
         actions_[i]->setObjectName(kNames[i]);
-        // Queued: a command may open a window of its own, and the menu has to be gone by then.
+        // Queued, because a command may open a window, which must happen after the menu has closed.
         connect(
             actions_[i], &QAction::triggered, this,
             [this, i] {

@@ -15,7 +15,7 @@ struct WindowDesign;
 class QtPopupMenu : public QObject, public PopupMenu {
 public:
     QtPopupMenu(const WindowDesign& design, QWidget* client,
-                QtTabControl& tabs);  // the menu belongs to the client area
+                QtTabControl& tabs);  // the client area owns the menu
 
     void setListener(MenuListener& listener) override { listener_ = &listener; }
     void setEnabled(MenuItem item, bool enabled) override;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::array kSignals{SIGTERM, SIGINT, SIGHUP};
 
-// A signal handler reaches nothing else, and may do little more than write to a pipe.
+// A signal handler can only use globals, and little more than writing to a pipe is safe in it.
 volatile std::sig_atomic_t wakeUpPipe = -1;
 
 void wakeUp(int) {

@@ -1,5 +1,5 @@
-// The system's requests to end (SIGTERM, SIGINT, SIGHUP, end of the session) close the main window as its
-// close box does.
+// Closes the main window, as its close box does, when the system asks the program to end (SIGTERM, SIGINT, SIGHUP, end
+// of the session).
 #pragma once
 
 #include <QObject>

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kPanelPadding = 24;  // pixels, left and right together
+constexpr int kPanelPadding = 24;  // pixels, left and right in total
 
 }  // namespace
 
@@ -24,7 +24,7 @@ QtStatusBar::QtStatusBar(QWidget* client) : bar_(new QStatusBar(client)) {
     addSeparator();
     time_ = addPanel("Panel3", 0);
     addSizeGrip();
-    message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long message widens no window
+    message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long message must not widen the window
     message_->setContentsMargins(kPanelPadding / 3, 0, 0, 0);
     date_->setAlignment(Qt::AlignCenter);
     time_->setAlignment(Qt::AlignCenter);
@@ -48,7 +48,7 @@ void QtStatusBar::addSeparator() {
     bar_->addPermanentWidget(line);
 }
 
-// The bar's own grip is taller than a line of text and would take the height from the lists.
+// The bar's own size grip is taller than a line of text and would reduce the height of the lists.
 void QtStatusBar::addSizeGrip() {
     bar_->setSizeGripEnabled(false);
     auto* grip = new QSizeGrip(bar_);

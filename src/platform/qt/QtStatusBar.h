@@ -12,7 +12,7 @@ class QWidget;
 
 class QtStatusBar : public QObject, public StatusBar {
 public:
-    explicit QtStatusBar(QWidget* client);  // the widget belongs to the client area
+    explicit QtStatusBar(QWidget* client);  // the client area owns the widget
 
     QStatusBar* widget() const { return bar_; }
 

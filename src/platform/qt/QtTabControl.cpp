@@ -17,7 +17,7 @@ QtTabControl::QtTabControl(const WindowDesign& design, QWidget* client) : tabs_(
         grids_[tab] = std::make_unique<QtGridView>(kGridNames[tab], caption);
         tabs_->addTab(grids_[tab]->page(), caption);
     }
-    // A click on a tab must not take the focus from an open edit: the switch discards it.
+    // A click on a tab must not take the focus from an open edit, which switching tabs discards.
     tabs_->setFocusPolicy(Qt::NoFocus);
     tabs_->tabBar()->setFocusPolicy(Qt::TabFocus);
     tabs_->tabBar()->installEventFilter(this);
@@ -25,7 +25,7 @@ QtTabControl::QtTabControl(const WindowDesign& design, QWidget* client) : tabs_(
     addShortcuts(client);
 }
 
-// Shortcuts of the window, because the edit box is no child of the tab control.
+// The shortcuts belong to the client area, because the edit box is not a child of the tab control.
 void QtTabControl::addShortcuts(QWidget* client) {
     const auto add = [&](const QList<QKeySequence>& keys, int step) {
         for (const QKeySequence& key : keys) {

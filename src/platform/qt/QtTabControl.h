@@ -13,7 +13,7 @@ struct WindowDesign;
 
 class QtTabControl : public QObject, public TabControl {
 public:
-    QtTabControl(const WindowDesign& design, QWidget* client);  // the widget belongs to the client area
+    QtTabControl(const WindowDesign& design, QWidget* client);  // the client area owns the widget
 
     QTabWidget* widget() const { return tabs_; }
     QtGridView& grid(int tab) { return *grids_[static_cast<std::size_t>(tab)]; }

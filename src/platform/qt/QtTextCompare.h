@@ -1,4 +1,4 @@
-// The text order of the user's language, without regard to letter case.
+// Compares texts by the user's locale, ignoring letter case.
 #pragma once
 
 #include <QCollator>

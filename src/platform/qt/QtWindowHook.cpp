@@ -34,11 +34,11 @@ void QtWindowHook::unhook(HookHandle hook) {
     }
 }
 
-// One hook at most is installed, so no other waits behind it.
+// At most one hook is installed, so there is no next one.
 std::intptr_t QtWindowHook::callNext(HookHandle, int, std::uintptr_t, std::intptr_t) { return 0; }
 
 bool QtWindowHook::eventFilter(QObject* watched, QEvent* event) {
-    // Show comes before the window is on screen; WindowActivate also after a switch back to it.
+    // Show occurs before the window is visible, WindowActivate also when the user returns to it.
     if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) {
         auto* widget = qobject_cast<QWidget*>(watched);
         if (widget != nullptr && widget->isWindow()) {

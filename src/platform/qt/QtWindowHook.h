@@ -1,5 +1,5 @@
-// The activation hook over Qt's events: a listener is told of each window of the program that is about
-// to be activated. A window handle is the address of its widget.
+// Emulates the activation hook by Qt's events: the listener gets each window of the program that is about to be
+// activated. A window handle is the address of the widget.
 #pragma once
 
 #include <QObject>

@@ -2,11 +2,11 @@
 
 namespace {
 
-// The fields that Qt knows, but for seconds: only the C locale has them in its short format.
+// The fields that Qt supports, except seconds, which only the C locale has in its short format.
 bool isKnownField(QChar c) { return QStringLiteral("HhmAaPp").contains(c); }
 
-// A format without the fields that Qt would show as letters: "Bh:mm" of Chinese (Taiwan) names a part of the day, which
-// Qt 6.4 does not know.
+// Removes the fields that Qt would show as letters: "Bh:mm" of Chinese (Taiwan) contains the part of the day, which Qt
+// 6.4 does not support.
 QString knownFormat(const QString& format) {
     QString known;
     bool isQuoted = false;
@@ -29,7 +29,7 @@ QString shortTime(const QLocale& locale, QTime time) {
     }
     QString known = knownFormat(format);
     if (known != format) {
-        known.replace(u'h', u'H');  // twelve hours would be ambiguous without the part of the day
+        known.replace(u'h', u'H');  // without the part of the day twelve hours would be ambiguous
     }
     return locale.toString(time, known);
 }

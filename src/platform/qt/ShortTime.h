@@ -1,4 +1,4 @@
-// Hours and minutes in the short format of a language.
+// Hours and minutes in the short format of a locale.
 #pragma once
 
 #include <QLocale>

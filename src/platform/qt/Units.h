@@ -1,4 +1,4 @@
-// The edge between the portable code's units and Qt's: texts, and twips against logical pixels.
+// Converts between units of the portable code and of Qt: texts, and twips and logical pixels.
 #pragma once
 
 #include <QString>
@@ -6,13 +6,13 @@
 #include <string>
 #include <string_view>
 
-// 1,440 twips and 96 logical pixels to the inch, whatever the scale factor of the screen.
+// 1,440 twips and 96 logical pixels per inch, whatever the scale factor of the screen.
 inline constexpr int kTwipsPerPixel = 15;
 
 inline double toTwips(int pixels) { return static_cast<double>(pixels) * kTwipsPerPixel; }
 inline int toPixels(double twips) { return qRound(twips / kTwipsPerPixel); }
 
-// Unit by unit: a lone surrogate or a byte-order mark passes as it is.
+// Converts unit by unit: lone surrogates and byte-order marks are kept.
 inline QString toQt(std::u16string_view text) {
     return QStringView(text.data(), static_cast<qsizetype>(text.size())).toString();
 }

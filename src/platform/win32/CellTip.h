@@ -1,4 +1,4 @@
-// A tooltip over a cell whose text is cut. The list view's own unfolds the first column only.
+// A tooltip over a cell whose text is truncated. The list view's own tooltip works in the first column only.
 #pragma once
 
 #include <windows.h>
@@ -9,10 +9,10 @@
 class CellTip {
 public:
     void create(HWND list);
-    // The pointer is over a cell with a cut text. Nothing when that is the cell already.
+    // The pointer is over a truncated cell. Nothing if the tooltip already belongs to that cell.
     void show(const RECT& cell, std::wstring text);
     void hide();
-    // The tooltip shows up some time after the messages of the pointer, and goes at a click.
+    // Pass all pointer messages: the tooltip appears some time after them and disappears at a click.
     void relay(UINT message, WPARAM w, LPARAM l) const;
 
 private:

@@ -1,4 +1,4 @@
-// A system handle that closes itself.
+// A system handle; the destructor closes it.
 #pragma once
 
 #include <windows.h>

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr DWORD kMostUrlUnits = 2'084;  // with the NUL
+constexpr DWORD kMostUrlUnits = 2'084;  // including the NUL
 
 class HttpHandle {
 public:
@@ -38,7 +38,7 @@ struct Address {
     bool isSecure = false;
 };
 
-// A user name and a password in the URL are left out.
+// User name and password of the URL are dropped.
 std::optional<Address> addressOf(const WinHttp& http, const std::wstring& url) {
     URL_COMPONENTS parts{};
     parts.dwStructSize = sizeof parts;
@@ -76,7 +76,7 @@ std::optional<std::wstring> header(const WinHttp& http, HINTERNET request, DWORD
     return text.data();
 }
 
-// Wine does not enforce the option that limits them.
+// Counted here because Wine ignores the option that limits them.
 std::size_t headerBytes(const WinHttp& http, HINTERNET request) {
     DWORD size = 0;
     http.queryHeaders(request, WINHTTP_QUERY_RAW_HEADERS_CRLF, WINHTTP_HEADER_NAME_BY_INDEX, nullptr, &size,
@@ -96,7 +96,7 @@ std::optional<std::string> narrowHeader(const WinHttp& http, HINTERNET request, 
     return text;
 }
 
-// Empty: no redirect.
+// Empty if the response is no redirect.
 std::wstring redirectTarget(const WinHttp& http, HINTERNET request, const std::wstring& from) {
     const auto location = header(http, request, WINHTTP_QUERY_LOCATION);
     std::array<wchar_t, kMostUrlUnits> target{};
@@ -127,7 +127,7 @@ std::optional<std::string> readBody(const WinHttp& http, HINTERNET request, std:
     }
 }
 
-// Bodies of errors and redirects are not read: nobody uses them.
+// Bodies of errors and redirects are not read, since they are not used.
 HttpAnswer receive(const WinHttp& http, HINTERNET request, const std::wstring& url, const HttpLimits& limits,
                    std::atomic<unsigned>& signs) {
     constexpr int kOk = 200;

@@ -1,5 +1,5 @@
-// One HTTP GET of a whole body into memory. By WinHTTP: URLDownloadToFile limits neither size nor idle time and hides
-// the status, and WinINet bounds no headers and answers challenges.
+// One HTTP GET request. Uses WinHTTP: URLDownloadToFile limits neither size nor idle time and hides the status; WinINet
+// does not limit headers and answers authentication challenges.
 #pragma once
 
 #include <atomic>
@@ -7,6 +7,6 @@
 
 #include "platform/HttpClient.h"
 
-// As HttpClient::get, but keeps nothing painted, and whether a silent server is abandoned after the idle limit depends
-// on the system's version. Each sign of life of the server is counted in `signs`.
+// As HttpClient::get, but repaints nothing, and the idle limit works only on some versions of the system. `signs`
+// counts the events from the server.
 HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, std::atomic<unsigned>& signs);

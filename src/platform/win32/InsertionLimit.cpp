@@ -43,7 +43,7 @@ bool InsertionLimit::uses(HWND edit, UINT message, WPARAM w) {
     if (message != WM_CHAR) {
         return false;
     }
-    // The two halves of a pair come one by one; the control would take the first where only one fits.
+    // The halves of a surrogate pair arrive one by one; if only one fits, the control would insert it.
     if (IS_HIGH_SURROGATE(w)) {
         firstHalf_ = static_cast<char16_t>(w);
         return true;

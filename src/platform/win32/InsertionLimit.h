@@ -1,4 +1,4 @@
-// Before an edit control: what is typed or pasted goes in as far as insertable() says; what is there already stays.
+// Limits an edit control: inserts typed or pasted text as insertable() defines; existing text stays.
 #pragma once
 
 #include <windows.h>
@@ -9,14 +9,14 @@ class InsertionLimit {
 public:
     void setLimit(HWND edit, int units);  // UTF-16 units of the whole text
     void setNoLimit(HWND edit);
-    // For the procedure before that of the control. True: the message has been used.
+    // Call for each message before the control's own procedure. True: the message has been handled.
     bool uses(HWND edit, UINT message, WPARAM w);
 
 private:
-    static constexpr int kLongest = 0x7FFFFFFE;  // what the control itself takes for no limit
+    static constexpr int kLongest = 0x7FFFFFFE;  // means no limit to the control
 
     void insert(HWND edit, std::u16string_view text) const;
 
     int limit_ = kLongest;
-    char16_t firstHalf_ = 0;  // of a pair whose second half is on its way
+    char16_t firstHalf_ = 0;  // of a pair whose second half has not arrived yet
 };

@@ -1,4 +1,4 @@
-// Numbers shared with the resource script.
+// Identifiers shared with the resource script.
 #pragma once
 
 #define HALCYON_ICON 1

@@ -1,4 +1,4 @@
-// Twips and pixels at the resolution of the monitor on which a window stands.
+// Converts between twips and pixels at the resolution of a window's monitor.
 #pragma once
 
 #include <windows.h>

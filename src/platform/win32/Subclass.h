@@ -1,17 +1,17 @@
-// Puts a procedure before that of a system control. SetWindowSubclass would look up a window property twice for each
-// message, and under Wine each look-up asks another process: half of what the program's start would ask of it.
+// Subclasses a system control. SetWindowSubclass would read a window property twice per message, and under Wine each
+// read is a request to another process: half of those of the program's start.
 #pragma once
 
 #include <windows.h>
 
 class Subclass {
 public:
-    // `self` is what selfOf gives back in the procedure. Once for a control; the control's user data is taken.
+    // selfOf returns `self` in the procedure. Once per control; uses the control's user data.
     void install(HWND control, WNDPROC procedure, void* self) {
         SetWindowLongPtrW(control, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
         original_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(control, GWLP_WNDPROC, toLong(procedure)));
     }
-    // What the control itself makes of the message.
+    // Calls the control's own procedure.
     LRESULT original(HWND control, UINT message, WPARAM w, LPARAM l) const {
         return CallWindowProcW(original_, control, message, w, l);
     }

@@ -1,4 +1,4 @@
-// The system's message font at a resolution.
+// The system's message font at a given resolution.
 #pragma once
 
 #include <windows.h>
@@ -10,11 +10,11 @@ public:
     SystemFont(const SystemFont&) = delete;
     SystemFont& operator=(const SystemFont&) = delete;
 
-    // Replaces the font; windows that still use the old one must be given the new one at once.
+    // Replaces the font; windows with the old font must get the new one at once.
     void create(int dpi);
     HFONT handle() const { return font_; }
     void applyTo(HWND window) const;
-    // Pixels that a text takes in this font.
+    // The size of a text in this font, in pixels.
     SIZE extent(const wchar_t* text, int length) const;
 
 private:

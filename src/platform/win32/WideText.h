@@ -1,4 +1,4 @@
-// UTF-16 as the system's wide characters and back. Both are 16 bits wide here, but distinct types.
+// Converts between UTF-16 and the system's wide characters, which are distinct types of the same size.
 #pragma once
 
 #include <string>

@@ -12,14 +12,14 @@ namespace {
 constexpr WPARAM kEnter = 13;
 constexpr WPARAM kEscape = 27;
 
-// The dialog manager would turn Enter and Escape into button presses before a field sees them.
+// Otherwise the dialog manager turns Enter and Escape into button presses before a field gets them.
 bool wantsForField(LPARAM messageAskedFor) {
     const auto* message = reinterpret_cast<const MSG*>(messageAskedFor);
     return message != nullptr && (message->message == WM_KEYDOWN || message->message == WM_CHAR) &&
            (message->wParam == kEnter || message->wParam == kEscape);
 }
 
-// An empty dialog; its controls are made in code, as their sizes follow from the texts.
+// A template without controls; they are created in code, since their sizes depend on the texts.
 struct EmptyTemplate {
     DLGTEMPLATE head;
     WORD menu;
@@ -46,7 +46,7 @@ void Win32AddForm::create(const AddCaptions& captions, AddFormListener& listener
 INT_PTR CALLBACK Win32AddForm::procedure(HWND dialog, UINT message, WPARAM w, LPARAM l) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, static_cast<LONG_PTR>(l));
-        return FALSE;  // it has no field yet that could take the focus
+        return FALSE;  // there is no field yet that could take the focus
     }
     auto* self = reinterpret_cast<Win32AddForm*>(GetWindowLongPtrW(dialog, DWLP_USER));
     return self != nullptr && self->window_ == dialog ? self->handle(message, w, l) : FALSE;
@@ -90,7 +90,7 @@ LRESULT Win32AddForm::fieldMessage(Field& field, HWND window, UINT message, WPAR
             return wantsForField(l) ? code | DLGC_WANTMESSAGE : code;
         }
         case WM_KEYDOWN:
-            // The control would close an open list before the character comes.
+            // The control would close an open list before the character arrives.
             return w == kEnter || w == kEscape ? 0 : field.subclass.original(window, message, w, l);
         case WM_CHAR:
             return characterTyped(field, window, w, l);
@@ -102,7 +102,7 @@ LRESULT Win32AddForm::fieldMessage(Field& field, HWND window, UINT message, WPAR
 LRESULT Win32AddForm::characterTyped(Field& field, HWND window, WPARAM w, LPARAM l) {
     const bool used = window_ == nullptr || listener_->keyPressed(field.which, static_cast<int>(w));
     if (used || window_ == nullptr) {
-        return 0;  // the listener may have closed the dialog
+        return 0;  // the listener may have destroyed the dialog
     }
     if (w == kEnter || w == kEscape) {
         w == kEnter ? listener_->saveClicked() : listener_->cancelClicked();

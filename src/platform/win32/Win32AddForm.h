@@ -20,7 +20,7 @@ public:
     Win32AddForm(const Win32AddForm&) = delete;
     Win32AddForm& operator=(const Win32AddForm&) = delete;
 
-    // Keyboard navigation within the dialog. True: the message has been used.
+    // Keyboard navigation within the dialog. True: the message has been handled.
     bool usesMessage(MSG& message) { return window_ != nullptr && IsDialogMessageW(window_, &message) != 0; }
 
     void create(const AddCaptions& captions, AddFormListener& listener) override;
@@ -38,7 +38,7 @@ public:
 
 private:
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM w, LPARAM l);
-    // A box or a combo, and the procedure before that of the control which is typed into.
+    // A text box or combo box, and the subclass of the control that receives the typing.
     struct Field {
         Win32AddForm* form = nullptr;
         AddField which{};
@@ -57,8 +57,8 @@ private:
     HWND createButton(AddControl button, std::u16string_view caption);
     HWND createChild(const wchar_t* className, std::u16string_view text, DWORD style, DWORD extended, int id);
     void layOut();
-    int placeRows(const Scale& scale, int labelWidth);  // their right edge, in pixels
-    int placeButtons(const Scale& scale, int right);    // their bottom
+    int placeRows(const Scale& scale, int labelWidth);  // returns their right edge, in pixels
+    int placeButtons(const Scale& scale, int right);    // returns their bottom edge, in pixels
     HWND field(AddField wanted) const { return fields_[static_cast<std::size_t>(wanted)].window; }
     HWND control(AddControl wanted) const { return controls_[static_cast<std::size_t>(wanted)]; }
 

@@ -1,4 +1,4 @@
-// The controls of the Add List dialog and their places.
+// The layout of the Add List dialog: creates its controls and places them.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -65,7 +65,7 @@ HWND Win32AddForm::createButton(AddControl which, std::u16string_view caption) {
     return button;
 }
 
-// In tab order; a label stands before its field, so that its mnemonic and its name lead there.
+// In tab order. A label precedes its field, which gets its name and mnemonic.
 void Win32AddForm::createControls(const AddCaptions& captions) {
     const auto indexOf = [](AddControl which) { return static_cast<std::size_t>(which); };
     for (const AddRow& row : kAddRows) {
@@ -75,8 +75,8 @@ void Win32AddForm::createControls(const AddCaptions& captions) {
             controls_[indexOf(*row.after)] = createLabel(captions[indexOf(*row.after)], SS_CENTERIMAGE);
         }
         if (row.second) {
-            // A screen reader takes the label before a field for its name, seen or not. What stands between hours
-            // and minutes would be a poor one.
+            // A screen reader uses the label before a field, visible or not, as its name. The separator between hours
+            // and minutes would be a poor name.
             ShowWindow(createLabel(withoutMnemonic(captions[indexOf(row.label)]), SS_NOPREFIX), SW_HIDE);
             createField(*row.second);
         }

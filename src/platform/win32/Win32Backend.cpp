@@ -39,7 +39,7 @@ Platform Win32Backend::platform() {
 
 int Win32Backend::runEvents() {
     MSG message{};
-    // A window that goes during a download takes the message that ends the program along.
+    // If the window closes during a download, the message loop there consumes WM_QUIT.
     while (IsWindow(window_.window()) && GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (!addForm_.usesMessage(message) && !window_.usesKey(message)) {
             TranslateMessage(&message);

@@ -1,4 +1,4 @@
-// Everything of this backend in one place, made in the order in which its parts need each other.
+// Owns all objects of this backend, in the order in which they depend on each other.
 #pragma once
 
 #include <string>
@@ -18,16 +18,16 @@
 
 class Win32Backend {
 public:
-    // programFolder: with its trailing separator.
+    // programFolder ends with its separator.
     Win32Backend(const WindowDesign& design, std::u16string programFolder);
 
     Platform platform();
     Win32MainWindow& window() { return window_; }
-    // Until the main window is gone; the exit code of the process.
+    // Runs until the main window is destroyed; returns the exit code of the process.
     int runEvents();
 
 private:
-    // Before the window, which needs their classes.
+    // Before the window, which needs these classes.
     struct ControlClasses {
         ControlClasses();
     };

@@ -6,14 +6,14 @@
 
 namespace {
 
-// The manifest makes UTF-8 the program's own "ANSI" code page on newer systems, but files written by others are
-// in that of the system's language.
+// The manifest makes UTF-8 the process's ANSI code page on newer systems, but files written by other programs use that
+// of the system's language.
 UINT systemAnsiCodePage() {
     DWORD page = 0;
     GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
                    reinterpret_cast<wchar_t*>(&page), sizeof page / sizeof(wchar_t));
     constexpr UINT kWesternEuropean = 1252;
-    return page != 0 ? page : kWesternEuropean;  // 0: a language without one
+    return page != 0 ? page : kWesternEuropean;  // 0: a language without an ANSI code page
 }
 
 }  // namespace

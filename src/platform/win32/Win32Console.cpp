@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr DWORD kLargestPart = 32'768;  // consoles take no more than 64 KiB at once
+constexpr DWORD kLargestPart = 32'768;  // consoles accept at most 64 KiB per call
 
 bool writeTo(DWORD stream, std::string_view text) {
     const HANDLE handle = GetStdHandle(stream);
@@ -29,7 +29,7 @@ bool isConsole(DWORD stream) {
     return GetConsoleMode(GetStdHandle(stream), &mode) != 0;
 }
 
-// A console shows escape sequences only once asked to.
+// A console interprets escape sequences only after they are enabled.
 bool understandsColours() {
     const HANDLE handle = GetStdHandle(STD_OUTPUT_HANDLE);
     DWORD mode = 0;

@@ -5,7 +5,7 @@
 
 class Win32Console : public Console {
 public:
-    // The console shows UTF-8 as long as this object lives.
+    // The console uses UTF-8 during the lifetime of this object.
     Win32Console();
     ~Win32Console() override;
     Win32Console(const Win32Console&) = delete;

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The box has no use for them; the control would beep.
+// The box ignores these; the control would beep.
 bool isControlOfOneLine(WPARAM character) { return character == L'\r' || character == L'\n' || character == VK_ESCAPE; }
 
 std::wstring captionOfShownList(HWND parent) {
@@ -44,7 +44,7 @@ LRESULT CALLBACK Win32EditBox::procedure(HWND window, UINT message, WPARAM w, LP
 }
 
 bool Win32EditBox::uses(UINT message, WPARAM w) {
-    // By the key, as Ctrl+M gives the same character.
+    // The key, not the character: Ctrl+M produces the same character.
     if (message == WM_KEYDOWN && w == VK_RETURN && GetKeyState(VK_CONTROL) >= 0) {
         if (listener_ != nullptr) {
             listener_->enterPressed();

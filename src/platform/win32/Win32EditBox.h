@@ -25,7 +25,7 @@ private:
     bool uses(UINT message, WPARAM w);
 
     HWND window_ = nullptr;
-    HWND name_ = nullptr;  // never seen; screen readers take the label before a box for its name
+    HWND name_ = nullptr;  // hidden; screen readers use the label before a box as its name
     Subclass subclass_;
     InsertionLimit limit_;
     EditBoxListener* listener_ = nullptr;

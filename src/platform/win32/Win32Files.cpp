@@ -12,7 +12,7 @@ namespace {
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD kBlock = 64 * 1024;
 
-// Page-aligned memory, as reading past the system's cache demands.
+// Page-aligned memory, required for uncached reads.
 class AlignedBlock {
 public:
     AlignedBlock() : memory_(VirtualAlloc(nullptr, kBlock, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE)) {}
@@ -45,7 +45,7 @@ FileRead readAll(std::u16string_view path, DWORD flags) {
     for (;;) {
         DWORD got = 0;
         if (ReadFile(file.get(), block.get(), kBlock, &got, nullptr) == 0) {
-            // Some systems report the end of an uncached file as an error.
+            // Some systems report the end of the file as an error on uncached reads.
             return GetLastError() == ERROR_HANDLE_EOF ? FileRead{bytes} : FileRead::failed();
         }
         if (got == 0) {
@@ -69,7 +69,7 @@ bool writeAll(HANDLE file, std::string_view bytes) {
 
 bool flushFile(HANDLE file) { return FlushFileBuffers(file) != 0; }
 
-// A link at the path is opened itself and then refused. Opening with truncation would follow it.
+// Opens a link itself, which is then refused. Opening with truncation would follow the link.
 HANDLE openForWriting(std::u16string_view path, DWORD access) {
     HANDLE file = CreateFileW(toWide(path).c_str(), access | FILE_READ_ATTRIBUTES, FILE_SHARE_READ, nullptr,
                               OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
@@ -142,8 +142,8 @@ bool Win32Files::rename(std::u16string_view from, std::u16string_view to, Flush 
     return flush == Flush::Later || flushFolderOf(to);
 }
 
-// Folders cannot be flushed. Flushing a file writes its own folder entry, where FAT keeps the place of its bytes, and
-// brings the journal of NTFS, which has all names, to the device as well.
+// Folders cannot be flushed. Flushing a file writes its own folder entry, where FAT keeps the location of the file, and
+// flushes the journal of NTFS, which has all names.
 bool Win32Files::flushFolderOf(std::u16string_view path) {
     moved_.emplace_back(path);
     const auto refused = std::count_if(moved_.begin(), moved_.end(), [](const std::u16string& name) {

@@ -21,5 +21,5 @@ public:
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
 
 private:
-    std::vector<std::u16string> moved_;  // files that were renamed and are not durable yet
+    std::vector<std::u16string> moved_;  // renamed files whose new name is not durable yet
 };

@@ -1,4 +1,4 @@
-// What the grid draws itself: the lines between the cells, and the whole text of a cut one.
+// The drawing that the list view does not do: lines between the cells, and tooltips of truncated cells.
 #include <algorithm>
 #include <utility>
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int kCellPadding = 12;  // pixels beside the text, left and right together
+constexpr int kCellPadding = 12;  // pixels, left and right of the text in total
 
 Rgb systemColor(int index) {
     const COLORREF color = GetSysColor(index);
@@ -17,7 +17,7 @@ Rgb systemColor(int index) {
 
 }  // namespace
 
-// The control's own lines have a fixed colour, which dark and high-contrast themes do not change.
+// The control's own lines have a fixed colour, which ignores dark and high-contrast themes.
 void Win32GridView::drawLines(HDC dc) const {
     const auto first = static_cast<int>(send(LVM_GETTOPINDEX));
     const int last = std::min(first + static_cast<int>(send(LVM_GETCOUNTPERPAGE)), grid_->rowCount() - 1);

@@ -1,4 +1,4 @@
-// What the user does to a grid: pointer, keys, header and scroll bars.
+// The events of a grid: pointer, keys, header and scroll bars.
 #include <windows.h>
 #include <windowsx.h>
 
@@ -42,7 +42,7 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
             return keyMessage(message, w, l);
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK: {
-            // The focus first, so that an edit that it ends still finds its row selected; then the control.
+            // Focus first, so that an open edit ends while its row is still selected.
             SetFocus(window_);
             const LRESULT result = list_.original(window_, message, w, l);
             pressed(l, message == WM_LBUTTONDBLCLK);
@@ -91,7 +91,7 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
 }
 
 LRESULT Win32GridView::keyMessage(UINT message, WPARAM w, LPARAM l) {
-    // The character of this key waits in the queue already; a used key must not come back as a character.
+    // The character of this key is already queued; a handled key must not also type it.
     const UINT characterMessage = message == WM_KEYDOWN ? WM_CHAR : WM_SYSCHAR;
     MSG character{};
     const bool hasCharacter = PeekMessageW(&character, window_, characterMessage, characterMessage, PM_REMOVE) != 0;
@@ -128,7 +128,7 @@ void Win32GridView::pressed(LPARAM point, bool twice) {
     }
 }
 
-// Kept from the control, which would drop the selection on empty space and keep the release to itself.
+// The control must not get the press: it would clear the selection on empty space and consume the release.
 void Win32GridView::rightPressed(LPARAM point) {
     rightDown_ = true;
     SetFocus(window_);
@@ -138,7 +138,7 @@ void Win32GridView::rightPressed(LPARAM point) {
 
 void Win32GridView::contextMenu(LPARAM point) {
     if (point != -1) {
-        return;  // the pointer's menu opens at the button's release
+        return;  // the pointer's menu opens when the button is released
     }
     int middle = 0;
     const auto focused = send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED);
@@ -181,7 +181,7 @@ LRESULT CALLBACK Win32GridView::headerProcedure(HWND header, UINT message, WPARA
     }
     const LRESULT result = view->header_.original(header, message, w, l);
     if (message == WM_LBUTTONUP && view->listener_ != nullptr) {
-        // A header without buttons reports no clicks of its own.
+        // A header without buttons does not report clicks.
         const int index = headerItemAt(header, l);
         if (index >= 0 && index == view->pressedHeader_) {
             view->listener_->headerClicked(view->grid_->columns()[static_cast<std::size_t>(index)].key);

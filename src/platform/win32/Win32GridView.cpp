@@ -9,7 +9,7 @@ void Win32GridView::createWindow(HWND parent, HWND tabControl, std::u16string_vi
     tabControl_ = tabControl;
     const DWORD style =
         WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
-    constexpr int kAnySize = 100;  // pixels: a window without a size has no border that the layout could measure
+    constexpr int kAnySize = 100;  // pixels; a window of size 0 has no border to measure
     window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, toWide(name).c_str(), style, 0, 0, kAnySize, kAnySize,
                               parent, nullptr, GetModuleHandleW(nullptr), nullptr);
     const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
@@ -129,7 +129,7 @@ GridGeometry Win32GridView::geometry(int row) {
     RECT header{};
     GetWindowRect(reinterpret_cast<HWND>(send(LVM_GETHEADER)), &header);
     MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&header), 2);
-    result.rowLeft = scale.twips(header.left);  // it moves with the rows
+    result.rowLeft = scale.twips(header.left);  // it scrolls with the rows
     if (grid_ != nullptr && row >= 1 && row <= grid_->rowCount()) {
         const Quiet quiet(quiet_);
         send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row - 1), FALSE);
@@ -186,7 +186,7 @@ void Win32GridView::fillCell(NMLVDISPINFOW& wanted) const {
     wanted.item.pszText[length] = L'\0';
 }
 
-// Type-ahead: the first row from the start whose programme begins with what was typed, round the end.
+// Type-ahead: the first row from the start row, wrapping around, whose programme begins with the typed text.
 int Win32GridView::findRow(const NMLVFINDITEMW& wanted) const {
     const int count = grid_->rowCount();
     if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || wanted.lvfi.psz == nullptr || count == 0) {

@@ -1,5 +1,5 @@
-// A station grid as the system's list view in report view. The rows stay in the Grid: the control owns no data,
-// it asks for the texts as it draws. Only the selection exists twice and is pushed into the Grid at each change.
+// A station grid as the system's list view in report view. The control owns no data: it requests the texts of the Grid
+// when it draws. Only the selection exists twice; each change is copied to the Grid.
 #pragma once
 
 #include <windows.h>
@@ -15,14 +15,14 @@
 
 class Win32GridView : public GridView {
 public:
-    // The name is what assistive programs read out.
+    // Screen readers read the name.
     void createWindow(HWND parent, HWND tabControl, std::u16string_view name);
     HWND window() const { return window_; }
-    // Pixels between the window's outer edge and the rows and header.
+    // Pixels from the window's outer edge to the rows and header.
     int border() const;
-    // A WM_NOTIFY of the list view, which its parent receives.
+    // Handles a WM_NOTIFY of the list view, which its parent receives.
     LRESULT notified(const NMHDR& header);
-    // Font or resolution have changed: shows the same widths in twips again.
+    // Call when font or resolution have changed: shows the same widths in twips again.
     void showWidthsAgain();
 
     void attach(Grid& grid, GridListener& listener) override;
@@ -38,7 +38,7 @@ public:
     void takeFocus() override { SetFocus(window_); }
 
 private:
-    // While one lives, changes come from the program and are not reported as the user's.
+    // Scope guard: changes are made by the program and not reported as the user's.
     class Quiet {
     public:
         explicit Quiet(int& depth) : depth_(depth) { ++depth_; }
@@ -60,7 +60,7 @@ private:
     std::pair<int, int> scrollPosition() const;
     void contextMenu(LPARAM point);
     void headerNotified(const NMHDR& header);
-    int rowAt(LPARAM point) const;  // 0-based, -1 for none
+    int rowAt(LPARAM point) const;  // 0-based, -1 if none
 
     LRESULT send(UINT message, WPARAM w = 0, LPARAM l = 0) const { return SendMessageW(window_, message, w, l); }
     RECT rowBounds(int index) const;

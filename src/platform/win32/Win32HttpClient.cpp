@@ -15,12 +15,12 @@
 
 namespace {
 
-// Shared by both threads; whoever leaves last drops it.
+// Shared by both threads; the last one frees it.
 struct Fetch {
     std::wstring url;
     HttpLimits limits;
     std::atomic<unsigned> signs = 0;
-    HttpAnswer answer;  // of the fetching thread until it has ended
+    HttpAnswer answer;  // written by the fetching thread until it ends
 };
 
 DWORD WINAPI runFetch(void* parameter) {
@@ -43,7 +43,7 @@ void discardAll(UINT first, UINT last) {
     }
 }
 
-// Every other message stays in the queue until the exchange has ended.
+// All other messages stay queued until the exchange has ended.
 void keepPainted() {
     discardAll(WM_KEYFIRST, WM_KEYLAST);
     discardAll(WM_MOUSEFIRST, WM_MOUSELAST);
@@ -57,8 +57,8 @@ void keepPainted() {
     }
 }
 
-// False: the server has been silent for too long. The fetching thread is then left alone with its share, since
-// nothing ends a wait inside the system's client on every version of the system.
+// False on a timeout. The fetching thread then keeps its share and is abandoned, since not every version of the system
+// can interrupt a wait in its client.
 bool waitFor(HANDLE thread, const Fetch& fetch) {
     using Clock = std::chrono::steady_clock;
     unsigned seen = fetch.signs;
@@ -90,8 +90,8 @@ HttpAnswer Win32HttpClient::get(std::u16string_view url, const HttpLimits& limit
     if (!thread) {
         return {};
     }
-    static_cast<void>(share.release());  // the thread's now
+    static_cast<void>(share.release());  // the thread owns it now
     const bool ended = waitFor(thread.get(), *fetch);
-    keepPainted();  // what was typed until now is thrown away too
+    keepPainted();  // also discards the input during the last wait
     return ended ? std::move(fetch->answer) : HttpAnswer{};
 }

@@ -1,5 +1,4 @@
-// The exchange runs on a thread of its own; the calling thread meanwhile keeps the window painted and throws
-// keys and pointer away.
+// Runs the exchange on a separate thread; the calling thread repaints the window and discards input meanwhile.
 #pragma once
 
 #include "platform/HttpClient.h"

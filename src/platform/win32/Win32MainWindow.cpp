@@ -30,7 +30,7 @@ Win32MainWindow::~Win32MainWindow() {
 
 void Win32MainWindow::show(int command) {
     ShowWindow(window_, command);
-    // A window that became active while it was built had no list to give the keyboard to.
+    // When the window was activated during its construction there was no list to focus.
     if (GetActiveWindow() == window_) {
         restoreFocus();
     }
@@ -153,7 +153,7 @@ void Win32MainWindow::activated(WORD state, HWND other) {
 }
 
 void Win32MainWindow::restoreFocus() {
-    // Once only: what had the focus when the window was left has no claim on it later.
+    // Used once: the control that had the focus at the last deactivation must not get it later.
     const HWND last = std::exchange(lastFocus_, nullptr);
     const bool usable = last != nullptr && IsChild(window_, last) && IsWindowVisible(last);
     SetFocus(usable ? last : tabs_.currentPage());

@@ -1,4 +1,4 @@
-// The main window: owns the controls, lays them out and hands the system's messages to them.
+// The main window: owns the controls, lays them out and passes the system's messages to them.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,7 @@
 
 class Win32MainWindow : public MainWindow {
 public:
-    // Creates the window with all its controls, hidden, at its design size.
+    // Creates the window with all its controls, hidden and at its design size.
     explicit Win32MainWindow(const WindowDesign& design);
     ~Win32MainWindow() override;
     Win32MainWindow(const Win32MainWindow&) = delete;
@@ -29,7 +29,7 @@ public:
     Win32PopupMenu& popupMenu() { return popupMenu_; }
 
     void show(int command);
-    // Keys that work wherever the focus is. True: the message has been used.
+    // Handles keys that work wherever the focus is. True: the message has been handled.
     bool usesKey(const MSG& message);
 
     void setListener(MainWindowListener& listener) override { listener_ = &listener; }

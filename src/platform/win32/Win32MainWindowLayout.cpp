@@ -1,4 +1,4 @@
-// The frame of the main window, its controls and their places.
+// The frame of the main window and the layout of its controls.
 #include <algorithm>
 
 #include "platform/win32/Resources.h"
@@ -9,8 +9,8 @@
 namespace {
 
 constexpr wchar_t kClassName[] = L"Halcyon_K7.MainForm";
-constexpr double kSideMargin = 120;   // twips left and right of the tab control
-constexpr double kBottomMargin = 60;  // twips between tab control and status bar
+constexpr double kSideMargin = 120;   // twips, left and right of the tab control
+constexpr double kBottomMargin = 60;  // twips, between tab control and status bar
 
 }  // namespace
 
@@ -30,7 +30,7 @@ void Win32MainWindow::createFrame(const WindowDesign& design) {
     const Scale scale(window_);
     RECT area{0, 0, scale.pixels(design.width), scale.pixels(design.height)};
     AdjustWindowRectExForDpi(&area, WS_OVERLAPPEDWINDOW, FALSE, 0, static_cast<UINT>(scale.dpi()));
-    // Not activated yet: nothing stands in it that could take the focus.
+    // Not activated yet: there is no control that could take the focus.
     SetWindowPos(window_, nullptr, 0, 0, area.right - area.left, area.bottom - area.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -69,8 +69,8 @@ void Win32MainWindow::layOut() {
     RECT status{};
     GetWindowRect(statusBar_.window(), &status);
     const int left = scale.pixels(kSideMargin);
-    // The box of an edit stands the inset below the grid's place, yet must lie on its row: the grid starts higher by
-    // as much as the tab control, and its own border puts the rows lower.
+    // The edit box is placed this inset below the grid's rows and must cover its row. The tab control starts higher by
+    // the grid's border, which moves the rows down.
     const int top = scale.pixels(gridTopInset_) - grids_[0].border();
     const int bottom = static_cast<int>(area.bottom - (status.bottom - status.top)) - scale.pixels(kBottomMargin);
     MoveWindow(tabs_.window(), left, top, std::max(static_cast<int>(area.right) - 2 * left, 0),

@@ -1,4 +1,4 @@
-// The system's message box over the program's active window.
+// The system's message box, modal to the program's active window.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 class Win32MessageBox : public StandardMessageBox {
 public:
-    // The owner is used while no window of the program is active.
+    // The owner is used if no window of the program is active.
     explicit Win32MessageBox(HWND owner) : owner_(owner) {}
 
     int show(std::u16string_view text, int style, std::u16string_view title) override;

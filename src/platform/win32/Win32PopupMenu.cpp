@@ -5,7 +5,7 @@
 
 namespace {
 
-// Identifiers start at 1: 0 is the answer of a menu that was left without a choice.
+// Identifiers start at 1: 0 is the result of a menu closed without a choice.
 UINT identifier(MenuItem item) { return static_cast<UINT>(item) + 1; }
 
 }  // namespace

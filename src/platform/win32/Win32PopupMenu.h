@@ -1,4 +1,4 @@
-// PMenu as a system popup menu over one of the grids.
+// PMenu as a system popup menu over a grid.
 #pragma once
 
 #include <windows.h>

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Empty when the system has no such folder.
+// Empty if the system has no such folder.
 std::wstring knownFolder(REFKNOWNFOLDERID id, DWORD flags) {
     wchar_t* path = nullptr;
     std::wstring folder;
@@ -21,7 +21,7 @@ std::wstring knownFolder(REFKNOWNFOLDERID id, DWORD flags) {
     return folder;
 }
 
-// A path may hold short names. As it is when the system does not know the long ones.
+// Replaces short names in a path. Unchanged if the system does not know the long ones.
 std::wstring withLongNames(const std::wstring& path) {
     std::wstring names(GetLongPathNameW(path.c_str(), nullptr, 0), L'\0');
     const DWORD length = GetLongPathNameW(path.c_str(), names.data(), static_cast<DWORD>(names.size()));

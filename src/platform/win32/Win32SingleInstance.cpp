@@ -6,7 +6,7 @@
 
 namespace {
 
-// FNV-1a: a mutex's name can hold no path, and a hash of it is short enough.
+// FNV-1a: the name of a mutex cannot contain a path, and a hash of it is short.
 std::wstring hashOf(std::wstring_view text) {
     std::uint64_t hash = 0xCBF29CE484222325U;
     for (const wchar_t unit : text) {
@@ -35,11 +35,11 @@ Win32SingleInstance::~Win32SingleInstance() {
 
 bool Win32SingleInstance::previousInstance() {
     if (mutex_ != nullptr) {
-        return false;  // this process has the place already
+        return false;  // this process has already claimed the folder
     }
     mutex_ = CreateMutexW(nullptr, FALSE, name_.c_str());
     if (mutex_ == nullptr) {
-        return GetLastError() == ERROR_ACCESS_DENIED;  // held by a run with more rights
+        return GetLastError() == ERROR_ACCESS_DENIED;  // held by a process with higher rights
     }
     if (GetLastError() == ERROR_ALREADY_EXISTS) {
         CloseHandle(mutex_);

@@ -1,4 +1,4 @@
-// A named mutex for each program folder; the system drops it when the process ends, however it ends.
+// A named mutex per program folder; the system releases it when the process ends, even by a crash.
 #pragma once
 
 #include <windows.h>

@@ -41,7 +41,7 @@ void Win32StatusBar::layOut(const SystemFont& font) {
     const int panel = static_cast<int>(std::max(font.extent(date.c_str(), static_cast<int>(date.size())).cx,
                                                 font.extent(time.c_str(), static_cast<int>(time.size())).cx)) +
                       height;
-    const int right = static_cast<int>(area.right) - height;  // the size grip is about a square
+    const int right = static_cast<int>(area.right) - height;  // the size grip is approximately a square
     std::array<int, 3> edges = {std::max(right - 2 * panel, 0), std::max(right - panel, 0), std::max(right, 0)};
     SendMessageW(window_, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
 }

@@ -1,4 +1,4 @@
-// StatusBar1: the program's messages, the short date and the short time.
+// StatusBar1: messages, short date and short time.
 #pragma once
 
 #include <windows.h>
@@ -10,9 +10,9 @@ class Win32StatusBar : public StatusBar {
 public:
     void createWindow(HWND parent);
     HWND window() const { return window_; }
-    // After the parent or the font has changed.
+    // Call when the size of the parent or the font has changed.
     void layOut(const SystemFont& font);
-    // Writes date and time anew and has `timer` of the parent fire when the next minute begins.
+    // Writes date and time, and starts `timer` of the parent for the next minute.
     void showTime(UINT_PTR timer);
 
     void setMessage(std::u16string_view text) override;

@@ -6,7 +6,7 @@
 #include "platform/win32/WideText.h"
 
 void Win32TabControl::createWindow(HWND parent, const std::array<std::u16string, kTabCount>& captions) {
-    // A click must not move the focus: the edit box would take its loss for a commit.
+    // A click must not move the focus: the edit box would commit when it loses the focus.
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | TCS_FOCUSNEVER;
     window_ = CreateWindowExW(0, WC_TABCONTROLW, L"SSTab1", style, 0, 0, 0, 0, parent, nullptr,
                               GetModuleHandleW(nullptr), nullptr);
@@ -60,7 +60,7 @@ void Win32TabControl::step(int step) {
 void Win32TabControl::selectionChanged() {
     HWND page = currentPage();
     ShowWindow(page, SW_SHOWNA);
-    // Before the other pages go: the one that has the focus would hand it on before an open edit is closed.
+    // Before the other pages are hidden: the focused one would pass the focus on before an open edit is discarded.
     if (listener_ != nullptr) {
         listener_->tabClicked();
     }

@@ -1,4 +1,4 @@
-// SSTab1 as the system's tab control; its pages are sibling windows laid over its display area.
+// SSTab1 as the system's tab control; its pages are sibling windows over its display area.
 #pragma once
 
 #include <windows.h>
@@ -15,11 +15,11 @@ public:
     void setPages(const std::array<HWND, kTabCount>& pages) { pages_ = pages; }
     HWND window() const { return window_; }
     HWND currentPage() const;
-    // Within the parent's client area.
+    // In coordinates of the parent's client area.
     RECT displayArea() const;
-    // As a click on the current tab's neighbour: 1 to the right, -1 to the left.
+    // Acts as a click on a neighbour of the current tab: 1 to the right, -1 to the left.
     void step(int step);
-    void selectionChanged();  // TCN_SELCHANGE
+    void selectionChanged();  // call at TCN_SELCHANGE
 
     void setListener(TabListener& listener) override { listener_ = &listener; }
     int currentTab() const override;

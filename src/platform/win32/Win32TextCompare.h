@@ -1,4 +1,4 @@
-// The order of the user's language.
+// Compares texts by the user's locale.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 
 class Win32TextCompare : public TextCompare {
 public:
-    // A language by its name, such as "de-DE"; the user's by default.
+    // A locale name such as "de-DE"; the user's by default.
     explicit Win32TextCompare(const wchar_t* locale = LOCALE_NAME_USER_DEFAULT)
         : locale_(locale != nullptr ? std::optional<std::wstring>(locale) : std::nullopt) {}
 

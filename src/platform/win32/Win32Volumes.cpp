@@ -8,7 +8,7 @@
 
 namespace {
 
-// An empty card reader must answer with an error, not with a system box that asks for a disk.
+// An empty card reader must give an error, not a system message that asks for a disk.
 class SilentErrors {
 public:
     SilentErrors() { SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &previous_); }

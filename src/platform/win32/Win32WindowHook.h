@@ -18,6 +18,6 @@ public:
 private:
     static LRESULT CALLBACK procedure(int code, WPARAM w, LPARAM l);
 
-    // The system hands the procedure nothing to tell hooks apart by; the user-interface thread has one at a time.
+    // The hook procedure gets no context pointer; the user-interface thread has at most one hook.
     static inline HookListener* listener_ = nullptr;
 };

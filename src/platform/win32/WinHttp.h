@@ -1,4 +1,4 @@
-// The system's HTTP client, loaded when first needed so that the program's start does not pay for it.
+// The system's HTTP client, loaded when first used, so that the program starts faster.
 #pragma once
 
 #include <windows.h>
