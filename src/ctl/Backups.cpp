@@ -14,13 +14,13 @@
 
 namespace {
 
-// Of one stamp; 0 where it has no copy of that file.
+// Sizes of the copies with one stamp; 0 if there is no copy of that file.
 struct BackupSizes {
     std::uint64_t list = 0;  // bytes
     std::uint64_t user = 0;
 };
 
-// Stamps of one second are in the order of their counts, not of their texts.
+// Stamps of one second sort by their counts, not as texts.
 using Order = std::pair<std::u16string, int>;
 using Backups = std::map<Order, std::pair<std::u16string, BackupSizes>>;
 
@@ -95,7 +95,7 @@ Exit restoreBackup(Services& services, const Options& options) {
     if (!source) {
         return fault;
     }
-    // A file of which the backup has no copy stays as it is.
+    // A file without a copy in the backup is not changed.
     const WorkingCopyBytes old = working.read();
     source->bytes.list = source->bytes.list ? source->bytes.list : old.list;
     source->bytes.user = source->bytes.user ? source->bytes.user : old.user;

@@ -1,4 +1,4 @@
-// How a command that changes the lists ends.
+// The beginning and the end of every command that changes the lists.
 #pragma once
 
 #include "ctl/Exit.h"
@@ -7,13 +7,13 @@
 #include "ctl/Services.h"
 #include "ctl/WorkingLists.h"
 
-// Loads what the working copies hold into `lists`. Without --dry-run the folder is claimed first, so that nothing
-// changes between this and storeLists. Exit::Done, or a message has been written.
+// Loads the working copies into `lists`. Without --dry-run the folder is claimed first, so that nothing changes before
+// storeLists. Exit::Done, or a message was written.
 Exit openForChange(Services& services, const Options& options, WorkingLists& working, Lists& lists);
 
-// Replaces the working copies by `after` and prints the new number of records of each list that has changed. With
-// --dry-run prints the differences and changes nothing.
+// Replaces the working copies by `after` and prints the new number of records of each changed list. With --dry-run
+// prints the differences and changes nothing.
 Exit storeLists(Services& services, const Options& options, WorkingLists& working, const Lists& before, Lists& after);
 
-// "DRM: 2 -> 3 records" for each list.
+// Prints "DRM: 2 -> 3 records" for each list.
 Exit printCounts(Services& services, const Lists& before, const Lists& after);

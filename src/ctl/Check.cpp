@@ -96,7 +96,7 @@ private:
         for (int row = 1; row <= grid.rowCount(); ++row) {
             std::u16string key;
             for (int column = 1; column <= columnCountOf(kind); ++column) {
-                (key += grid.text(row, column)) += u'\0';  // cells end before their first NUL
+                (key += grid.text(row, column)) += u'\0';  // the loader ends cells at their first NUL
             }
             const auto [first, isNew] = seen.emplace(std::move(key), row);
             if (!isNew) {

@@ -32,7 +32,7 @@ void checkCount(IniReader& file, ListKind kind, Faults& faults) {
                         u"says " + decimal(read) + u", but there is no section " + std::u16string(section.of(index))});
         }
     }
-    // A count that lies hides records; one line says how many follow.
+    // A wrong count hides records; one message says how many.
     int beyond = read < 0 ? 0 : read;
     const int first = beyond;
     while (beyond < kLargestCount && file.hasSection(section.of(beyond))) {

@@ -1,4 +1,4 @@
-// Whether the counts of the list files are those of their record sections.
+// Compares the counts in the list files with the number of their record sections.
 #pragma once
 
 #include "ctl/Faults.h"

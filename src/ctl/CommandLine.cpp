@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kSource = R"(a folder, a List.ini or User.ini, "receiver" or "backup:STAMP")";
 
-// The texts as they are typed; options take UTF-16.
+// Arguments as typed; options are UTF-16.
 struct Words {
     std::string folder;
     std::string list;
@@ -60,7 +60,7 @@ std::optional<FrequencyRange> frequencyRangeOf(std::string_view text) {
     constexpr std::string_view kAsciiSign = "+-";
     std::size_t sign = text.find(kSign);
     if (sign == text.npos) {
-        sign = text.find(kAsciiSign);  // as long as the other
+        sign = text.find(kAsciiSign);  // has the length of the other sign
     }
     const auto isNumber = [](std::string_view number) {
         return !number.empty() && number.find_first_not_of("0123456789.") == number.npos &&
@@ -87,7 +87,7 @@ std::string checkTime(const std::string& text) {
 class Parser {
 public:
     Parser() : app_("Shows, checks, converts and changes the station lists of a DRM receiver.", "halcyon_k7ctl") {
-        // "/" begins a path on every system; the library takes it for an option on Windows.
+        // "/" begins a path on every system, but the library takes it for an option on Windows.
         app_.allow_windows_style_options(false);
         app_.set_version_flag("--version", HALCYON_VERSION);
         app_.add_option("--folder", words_.folder, "the folder of the working copies")->type_name("DIR");
@@ -103,7 +103,7 @@ public:
     }
 
     std::variant<Options, CommandLineEnd> parse(std::vector<std::string> arguments) {
-        std::reverse(arguments.begin(), arguments.end());  // as the library takes them
+        std::reverse(arguments.begin(), arguments.end());  // the library expects reverse order
         try {
             app_.parse(std::move(arguments));
             if (!words_.source.empty() && !words_.list.empty() && !kLists.contains(words_.list)) {
@@ -239,7 +239,7 @@ private:
         return std::move(options_);
     }
 
-    // "show" takes a list, a source or both.
+    // "show" accepts a list, a source or both.
     void takeList() {
         if (const auto list = kLists.find(words_.list); list != kLists.end()) {
             options_.list = list->second;
@@ -251,7 +251,7 @@ private:
     CLI::App app_;
     Words words_;
     Options options_;
-    bool append_ = false;  // what happens without --replace anyway
+    bool append_ = false;  // has no effect: appending is the default
 };
 
 }  // namespace

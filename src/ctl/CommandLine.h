@@ -1,4 +1,4 @@
-// The words of the command line, checked and turned into options.
+// Parses and checks the command line.
 #pragma once
 
 #include <string>
@@ -9,13 +9,13 @@
 #include "ctl/Options.h"
 #include "platform/Console.h"
 
-// The program is not to run: it was asked for its help or version, or the words are wrong.
+// The program ends without a command: help or version were requested, or the arguments are wrong.
 struct CommandLineEnd {
     std::string text;
     bool isError = false;
 };
 
-// arguments: without the program's name, in UTF-8.
+// arguments: UTF-8, without the program's name.
 std::variant<Options, CommandLineEnd> parseCommandLine(std::vector<std::string> arguments);
-// Prints the text where it belongs.
+// Prints the text to standard output or, after an error, to standard error.
 Exit endCommandLine(Console& console, const CommandLineEnd& end);

@@ -1,4 +1,4 @@
-// The commands of the program, a file for each.
+// The commands of the program, each in a file of its own.
 #pragma once
 
 #include "ctl/Exit.h"
@@ -23,5 +23,5 @@ Exit showReceiverStatus(Services& services, const Options& options);
 Exit loadFromReceiver(Services& services, const Options& options);
 Exit saveToReceiver(Services& services, const Options& options);
 
-// The differences as "diff" and --dry-run print them.
+// Prints the differences as "diff" and --dry-run do.
 Exit printDiff(Services& services, const Options& options, const Lists& before, const Lists& after);

@@ -50,7 +50,7 @@ bool CsvReader::next(CsvRow& row) {
     return true;
 }
 
-// Up to the separator or the end of the line.
+// Reads up to the separator or the end of the line.
 void CsvReader::readCell(CsvRow& row) {
     std::u16string& cell = row.cells.emplace_back();
     if (!atEnd() && text_[position_] == kQuote) {

@@ -1,4 +1,4 @@
-// Texts of comma-separated values: cells in quotes may hold separators, quotes (doubled) and line breaks.
+// Reads comma-separated values. Cells in quotes may contain separators, doubled quotes and line breaks.
 #pragma once
 
 #include <cstddef>
@@ -7,15 +7,15 @@
 #include <vector>
 
 struct CsvRow {
-    int line = 0;  // 1-based, on which the row begins
+    int line = 0;  // 1-based line on which the row begins
     std::vector<std::u16string> cells;
-    // Empty, or what is wrong with the quotes of the row.
+    // What is wrong with the quotes of the row; empty if nothing is.
     std::u16string_view fault;
 };
 
 class CsvReader {
 public:
-    // The separator, "," ";" or a tab, is the one that the first line has most of outside quotes.
+    // The separator is a comma, a semicolon or a tab: the most frequent one outside quotes in the first line.
     explicit CsvReader(std::u16string_view text);
 
     // The next row that is not empty; false at the end.

@@ -15,7 +15,7 @@ namespace {
 
 enum Column : std::size_t { kList, kProgramme, kFrequency, kStart, kStop, kTarget, kSystem };
 
-// A list file cannot hold everything that a cell can: what it would give back is compared.
+// A list file cannot store every text: compares the text with what a loader would read back.
 bool canBeStored(std::u16string_view text) {
     return text.find_first_of(std::u16string_view(u"\r\n\0", 3)) == text.npos && iniValue(text) == text;
 }
@@ -124,7 +124,7 @@ private:
         return text;
     }
 
-    // The CSV file has kHz in every list; the rules of FM are about MHz.
+    // The CSV file has kHz in every list; the FM rules use MHz.
     void readFrequency(ListKind rules, Record& record) {
         record.frequency = cell(kFrequency);
         std::u16string checkedText = record.frequency;

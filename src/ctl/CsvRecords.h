@@ -1,4 +1,4 @@
-// The records of a CSV file, each checked by the rules of adding a record.
+// The records of a CSV file, each checked by the rules for adding a record.
 #pragma once
 
 #include <deque>
@@ -13,7 +13,7 @@
 
 struct CsvFault {
     int line = 0;
-    std::u16string column;  // empty: of the row or the file as a whole
+    std::u16string column;  // empty: the fault is in the row or the file
     std::u16string reason;
 };
 
@@ -24,10 +24,10 @@ struct CsvRecord {
 
 struct CsvRecords {
     std::vector<CsvRecord> records;
-    std::vector<CsvFault> faults;                // with one, no record counts
-    std::vector<std::u16string> unknownColumns;  // left out
-    std::deque<CsvRow> rows;                     // which the records refer to
+    std::vector<CsvFault> faults;                // if there are any, none of the records may be used
+    std::vector<std::u16string> unknownColumns;  // ignored
+    std::deque<CsvRow> rows;                     // the records are views into them
 };
 
-// `only`: records of other lists are left out; a file without a list column holds records of this one.
+// `only`: skips records of other lists; without a list column all records belong to this list.
 CsvRecords readCsv(std::u16string_view text, std::optional<ListKind> only);

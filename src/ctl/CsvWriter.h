@@ -1,4 +1,4 @@
-// The lists as comma-separated values: UTF-8, one line for the names of the columns and one for each record.
+// Writes lists as comma-separated values: UTF-8, one line of column names and one line per record.
 #pragma once
 
 #include <array>
@@ -8,7 +8,7 @@
 
 #include "ctl/Lists.h"
 
-// In the order in which they are written; a file that is read may have them in any order.
+// In the order of the output; input may have any order.
 inline constexpr std::array<std::u16string_view, 7> kCsvColumns = {
     u"list", u"programme", u"frequency_khz", u"start_utc", u"stop_utc", u"target", u"system"};
 

@@ -21,7 +21,7 @@ Exit diffSources(Services& services, const Options& options) {
     Lists after;
     before.load(oldSource->bytes, services.files, services.codePages);
     after.load(newSource->bytes, services.files, services.codePages);
-    // A file that only one of them has is not compared.
+    // Lists are compared only if both sources have their file.
     for (const ListKind kind : kListKinds) {
         if (!oldSource->has(kind) || !newSource->has(kind)) {
             before.grid(kind).clear();

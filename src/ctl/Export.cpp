@@ -32,7 +32,7 @@ std::string composed(Services& services, ExportFormat format, const Lists& lists
     return csvOf(lists, all);
 }
 
-// The files of the source, as a save of the window would write them.
+// Writes the files of the source as the window would save them.
 Exit exportIni(Services& services, const Options& options, const SourceFiles& source, Lists& lists) {
     if (options.output.empty()) {
         complain(services.console, u"the ini format is two files: name a folder for them with -o");

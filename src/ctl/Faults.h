@@ -1,4 +1,4 @@
-// What "check" finds wrong, one line each.
+// The faults that "check" finds, one line each.
 #pragma once
 
 #include <optional>
@@ -9,8 +9,8 @@
 #include "storage/stations/ListKind.h"
 
 struct Fault {
-    std::optional<ListKind> list;  // nullopt: of a file, which `field` names
-    int row = 0;                   // 1-based; 0: of the list as a whole
+    std::optional<ListKind> list;  // nullopt: `field` names a file
+    int row = 0;                   // 1-based; 0: the whole list
     std::u16string field;
     std::u16string message;
 };

@@ -39,7 +39,7 @@ private:
         return kHz >= options_.kHz->middle - options_.kHz->reach && kHz <= options_.kHz->middle + options_.kHz->reach;
     }
 
-    // A broadcast is off at its stop time.
+    // A broadcast has ended at its stop time.
     bool isOnAir(const Record& record) const {
         if (time_.empty()) {
             return true;

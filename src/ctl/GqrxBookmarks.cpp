@@ -10,7 +10,7 @@
 
 namespace {
 
-// How gqrx receives a list. It has no demodulator for DRM: its plain stream goes to a decoder.
+// Settings of gqrx per list. It has no DRM demodulator: the raw stream goes to an external decoder.
 struct Reception {
     std::u16string_view tag;
     std::u16string_view modulation;
@@ -32,7 +32,7 @@ std::u16string padded(std::u16string_view text, std::size_t width, bool toTheRig
     return result;
 }
 
-// The fields of a line end at the next semicolon.
+// A semicolon would end the field.
 std::u16string withoutSemicolons(std::u16string_view name) {
     std::u16string text = printable(name);
     for (char16_t& unit : text) {

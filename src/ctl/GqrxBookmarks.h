@@ -1,4 +1,4 @@
-// The lists as the bookmark file of gqrx, a receiver program.
+// Writes lists as a bookmark file of gqrx, a receiver program.
 #pragma once
 
 #include <string>

@@ -43,7 +43,7 @@ svg .in { fill: var(--on-bar); }
 <h1>Station lists</h1>
 )";
 
-// Without scripts the mark stays at the hour in which the page was made.
+// Without scripts the mark stays at the hour when the page was written.
 constexpr std::u16string_view kEnd =
     uR"(<script>
 const mark = document.getElementById("now");

@@ -1,4 +1,4 @@
-// The lists as one page for a browser or a printer that needs no other file.
+// Writes the lists as one self-contained page for a browser or a printer.
 #pragma once
 
 #include <string>
@@ -6,5 +6,5 @@
 #include "ctl/Lists.h"
 #include "platform/Clock.h"
 
-// now: when the page is made; the page marks the hour in which it is looked at where scripts run, else this one.
+// now: time of writing. The page marks the hour of viewing if scripts run, otherwise this one.
 std::string htmlOf(const Lists& lists, const UtcTime& now);

@@ -33,7 +33,6 @@ Exit refuse(Console& console, std::u16string_view path, const std::vector<CsvFau
     return Exit::Different;
 }
 
-// Everything that the rows refer to stays in `lists` afterwards.
 void fill(Lists& lists, const Options& options, const CsvRecords& csv) {
     for (const ListKind kind : kListKinds) {
         if (options.replace && options.list.value_or(kind) == kind) {

@@ -1,4 +1,4 @@
-// The file that a command takes records from, or standard input.
+// Reads the input file of a command, or standard input.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 #include "ctl/Exit.h"
 #include "ctl/Services.h"
 
-// "-": standard input. `name` is what messages call it. Exit::Done, or a message has been written.
+// "-": standard input. `name` is set for messages. Exit::Done, or a message was written.
 Exit readInput(Services& services, std::u16string_view input, std::u16string& name, std::string& bytes);
-// The same of a text in UTF-8; its mark is accepted, and other bytes are refused.
+// As readInput, for UTF-8; a byte-order mark is accepted, other encodings are rejected.
 Exit readInputText(Services& services, std::u16string_view input, std::u16string& name, std::u16string& text);

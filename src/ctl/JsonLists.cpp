@@ -9,11 +9,11 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;  // keys in the order in which they are set
+using Json = nlohmann::ordered_json;  // keeps the order of keys
 
 constexpr int kIndent = 2;
 
-// A number where the text is one, else the text itself.
+// A number if the text is one, else the text.
 Json frequencyOf(std::u16string_view text) {
     const double value = leadingNumber(text);
     if (shortestDecimal(value) != text) {

@@ -1,4 +1,4 @@
-// The lists as JSON: an object with one array for each list, in which each record is an object.
+// Writes lists as JSON: an object with one array per list, and one object per record.
 #pragma once
 
 #include <string>
@@ -7,5 +7,5 @@
 #include "ctl/Lists.h"
 
 std::string jsonOf(const Lists& lists, const std::vector<ListKind>& kinds);
-// These rows (1-based) of one list: an array.
+// An array of the given rows (1-based) of one list.
 std::string jsonOf(const Lists& lists, ListKind kind, const std::vector<int>& rows);

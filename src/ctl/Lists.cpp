@@ -23,7 +23,7 @@ const Names& namesOf(ListKind kind) {
     return kNames[static_cast<std::size_t>(kind)];
 }
 
-// A run of the window keeps UTF-16 in the working copies; everything else is in the receiver's UTF-8.
+// During a run of the window the working copies are UTF-16; all other files are in the receiver's UTF-8.
 std::string readyForLoader(const std::optional<std::string>& bytes) {
     if (!bytes || bytes->starts_with(TextFormatBom(TextFormat::Utf16Le))) {
         return bytes.value_or("");
@@ -46,7 +46,7 @@ Lists::Lists()
 }
 
 void Lists::copyFrom(const Lists& other) {
-    rows_ = other.rows_;  // no view draws them
+    rows_ = other.rows_;  // no view shows them
     settings_ = other.settings_;
 }
 

@@ -1,4 +1,4 @@
-// The four lists without a window: loaded from bytes and composed to bytes by the classes that the window uses.
+// The four lists without a window, loaded and composed by the same classes as in the window.
 #pragma once
 
 #include <array>
@@ -14,11 +14,11 @@
 inline constexpr std::array<ListKind, kListCount> kListKinds = {ListKind::Drm, ListKind::Am, ListKind::Fm,
                                                                 ListKind::Favourite};
 
-// The name of a list on the command line and in CSV and JSON: "drm", "am", "fm", "fav".
+// The list's name on the command line and in CSV and JSON: "drm", "am", "fm", "fav".
 std::u16string_view shortNameOf(ListKind kind);
-// As the tabs of the window are called.
+// The title of the list's tab.
 std::u16string_view titleOf(ListKind kind);
-// "DRM", "AM", "FM", "Favourite", for messages.
+// The name in messages: "DRM", "AM", "FM", "Favourite".
 std::u16string_view nameOf(ListKind kind);
 constexpr int columnCountOf(ListKind kind) { return kind == ListKind::Drm ? 4 : 3; }
 
@@ -33,12 +33,12 @@ public:
     StationLists& stationLists() { return lists_; }
     ReceiverSettings& settings() { return settings_; }
 
-    // Of an empty object.
+    // For an empty object only.
     void copyFrom(const Lists& other);
-    // Appends the records of both files, as a start of the window would show them; a file of which nothing is known
-    // has none. Bytes that begin with the mark of UTF-16 are taken as such, all others as UTF-8.
+    // Appends the records of both files as a start of the window would; a file without bytes has none. Bytes with the
+    // mark of UTF-16 are decoded as such, all others as UTF-8.
     void load(const WorkingCopyBytes& bytes, Files& files, CodePages& codePages);
-    // As the window would save them over these working copies.
+    // The files as the window would save them over these working copies.
     WorkingCopyBytes compose(const WorkingCopies& copies, Files& files, CodePages& codePages);
 
 private:

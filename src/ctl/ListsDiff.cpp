@@ -8,7 +8,7 @@
 
 namespace {
 
-// The band of a record follows from its frequency.
+// The band of a record is derived from its frequency, so it is not compared.
 int storedColumnsOf(ListKind kind) {
     switch (kind) {
         case ListKind::Drm:
@@ -59,7 +59,7 @@ private:
         return key;
     }
 
-    // Records without a partner whose cells of these columns are equal become partners, in the order of the rows.
+    // Pairs records that have no partner and are equal in these columns, in the order of the rows.
     void match(int firstColumn, int lastColumn) {
         std::unordered_map<std::u16string, std::deque<int>> rows;
         for (int row = 1; row <= after_.rowCount(); ++row) {
@@ -78,9 +78,9 @@ private:
         }
     }
 
-    // All but a longest run of partners in ascending order have moved.
+    // Partners outside a longest increasing run have moved.
     void findMoved() {
-        std::vector<int> tails;  // old rows; the i-th ends the best run of i + 1 records
+        std::vector<int> tails;  // old rows; the i-th ends the best run of i + 1 records found so far
         std::vector<int> previous(newRowOf_.size());
         const auto newRow = [this](int oldRow) { return newRowOf_[static_cast<std::size_t>(oldRow)]; };
         for (int row = 1; row <= before_.rowCount(); ++row) {

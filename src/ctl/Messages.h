@@ -1,4 +1,4 @@
-// What the program says on standard error.
+// Messages on standard error.
 #pragma once
 
 #include <string>
@@ -7,15 +7,14 @@
 #include "ctl/Exit.h"
 #include "platform/Console.h"
 
-// One line: "halcyon_k7ctl: " and the message.
+// Writes one line: "halcyon_k7ctl: " and the message.
 void complain(Console& console, std::u16string_view message);
-// The same with "warning: "; the command continues.
+// The same with "warning: " before the message; the command continues.
 void warn(Console& console, std::u16string_view message);
-// "FILE: why", and Exit::File.
+// Writes "FILE: why"; returns Exit::File.
 Exit fileFault(Console& console, std::u16string_view path, std::u16string_view why);
-// Writes to standard output; a failure makes it Exit::File.
+// Writes to standard output; returns `result`, or Exit::File on failure.
 Exit print(Console& console, std::string_view text, Exit result = Exit::Done);
 
-// The text with control characters replaced, so that the cells of a file can neither move the cursor of a terminal nor
-// break a line.
+// The text without control characters, which in the cells of a file could move the terminal's cursor or break a line.
 std::u16string printable(std::u16string_view text);

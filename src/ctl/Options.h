@@ -1,4 +1,4 @@
-// What a command line asks for.
+// The parsed command line.
 #pragma once
 
 #include <optional>
@@ -28,17 +28,17 @@ enum class ScheduleFormat { Auto, NineLines, Eibi, Hfcc };
 
 struct FrequencyRange {
     double middle = 0;  // kHz
-    double reach = 0;   // kHz on either side
+    double reach = 0;   // kHz in either direction
 };
 
 struct Options {
-    // Of the whole program.
+    // Global options
     Verb verb = Verb::Show;
     std::optional<std::u16string> folder;
     bool json = false;
     bool dryRun = false;
 
-    std::u16string source;  // empty: the working copies; of a backup command the backup
+    std::u16string source;  // empty: the working copies; for backup commands: the backup
     std::optional<ListKind> list;
     // find
     std::u16string text;
@@ -51,13 +51,13 @@ struct Options {
     // export
     ExportFormat exportFormat = ExportFormat::Csv;
     std::u16string output;  // empty: standard output
-    // import, schedule: the file or address, "-" for standard input
+    // import, schedule: file or address; "-": standard input
     std::u16string input;
     bool replace = false;
     // schedule
     ScheduleFormat scheduleFormat = ScheduleFormat::Auto;
     bool drmOnly = false;
     std::u16string target;
-    std::optional<int> day;  // 0 is Monday
+    std::optional<int> day;  // 0: Monday
     std::optional<int> first;
 };

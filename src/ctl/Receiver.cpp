@@ -73,7 +73,7 @@ Exit showReceiverStatus(Services& services, const Options& options) {
     Lists ours;
     theirs.load(onReceiver->bytes, services.files, services.codePages);
     ours.load(working->bytes, services.files, services.codePages);
-    // The order counts: it is what the receiver shows.
+    // Ordered, since the receiver shows records in this order.
     const auto changes = diffLists(theirs, ours, true);
     Receiver receiver(services);
     receiver.files.findDisk();

@@ -1,4 +1,4 @@
-// A row of a list as the terms of the CSV and JSON files: frequencies in kHz, start and stop apart.
+// A row of a list in the terms of the CSV and JSON files: frequency in kHz, start and stop separate.
 #pragma once
 
 #include <optional>
@@ -8,19 +8,19 @@
 #include "platform/Grid.h"
 #include "storage/stations/ListKind.h"
 
-// Views into the grid or the file that it comes from; empty where the list has no such field.
+// Views into the grid or the input file; empty if the list has no such field.
 struct Record {
     std::u16string_view programme;
-    std::u16string frequency;    // kHz, as the list files hold it
-    std::u16string_view start;   // hh:mm UTC, of the DRM list
-    std::u16string_view stop;    // a time cell that is no span stands whole in `start`
-    std::u16string_view target;  // of the DRM list
-    std::u16string_view system;  // of favourites: "DRM", "AM" or "FM"
+    std::u16string frequency;    // kHz, as stored in the list files
+    std::u16string_view start;   // hh:mm UTC; DRM list only
+    std::u16string_view stop;    // a time cell that is no span is in `start` as a whole
+    std::u16string_view target;  // DRM list only
+    std::u16string_view system;  // favourites only: "DRM", "AM" or "FM"
 
     friend bool operator==(const Record&, const Record&) = default;
 };
 
 Record recordOf(const Grid& grid, ListKind kind, int row);
-// hh:mm-hh:mm; nullopt unless both are times of day hh:mm and the start is the earlier one.
+// hh:mm-hh:mm; nullopt unless both are times of day and start is earlier.
 std::optional<std::u16string> timeSpanOf(std::u16string_view start, std::u16string_view stop);
 void appendRecord(Grid& grid, ListKind kind, const Record& record);

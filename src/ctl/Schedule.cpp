@@ -81,7 +81,7 @@ Exit takeSchedule(Services& services, const Options& options) {
         drm.clear();
     }
     for (int row = 1; row <= schedule.rowCount(); ++row) {
-        // The window's sync keeps what a schedule holds twice.
+        // Without merging, duplicates stay, as in the window's sync.
         if (!merges || !isListed(drm, drm.rowCount(), schedule, row)) {
             append(drm, schedule, row);
         }

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr std::size_t kMostUnits = 10;  // of a programme that the receiver shows whole
+constexpr std::size_t kMostUnits = 10;  // of a programme name that the receiver shows in full
 constexpr std::u16string_view kMidnight = u"2400";
 
 bool isAddress(std::u16string_view input) { return input.starts_with(u"http://") || input.starts_with(u"https://"); }
@@ -48,7 +48,7 @@ ScheduleFormat formatOf(std::string_view bytes) {
     return bytes.starts_with("kHz:") ? ScheduleFormat::Eibi : ScheduleFormat::Hfcc;
 }
 
-// The names of broadcasters in the file that is published beside the schedule.
+// The names of broadcasters, from the file published with the schedule.
 std::string broadcastersBeside(Services& services, std::u16string_view input) {
     if (input == u"-" || isAddress(input)) {
         return {};
@@ -96,7 +96,7 @@ private:
     RowStore& rows_;
 };
 
-// The nine-line form has DRM broadcasts of every day only.
+// The nine-line format contains DRM broadcasts only, and no days.
 bool readNineLines(Services& services, const Options& options, const std::string& bytes, RowStore& rows) {
     const std::u16string text = services.codePages.decode(bytes);
     if (text.find(u"[DRMSchedule]") == text.npos) {

@@ -1,4 +1,4 @@
-// The records of a broadcast schedule as rows of the DRM list.
+// Reads broadcast schedules as rows of the DRM list.
 #pragma once
 
 #include <string>
@@ -9,6 +9,5 @@
 #include "ctl/Services.h"
 #include "storage/stations/RowStore.h"
 
-// Fetches or reads options.input, and appends what the options select to `rows`. Exit::Done, or a message has been
-// written.
+// Downloads or reads options.input and appends the selected broadcasts to `rows`. Exit::Done, or a message was written.
 Exit readSchedule(Services& services, const Options& options, RowStore& rows);

@@ -1,4 +1,4 @@
-// What the commands ask of the system.
+// The system services for the commands.
 #pragma once
 
 #include <string>
@@ -16,9 +16,9 @@ struct Services {
     CodePages& codePages;
     Volumes& volumes;
     HttpClient& httpClient;
-    SingleInstance& singleInstance;  // of `folder`
+    SingleInstance& singleInstance;  // for `folder`
     Clock& clock;
     Console& console;
-    std::u16string folder;         // of the working copies, with its trailing separator
-    std::u16string currentFolder;  // what relative paths start from, with its trailing separator
+    std::u16string folder;         // folder of the working copies, with trailing separator
+    std::u16string currentFolder;  // base of relative paths, with trailing separator
 };

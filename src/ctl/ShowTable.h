@@ -1,4 +1,4 @@
-// Lists as tables with the captions of the window.
+// Writes lists as tables with the captions of the window.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 #include "ctl/Lists.h"
 
-// With a heading and the number of rows before each.
+// Each table is preceded by a heading and the number of rows.
 std::string tablesOf(const Lists& lists, const std::vector<ListKind>& kinds, bool colours);
-// These rows (1-based) of one list, without a heading.
+// The given rows (1-based) of one list, without a heading.
 std::string tableOf(const Lists& lists, ListKind kind, const std::vector<int>& rows, bool colours);

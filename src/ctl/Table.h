@@ -1,4 +1,4 @@
-// Rows of cells as lines of text with aligned columns.
+// Aligns rows of cells in columns of text.
 #pragma once
 
 #include <string>
@@ -10,10 +10,10 @@ public:
     enum class Align { Left, Right };
 
     void addColumn(std::u16string_view caption, Align align);
-    // As many cells as columns. Control characters are replaced.
+    // `cells` has one cell per column. Control characters are replaced.
     void addRow(const std::vector<std::u16string_view>& cells);
     bool isEmpty() const { return cells_.empty(); }
-    // Two blanks between columns, none at the end of a line. Colours make the captions bold.
+    // Columns are separated by two blanks; lines have no trailing blanks. `colours`: bold captions.
     std::string compose(bool colours) const;
 
 private:

@@ -1,4 +1,4 @@
-// Searching in texts without regard to the case of the letters A to Z.
+// Searches texts, ignoring the case of A to Z.
 #pragma once
 
 #include <algorithm>

@@ -10,17 +10,17 @@
 
 namespace {
 
-// Units of the drawing.
+// In units of the drawing.
 constexpr int kLeft = 80;
 constexpr int kHour = 40;
 constexpr int kTop = 24;
 constexpr int kLane = 22;
 constexpr int kBar = 16;
-constexpr int kLetter = 7;  // about the width of a character
+constexpr int kLetter = 7;  // approximate width of a character
 constexpr int kHours = 24;
 constexpr int kRight = kLeft + kHours * kHour;
 constexpr int kWidth = kRight + 10;
-constexpr int kBaseline = 12;  // of a text, below the top of its bar
+constexpr int kBaseline = 12;  // baseline of a text, from the top of its bar
 
 struct Bar {
     double kHz = 0;
@@ -37,7 +37,7 @@ int minutesOf(std::u16string_view time) {
 int xOf(int minutes) { return kLeft + minutes * kHour / 60; }
 int labelWidth(const Bar& bar) { return static_cast<int>(displayWidth(bar.record.programme)) * kLetter + 8; }
 bool labelFits(const Bar& bar) { return labelWidth(bar) <= xOf(bar.stop) - xOf(bar.start); }
-// A label that does not fit stands behind its bar, or before it at the end of the day.
+// A label that does not fit is placed after its bar, or before it at the end of the day.
 bool labelStandsBefore(const Bar& bar) { return !labelFits(bar) && xOf(bar.stop) + labelWidth(bar) > kRight; }
 int leftOf(const Bar& bar) { return xOf(bar.start) - (labelStandsBefore(bar) ? labelWidth(bar) : 0); }
 int rightOf(const Bar& bar) { return xOf(bar.stop) + (labelFits(bar) || labelStandsBefore(bar) ? 0 : labelWidth(bar)); }
@@ -56,10 +56,10 @@ std::vector<Bar> barsOf(const Grid& drm) {
     return bars;
 }
 
-// Bars of one frequency share a lane unless they would cover each other. The number of lanes.
+// Bars of one frequency share a lane unless they overlap. Returns the number of lanes.
 int placeInLanes(std::vector<Bar>& bars) {
     int first = 0;
-    std::vector<int> ends;  // of the lanes of this frequency
+    std::vector<int> ends;  // stop of the last bar in each lane of this frequency
     for (std::size_t i = 0; i < bars.size(); ++i) {
         if (i > 0 && bars[i].kHz != bars[i - 1].kHz) {
             first += static_cast<int>(ends.size());

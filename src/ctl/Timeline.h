@@ -1,4 +1,4 @@
-// The DRM list as a drawing: 24 hours from left to right, a line for each frequency.
+// Draws the DRM list as a timeline of 24 hours, one line per frequency.
 #pragma once
 
 #include <string>
@@ -6,5 +6,5 @@
 #include "platform/Clock.h"
 #include "platform/Grid.h"
 
-// An SVG element; empty if no record has a time of day. Coloured by the style sheet of the page.
+// An SVG element, coloured by the style sheet of the page; empty if no record has a time of day.
 std::u16string timelineOf(const Grid& drm, const UtcTime& now);

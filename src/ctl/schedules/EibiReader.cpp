@@ -29,7 +29,7 @@ constexpr int kDaysOfWeek = 7;
 
 using Fields = std::array<std::string_view, kFieldCount>;
 
-// The last field may be followed by a semicolon; missing fields at the end are empty.
+// The last field may end with a semicolon; missing fields at the end are empty.
 std::optional<Fields> fieldsOf(std::string_view line) {
     constexpr std::size_t kNeeded = kTarget + 1;
     Fields fields;
@@ -48,7 +48,7 @@ int dayNamed(std::string_view name) {
     return found == kNames.end() ? -1 : static_cast<int>(found - kNames.begin());
 }
 
-// "1245" (1 is Monday), "Mo-Fr", "SaSu", "Mo,We"; anything else, such as a note, means every day.
+// "1245" (1 is Monday), "Mo-Fr", "SaSu", "Mo,We"; any other text, such as a note, means every day.
 unsigned daysOf(std::string_view text) {
     unsigned days = 0;
     if (!text.empty() && text.find_first_not_of("1234567") == text.npos) {
@@ -80,7 +80,7 @@ unsigned daysOf(std::string_view text) {
     return days == 0 ? kEveryDay : days;
 }
 
-// The number of a day within a year of months of 31 days; nullopt unless the text is ddmm.
+// The number of the day if every month had 31 days; nullopt unless the text is ddmm.
 std::optional<int> dayOfYear(std::string_view ddmm) {
     constexpr int kMonths = 12;
     constexpr int kMostDays = 31;
@@ -95,7 +95,7 @@ std::optional<int> dayOfYear(std::string_view ddmm) {
     return (month - 1) * kMostDays + day - 1;
 }
 
-// The dates have no year. One alone is taken for the nearer one, within half a year.
+// The dates have no year. A single date means the nearest such day, within half a year.
 bool isInSeason(std::string_view start, std::string_view stop, const UtcTime& today) {
     constexpr int kDaysOfYear = 12 * 31;
     const int now = (today.month - 1) * 31 + today.day - 1;

@@ -1,4 +1,4 @@
-// The schedule that EiBi publishes: lines of eleven fields with semicolons between them, in Windows-1252. The first
+// Reads the schedule that EiBi publishes: lines of eleven fields, separated by semicolons, in Windows-1252. The first
 // line begins with "kHz:".
 #pragma once
 
@@ -7,5 +7,5 @@
 #include "ctl/schedules/ScheduleEntry.h"
 #include "platform/Clock.h"
 
-// today decides which entries are out of season. DRM broadcasts are known by their names.
+// Entries out of season today are skipped. DRM broadcasts are recognised by their names.
 ScheduleEntries readEibi(std::string_view bytes, const UtcTime& today);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr unsigned char kFirstC1 = 0x80;
 constexpr unsigned char kLastC1 = 0x9F;
-// Windows-1252 has characters where Latin-1 has control codes; its five holes stay such codes.
+// Windows-1252 has characters for the control codes of Latin-1; five bytes are undefined and stay control codes.
 constexpr std::array<char16_t, kLastC1 - kFirstC1 + 1> kInPlaceOfC1 = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,

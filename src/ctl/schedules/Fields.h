@@ -1,4 +1,4 @@
-// What the readers of schedules share.
+// Functions shared by the readers of schedules.
 #pragma once
 
 #include <cstddef>
@@ -6,16 +6,16 @@
 #include <string>
 #include <string_view>
 
-// Without blanks at its ends.
+// Removes blanks at both ends.
 std::string_view withoutBlanks(std::string_view text);
 bool areDigits(std::string_view text, std::size_t count);
 // hhmm from 0000 to 2400.
 bool isTimeOfDay(std::string_view text);
-// The digits of the nearest whole kHz; nullopt unless the text is a plain number.
+// The nearest whole kHz as digits; nullopt unless the text is a plain number.
 std::optional<std::u16string> wholeKilohertz(std::string_view text);
 int numberOf(std::string_view digits);
 
-// Takes the line, without its CR LF, LF or CR, off the front of `rest`.
+// Removes the first line from `rest` and returns it without its CR LF, LF or CR.
 std::string_view takeLine(std::string_view& rest);
 
 std::u16string fromLatin1(std::string_view bytes);

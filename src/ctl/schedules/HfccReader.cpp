@@ -9,7 +9,7 @@
 
 namespace {
 
-// Bytes of a line, from 0.
+// 0-based columns of a line, in bytes.
 struct Columns {
     std::size_t first;
     std::size_t end;
@@ -45,7 +45,7 @@ Names namesOf(std::string_view broadcasters) {
     return names;
 }
 
-// ddmmyy as a number that grows with time.
+// ddmmyy as a number that increases with the date.
 std::optional<int> dateOf(std::string_view ddmmyy) {
     if (!areDigits(ddmmyy, 6)) {
         return std::nullopt;
@@ -58,7 +58,7 @@ bool isInSeason(std::string_view line, const UtcTime& today) {
     return dateOf(in(line, kFirstDate)).value_or(now) <= now && now <= dateOf(in(line, kLastDate)).value_or(now);
 }
 
-// 1 is Sunday.
+// In `digits` 1 is Sunday.
 unsigned daysOf(std::string_view digits) {
     unsigned days = 0;
     for (const char digit : digits) {
@@ -109,7 +109,7 @@ ScheduleEntries readHfcc(std::string_view bytes, std::string_view broadcasters, 
             result.entries.push_back(std::move(*entry));
         }
     }
-    // A text of another kind has lines, but none of this form.
+    // A text in another format has no line of this form.
     result.isSchedule = !result.entries.empty() || result.outOfSeason > 0;
     return result;
 }

@@ -1,4 +1,4 @@
-// The schedule that the HFCC publishes: lines of fixed columns in Latin-1; those that begin with ";" are comments.
+// Reads the schedule that the HFCC publishes: lines with fixed columns in Latin-1; ";" starts a comment line.
 #pragma once
 
 #include <string_view>
@@ -6,6 +6,6 @@
 #include "ctl/schedules/ScheduleEntry.h"
 #include "platform/Clock.h"
 
-// broadcasters: the file "broadcas.txt" that is published with it, with a code and a name on each line; may be empty,
-// then broadcasts have the codes for names. today decides which entries are out of season.
+// broadcasters: the file "broadcas.txt" published with the schedule, a code and a name per line; if empty, broadcasts
+// are named by their codes. Entries out of season today are skipped.
 ScheduleEntries readHfcc(std::string_view bytes, std::string_view broadcasters, const UtcTime& today);
