@@ -1,4 +1,5 @@
-// What most unit tests include, compiled once. Each file still includes what it uses: scripts/lint compiles without it.
+// The headers that most unit tests include. Each file still includes what it uses; scripts/lint compiles without this
+// header.
 #pragma once
 
 #include <gtest/gtest.h>

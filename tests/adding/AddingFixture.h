@@ -1,4 +1,4 @@
-// The four lists and the collaborators of adding, on fakes.
+// The four lists on fakes, with what the classes of adding use.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -64,7 +64,7 @@ TEST_F(addFormSaveTest, TypedTimesAreTakenAsTheyStandAndComparedByCode) {
     EXPECT_EQ(rowText(ListKind::Drm, 1), "Radio|9620|007:05-ab:0x|Europe");
     openFor(ListKind::Drm);
     typeDrm();
-    // "a" stands behind "Z" by code, whatever a dictionary says.
+    // "a" is after "Z" by code point, whatever the order of a language.
     typeTimes({u"aa", u"00", u"ZZ", u"00"});
     saveRefused(u"Start Time Must Smaller Than Stop Time");
 }

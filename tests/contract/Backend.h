@@ -1,4 +1,4 @@
-// What the contract cases need of a backend. Each backend's test program links one implementation of makeBackend().
+// What the contract cases require of a backend. Each test program links one implementation of makeBackend().
 #pragma once
 
 #include <chrono>
@@ -18,14 +18,14 @@
 class TestFolder {
 public:
     virtual ~TestFolder() = default;
-    virtual std::u16string path() const = 0;  // with its trailing separator
+    virtual std::u16string path() const = 0;  // with trailing separator
     virtual void makeFolder(std::u16string_view path) = 0;
     virtual void makeReadOnly(std::u16string_view path) = 0;
     virtual bool isReadOnly(std::u16string_view path) const = 0;
     virtual std::vector<std::u16string> names() const = 0;  // of the entries, sorted
 };
 
-// A grid view and what it shows. Rows and columns are 1-based.
+// A grid view and the texts that it shows. Rows and columns are 1-based.
 class GridViewProbe {
 public:
     virtual ~GridViewProbe() = default;
@@ -44,16 +44,16 @@ public:
     virtual EditBox& box() = 0;
     virtual void type(std::u16string_view text) = 0;
     virtual void paste(std::u16string_view text) = 0;
-    virtual void pressEnd() = 0;  // caret behind the text, nothing selected
+    virtual void pressEnd() = 0;  // caret at the end, nothing selected
     virtual void pressBackspace() = 0;
 };
 
-// Another process that holds the lock of a folder.
+// Another process that claims a folder.
 class OtherProcess {
 public:
     virtual ~OtherProcess() = default;
-    virtual bool gotThePlace() = 0;  // waits until it knows
-    virtual void kill() = 0;         // without a chance to clean up; returns when it is gone
+    virtual bool gotThePlace() = 0;  // blocks until the process has reported it
+    virtual void kill() = 0;         // without cleanup; returns when the process has ended
 };
 
 class Backend {
@@ -75,6 +75,6 @@ public:
 
 std::unique_ptr<Backend> makeBackend();
 
-// Address of the test's own HTTP server, without a trailing slash; from the argument --http=ADDRESS.
+// Address of the test's HTTP server, without a trailing slash; from the argument --http=ADDRESS.
 const std::u16string& httpServer();
 void readArguments(int argc, char** argv);

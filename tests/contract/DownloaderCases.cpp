@@ -81,7 +81,7 @@ TEST_F(DownloaderContract, APackedBodyIsWholeOrAFailure) {
 }
 
 TEST_F(DownloaderContract, AnInterruptedBodyIsAFailure) {
-    constexpr int kTries = 20;  // it must not depend on when the interruption is noticed
+    constexpr int kTries = 20;  // the result must not depend on when the interruption is noticed
     for (int i = 0; i < kTries; ++i) {
         for (const auto* resource : {u"/chunked-cut", u"/chunked-cut-in-chunk", u"/reset"}) {
             expectFailure(resource);

@@ -1,4 +1,4 @@
-// Runs the contract cases on the fakes, so that the unit tests rely on fakes that behave as real backends do.
+// Runs the contract cases on the fakes, to prove that they behave as real backends do.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -36,7 +36,7 @@ private:
     FakeFiles& files_;
 };
 
-// Shows as many rows as it was notified of and reads their cells from the grid, as a real view does.
+// Shows the number of rows of the notifications, and reads their cells from the grid, as a real view does.
 class CountingView : public FakeGridView {
 public:
     void afterAppend(int row) override {

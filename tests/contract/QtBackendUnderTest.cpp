@@ -82,7 +82,7 @@ public:
     }
 
     EditBox& box() override { return window_.editBox(); }
-    // Both halves of a pair come in one event.
+    // Both halves of a surrogate pair arrive in one event.
     void type(std::u16string_view text) override {
         for (const char32_t character : toQt(text).toUcs4()) {
             QTest::sendKeyEvent(QTest::Click, edit(), Qt::Key_unknown, QString::fromUcs4(&character, 1), {});

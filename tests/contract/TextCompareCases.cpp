@@ -9,7 +9,7 @@ namespace {
 
 class TextCompareContract : public testing::Test {
 protected:
-    // Short texts of few letters, so that many pairs are equal or nearly equal.
+    // Short texts of few letters, so that many pairs are equal or almost equal.
     static std::vector<std::u16string> randomTexts(std::size_t count) {
         static constexpr std::u16string_view kLetters = u"aAbBéÉzZ09 -.ßÖö中电\u0001\uFFFD";
         std::mt19937 random(7);

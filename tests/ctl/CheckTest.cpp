@@ -4,7 +4,7 @@ namespace {
 
 class CheckTest : public CtlTest {
 protected:
-    // What "check" prints about a List.ini.
+    // The output of "check" for a List.ini.
     std::string faultsOf(const std::string& list) {
         files.files[u"/home/List.ini"] = list;
         const int code = run({"check", "List.ini"});

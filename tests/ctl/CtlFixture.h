@@ -1,4 +1,4 @@
-// The command-line program on fakes: a command line goes in, exit code, texts and files come out.
+// The command-line program on fakes: takes a command line; gives exit code, texts and files.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -34,7 +34,7 @@ public:
     bool isBroken = false;
 };
 
-// Two records in each list but FM, which has one.
+// Two records in each list except FM, which has one.
 inline const std::string kCtlList =
     "[Total]\r\ndrmnumber=2\r\namnumber=2\r\nfmnumber=1\r\n"
     "[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=Aurora\r\nStartStopTimeUTC=07:00-16:00\r\nTarget=Europe\r\n"
@@ -54,7 +54,7 @@ protected:
         files.files[u"/k7/User.ini"] = kCtlUser;
     }
 
-    // The exit code; `out` and `errors` are those of this run.
+    // Returns the exit code; `out` and `errors` hold the output of this run only.
     int run(const std::vector<std::string>& words) {
         console.out.clear();
         console.errors.clear();
@@ -71,7 +71,7 @@ protected:
         files.files[u"/disk/User.ini"] = kCtlUser;
     }
 
-    // As a run of the window leaves them that is cut off with these lists in its snapshot.
+    // Leaves the files of an interrupted run of the window, with these lists in its snapshot.
     void leaveSnapshot(const std::string& list, const std::string& user) {
         Recovery recovery(u"/k7/", files);
         recovery.mayLeave(ListFileId::List, FileState::of(files.files[u"/k7/List.ini"]));

@@ -4,7 +4,7 @@ namespace {
 
 class FindTest : public CtlTest {
 protected:
-    // The rows found, by programme.
+    // The programmes of the rows found.
     std::string find(std::vector<std::string> words) {
         words.insert(words.begin(), "find");
         const int code = run(words);

@@ -2,7 +2,7 @@
 
 namespace {
 
-// nine lines for each record
+// The nine lines of a record.
 std::string record(const std::string& time, const std::string& frequency, const std::string& programme) {
     return "StartStopTimeUTC=" + time + "\nDays=1\nFrequency=" + frequency +
            "\nTarget=Europe\nPower=1\nProgramme=" + programme + "\nLanguage=E\nSite=S\nCountry=C\n";

@@ -1,5 +1,4 @@
-// The receiver's files and the working copies on real volumes: full ones, read-only ones, and one that is pulled out
-// in the middle of a save.
+// The receiver's files and the working copies on real volumes: full, read-only, or unplugged during a save.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -204,7 +203,8 @@ TEST_F(DeviceTest, FreeSpaceIsWhatFilesCanTake) {
     EXPECT_EQ(files.freeSpace(volume.at(u"none")), std::nullopt);
 }
 
-// Mounting is for root: another user's run goes on as root. Where sudo does not do that, the tests say what they need.
+// Mounting needs root: for another user the program restarts itself as root, by sudo; without sudo the tests report
+// what they need.
 int main(int argc, char** argv) {
     if (::geteuid() != 0) {
         std::string self = std::filesystem::read_symlink("/proc/self/exe").string();

@@ -42,7 +42,7 @@ Volume::Volume() : base_(newFolder()), image_(base_ + "/image"), folder_(base_ +
 
 Volume::Volume(const std::string& image) : base_(newFolder()), image_(base_ + "/image"), folder_(base_ + "/disk") {
     run("cp " + image + " " + image_);
-    // 0: sound; 1: was put right.
+    // 0: sound; 1: repaired.
     run("e2fsck -fy " + image_ + "; [ $? -le 1 ]");
     mount();
 }

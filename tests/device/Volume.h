@@ -1,4 +1,4 @@
-// A real file system on a loop device, mounted where only this process and its children see it. Needs root.
+// A real file system on a loop device, mounted only for this process and its children. Needs root.
 #pragma once
 
 #include <cstdint>
@@ -6,25 +6,25 @@
 
 class Volume {
 public:
-    // An empty one of 999 blocks of 1,024 bytes, as the receiver's disk; ext2.
+    // An empty ext2 volume of 999 blocks of 1,024 bytes, the size of the receiver's disk.
     Volume();
-    // One that stands on a copy of another one's medium, checked as a system does when it is plugged in.
+    // A volume on a copy of another medium, checked as systems do when it is plugged in.
     explicit Volume(const std::string& image);
     ~Volume();
     Volume(const Volume&) = delete;
     Volume& operator=(const Volume&) = delete;
 
-    // False: no root, or a system without loop devices; then nothing else may be called.
+    // False without root or loop devices; no other function may then be called.
     static bool isPossible();
 
     std::u16string at(std::u16string_view name) const;
     const std::string& folder() const { return folder_; }
     void makeReadOnly() const;
-    // Fills the volume until just so many bytes are free, as far as whole blocks can.
+    // Fills the volume until this number of bytes is free, as closely as whole blocks allow.
     void leaveFree(std::uint64_t bytes) const;
-    void empty() const;  // of what leaveFree has put there
-    // Copies the medium as it is at this moment, then takes the device away: everything fails from now on.
-    // The copy's path; it is the caller's to remove.
+    void empty() const;  // removes what leaveFree has written
+    // Copies the medium in its present state, then removes the device: every later operation fails.
+    // Returns the path of the copy, which the caller removes.
     std::string pull();
 
 private:

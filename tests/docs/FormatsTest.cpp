@@ -19,7 +19,7 @@ class FormatsTest : public ::testing::Test {
 protected:
     void start() { ASSERT_TRUE(form.Form_Load()); }
 
-    // Every row shown: its list, then its cells.
+    // Every row of every list: the list, then its cells.
     Rows shown() {
         Rows rows;
         for (std::size_t list = 0; list < kLists.size(); ++list) {

@@ -1,4 +1,4 @@
-// Extracts the examples of a page of docs/.
+// Extracts the examples from a page of docs/.
 #pragma once
 
 #include <string>

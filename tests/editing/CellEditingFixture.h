@@ -1,4 +1,4 @@
-// Cell editing with its box, driven as by a user.
+// Cell editing with its box and a simulated user.
 #pragma once
 
 #include "editing/CellEditing.h"
@@ -49,8 +49,8 @@ protected:
     CellEditing editing{lists, tabs, box, statusBar, validation, edit};
 };
 
-// The DRM columns of a grid of 6,000 twips end at 1,200, 2,400, 3,600 and 5,600; those of the other lists at
-// 1,935, 3,870 and 5,805.
+// In a grid of 6,000 twips the DRM columns end at 1,200, 2,400, 3,600 and 5,600; those of the other lists at 1,935,
+// 3,870 and 5,805.
 inline constexpr double kDrmFrequencyX = 1500;
 inline constexpr double kDrmTimeX = 3000;
 inline constexpr double kDrmTargetX = 4000;

@@ -39,7 +39,7 @@ TEST_F(ColumnWidthsTest, ADraggedColumnStaysUntilTheNextEdit) {
 TEST_F(ColumnWidthsTest, AScrollBarThatComesDuringADragChangesNothing) {
     resize(9000);
     grid(Drm).columnDragged(1, 8000);
-    widths.resized(Drm);  // the room for the rows is smaller, the grid is not
+    widths.resized(Drm);  // a scroll bar reduces the space for the rows, not the size of the grid
     EXPECT_EQ(firstWidth(), 8000);
 }
 

@@ -1,4 +1,4 @@
-// The four lists on fake controls, for all tests of editing.
+// The four lists on fake controls, for the tests of editing.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -50,7 +50,7 @@ std::u16string paddedText(int value) {
     return {digits.begin(), digits.end()};
 }
 
-// Every row is there once, with its own key.
+// Expects every row exactly once, with its own key.
 void expectPermutation(const std::vector<SortRow>& before, const std::vector<SortRow>& after) {
     ASSERT_EQ(before.size(), after.size());
     std::vector<bool> seen(before.size(), false);
@@ -64,7 +64,7 @@ void expectPermutation(const std::vector<SortRow>& before, const std::vector<Sor
     }
 }
 
-// Two rows that were never pivots have a pivot between them; otherwise they would have been one range of two.
+// Between two rows that were never pivots there is a pivot; otherwise they would have been one range of two rows.
 void expectPivotsBetweenOthers(const std::vector<SortRow>& rows) {
     for (std::size_t at = 1; at < rows.size(); ++at) {
         ASSERT_TRUE(rows[at - 1].wasPivot || rows[at].wasPivot) << "at " << at;
@@ -179,7 +179,7 @@ TEST(RowSorterTest, DrawsDifferentPivotsInTheSameOrderInEachRun) {
     EXPECT_NE(pivots[0], pivots[1]);
 }
 
-// The longest lists that can be loaded, in orders that are hard for quicksort.
+// The longest lists that can be loaded, in orders that are unfavourable for quicksort.
 class RowSorterTestLarge : public ::testing::TestWithParam<int> {
 protected:
     static std::u16string keyAt(int row) {
@@ -216,7 +216,7 @@ TEST_P(RowSorterTestLarge, StaysShallowAndFarFromQuadratic) {
         std::is_sorted(rows.begin(), rows.end(), [](const SortRow& a, const SortRow& b) { return a.text < b.text; }));
     // Fifteen levels at most, in each of which two routines compare.
     EXPECT_LE(compare.frames.size(), 30U);
-    // n log2 n is 491,505; a quadratic run makes some 500 million.
+    // n log2 n is 491,505; a quadratic sort takes about 500 million.
     EXPECT_LT(compare.comparisons, 2'000'000U);
 }
 

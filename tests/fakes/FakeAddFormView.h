@@ -52,8 +52,7 @@ public:
     FieldState& at(AddField field) { return fields[static_cast<std::size_t>(field)]; }
     const std::u16string& caption(AddControl control) const { return captions[static_cast<std::size_t>(control)]; }
 
-    // Like a backend, passes the key to the listener first and then to the field. Returns true if the listener keeps
-    // it.
+    // As a backend does, passes the key to the listener first and then to the field. True if the listener handled it.
     bool press(AddField field, char16_t character) {
         if (listener->keyPressed(field, character)) {
             return true;
@@ -77,5 +76,5 @@ public:
     std::u16string title;
     AddCaptions captions;
     std::array<FieldState, kAddFieldCount> fields;
-    std::vector<AddField> focused;  // since the dialog was created
+    std::vector<AddField> focused;  // since create()
 };

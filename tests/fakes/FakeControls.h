@@ -1,4 +1,4 @@
-// The small controls of the main window as plain values.
+// The small controls of the main window as plain data.
 #pragma once
 
 #include <array>

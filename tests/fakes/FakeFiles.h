@@ -1,4 +1,4 @@
-// Files in memory. Records every access, can be told to fail, and knows folders and read-only files.
+// Files in memory. Records every access, fails as configured, and supports folders and read-only files.
 #pragma once
 
 #include <functional>
@@ -26,7 +26,7 @@ public:
     std::vector<std::u16string> list(std::u16string_view path) override;
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
 
-    // What a power cut makes of a file that was not flushed: as it was before, as it should be now, empty or half.
+    // What a power cut makes of a file that was not flushed: the old content, the new, nothing or half.
     enum class Fate { Old, New, Empty, Torn };
     void cutPower(const std::function<Fate(std::u16string_view path)>& fateOf);
 
@@ -34,12 +34,12 @@ public:
     std::vector<std::string> accesses;
     std::map<std::u16string, std::string> files;
     std::set<std::u16string> folders;
-    std::set<std::u16string> readOnly;              // cannot be written, renamed over or removed
-    std::map<std::u16string, std::uint64_t> sizes;  // pretended sizes of files that are not held
-    std::optional<std::uint64_t> free;              // what freeSpace answers
-    std::set<std::u16string> unreadable;            // can be written, but not read
-    std::set<std::u16string> vanishing;             // written as if well, and gone
-    std::set<std::u16string> failing;               // every operation on such a path fails
+    std::set<std::u16string> readOnly;              // cannot be written, replaced by rename or removed
+    std::map<std::u16string, std::uint64_t> sizes;  // sizes reported for files that are not in `files`
+    std::optional<std::uint64_t> free;              // result of freeSpace
+    std::set<std::u16string> unreadable;            // can be written but not read
+    std::set<std::u16string> vanishing;             // writing reports success, but the file is gone
+    std::set<std::u16string> failing;               // every operation on these paths fails
 
 private:
     bool allowed(std::string_view operation, std::u16string_view path);
@@ -47,7 +47,7 @@ private:
     void put(std::u16string_view path, std::string_view bytes);
     void keepOld(const std::u16string& path);
 
-    // What the names led to when they were durable last; nullopt: to nothing.
+    // The content of each name when it was last durable; nullopt: no file.
     std::map<std::u16string, std::optional<std::string>> old_;
-    std::set<std::u16string> unflushed_;  // files whose bytes need not be on the device
+    std::set<std::u16string> unflushed_;  // files whose bytes may not be on the device yet
 };

@@ -1,4 +1,4 @@
-// Returns prepared answers.
+// Returns the configured answers.
 #pragma once
 
 #include <functional>
@@ -20,7 +20,7 @@ public:
 
     std::function<void()> during = [] {};  // called during a download
     HttpAnswer answer{200, u"", {}, "", ""};
-    std::map<std::u16string, HttpAnswer> answersAt;  // by address; `answer` for any other
+    std::map<std::u16string, HttpAnswer> answersAt;  // by address; others get `answer`
     std::vector<std::u16string> urls;
     std::vector<HttpLimits> limitsGiven;
 };

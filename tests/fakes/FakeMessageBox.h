@@ -1,4 +1,4 @@
-// Answers message boxes by script. An unexpected box, or an answer that is no button of the box, fails the test.
+// Answers message boxes by a script. An unexpected box, or an answer that is no button of the box, fails the test.
 #pragma once
 
 #include <deque>
@@ -17,7 +17,7 @@ public:
         int answer = BoxAnswer::Ok;
     };
 
-    ~FakeMessageBox() override;  // fails the test if an expected box was not shown
+    ~FakeMessageBox() override;  // fails the test if an expected box has not been shown
 
     void expect(Box box) { expected_.push_back(std::move(box)); }
     bool allShown() const { return expected_.empty(); }

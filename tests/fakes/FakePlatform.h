@@ -48,7 +48,7 @@ struct FakePlatform {
                     clock,
                     u"/app/"};
 
-    // A receiver of the right capacity at this root (trailing separator included).
+    // Connects a receiver of the right capacity at this root, which ends with its separator.
     void connectReceiver(std::u16string root) {
         volumes.volumes.push_back({std::move(root), DiskGeometry{1, 1024, 999}});
     }

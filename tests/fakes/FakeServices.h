@@ -1,4 +1,4 @@
-// Volumes, single instance, clock, text order and window hook as plain values.
+// Volumes, single instance, clock, text order and window hook as plain data.
 #pragma once
 
 #include <map>
@@ -54,7 +54,7 @@ public:
     bool running = false;
 };
 
-// Does not advance by itself.
+// Stands still unless a test sets it.
 class FakeClock : public Clock {
 public:
     UtcTime now() override { return time; }
@@ -122,7 +122,7 @@ public:
 
     std::map<WindowHandle, Window> windows;
     HookListener* listener = nullptr;
-    HookHandle live = 0;  // the hook installed now
+    HookHandle live = 0;  // the installed hook
     HookHandle issued = 0;
     int lastType = 0;
     int staleUnhooks = 0;

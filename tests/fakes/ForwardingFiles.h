@@ -1,4 +1,4 @@
-// Hands every call on to other files; a test double derives from it and overrides the methods that it is about.
+// Forwards every call to other files; a test double derives from it and overrides the methods under test.
 #pragma once
 
 #include "platform/Files.h"

@@ -1,4 +1,4 @@
-// The four lists on fake views, with short ways to read them.
+// The four lists on fake views, with functions that read them.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@ inline constexpr std::array<ListKind, kListCount> kAllLists = {ListKind::Drm, Li
 class FourLists {
 public:
     FourLists() = default;
-    FourLists(const FourLists&) = delete;  // the grids know their views
+    FourLists(const FourLists&) = delete;  // the grids refer to their views
     FourLists& operator=(const FourLists&) = delete;
 
     RowStore& grid(ListKind kind) { return grids[static_cast<std::size_t>(kind)]; }

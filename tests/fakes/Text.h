@@ -1,4 +1,4 @@
-// UTF-16 as readable test output.
+// Converts UTF-16 to readable test output.
 #pragma once
 
 #include <string>

@@ -52,10 +52,10 @@ BlockDevice::BlockDevice(std::string medium) : medium_(std::move(medium)) {
     device_ = device;
     server_ = std::thread([this] {
         serve();
-        ::shutdown(serverEnd_, SHUT_RDWR);  // the kernel's queue ends when its peer is gone
+        ::shutdown(serverEnd_, SHUT_RDWR);  // the kernel's queue ends when its peer closes
     });
     queue_ = std::thread([this] { ::ioctl(device_, NBD_DO_IT); });
-    // The size is announced by the queue's start; a read waits for it.
+    // The size is known once the queue has started; a read waits for that.
     std::string sector(kSector, '\0');
     while (::pread(device_, sector.data(), sector.size(), 0) != static_cast<ssize_t>(kSector)) {
         ::usleep(1000);

@@ -1,4 +1,4 @@
-// A block device held in memory (/dev/nbd0), which records its writes and flushes and fails when asked to.
+// A block device in memory (/dev/nbd0), which records its writes and flushes and can fail.
 #pragma once
 
 #include <atomic>
@@ -8,21 +8,21 @@
 #include "fat/BlockLog.h"
 
 struct DeviceFaults {
-    enum class Kind { None, Write, Flush, Cut };  // Cut: every request fails, reads too
+    enum class Kind { None, Write, Flush, Cut };  // Cut: every request fails, reads included
     Kind kind = Kind::None;
-    int first = 0;         // number of the request of that kind that fails, from 1; for Cut of a write or flush
-    bool forGood = false;  // and all after it
+    int first = 0;         // 1-based number of the failing request of that kind; for Cut, of a write or flush
+    bool forGood = false;  // all requests from the first on fail
 };
 
 class BlockDevice {
 public:
     explicit BlockDevice(std::string medium);
-    ~BlockDevice();  // nothing may be mounted
+    ~BlockDevice();  // no file system may be mounted
     BlockDevice(const BlockDevice&) = delete;
     BlockDevice& operator=(const BlockDevice&) = delete;
 
     bool isAttached() const { return device_ >= 0; }
-    // What happens from here on is counted, recorded and, by the plan, made to fail.
+    // Counts, records and, by the plan, fails the requests from here on.
     void start(const DeviceFaults& faults);
     void mark();
     bool faultReached();

@@ -1,4 +1,4 @@
-// What a block device was asked to do, in order, and the medium as it was before.
+// The requests to a block device, in order, and the medium before the first.
 #pragma once
 
 #include <cstdint>
@@ -17,6 +17,6 @@ struct BlockLog {
     std::vector<BlockEvent> events;
 };
 
-// False: the file could not be written or read whole.
+// False if the file could not be written or read completely.
 bool writeLog(const std::string& path, const BlockLog& log);
 bool readLog(const std::string& path, BlockLog& log);

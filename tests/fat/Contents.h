@@ -1,4 +1,4 @@
-// The bytes that the cases save, and the texts of the lists that they show.
+// The bytes that the cases save, and the texts of their lists.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ inline const std::string kOldUser = ofSize(5 * 1024, 'p');
 inline const std::string kNewList = ofSize(24 * 1024, 'n');
 inline const std::string kNewUser = ofSize(6 * 1024, 'm');
 
-// Working copies of one DRM station of that name, and of one favourite.
+// Working copies with one DRM station of that name, and with one favourite.
 inline std::string listOf(const std::string& programme) {
     return " \r\n[Total]\r\ndrmnumber=1\r\namnumber=0\r\nfmnumber=0\r\n[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=" +
            programme + "\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\nUserDef=0\r\n\r\n[kvt update end]\r\n";

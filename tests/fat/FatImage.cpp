@@ -25,7 +25,7 @@ std::u16string longPart(std::string_view entry) {
     return part;
 }
 
-// Lower case is told by two bits, one for the name and one for the extension.
+// Two bits mark lower case, one for the name and one for the extension.
 std::u16string shortName(std::string_view entry) {
     const auto flags = static_cast<unsigned char>(entry[12]);
     const auto take = [&](std::size_t from, std::size_t count, bool lower) {
@@ -76,7 +76,7 @@ std::uint32_t FatImage::next(std::uint32_t cluster) const {
     return cluster % 2 == 0 ? pair & 0xFFFU : pair >> 4U;
 }
 
-// Folders have no size of their own: 0 stands for the whole chain.
+// Folders have no size of their own: 0 means the whole chain.
 std::optional<std::string> FatImage::chain(std::uint32_t cluster, std::size_t size) const {
     std::string bytes;
     for (std::uint32_t read = 0; size == 0 || bytes.size() < size; ++read) {

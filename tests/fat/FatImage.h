@@ -1,4 +1,4 @@
-// A FAT12 volume as Linux reads it without a check: what its files hold, or that reading them fails.
+// Reads a FAT12 volume as Linux does without a check: the content of its files, or that reading them fails.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 class FatImage {
 public:
-    // By path ("List.ini", "Recovery/Snapshot1"); nullopt: reading it gives an input/output error.
+    // By path ("List.ini", "Recovery/Snapshot1"); nullopt: reading the file gives an input/output error.
     using Tree = std::map<std::u16string, std::optional<std::string>>;
 
     explicit FatImage(std::string_view medium);

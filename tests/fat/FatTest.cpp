@@ -1,5 +1,5 @@
-// Power cuts and failing devices on real file systems: a user-mode kernel runs the cases on a device that records what
-// it is asked to do; every medium that a cut may leave is then read as it is and after a check of the file system.
+// Power cuts and failing devices on real file systems: a user-mode kernel runs the cases on a device that records its
+// requests; every medium that a cut may leave is read as it is and after a check of the file system.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,14 +25,14 @@ namespace {
 
 struct Settings {
     std::string recorder;  // the program that the kernel runs
-    std::string table;     // where the table goes
+    std::string table;     // the file for the table
     bool thorough = false;
 };
 Settings settings;
 
 constexpr const char* kDesktop = "uid=1000,gid=1000,shortname=mixed,utf8=1,showexec,flush";
 
-// Exit status of a command without its output.
+// Exit status of a command, whose output is dropped.
 int statusOf(const std::string& command) {
     const int status = std::system((command + " >/dev/null 2>&1").c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -40,7 +40,7 @@ int statusOf(const std::string& command) {
 
 bool succeeds(const std::string& command) { return statusOf("{ " + command + "; }") == 0; }
 
-// 0: the file system was sound; 1: it was put right.
+// 0: the file system was sound; 1: it was repaired.
 bool isSoundAfter(const std::string& check) {
     const int status = statusOf("exec " + check);
     return status == 0 || status == 1;
@@ -134,7 +134,7 @@ bool makeImages(const WorkFolder& work) {
            ext("ext2", "1022976") && ext("ext4", "4M");
 }
 
-// What a file system holds: by path; nullopt: the file cannot be read.
+// The files of a file system by path; nullopt: the file cannot be read.
 using Tree = FatImage::Tree;
 
 class Volume {
@@ -177,7 +177,7 @@ private:
     std::string file_;
 };
 
-// What the next start shows on the files of a program folder.
+// What the next start shows with these files of a program folder.
 std::u16string shownBy(const Tree& tree) {
     FakeFiles files;
     for (const auto& [path, bytes] : tree) {
@@ -194,7 +194,7 @@ std::u16string shownBy(const Tree& tree) {
     return Program(files, u"/app/").programmes();
 }
 
-// returned: the operations that are done by now.
+// returned: the number of operations that have returned.
 bool isWhole(const Case& one, const Tree& tree, int returned) {
     if (one.operation == "folder") {
         const std::u16string shown = shownBy(tree);
@@ -207,7 +207,7 @@ bool isWhole(const Case& one, const Tree& tree, int returned) {
         }
         return found->second == newBytes || (returned == 0 && one.operation != "first" && found->second == oldBytes);
     };
-    // Without room for a second copy the list is overwritten in place, and a cut may tear it.
+    // Without space for a second copy the list is overwritten in place, and a cut may tear it.
     const bool mayTear = one.operation == "full" && returned == 0;
     return (mayTear || holds(u"List.ini", kOldList, kNewList)) && holds(u"User.ini", kOldUser, kNewUser);
 }

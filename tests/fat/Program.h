@@ -1,4 +1,4 @@
-// The whole program on fake controls and the files given, from its start until this object goes.
+// The whole program on fake controls and the given files, from its start until this object is destroyed.
 #pragma once
 
 #include <memory>
@@ -26,7 +26,7 @@ public:
     }
     void close() { platform_.mainWindow.close(); }
 
-    // Of the DRM and favourite lists: "Name;Name;".
+    // The programmes of the DRM and favourite lists: "Name;Name;".
     std::u16string programmes() {
         std::u16string names;
         for (const int tab : {0, 3}) {
@@ -38,7 +38,7 @@ public:
     }
 
 private:
-    // Any box is answered with OK: what was found may make one appear.
+    // Answers every box with OK: the files may make one appear.
     class AnyMessageBox : public StandardMessageBox {
     public:
         int show(std::u16string_view, int, std::u16string_view) override { return BoxAnswer::Ok; }

@@ -1,5 +1,5 @@
-// The first process of a user-mode kernel: runs each case of the list on a block device of its own and leaves what the
-// device was asked to do in the work folder. Arguments come as environment variables from the kernel's command line.
+// The first process of a user-mode kernel: runs each case of the list on a separate block device and writes the
+// device's requests to the work folder. Arguments are environment variables from the kernel's command line.
 #include <fcntl.h>
 #include <sys/mount.h>
 #include <sys/reboot.h>
@@ -33,7 +33,7 @@ struct Case {
     std::string fileSystem;
     std::string options;
     std::string operation;
-    int fillers = 0;  // entries before those of the files
+    int fillers = 0;  // folder entries before those of the files
     std::string fault;
 };
 
@@ -75,7 +75,7 @@ bool prepare() {
     ::uname(&system);
     const std::string modules = std::string("/usr/lib/uml/modules/") + system.release + "/kernel/";
     bool ready = ::mount("proc", "/proc", "proc", 0, nullptr) == 0;
-    // Kernels differ in whether they have mounted it already.
+    // Some kernels have already mounted it.
     ready = (::mount("devtmpfs", "/dev", "devtmpfs", 0, nullptr) == 0 || errno == EBUSY) && ready;
     ready = ::mount("tmpfs", "/mnt", "tmpfs", 0, nullptr) == 0 && ::mkdir(kMountPoint, S_IRWXU) == 0 && ready;
     for (const char* const module : {"fs/nls/nls_cp437.ko", "fs/nls/nls_ascii.ko", "fs/nls/nls_iso8859-1.ko",
@@ -98,7 +98,7 @@ bool write(Files& files, std::u16string_view name, const std::string& bytes) {
     return files.write(kRoot + std::u16string(name), bytes, Flush::Now);
 }
 
-// What lies on the medium before the case.
+// Writes the files that exist before the case.
 bool putOld(const Case& one, PosixFiles& files) {
     bool done = true;
     for (int i = 0; i < one.fillers; ++i) {
@@ -118,7 +118,7 @@ bool putOld(const Case& one, PosixFiles& files) {
     return done;
 }
 
-// Nothing is tried again: what is left at the end is on the medium as it is.
+// Nothing is retried: the medium keeps its state at the end.
 bool run(const Case& one, Files& files, BlockDevice& device) {
     if (one.operation != "folder") {
         const bool saved = save(files);
@@ -150,7 +150,7 @@ void act(const std::string& fault) {
     }
 }
 
-// n: number of the request or step that the fault hits. False: there are not as many.
+// n: number of the request or step with the fault. False if there are fewer.
 bool runCase(const Case& one, const std::string& image, int n, const std::string& work, std::ostream& results) {
     std::string medium;
     {

@@ -9,7 +9,8 @@
 namespace {
 
 constexpr std::size_t kSector = 512;
-constexpr std::size_t kAllSubsets = 9;  // of as many writes; of more, those that lack or have up to two, and a sample
+constexpr std::size_t kAllSubsets =
+    9;  // subsets of up to this many writes; of more writes those that lack or have up to two, and a sample
 constexpr int kSample = 100;
 
 using Writes = std::vector<const BlockEvent*>;
@@ -99,7 +100,7 @@ void eachState(const BlockLog& log, const std::function<void(const std::string& 
         }
         endEpoch();
         if (event.kind == BlockEvent::Kind::Mark) {
-            ++marks;  // what is not flushed by now can still be lost
+            ++marks;  // what has not been flushed by now can still be lost
             continue;
         }
         for (const BlockEvent* const write : writes) {

@@ -1,5 +1,5 @@
-// Every medium that a device may hold after its power was cut: writes reach it in order between two flushes or in any
-// other selection, and a write of several sectors may be torn after any of them.
+// Every medium that a device may hold after a power cut: between two flushes the writes may be stored in order or in
+// any selection, and a write of several sectors may be torn after any sector.
 #pragma once
 
 #include <functional>
@@ -7,6 +7,7 @@
 
 #include "fat/BlockLog.h"
 
-// returned: how many marks came before the last flush that must have ended; the operation before them is done then.
-// A state is given once for each number of marks.
+// returned: the number of marks before the last flush that must have completed; the operations before those marks have
+// returned.
+// Calls `check` once per state and number of marks.
 void eachState(const BlockLog& log, const std::function<void(const std::string& medium, int returned)>& check);

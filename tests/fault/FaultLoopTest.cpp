@@ -1,5 +1,5 @@
-// The whole program on files whose n-th operation fails, for every n until a run meets no fault: once, for good, and
-// once more later. After each run the process is gone and a sound one starts on what is left.
+// Runs the whole program on files whose n-th operation fails, for every n until a run meets no fault: only that one,
+// all from there on, or one more later. After each run a program without faults starts on the files that are left.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -44,13 +44,13 @@ std::string userFile(const std::string& programme) {
            programme + "\r\nFrequency=198\r\nTYPE=AM\r\nUserDef=0\r\n" + kEnd;
 }
 
-// Any box is answered with OK: faults may change which one appears.
+// Answers every box with OK: faults may change which box appears.
 class AnyMessageBox : public StandardMessageBox {
 public:
     int show(std::u16string_view, int, std::u16string_view) override { return BoxAnswer::Ok; }
 };
 
-// One process, from its start until it is gone.
+// A run of the program, from its start until it is destroyed.
 class Process {
 public:
     Process(const FakeFiles& disk, const FaultPlan& plan) {
@@ -106,9 +106,9 @@ struct Scenario {
     const char* name;
     std::function<void(Process&)> run;
     bool closes;
-    // What a sound start may show afterwards; the first is what it shows when the run met no fault.
+    // What the next start may show; the first is what it shows if the run met no fault.
     std::vector<Texts> outcomes;
-    // When a single operation failed, and only once, the first outcome is the only one.
+    // True if after a single fault only the first outcome is allowed.
     bool survivesOneFault;
 };
 
@@ -154,13 +154,13 @@ FakeFiles soundDisk() {
     return disk;
 }
 
-// A killed run leaves UTF-16 working copies and its snapshots.
+// An interrupted run leaves UTF-16 working copies and its snapshots.
 FakeFiles diskOfAKilledRun() {
     Process killed(soundDisk(), {});
     return killed.disk();
 }
 
-// A list file is whole when it begins as one and ends with its mark, and holds every record that it announces.
+// True if the bytes begin as a list file, end with the end marker and contain every counted record.
 bool isWhole(const std::string& bytes) {
     FakeCodePages codePages;
     const bool isUtf16 = bytes.starts_with("\xFF\xFE");
@@ -196,7 +196,7 @@ protected:
         runsOfSuite += runs;
         EXPECT_GT(faults, 0) << "no operation was hit";
     }
-    // False: the plan's last fault has not been reached.
+    // False if the run ended before the plan's last fault.
     bool run(const Scenario& scenario, const FakeFiles& disk, const FaultPlan& plan) {
         ++runs;
         SCOPED_TRACE(std::string(scenario.name) + ": " + nameOf(plan.fault) + " at " + std::to_string(plan.first) +
@@ -217,7 +217,7 @@ protected:
         return reached;
     }
 
-    // The power fails at the n-th operation. What had not been flushed has the fates given; the rest is as it was.
+    // Cuts the power at the n-th operation. Files that were not flushed get the given fates; the others stay.
     bool cut(const Scenario& scenario, const FakeFiles& disk, int n, FakeFiles::Fate list, FakeFiles::Fate user) {
         ++runs;
         SCOPED_TRACE(std::string(scenario.name) + ": power cut at " + std::to_string(n) + ", fates " +
@@ -236,8 +236,8 @@ protected:
         return reached;
     }
 
-    // The run is cut off at the n-th operation; then somebody puts another "List.ini" in its place and removes
-    // "User.ini".
+    // Interrupts the run at the n-th operation; then another "List.ini" replaces the program's and "User.ini" is
+    // removed.
     bool changedAfter(const Scenario& scenario, const FakeFiles& disk, int n) {
         ++runs;
         SCOPED_TRACE(std::string(scenario.name) + ": cut off at " + std::to_string(n) + ", then changed");

@@ -26,7 +26,7 @@ bool FaultyFiles::canHit(Kind kind) const {
     const bool writes = kind == Kind::Write || kind == Kind::UnflushedWrite;
     const bool renames = kind == Kind::Rename || kind == Kind::UnflushedRename;
     switch (plan_.fault) {
-        case Fault::NoSpace:  // a new name may need a block of its own
+        case Fault::NoSpace:  // a new name may need another block
             return writes || renames || kind == Kind::CreateFolder;
         case Fault::InputOutput:
         case Fault::NoDevice:

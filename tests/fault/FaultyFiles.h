@@ -1,4 +1,4 @@
-// Files whose n-th operation fails, as a system would make it fail.
+// Files whose n-th operation fails in the ways of real systems.
 #pragma once
 
 #include <string_view>
@@ -12,12 +12,12 @@ const char* nameOf(Fault fault);
 
 struct FaultPlan {
     Fault fault = Fault::NoSpace;
-    int first = 0;         // number of the operation that fails, from 1; 0: none
-    int second = 0;        // of another one, counted from the one after the first; 0: none
-    bool forGood = false;  // the first one and all after it
+    int first = 0;         // 1-based number of the operation that fails; 0: none
+    int second = 0;        // a second one, counted from the operation after the first; 0: none
+    bool forGood = false;  // all operations from the first on fail
 };
 
-// Only operations that the kind of fault can hit are counted.
+// Counts only operations that this kind of fault can affect.
 class FaultyFiles : public ForwardingFiles {
 public:
     using ForwardingFiles::ForwardingFiles;
@@ -48,7 +48,7 @@ private:
     enum class Kind { Read, Write, UnflushedWrite, Rename, UnflushedRename, CreateFolder, FlushFolder, Change };
     bool canHit(Kind kind) const;
     bool fails(Kind kind);
-    // What a failed write has put there nevertheless.
+    // The bytes that a failed write leaves in the file.
     std::string_view partOf(std::string_view bytes) const;
 
     FaultPlan plan_;

@@ -1,4 +1,4 @@
-// Every typed text is either refused with one message, all cells as they were, or stored as typed within its bounds.
+// Every typed text is either rejected with one message and no cell changed, or stored as typed and within its range.
 #include <algorithm>
 #include <vector>
 
@@ -33,7 +33,7 @@ std::vector<std::u16string> cellsOf(const Grid& grid) {
 
 bool isBlankText(std::u16string_view text) { return text.find_first_not_of(u' ') == text.npos; }
 
-// Digits, with one point at most where it is allowed; the value in thousandths, cut off behind them.
+// Digits with at most one point, if a point is allowed; returns the value in thousandths, truncated.
 long thousandths(std::u16string_view text, bool& isNumber) {
     long value = 0;
     int behind = -1;
@@ -76,7 +76,7 @@ void checkEdit(int tab, int column, const std::u16string& system, const std::u16
         return;
     }
     if (before == after) {
-        return;  // stored as it was, or a favourite of no system
+        return;  // stored unchanged, or a favourite of no system
     }
     promise(!text.empty() && !isBlankText(text), "an empty text is never stored");
     const std::u16string& stored = after[static_cast<std::size_t>(column - 1)];

@@ -1,4 +1,4 @@
-// What the fuzz targets share. A broken promise ends the process, which the fuzzer reports with its input.
+// Shared by the fuzz targets. A broken promise ends the process, and the fuzzer reports its input.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// Any pair of list files: loading, saving and loading again changes nothing that the file rules do not change.
+// For any pair of list files, a second load and save changes nothing beyond the rules of the files.
 #include <algorithm>
 #include <vector>
 
@@ -48,7 +48,7 @@ struct Program : FourLists {
     ListSaver saver{lists, copies, settings, files, codePages};
 };
 
-// Quotes inside quotes go one pair at each reading, so only texts that are their own value stay as they are.
+// Each reading removes one pair of nested quotes, so only texts that equal their own value are stable.
 bool isStable(const std::vector<Rows>& lists) {
     return std::all_of(lists.begin(), lists.end(), [](const Rows& rows) {
         return std::all_of(rows.begin(), rows.end(), [](const auto& cells) {

@@ -1,4 +1,4 @@
-// The number reader against the C library on the part of the text that is the number, and writing against reading.
+// Compares the number reader with the C library on the numeric part of the text, and the writer with the reader.
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// Blanks, a sign, digits and one point, as plain characters.
+// Blanks, a sign, digits and one point, as ASCII.
 std::string numberPart(std::u16string_view text) {
     std::size_t at = 0;
     while (at < text.size() && (text[at] == u' ' || text[at] == u'\t')) {

@@ -1,4 +1,5 @@
-// The profile engine against a reader that looks at the text line by line for each key, and writing against reading.
+// Compares the profile engine with a reader that scans the text line by line for each key, and its writer with its
+// reader.
 #include <set>
 #include <utility>
 #include <vector>
@@ -50,7 +51,7 @@ bool isSection(const std::u16string& line) {
 
 std::u16string sectionName(const std::u16string& line) { return strip(line.substr(1, line.find(u']') - 1)); }
 
-// Trimmed, one pair of quotes dropped, cut.
+// Trimmed, without one pair of quotes, cut to the limit.
 std::u16string shown(std::u16string value) {
     value = strip(std::move(value));
     if (value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'')) {

@@ -1,4 +1,4 @@
-// Runs a target over the files of the given folders, for compilers that have no fuzzer.
+// Runs a target over the files in the given folders, for compilers without a fuzzer.
 #include <filesystem>
 #include <fstream>
 #include <iostream>

@@ -1,4 +1,4 @@
-// The schedule scanner against a plain one, and every record that it accepts against the rules.
+// Compares the schedule scanner with a simple one, and checks every accepted record against the rules.
 #include <algorithm>
 
 #include "fakes/FakeCodePages.h"

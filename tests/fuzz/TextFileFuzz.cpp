@@ -1,4 +1,4 @@
-// Reading any bytes in any format, and reading back what has been written.
+// Reads any bytes in any format, and reads back what was written.
 #include <algorithm>
 
 #include "fakes/FakeCodePages.h"
@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     promise(format != TextFormat::Utf32Le && format != TextFormat::Utf32Be ? true : any.empty(), "UTF-32 is refused");
     promise(any.size() <= size + 1, "a text is no longer than its file");
 
-    // What UTF-8 can hold comes back the same; a text that begins with a mark's character would lose it.
+    // A text survives UTF-8 unchanged, except a byte-order mark at its start.
     const std::u16string text = fromUtf8(files.files[kPath]);
     if (text.empty() || text.front() == u'\uFEFF') {
         return 0;
@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             "UTF-16LE comes back with its NULs");
     promise(write(files, padded, TextFormat::Utf8, false, true), "half is written");
     const std::u16string kept = text + std::u16string(text.size() % 2, u'\0');
-    // A pair of surrogates is never cut: the half ends at or behind the end of the text.
+    // A surrogate pair is never split: the half ends at or after the end of the text.
     promise(read(files, TextFormat::Utf8) == kept, "half of it is the text, and one NUL when its length is odd");
     return 0;
 }

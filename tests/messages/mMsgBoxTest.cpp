@@ -8,9 +8,9 @@
 namespace {
 
 constexpr WindowHandle kBox = 100;
-constexpr int kCreateWindow = 3;  // any other event of the hook
+constexpr int kCreateWindow = 3;  // an event of the hook other than activation
 
-// The system activates the window of a message box while it is shown.
+// Activates the window of a message box while it is shown, as the system does.
 class mMsgBoxTest : public testing::Test {
 protected:
     mMsgBoxTest() {

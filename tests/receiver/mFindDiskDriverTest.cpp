@@ -83,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(Bounds, mFindDiskDriverTestCapacity,
                                          CapacityCase{{1, 512, 1998}, true}, CapacityCase{{1, 1, 1'022'975}, false},
                                          CapacityCase{{1, 1, 1'022'977}, false}, CapacityCase{{1, 512, 1997}, false},
                                          CapacityCase{{1, 512, 1999}, false}, CapacityCase{{0, 0, 0}, false},
-                                         // In 32 and 64 bits these products would overflow to the receiver's capacity.
+                                         // In 32 or 64 bits these products would overflow to the receiver's capacity.
                                          CapacityCase{{1, 1, 1'022'976 + (1ULL << 32)}, false},
                                          CapacityCase{{1, 1024, 999 + (1ULL << 54)}, false}));
 

@@ -1,4 +1,4 @@
-// Runs that end in the middle: the form goes away without the window having been closed.
+// Interrupted runs: the form is destroyed without its window being closed.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -32,7 +32,7 @@ protected:
         form = std::make_unique<MainForm>(platform->bundle);
         ASSERT_TRUE(form->Form_Load());
     }
-    // A new process on the files as they are.
+    // Starts a new process on the present files.
     void killAndRestart() {
         const FakeFiles files = platform->files;
         form.reset();
@@ -162,7 +162,7 @@ TEST_F(MainFormRecoveryTest, ALoadFromTheReceiverIsKept) {
 
 TEST_F(MainFormRecoveryTest, AMoveOfTheViewInTheMiddleOfACommandKeepsNothing) {
     start();
-    // A list that is emptied scrolls back; what has been kept so far has to stay until the command is done.
+    // Clearing a list scrolls it back; the last snapshot must remain until the command ends.
     platform->gridViews[0].grid->clear();
     platform->grid(0).viewChanged();
     killAndRestart();

@@ -42,7 +42,7 @@ protected:
         ASSERT_TRUE(form->Form_Load());
     }
     void select(int tab, int row) { platform.gridViews[static_cast<std::size_t>(tab)].grid->setSelected(row, true); }
-    // Opens the box over the first cell of the DRM list and types, without an Enter.
+    // Opens the box over the first cell of the DRM list and types without pressing Enter.
     void typeOver(const std::u16string& text) {
         select(0, 1);
         platform.grid(0).itemDoubleClicked();
@@ -138,7 +138,7 @@ TEST_F(MainFormTest, EachListIsEditedInItsOwnView) {
         platform.editBox.listener->enterPressed();
         EXPECT_EQ(platform.rows(tab).text(1, 1), u"Edited");
         for (int other = 0; other < kListCount; ++other) {
-            // Once as its tab was shown, and once more after the edit.
+            // Once when its tab was shown, and once after the edit.
             EXPECT_EQ(platform.gridViews[static_cast<std::size_t>(other)].focusCount, other <= tab ? 2 : 0);
         }
     }
@@ -157,7 +157,7 @@ TEST_F(MainFormTest, AListThatMovesAsItsTabIsShownTakesNoEditOfAnother) {
     startWith(2, 5, 0);
     typeOver(u"changed");
     const std::u16string below(platform.rows(1).text(1, 1));
-    platform.tabs.tab = 1;  // not told yet
+    platform.tabs.tab = 1;  // not reported yet
     platform.grid(1).viewChanged();
     EXPECT_FALSE(platform.editBox.visible);
     platform.tabs.listener->tabClicked();

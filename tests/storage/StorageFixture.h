@@ -14,7 +14,7 @@
 #include "storage/lists/ListSaver.h"
 #include "storage/text/Utf16Bytes.h"
 
-// A file of the profile functions: UTF-16LE with its mark.
+// A file as the profile functions write it: UTF-16LE with a byte-order mark.
 inline std::string utf16File(std::u16string_view text) {
     std::string bytes = "\xFF\xFE";
     appendBytes(bytes, text, ByteOrder::Little);

@@ -1,4 +1,4 @@
-// The reference for the schedule scanner: as plain as possible, character by character.
+// The reference for the schedule scanner: character by character, as simple as possible.
 #pragma once
 
 #include <algorithm>

@@ -199,7 +199,7 @@ TEST_F(ScheduleRecordsTest, ALowerCaseKeyDropsTheRecordAndScanningGoesOn) {
 }
 
 TEST_F(ScheduleRecordsTest, TheLineThatBreaksARecordIsNotTheFirstOfAnother) {
-    // The second record's first line stands where the first record's third should.
+    // The first line of the second record is where the third line of the first should be.
     EXPECT_EQ(scan(u"StartStopTimeUTC=0100-0200\nDays=1\n" + recordLines()), 0);
     EXPECT_EQ(scan(u"StartStopTimeUTC=0100-0200\nDays=1\nbroken\n" + recordLines()), 1);
 }

@@ -1,4 +1,4 @@
-// Compares the scanner with a plain one on many random texts.
+// Compares the scanner with a simple one on many random texts.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -95,7 +95,7 @@ TEST(ScheduleScanPropertyTest, EqualsThePlainScanOnRandomTexts) {
         full += expected == 257 ? 1 : 0;
         without += expected == 0 ? 1 : 0;
     }
-    // Checks that the texts covered schedules with records, without, and with more than the limit.
+    // The random texts must have included schedules with records, without records, and with more than the limit.
     EXPECT_GT(added, 1000);
     EXPECT_GT(full, 0);
     EXPECT_GT(without, 50);

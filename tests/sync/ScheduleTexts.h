@@ -21,5 +21,5 @@ inline std::u16string recordLines(const RecordTexts& texts = {}, const std::u16s
     return lines;
 }
 
-// The header is no first line of a record, so it breaks none.
+// The header cannot be the first line of a record, so it breaks none.
 inline std::u16string scheduleOf(const std::u16string& records) { return u"[DRMSchedule]\r\n" + records; }

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Sets a variable of the environment, or removes it for a null pointer, as long as it lives.
+// Sets an environment variable, or removes it for a null pointer, until the end of the object's lifetime.
 class Variable {
 public:
     Variable(const char* name, const char* value) : name_(name), old_(valueOf(name)) {

@@ -41,7 +41,7 @@ TEST_F(EditTest, ALetterWithCtrlOrAltNeitherTypesNorCommits) {
 
 TEST_F(EditTest, AClickOnAnotherRowLosesTheFocusBeforeTheClick) {
     openEdit(u"x");
-    // Like a user's click, the focus moves before the grid gets the button.
+    // As with a user's click, the focus moves before the grid gets the button.
     QTest::mouseClick(table()->window()->windowHandle(), Qt::LeftButton, {},
                       table()->viewport()->mapTo(table()->window(), cell(4)));
     EXPECT_EQ(recorder.take(), (Events{"lost focus", "click"}));

@@ -41,7 +41,7 @@ TEST_F(GridTest, ADoubleClickComesAfterTheClickWithTheRowSelected) {
     QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cell(4, 2));
     EXPECT_EQ(recorder.take(), (Events{"click", "double-click"}));
     EXPECT_EQ(selected(), (std::vector{4}));
-    // Left of the border, in twips, the header counted in.
+    // To the left of the border, in twips, including the header.
     EXPECT_DOUBLE_EQ(recorder.pointer[0], toTwips(cell(4, 2).x()));
     EXPECT_DOUBLE_EQ(recorder.pointer[1], toTwips(cell(4, 2).y() + table()->horizontalHeader()->height()));
 }
@@ -208,7 +208,7 @@ TEST_F(GridTest, KeysAreReportedWithTheirClassicCodes) {
     QTest::keyClick(table(), Qt::Key_Left);
     QTest::keyClick(table(), Qt::Key_Right, Qt::ShiftModifier);
     EXPECT_EQ(recorder.take(), (Events{"key 13/0", "key 13/0", "key 46/0", "key 68/2", "key 37/0", "key 39/1"}));
-    // A full stop and an apostrophe have the codes of Delete and Right in another table.
+    // In other key tables the full stop and the apostrophe have the codes of Delete and Right.
     QTest::keyClick(table(), Qt::Key_Period);
     QTest::keyClick(table(), Qt::Key_Apostrophe);
     EXPECT_EQ(recorder.take(), Events{});
@@ -261,7 +261,7 @@ TEST_F(GridTest, ScrollingDraggingAndTheWheelMoveTheView) {
 
 TEST_F(GridTest, TheWheelOverAGridThatDoesNotMoveIsNoViewChange) {
     const int before = recorder.viewChanges;
-    turnWheel(120);  // the first row is at the top already
+    turnWheel(120);  // the first row is already at the top
     EXPECT_EQ(recorder.viewChanges, before);
 }
 
@@ -305,7 +305,7 @@ TEST_F(GridTest, AnEditBoxPlacedByTheGeometryLiesOnItsCell) {
     const QRect expected = table()->visualRect(table()->model()->index(5, 1));
     const QPoint onWindow = table()->viewport()->mapTo(backend.window().widget(), expected.topLeft());
     EXPECT_EQ(edit()->geometry().topLeft(), onWindow);
-    // Without the grid line behind each cell.
+    // Without the grid line after each cell.
     EXPECT_NEAR(edit()->width(), expected.width(), 1);
     EXPECT_NEAR(edit()->height(), expected.height(), 1);
 }

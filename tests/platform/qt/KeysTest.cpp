@@ -30,7 +30,8 @@ TEST(KeysTest, LatinLettersAreThoseOfTheLayoutInUse) {
 }
 
 TEST(KeysTest, AKeyOfAnotherScriptBesideTheLettersIsNone) {
-    EXPECT_EQ(classicKey(press(0x425, Qt::ControlModifier, 34)), 0);  // Russian has one more letter beside P
+    EXPECT_EQ(classicKey(press(0x425, Qt::ControlModifier, 34)),
+              0);  // the Russian layout has a letter on the key to the right of P
     EXPECT_EQ(classicKey(press(Qt::Key_F5, Qt::ControlModifier, 71)), 0);
 }
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Shows message boxes and answers each with a button once it is on screen.
+// Shows message boxes and answers each with a button once it is visible.
 class MessageBoxTest : public RecordingWindow {
 protected:
     MessageBoxTest() {
@@ -35,7 +35,7 @@ protected:
             box->button(press)->click();
         });
     }
-    // When the box runs its events.
+    // Called while the box processes events.
     void onceShown(std::function<void()> act) {
         action = std::move(act);
         user.start(0);

@@ -27,7 +27,7 @@
 
 using Events = std::vector<std::string>;
 
-// Milliseconds to wait for an event on a loaded machine; it usually takes a few.
+// Milliseconds to wait for an event on a loaded machine; it usually arrives within a few.
 constexpr int kPatience = 60'000;
 
 class Recorder : public GridListener,

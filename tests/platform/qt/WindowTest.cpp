@@ -32,7 +32,7 @@ protected:
     bool userCloses() {
         QCloseEvent event;
         QSpontaneKeyEvent::setSpontaneous(&event);
-        qApp->notify(backend.window().widget(), &event);  // sendEvent would make it the program's own
+        qApp->notify(backend.window().widget(), &event);  // sendEvent would mark the event as the program's own
         return event.isAccepted();
     }
 };
@@ -72,7 +72,7 @@ TEST_F(WindowTest, TheClockIsRenewedAsAMinuteBegins) {
     const QDateTime before = QDateTime::currentDateTime();
     ASSERT_TRUE(QMetaObject::invokeMethod(timer, "timeout"));
     const QDateTime after = QDateTime::currentDateTime();
-    // A minute, and a day, may begin in between.
+    // A new minute, or a new day, may begin between the two readings.
     const auto isOneOf = [](const QString& text, const QString& one, const QString& other) {
         return text == one || text == other;
     };
@@ -155,7 +155,7 @@ TEST_F(WindowTest, ABlockOfInputHoldsTheCloseBoxAndTheKeysBack) {
 }
 
 TEST_F(WindowTest, TellsAReturnFromAnOwnBoxFromAComingToTheWindow) {
-    // A window counts as active for Qt's tests as soon as one of its boxes is.
+    // Qt's tests consider a window active as soon as one of its boxes is.
     const auto activate = [](QWidget& window) {
         window.activateWindow();
         return QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }, kPatience);

@@ -1,4 +1,4 @@
-// The Add List dialog of the whole program, driven by keys and read as by a screen reader.
+// The Add List dialog of the whole program, used by keyboard and read as by a screen reader.
 #include "platform/win32/WindowFixture.h"
 
 namespace {
@@ -12,7 +12,7 @@ TEST_F(AddDialogTest, AddsARecordThroughTheDialog) {
     ASSERT_NE(dialog, nullptr);
     EXPECT_FALSE(IsWindowEnabled(program().window()));
 
-    // Enter in a field saves; an empty programme is refused.
+    // Enter in a field saves; an empty programme is rejected.
     ASSERT_TRUE(eventually([&] { return program().focus() == childOf(dialog, L"Edit", 1); }));
     pressKey(VK_RETURN);
     HWND refusal = program().dialog(L"Add List");

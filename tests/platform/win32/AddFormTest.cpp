@@ -1,4 +1,4 @@
-// The dialog where the system has no room for it.
+// The dialog when the system cannot create its window.
 #include <gtest/gtest.h>
 
 #include "adding/addForm.h"
@@ -9,7 +9,7 @@
 #include "platform/win32/Win32AddForm.h"
 
 TEST(AddFormTest, ADialogThatCannotBeMadeLeavesTheMainWindowEnabled) {
-    const auto noWindow = reinterpret_cast<HWND>(0xFFFC);  // the system makes no dialog of an owner that is none
+    const auto noWindow = reinterpret_cast<HWND>(0xFFFC);  // no valid owner, so the system creates no dialog
     Win32AddForm view(noWindow);
     FakeMainWindow mainWindow;
     FakeTabControl tabs;

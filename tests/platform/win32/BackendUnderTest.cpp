@@ -97,7 +97,7 @@ private:
         cell.left = LVIR_BOUNDS;
         SendMessageW(list(), LVM_GETITEMRECT, static_cast<WPARAM>(row - 1), reinterpret_cast<LPARAM>(&cell));
         const LPARAM at = MAKELPARAM(cell.left + 10, (cell.top + cell.bottom) / 2);
-        // Queue the release first: the control looks for it while it handles the press.
+        // Queue the release first: the control waits for it while handling the press.
         PostMessageW(list(), WM_LBUTTONUP, modifier, at);
         SendMessageW(list(), WM_LBUTTONDOWN, MK_LBUTTON | modifier, at);
         dispatchPending();
@@ -129,13 +129,13 @@ private:
     Win32MainWindow window_{smallDesign()};
 };
 
-// Starts this program again; by its command line it takes the lock and answers through its standard output.
+// Starts this program again, which claims the folder of its command line and reports through standard output.
 class Win32OtherProcess final : public OtherProcess {
 public:
     explicit Win32OtherProcess(std::u16string_view folder) {
         std::array<wchar_t, MAX_PATH> program{};
         GetModuleFileNameW(nullptr, program.data(), MAX_PATH);
-        // The separator at the end would escape the closing quote.
+        // A trailing separator would escape the closing quote.
         std::wstring command =
             L'"' + std::wstring(program.data()) + L"\" " + kOtherProcess + L" \"" + toWide(folder) + L"\\\"";
         SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
@@ -228,7 +228,7 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     readArguments(argc, argv);
     if (runsOnWine()) {
-        // Wine's WinHTTP takes a lost connection for the end of a body and does not count interim answers.
+        // Wine's WinHTTP takes a lost connection for the end of a body and does not count 1xx responses.
         testing::GTEST_FLAG(filter) +=
             ":-DownloaderContract.ABodyCutShortIsAFailure:DownloaderContract.AnInterruptedBodyIsAFailure"
             ":DownloaderContract.InterimAnswersAreBounded";

@@ -1,4 +1,4 @@
-// Compares our UTF-8 with the system's conversions, and the system's ANSI code page with the fake one.
+// Compares the program's UTF-8 with the system's conversions, and the system's ANSI code page with the fake one.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -65,7 +65,7 @@ std::u16string systemRepairs(std::string_view bytes) {
     return fromWide(text);
 }
 
-// nullopt: the system finds it ill-formed.
+// nullopt if the system rejects the bytes as ill-formed.
 std::optional<std::u16string> systemDecodes(std::string_view bytes) {
     const int count = static_cast<int>(bytes.size());
     std::wstring text(bytes.size(), L'\0');
@@ -87,7 +87,7 @@ TEST(CodePagesTest, Utf8IsDecodedAsBySystem) {
     std::mt19937 random(1);
     int wellFormed = 0;
     for (int i = 0; i < 20'000 && !testing::Test::HasFailure(); ++i) {
-        // Wine takes all that remains of a text for one ill-formed character if its lead byte announces more.
+        // Wine takes the whole rest of a text for one ill-formed character if the lead byte announces more bytes.
         const std::string bytes = randomUtf8(random) + "end";
         const std::u16string text = fromUtf8(bytes);
         const std::optional<std::u16string> system = systemDecodes(bytes);
@@ -124,7 +124,7 @@ TEST(CodePagesTest, Win32CodePagesAnsiIsTheCodePageOfTheSystemsLanguage) {
     const std::u16string text = codePages.decode(all);
     EXPECT_EQ(units(reference.decode(all)), units(text));
     EXPECT_EQ(hex(all), hex(codePages.encode(text)));
-    // A character that the page lacks becomes the best fit, if it has one.
+    // A character that is not in the code page is replaced by its best fit, if there is one.
     EXPECT_EQ("?/ AOa", codePages.encode(u"\u4E2D\u2215 \u0100\u03A9\u0101"));
 }
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-// The part of the contract case that Wine can pass.
+// The part of the contract case that Wine passes.
 TEST(CutShortTest, ABodyShorterThanAnnouncedIsAFailure) {
     const auto backend = makeBackend();
     const auto folder = backend->folder();

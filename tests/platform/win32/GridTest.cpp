@@ -1,4 +1,4 @@
-// What the pointer does to a grid of the real program, and what the grid draws itself.
+// Pointer actions on a grid of the real program, and the grid's own drawing.
 #include <array>
 #include <cmath>
 
@@ -34,7 +34,7 @@ protected:
         ReleaseDC(nullptr, screen);
         return {GetRValue(color), GetGValue(color), GetBValue(color)};
     }
-    // Of the line right of the cell, against the cell.
+    // The contrast between the line to the right of a cell and the cell.
     double lineContrast(HWND list, int row, int column) {
         const RECT cell = program().cellBounds(list, row, column);
         const int y = static_cast<int>(cell.top + cell.bottom) / 2;
@@ -106,7 +106,7 @@ TEST_F(GridTest, OnlyTheLeftButtonOnAColumnSorts) {
         SendMessageW(headerOf(drm), message, 0, beside);
     }
     EXPECT_EQ(program().columnTexts(drm, 1), before);
-    // The direction has not changed either: the first sort is descending.
+    // The direction has not been reversed: the first sort is descending.
     program().clickHeader(drm, 1);
     EXPECT_TRUE(eventually([&] {
         return program().columnTexts(drm, 1) == std::vector<std::wstring>{L"Charlie", L"Bravo", L"alpha"};
@@ -152,8 +152,8 @@ TEST_F(GridTest, ACutTextShowsWholeInATooltip) {
     EXPECT_TRUE(eventually([&] { return !showsTooltip(); }));
 }
 
-// Wine does not bring system colours that a test sets to other processes; GridLineColorTest covers dark and
-// high-contrast colours.
+// Wine does not pass system colours set by a test to other processes; GridLineColorTest covers dark and high-contrast
+// colours.
 TEST_F(GridTest, TheLinesCanBeSeen) {
     start();
     HWND drm = program().list(kDrm);

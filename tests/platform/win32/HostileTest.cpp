@@ -17,7 +17,7 @@
 namespace {
 
 constexpr const wchar_t* kFailed = L"Download failed,Please check the network";
-constexpr std::size_t kMostMemory = std::size_t{64} << 20;  // bytes at any time beyond the idle program
+constexpr std::size_t kMostMemory = std::size_t{64} << 20;  // bytes; peak above the idle program
 const std::string kHead = "HTTP/1.1 200 OK\r\nConnection: close\r\n";
 const std::string kSchedule =
     "[DRMSchedule]\nStartStopTimeUTC=0600-0700\nx\nFrequency=6000\nTarget=T\nx\nProgramme=P\nx\nx\nx\n";
@@ -47,8 +47,7 @@ protected:
         HWND drm = program.list(L"DRM List");
         const std::size_t idle = memoryOf(program).WorkingSetSize;
         HWND report = nullptr;
-        for (int patience = 3; report == nullptr && patience > 0;
-             --patience) {  // a loaded machine needs long for 16 MiB
+        for (int patience = 3; report == nullptr && patience > 0; --patience) {  // on a loaded machine 16 MiB take long
             report = program.dialogBy('I', L"Halcyon_K7");
         }
         ASSERT_NE(report, nullptr);
@@ -93,7 +92,7 @@ TEST_F(HostileTest, AnEndlessBody) {
     expectNothingLeft();
 }
 
-// Sends `start`, then `part` until the program hangs up.
+// Sends `start`, then `part` until the client disconnects.
 std::function<void(SOCKET)> forever(const std::string& start, const std::string& part) {
     return [=](SOCKET client) {
         bool listens = sendAll(client, start);
@@ -104,7 +103,7 @@ std::function<void(SOCKET)> forever(const std::string& start, const std::string&
 }
 
 TEST_F(HostileTest, AnEndlessPackedBodyOfNothing) {
-    std::string stored;  // empty blocks of deflate
+    std::string stored;  // stored (uncompressed) deflate blocks of zero length
     for (int i = 0; i < 10'000; ++i) {
         stored.append("\0\0\0\xff\xff", 5);
     }
@@ -112,7 +111,7 @@ TEST_F(HostileTest, AnEndlessPackedBodyOfNothing) {
     expectNothingLeft();
 }
 
-// Wine ignores the option that bounds the headers, so the memory is bounded on Windows only.
+// Wine ignores the option that limits headers, so the memory is checked on Windows only.
 TEST_F(HostileTest, HeadersWithoutAnEnd) {
     isMemoryBounded = !runsOnWine();
     expectRefused(forever(kHead, "X-Header: " + std::string(1000, 'x') + "\r\n"));

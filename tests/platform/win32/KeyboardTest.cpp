@@ -1,4 +1,4 @@
-// The whole program reacts to the system's customary keys.
+// The standard keys of the system in the whole program.
 #include "platform/win32/WindowFixture.h"
 
 namespace {
@@ -43,7 +43,7 @@ TEST_F(KeyboardTest, OnlyEnterEndsAnEditNotItsCharacter) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 2, 1));
-    // Ctrl+M, Ctrl+J and Escape give these characters.
+    // Ctrl+M, Ctrl+J and Escape produce these characters.
     for (const WPARAM character : {L'a', L'\r', L'\n', L'\x1b', L'b'}) {
         PostMessageW(program().box(), WM_CHAR, character, 1);
     }

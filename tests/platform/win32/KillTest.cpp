@@ -1,4 +1,4 @@
-// Kills the program at random moments of edits, saves and closing; each restart shows every finished edit.
+// Kills the program at random moments of edits, saves and closing; each restart must show every finished edit.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ protected:
             return program->boxIsOpen() && textOf(program->box()) == names[static_cast<std::size_t>(row - 1)];
         }));
     }
-    // `after` receives the text shown after the edit.
+    // `after`: the texts that are shown after the edit.
     void beginEdit(std::vector<std::wstring>& after) {
         const int row = randomUpTo(kRows - 1) + 1;
         ASSERT_NO_FATAL_FAILURE(openBox(row));
@@ -51,7 +51,7 @@ protected:
         names = after;
         ++edits;
     }
-    // Without a receiver the lists are saved in the program's folder, then a box reports that no disk is found.
+    // Without a receiver the lists are saved in the program's folder, then a message reports that no disk was found.
     void beginSave(HWND& box) {
         box = program->dialogBy('S', L"Halcyon_K7");
         ASSERT_NE(box, nullptr);
@@ -68,7 +68,7 @@ protected:
         }
         ++saves;
     }
-    // Starts a command without waiting for it; the names that it shows if it is finished.
+    // Starts a command without waiting for its end; returns the names shown after it.
     void beginLast(std::vector<std::wstring>& underWay) {
         underWay = names;
         HWND box = nullptr;
@@ -121,7 +121,7 @@ TEST_F(KillTest, EveryFinishedEditSurvives) {
             ASSERT_NO_FATAL_FAILURE(randomUpTo(3) == 0 ? save() : edit());
         }
         ASSERT_NO_FATAL_FAILURE(beginLast(underWay));
-        // From before the first key until well after the snapshot of an edit or the files of a save.
+        // From before the first key to well after the snapshot of an edit or the files of a save.
         const auto moment = std::chrono::microseconds(randomUpTo(20'000));
         const auto until = std::chrono::steady_clock::now() + moment;
         while (std::chrono::steady_clock::now() < until) {

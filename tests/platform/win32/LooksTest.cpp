@@ -1,4 +1,4 @@
-// System changes that reach the window: colours, fonts, resolutions and the clock.
+// System changes that affect the window: colours, fonts, resolutions and the clock.
 #include <array>
 #include <utility>
 

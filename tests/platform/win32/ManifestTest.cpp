@@ -1,4 +1,4 @@
-// The manifest of the built program, read from the file as the system does.
+// The manifest of the built program, read from its file.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ std::string manifest() {
     };
     const std::unique_ptr<std::remove_pointer_t<HMODULE>, Unload> file(
         LoadLibraryExW(builtProgram().c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
-    // The first manifest counts when a process is created.
+    // The system uses the first manifest when it creates a process.
     HRSRC found = FindResourceW(file.get(), MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(24));
     HGLOBAL loaded = found != nullptr ? LoadResource(file.get(), found) : nullptr;
     if (loaded == nullptr) {

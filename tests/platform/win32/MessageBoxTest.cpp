@@ -1,5 +1,5 @@
-// Real message boxes of the system's language, whose buttons the hook renames. With --chinese the system's language
-// must be Chinese, otherwise English.
+// Real message boxes with captions in the system's language, which the hook replaces. With --chinese the system's
+// language must be Chinese, otherwise English.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -44,7 +44,7 @@ BOOL CALLBACK findBox(HWND window, LPARAM found) {
 
 class MessageBoxTest : public testing::Test {
 protected:
-    // Reads the captions of the box on screen, then answers it.
+    // Reads the captions of the open box, then answers it.
     Captions shown(bool hooked, int style, int answer) {
         Captions captions;
         const DWORD thread = GetCurrentThreadId();

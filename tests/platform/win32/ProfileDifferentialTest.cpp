@@ -84,7 +84,7 @@ std::u16string trimmed(std::u16string_view text) {
                               : std::u16string(text.substr(first, text.find_last_not_of(u" \t") - first + 1));
 }
 
-// One entry for each line that is not blank, with its parts trimmed.
+// One entry per non-blank line, with trimmed parts.
 std::vector<std::string> essence(std::u16string_view text) {
     std::vector<std::string> lines;
     for (std::size_t start = 0; start < text.size();) {
@@ -125,16 +125,16 @@ protected:
         WritePrivateProfileStringW(toWide(section).c_str(), nullptr, nullptr, folder_.file("system.ini").c_str());
     }
     std::u16string systemFile() {
-        WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // flush
+        WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // flushes the cache
         return decodeIni(folder_.read("system.ini"), codePages_).text;
     }
-    // Writes a file with the mark FF FE, or one in the ANSI code page, which may lack characters of the text.
+    // Writes a file with the mark FF FE or in the ANSI code page, in which characters of the text may be missing.
     std::u16string fitting(const std::u16string& text, bool ansi) {
         return ansi ? codePages_.decode(codePages_.encode(text)) : text;
     }
     void start(const std::u16string& text, bool ansi) {
         folder_.write("system.ini", ansi ? codePages_.encode(text) : utf16File(text));
-        WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // forget
+        WritePrivateProfileStringW(nullptr, nullptr, nullptr, folder_.file("system.ini").c_str());  // drops the cache
     }
 
     TemporaryFolder folder_;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kTextUnits = 512;
 
-// Memory of the other process, for messages that carry pointers.
+// Memory in the other process, for messages with pointers.
 class RemoteBlock {
 public:
     RemoteBlock(HANDLE process, std::size_t size)
@@ -172,7 +172,7 @@ RECT Program::cellBounds(HWND list, int row, int column) const {
     block.put(bounds);
     SendMessageW(list, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row - 1), block.parameter());
     bounds = block.get<RECT>();
-    if (column == 1) {  // its bounds are those of the whole row
+    if (column == 1) {  // the system returns the bounds of the whole row for it
         bounds.right = bounds.left + static_cast<LONG>(SendMessageW(list, LVM_GETCOLUMNWIDTH, 0, 0));
     }
     return bounds;

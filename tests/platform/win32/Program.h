@@ -1,4 +1,4 @@
-// The real program in its own folder, driven through messages and the keyboard.
+// The real program in its own folder, driven by messages and the keyboard.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@
 // The path of the built program, relative to the folder of this test.
 std::filesystem::path builtProgram(const wchar_t* relative = LR"(..\..\..\Halcyon_K7.exe)");
 
-// Column, row and panel numbers are 1-based, pixels are those of the window named.
+// Columns, rows and panels are 1-based; pixels are relative to the window named.
 class Program {
 public:
     // Copies the program into the folder, starts it and waits for its window.
@@ -27,14 +27,14 @@ public:
     HWND list(const wchar_t* tabCaption) const { return FindWindowExW(window_, nullptr, L"SysListView32", tabCaption); }
     HWND box() const { return FindWindowExW(window_, nullptr, L"Edit", nullptr); }
     bool boxIsOpen() const { return IsWindowVisible(box()) != 0; }
-    // Waits for a dialog or message box of the program with this title; null if none appears.
+    // Waits for a dialog or message box with this title; null if none appears.
     HWND dialog(const wchar_t* title) const;
-    // The one that a key pressed with Ctrl brings.
+    // The dialog that opens after the key is pressed with Ctrl.
     HWND dialogBy(WORD key, const wchar_t* title) const;
-    HWND menu() const;  // the popup menu on screen, null if there is none
+    HWND menu() const;  // the open popup menu, or null
     HWND focus() const;
     bool hasEnded() const { return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0; }
-    // Closes the window as a user does and waits for the end of the process.
+    // Closes the window as a user does and waits until the process has ended.
     bool close();
 
     int rowCount(HWND list) const { return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)); }
@@ -44,7 +44,7 @@ public:
     std::wstring status(int panel = 1) const;
     // Sets a status text from outside; the next text of the program replaces it.
     bool overwriteStatus(int panel, std::wstring_view text) const;
-    // Sends the message for a window that has moved to a screen of this resolution.
+    // Sends the message of a window that was moved to a screen with this resolution.
     void comeToResolution(int dpi, const RECT& suggested) const;
 
     void click(HWND list, int row, int column) const;
@@ -69,5 +69,5 @@ void pressWithShift(WORD key);
 void typeInto(HWND window, std::wstring_view text);
 bool putOnClipboard(const std::wstring& text);
 std::wstring textOf(HWND window);
-std::wstring messageOf(HWND messageBox);                          // an icon's label has no text
+std::wstring messageOf(HWND messageBox);                          // the label of an icon has no text
 HWND childOf(HWND dialog, const wchar_t* className, int number);  // 1-based, in the dialog's order

@@ -1,4 +1,4 @@
-// The sync of the whole program with a server of the test.
+// The sync of the whole program with a server in the test.
 #include <future>
 
 #include "platform/win32/OneAnswerServer.h"
@@ -70,8 +70,8 @@ TEST_F(SyncTest, AScheduleTooLongKeepsTheListAndTheStatusLine) {
     HWND report = program().dialogBy('I', L"Halcyon_K7");
     ASSERT_NE(report, nullptr);
     EXPECT_EQ(messageOf(report), L"Overflow");
-    // The box hands the activation back to the window, which must not count as the user's return to it, as one from
-    // elsewhere does. Told here by hand: which window was active before is for the system to say.
+    // Closing the box activates the window, which is no activation by the user, as one from elsewhere is. The message
+    // is sent by the test, since the system decides which window was active before.
     const auto activatedFrom = [&](HWND other) {
         SendMessageW(program().window(), WM_ACTIVATE, WA_ACTIVE, reinterpret_cast<LPARAM>(other));
         return program().status();

@@ -1,4 +1,4 @@
-// The program with three DRM records, one AM and one FM record and a favourite, and the expected files.
+// The program with three DRM records, one AM, one FM and one favourite record, and the expected files.
 #pragma once
 
 #include <windows.h>

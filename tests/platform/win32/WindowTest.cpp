@@ -1,4 +1,4 @@
-// The whole program on its real window: a user's actions and the files that result.
+// The whole program in its real window: actions of a user and the resulting files.
 #include "platform/win32/WindowFixture.h"
 
 namespace {
@@ -151,7 +151,7 @@ TEST_F(WindowTest, AddsTheSelectedRowToTheFavourites) {
     start();
     HWND favourites = program().list(kFavourite);
     const auto addFirst = [&] {
-        // Without its Ctrl the letter would select another row.
+        // Without Ctrl the letter would select another row.
         program().click(program().list(kDrm), 1, 1);
         EXPECT_TRUE(statusBecomes(L"Press 'Delete' Key To Delete "));
         pressWithCtrl('A');

@@ -12,7 +12,7 @@ namespace {
 constexpr auto kPath = u"/disk/List.ini";
 constexpr auto kBeside = u"/disk/List.ini.k7new";
 
-// A disk of limited room, with a device that may lose what has been written to a path.
+// A disk of limited size, whose device may lose bytes written to a path.
 class SmallDisk : public FakeFiles {
 public:
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
@@ -31,7 +31,7 @@ public:
         }
         return true;
     }
-    // What cannot be read is the old file, not the name.
+    // Only the old content is unreadable; the name can be replaced.
     bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
         unreadable.erase(std::u16string(to));
         return FakeFiles::rename(from, to, flush);

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Lists of a user: any text without blanks at its ends, quotes and line ends.
+// A user's lists: any texts without surrounding blanks, quotes and line ends.
 class RandomLists {
 public:
     std::u16string text(std::size_t longest) {

@@ -18,7 +18,8 @@ protected:
         listFile() = kSeeded;
         userFile() = kSeeded;
     }
-    // The reference for a save: one profile call for each key into a seeded file, then three passes over the file.
+    // The reference for a save: one profile call per key into a file with an initial blank, then three passes over the
+    // file.
     void seed(const std::u16string& path) {
         TextFormat format = TextFormat::Utf16Le;
         text.WriteTextFile(path, u" ", false, format, format, true, false);
@@ -190,7 +191,7 @@ TEST_F(ListSaverTest, HasTheBytesOfTheThreePassesForRandomLists) {
     const auto randomText = [&random] {
         std::u16string result(random() % 9, u' ');
         for (char16_t& unit : result) {
-            // Printable characters and surrogates, alone or paired by chance.
+            // Printable characters and surrogates, single or paired by chance.
             unit = random() % 3 == 0 ? static_cast<char16_t>(0xD800 + random() % 0x800)
                                      : static_cast<char16_t>(u' ' + random() % 0x2000);
         }

@@ -12,7 +12,7 @@ constexpr const char16_t* kSecond = u"/app/Recovery/Snapshot2";
 
 class RecoveryTest : public testing::Test {
 protected:
-    // What the next run finds.
+    // What the next run reads.
     std::optional<WorkingCopyBytes> found() {
         const auto snapshot = Recovery(u"/app/", files).find();
         return snapshot ? std::optional(snapshot->bytes) : std::nullopt;
@@ -52,7 +52,7 @@ TEST_F(RecoveryTest, TheSameIsNotWrittenAgain) {
 
 TEST_F(RecoveryTest, WhatAKilledRunHasLeftIsWrittenOnceMore) {
     recovery.keep(one);
-    // Killed before the flush: found after the kill, but not after a power cut.
+    // Interrupted before the flush: the snapshot survives a kill, but not a power cut.
     files.write(kFirst, std::string(files.files[kFirst]), Flush::Later);
     Recovery next(u"/app/", files);
     next.find();
@@ -200,13 +200,13 @@ std::string withChecksum(const std::string& file) {
     return withSum(file, sum);
 }
 
-// As the second version wrote it: without the numbers of states.
+// The format of the second version: without the numbers of states.
 std::string ofSecondVersion(std::string file) {
     file[7] = '2';
     return withChecksum(file.erase(32, 16));
 }
 
-// As version 1.0.0 wrote it.
+// The format of version 1.0.0.
 std::string ofFirstVersion(std::string file) {
     file = ofSecondVersion(std::move(file));
     file[7] = '1';
@@ -226,7 +226,7 @@ TEST(RecoveryTestSnapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
     EXPECT_EQ(withChecksum(file), file);
     EXPECT_EQ(decodeSnapshot(std::string(100, 'x')), std::nullopt);
     EXPECT_EQ(decodeSnapshot(file.substr(0, 8)), std::nullopt);
-    // The checksum is right, but the lengths are not those of the files.
+    // The checksum is valid, but the lengths do not match the files.
     for (const auto& [list, user] : {std::pair(5, 4), std::pair(4, 5), std::pair(3, 4), std::pair(4, 3)}) {
         file[16] = static_cast<char>(list);
         file[24] = static_cast<char>(user);

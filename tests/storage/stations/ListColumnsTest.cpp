@@ -63,7 +63,7 @@ TEST(ListColumnsTest, AColumnOutsideTheTableIsNone) {
     EXPECT_EQ(columnAt(columnsOf(Drm), kTargetColumn)->headerKey, u"TARG");
 }
 
-// A list with one column more, as a row of the table alone adds it.
+// A list with one more column, added by nothing but a row of the table.
 class ListColumnsTestFifth : public testing::Test, protected FourLists {
 protected:
     ListColumnsTestFifth() {

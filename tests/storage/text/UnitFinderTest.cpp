@@ -24,7 +24,7 @@ std::vector<std::size_t> positions(std::u16string_view text, std::size_t start) 
 TEST(UnitFinderTest, EachPositionOfEachLengthIsFound) {
     for (std::size_t length = 0; length <= 40; ++length) {
         for (std::size_t at = 0; at < length; ++at) {
-            std::u16string text(length, u'\u3D3D');  // both bytes as those of a mark
+            std::u16string text(length, u'\u3D3D');  // both bytes equal those of "="
             text[at] = u'=';
             for (std::size_t start = 0; start <= length; ++start) {
                 EXPECT_EQ(findUnit(text, start, kIsMark), start <= at ? at : length) << length << ' ' << start;

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The table of well-formed sequences as the standard has it: the range of each byte.
+// The table of well-formed sequences in the Unicode standard: the range of each byte.
 struct Row {
     std::vector<std::pair<int, int>> ranges;
 };
@@ -26,7 +26,7 @@ const std::vector<Row> kWellFormed = {
     {{{0xF4, 0xF4}, {0x80, 0x8F}, {0x80, 0xBF}, {0x80, 0xBF}}},
 };
 
-// How many bytes at the start of `bytes` fit the row.
+// The number of leading bytes of `bytes` that match the row.
 std::size_t fitting(const Row& row, std::string_view bytes) {
     std::size_t count = 0;
     while (count < row.ranges.size() && count < bytes.size()) {
@@ -39,7 +39,7 @@ std::size_t fitting(const Row& row, std::string_view bytes) {
     return count;
 }
 
-// What is left when every maximal ill-formed part is replaced by the bytes of U+FFFD.
+// The result when U+FFFD, in UTF-8, replaces every maximal ill-formed part.
 std::string repaired(std::string_view bytes) {
     std::string whole;
     while (!bytes.empty()) {
@@ -102,7 +102,7 @@ TEST(Utf8Test, EachMaximalIllFormedPartBecomesOneReplacement) {
         {"\xBF\x80", u"\uFFFD\uFFFD"},
         {"\xC0\x80", u"\uFFFD\uFFFD"},  // overlong NUL
         {"\xC1\xBF", u"\uFFFD\uFFFD"},
-        {"\xC3", u"\uFFFD"},  // cut short
+        {"\xC3", u"\uFFFD"},  // truncated
         {"\xC3(", u"\uFFFD("},
         {"\xE0\x80\x80", u"\uFFFD\uFFFD"},  // overlong
         {"\xE0\xA0", u"\uFFFD"},
@@ -121,7 +121,7 @@ TEST(Utf8Test, EachMaximalIllFormedPartBecomesOneReplacement) {
          "c\x80\xBF"
          "d",
          u"a\uFFFD\uFFFD\uFFFDb\uFFFDc\uFFFD\uFFFDd"},
-        {"\xC3\xC3\xA9", u"\uFFFD\u00E9"},  // the second lead starts a character
+        {"\xC3\xC3\xA9", u"\uFFFD\u00E9"},  // the second lead byte starts a character
     };
     for (const Case& c : cases) {
         EXPECT_EQ(narrow(fromUtf8(c.bytes)), narrow(c.text));
@@ -156,7 +156,7 @@ TEST(Utf8Test, EveryCharacterComesBack) {
     }
 }
 
-// Any four bytes from both ends of every range, with a letter on either side.
+// Four-byte sequences from both ends of every range, with a letter on either side.
 TEST(Utf8Test, AnyBytesAreReadAsTheTableTells) {
     const std::string_view edges(
         "\0A\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3\xF4\xF5\xFF", 25);
@@ -170,7 +170,7 @@ TEST(Utf8Test, AnyBytesAreReadAsTheTableTells) {
     }
 }
 
-// A character behind runs of letters of every length, and one cut off by the end of the text.
+// A character after runs of letters of every length, and one truncated by the end of the text.
 TEST(Utf8Test, ALongTextIsReadAndWrittenWhole) {
     std::string bytes;
     std::u16string text;
