@@ -47,7 +47,7 @@ TEST_F(AddToFavouritesTest, With255OneOfThreeIsAddedAndTheMessageShownOnce) {
     EXPECT_EQ(view(ListKind::Drm).focusCount, 1);
 }
 
-TEST_F(AddToFavouritesTest, ThatJustFitAreAddedWithoutAMessage) {
+TEST_F(AddToFavouritesTest, UpTo256AreAddedWithoutAMessage) {
     fill(kFavourite, 254);
     addStation(ListKind::Drm, u"first", u"6095");
     addStation(ListKind::Drm, u"second", u"6095");
@@ -97,7 +97,7 @@ TEST_F(AddToFavouritesTest, OnlySelectedRowsAreAddedFromTopToBottomBehindTheOthe
     EXPECT_TRUE(grid(ListKind::Fm).isSelected(1));
 }
 
-TEST_F(AddToFavouritesTest, TheTotalIsShownBeforeAndDoesNotFollow) {
+TEST_F(AddToFavouritesTest, TheTotalIsShownBeforeAndNotUpdated) {
     addStation(ListKind::Drm, u"a", u"6095");
     statusBar.setMessage(u"hint");
     add(ListKind::Drm);
@@ -109,7 +109,7 @@ TEST_F(AddToFavouritesTest, TheTotalIsShownBeforeAndDoesNotFollow) {
     EXPECT_EQ(status(), "Total Number Of Favourite List: 1");
 }
 
-TEST_F(AddToFavouritesTest, GiveTheFocusBackToTheSource) {
+TEST_F(AddToFavouritesTest, TheFocusReturnsToTheSource) {
     addStation(ListKind::Fm, u"a", u"88");
     add(ListKind::Fm);
     EXPECT_EQ(view(ListKind::Fm).focusCount, 1);
@@ -123,7 +123,7 @@ TEST_F(AddToFavouritesTest, WithNothingSelectedNothingIsAdded) {
     EXPECT_EQ(view(ListKind::Drm).focusCount, 1);
 }
 
-TEST_F(AddToFavouritesTest, FromAnEmptyListNothingHappens) {
+TEST_F(AddToFavouritesTest, AnEmptyListAddsNothing) {
     add(ListKind::Drm);
     EXPECT_EQ(grid(kFavourite).rowCount(), 0);
     EXPECT_EQ(view(ListKind::Drm).focusCount, 0);

@@ -23,7 +23,7 @@ struct RuleCase {
 
 class FieldRulesTest : public testing::TestWithParam<RuleCase> {};
 
-TEST_P(FieldRulesTest, TellTheFirstFailingCheck) {
+TEST_P(FieldRulesTest, ReportTheFirstFailingCheck) {
     EXPECT_EQ(narrow(fieldError(*GetParam().rule, GetParam().text)), GetParam().error) << narrow(GetParam().text);
 }
 
@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(FmFrequency, FieldRulesTest,
                                          RuleCase{kFm, u".", kFmRange}, RuleCase{kFm, u".5", kFmRange},
                                          RuleCase{kFm, u"0098.50", kValid}));
 
-TEST(FieldRulesTestPrefixes, StandInFrontOfTheFieldsMessages) {
+TEST(FieldRulesTestPrefixes, PrecedeTheMessagesOfTheirField) {
     EXPECT_EQ(narrow(kProgrammeRule.prefix), "Programme: ");
     EXPECT_EQ(narrow(kTargetRule.prefix), "Target: ");
     for (const FieldRule* rule : {kDrm, kAm, kFm}) {

@@ -52,7 +52,7 @@ TEST_F(addFormKeysTest, AKeyInAStopTimeSavesACompleteRecordBeforeItIsTyped) {
     }
 }
 
-TEST_F(addFormKeysTest, AKeyInAStopTimeIsTypedAfterARefusedSave) {
+TEST_F(addFormKeysTest, AKeyInAStopTimeIsTypedAfterARejectedSave) {
     openFor(ListKind::Drm);
     typeDrm();
     typeTimes({u"7", u"5", u"", u""});
@@ -118,7 +118,7 @@ TEST_F(addFormKeysTestOpenList, EveryKeyClosesTheListOfAStopTimeAndSaves) {
     }
 }
 
-TEST_F(addFormKeysTestOpenList, AKeyOfARefusedSaveIsTypedOnceTheListIsClosed) {
+TEST_F(addFormKeysTestOpenList, AKeyOfARejectedSaveIsTypedAfterTheListHasClosed) {
     type(F::txtLabel, u"");
     openList(F::eHourComb, u"0");
     box.expect({u"Programme: Input can't be empty", u"Add List"});

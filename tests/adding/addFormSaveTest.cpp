@@ -36,7 +36,7 @@ TEST_F(addFormSaveTest, ADrmRecordIsAppendedAsTypedWithTwoDigitTimes) {
     EXPECT_EQ(status(), "Total Number Of DRM List: 3");
 }
 
-TEST_F(addFormSaveTest, SavingShowsNoMessageAndTellsTheViewOfOneRow) {
+TEST_F(addFormSaveTest, SavingShowsNoMessageAndNotifiesTheViewOfOneRow) {
     openFor(ListKind::Drm);
     typeValidDrm();
     view(ListKind::Drm).calls.clear();
@@ -45,7 +45,7 @@ TEST_F(addFormSaveTest, SavingShowsNoMessageAndTellsTheViewOfOneRow) {
     EXPECT_TRUE(box.shown.empty());
 }
 
-TEST_F(addFormSaveTest, AStopThatIsNotAfterTheStartIsRefused) {
+TEST_F(addFormSaveTest, AStopThatIsNotAfterTheStartIsRejected) {
     using Times = std::array<std::u16string, 4>;
     openFor(ListKind::Drm);
     typeDrm();
@@ -56,7 +56,7 @@ TEST_F(addFormSaveTest, AStopThatIsNotAfterTheStartIsRefused) {
     }
 }
 
-TEST_F(addFormSaveTest, TypedTimesAreTakenAsTheyStandAndComparedByCode) {
+TEST_F(addFormSaveTest, TypedTimesAreUnchangedAndComparedByCodePoint) {
     openFor(ListKind::Drm);
     typeDrm();
     typeTimes({u"007", u"5", u"ab", u"x"});
@@ -69,7 +69,7 @@ TEST_F(addFormSaveTest, TypedTimesAreTakenAsTheyStandAndComparedByCode) {
     saveRefused(u"Start Time Must Smaller Than Stop Time");
 }
 
-TEST_F(addFormSaveTest, AMissingTimeIsRefusedWithItsPrefix) {
+TEST_F(addFormSaveTest, AMissingTimeIsRejectedWithItsPrefix) {
     openFor(ListKind::Drm);
     typeDrm();
     using Times = std::array<std::u16string, 4>;
@@ -105,7 +105,7 @@ TEST_F(addFormSaveTest, TheDrmChecksRunInTheirOrder) {
     EXPECT_EQ(rowText(ListKind::Drm, 1), "Radio|9620|08:00-09:00|Europe");
 }
 
-TEST_F(addFormSaveTest, ABlankProgrammeIsRefusedAndGetsTheFocus) {
+TEST_F(addFormSaveTest, ABlankProgrammeIsRejectedAndGetsTheFocus) {
     openFor(ListKind::Drm);
     dialog.focused.clear();
     typeValidDrm();
@@ -158,7 +158,7 @@ TEST_F(addFormSaveTest, AnAmRecordGetsItsBandFromTheFrequency) {
     EXPECT_EQ(status(), "Total Number Of AM List: 8");
 }
 
-TEST_F(addFormSaveTest, AnAmFrequencyBetweenTheBandsIsRefused) {
+TEST_F(addFormSaveTest, AnAmFrequencyBetweenTheBandsIsRejected) {
     openFor(ListKind::Am);
     for (const char16_t* frequency : {u"149", u"289", u"521", u"30001"}) {
         typePlain(frequency);
@@ -178,7 +178,7 @@ TEST_F(addFormSaveTest, AnFmRecordGetsTheBandVhf) {
     EXPECT_EQ(status(), "Total Number Of FM List: 3");
 }
 
-TEST_F(addFormSaveTest, AWrongFmFrequencyIsRefused) {
+TEST_F(addFormSaveTest, AWrongFmFrequencyIsRejected) {
     openFor(ListKind::Fm);
     for (const char16_t* frequency : {u"86.9", u"108.1", u"."}) {
         typePlain(frequency);

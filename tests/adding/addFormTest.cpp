@@ -8,7 +8,7 @@ class addFormTest : public AddListFixture {};
 
 using F = AddField;
 
-TEST_F(addFormTest, OpensWithTheMainWindowDisabledAndTheTotalRefreshed) {
+TEST_F(addFormTest, OpeningDisablesTheMainWindowAndUpdatesTheTotal) {
     openFor(ListKind::Drm);
     EXPECT_FALSE(mainWindow.enabled);
     EXPECT_EQ(status(), "Total Number Of DRM List: 0");
@@ -64,7 +64,7 @@ TEST_F(addFormTest, ForAmAndFmTheTimesAndTheTargetAreDisabledAndEmpty) {
     }
 }
 
-TEST_F(addFormTest, EachOpeningStartsAfresh) {
+TEST_F(addFormTest, EachOpeningStartsEmpty) {
     openFor(ListKind::Drm);
     typeValidDrm();
     form.close();
@@ -76,7 +76,7 @@ TEST_F(addFormTest, EachOpeningStartsAfresh) {
     EXPECT_EQ(dialog.createCount, 2);
 }
 
-TEST_F(addFormTest, OpeningWhileOpenIsHarmless) {
+TEST_F(addFormTest, OpeningWhileOpenDoesNothing) {
     openFor(ListKind::Drm);
     type(F::txtLabel, u"Radio");
     form.open();
@@ -100,7 +100,7 @@ TEST_F(addFormTest, With255RowsItOpensAndAfterOneRowNoMore) {
     }
 }
 
-TEST_F(addFormTest, AListOver256RowsIsFullToo) {
+TEST_F(addFormTest, AListOfMoreThan256RowsIsFull) {
     fill(ListKind::Am, 257);
     showTab(ListKind::Am);
     box.expect({u"Max number of each list is 256!"});
@@ -123,7 +123,7 @@ TEST_F(addFormTest, TheFavouriteTabGetsTheFullMessageWhateverItsCount) {
     EXPECT_EQ(status(), "Total Number Of Favourite List: 0");
 }
 
-TEST_F(addFormTest, ATabOutsideTheListsGetsTheFullMessageToo) {
+TEST_F(addFormTest, ATabOutsideTheListsGetsTheFullMessage) {
     for (const int tab : {-1, 4}) {
         currentTab.SetCurrentTab(tab);
         box.expect({u"Max number of each list is 256!"});
@@ -148,7 +148,7 @@ TEST_F(addFormTest, CancelAddsNothing) {
     EXPECT_EQ(grid(ListKind::Am).rowCount(), 0);
 }
 
-TEST_F(addFormTest, EveryWayOutEnablesTheMainWindowAndShowsTheTotalOfTheCurrentTab) {
+TEST_F(addFormTest, ClosingInAnyWayEnablesTheMainWindowAndShowsTheTotal) {
     fill(ListKind::Fm, 4);
     const std::vector<std::function<void()>> ways = {[this] { dialog.listener->cancelClicked(); },
                                                      [this] { dialog.listener->closeBoxClicked(); },
@@ -170,7 +170,7 @@ TEST_F(addFormTest, TheTotalAtTheEndIsThatOfTheCurrentTabAsTheMainWindowSetIt) {
     EXPECT_EQ(status(), "Total Number Of Favourite List: 3");
 }
 
-TEST_F(addFormTest, ADialogThatCannotBeMadeLeavesTheMainWindowEnabled) {
+TEST_F(addFormTest, WithoutADialogTheMainWindowStaysEnabled) {
     dialog.failsToCreate = true;
     showTab(ListKind::Drm);
     form.open();
@@ -179,7 +179,7 @@ TEST_F(addFormTest, ADialogThatCannotBeMadeLeavesTheMainWindowEnabled) {
     openFor(ListKind::Drm);
 }
 
-TEST_F(addFormTest, EachMnemonicLeadsToOneControl) {
+TEST_F(addFormTest, MnemonicsAreUnique) {
     openFor(ListKind::Drm);
     std::string letters;
     const auto mnemonicOf = [this](AddControl control) {

@@ -21,12 +21,12 @@ TEST_F(CodePagesContract, EveryAnsiByteConvertsBothWays) {
     EXPECT_TRUE(text.starts_with(std::u16string(u"\0\u0001\u0002", 3)));
 }
 
-TEST_F(CodePagesContract, CharactersThatAnsiLacksBecomeAQuestionMark) {
+TEST_F(CodePagesContract, CharactersOutsideTheCodePageBecomeAQuestionMark) {
     EXPECT_EQ(pages->encode(u"a\u4E2Db"), "a?b");
     EXPECT_EQ(pages->encode(u"\u2603"), "?");
 }
 
-TEST_F(CodePagesContract, NothingStaysNothing) {
+TEST_F(CodePagesContract, AnEmptyTextStaysEmpty) {
     EXPECT_TRUE(pages->decode("").empty());
     EXPECT_TRUE(pages->encode(u"").empty());
 }

@@ -39,7 +39,7 @@ TEST_F(DownloaderContract, ASchedulesBytesArriveUnchanged) {
     }
 }
 
-TEST_F(DownloaderContract, EveryWayOfSendingABodyIsUnderstood) {
+TEST_F(DownloaderContract, EveryTransferEncodingIsDecoded) {
     for (const auto* resource : {u"/no-length", u"/chunked", u"/gzip", u"/deflate", u"/redirect", u"/headers-first"}) {
         EXPECT_TRUE(get(resource)) << narrow(resource);
         EXPECT_EQ(bytes(), "[DRMSchedule]\nplain\n") << narrow(resource);
@@ -63,7 +63,7 @@ TEST_F(DownloaderContract, AStatusOtherThan200IsAFailure) {
     }
 }
 
-TEST_F(DownloaderContract, NoCredentialsAreSentWhateverIsAskedFor) {
+TEST_F(DownloaderContract, NoCredentialsAreEverSent) {
     std::u16string withCredentials = httpServer();
     withCredentials.insert(std::u16string_view(u"http://").size(), u"user:password@");
     for (const auto* resource : {u"/digest", u"/proxy-digest"}) {
@@ -74,7 +74,7 @@ TEST_F(DownloaderContract, NoCredentialsAreSentWhateverIsAskedFor) {
     }
 }
 
-TEST_F(DownloaderContract, APackedBodyIsWholeOrAFailure) {
+TEST_F(DownloaderContract, ACompressedBodyIsCompleteOrAFailure) {
     for (const auto* resource : {u"/gzip-cut", u"/gzip-checksum", u"/unknown-encoding"}) {
         expectFailure(resource);
     }
@@ -89,22 +89,22 @@ TEST_F(DownloaderContract, AnInterruptedBodyIsAFailure) {
     }
 }
 
-TEST_F(DownloaderContract, HeadersAreBounded) {
+TEST_F(DownloaderContract, HeadersAreLimited) {
     EXPECT_TRUE(get(u"/headers/50"));
     expectFailure(u"/headers/70");
 }
 
-TEST_F(DownloaderContract, InterimAnswersAreBounded) {
+TEST_F(DownloaderContract, InterimResponsesAreLimited) {
     EXPECT_TRUE(get(u"/interim/10"));
     expectFailure(u"/interim/11");
 }
 
-TEST_F(DownloaderContract, RedirectsLeadOnlyToTheWebAndToAnEnd) {
+TEST_F(DownloaderContract, RedirectsAreLimitedToHttpAndInNumber) {
     expectFailure(u"/redirect-to-file");
     expectFailure(u"/redirect-loop");
 }
 
-TEST_F(DownloaderContract, ABodyCutShortIsAFailure) { expectFailure(u"/cut-short"); }
+TEST_F(DownloaderContract, ATruncatedBodyIsAFailure) { expectFailure(u"/cut-short"); }
 
 TEST_F(DownloaderContract, ABodyOfMoreThan16MiBIsAFailure) {
     EXPECT_TRUE(get(u"/bytes/16777216"));
@@ -113,26 +113,26 @@ TEST_F(DownloaderContract, ABodyOfMoreThan16MiBIsAFailure) {
     expectFailure(u"/bytes/67108864");
 }
 
-TEST_F(DownloaderContract, ASilentServerIsGivenUp) {
+TEST_F(DownloaderContract, ASilentServerTimesOut) {
     Downloader impatient(*client, backend->files(), std::chrono::milliseconds(300));
     EXPECT_FALSE(impatient.download(httpServer() + u"/stall", target));
     EXPECT_FALSE(impatient.download(httpServer() + u"/stall-in-body", target));
     EXPECT_FALSE(backend->files().exists(target));
 }
 
-TEST_F(DownloaderContract, AFailureLeavesNoOlderFileBehind) {
+TEST_F(DownloaderContract, AFailureRemovesTheOldFile) {
     ASSERT_TRUE(backend->files().write(target, "[DRMSchedule] of yesterday", Flush::Now));
     expectFailure(u"/404");
 }
 
-TEST_F(DownloaderContract, AnAnswerIsNeverTakenFromACache) {
+TEST_F(DownloaderContract, NoCacheIsUsed) {
     ASSERT_TRUE(get(u"/count"));
     const auto first = bytes();
     ASSERT_TRUE(get(u"/count"));
     EXPECT_NE(bytes(), first);
 }
 
-TEST_F(DownloaderContract, OtherAddressesAreRefused) {
+TEST_F(DownloaderContract, OtherSchemesAreRejected) {
     ASSERT_TRUE(backend->files().write(folder->path() + u"local", "x", Flush::Now));
     EXPECT_FALSE(downloader.download(u"file://" + folder->path() + u"local", target));
     EXPECT_FALSE(downloader.download(u"http://127.0.0.1:1/", target));

@@ -19,7 +19,7 @@ protected:
     EditBox& box = probe->box();
 };
 
-TEST_F(EditBoxContract, ANewTextIsSelectedWhole) {
+TEST_F(EditBoxContract, ANewTextIsFullySelected) {
     box.setLimit(10);
     box.setText(u"Radio");
     probe->type(u"x");
@@ -44,7 +44,7 @@ TEST_F(EditBoxContract, APasteIsCutToWhatFits) {
     EXPECT_EQ(text(), "ab123");
 }
 
-TEST_F(EditBoxContract, ALongerTextStaysAndOnlyShrinks) {
+TEST_F(EditBoxContract, ALongerTextStaysButCannotGrow) {
     const std::string longText = "abcdefghijklmnopqrstuvwxyz";
     box.setLimit(10);
     box.setText(u"abcdefghijklmnopqrstuvwxyz");
@@ -58,7 +58,7 @@ TEST_F(EditBoxContract, ALongerTextStaysAndOnlyShrinks) {
     EXPECT_EQ(text(), longText.substr(0, 25));
 }
 
-TEST_F(EditBoxContract, AChangedLimitHoldsForTheNextText) {
+TEST_F(EditBoxContract, AChangedLimitAppliesToTheNextText) {
     box.setLimit(3);
     box.setText(u"");
     probe->type(u"12345");
@@ -75,7 +75,7 @@ TEST_F(EditBoxContract, LineBreaksNeverEnter) {
     EXPECT_EQ(text(), "one");
 }
 
-TEST_F(EditBoxContract, ACutNeverDividesASurrogatePair) {
+TEST_F(EditBoxContract, ACutNeverSplitsASurrogatePair) {
     box.setLimit(10);
     box.setText(u"123456789");
     probe->pressEnd();

@@ -15,7 +15,7 @@ protected:
     Files& files = backend->files();
 };
 
-TEST_F(FilesContract, WhatIsWrittenIsRead) {
+TEST_F(FilesContract, WrittenBytesAreRead) {
     const std::string bytes("\0\xFF\xFE line\r\n\n\x1A end\0", 17);
     ASSERT_TRUE(files.write(at(u"List.ini"), bytes, Flush::Now));
     EXPECT_EQ(files.read(at(u"List.ini")).bytes, bytes);
@@ -43,13 +43,13 @@ TEST_F(FilesContract, WritingReplacesALongerFile) {
     EXPECT_EQ(files.size(at(u"a")), 0U);
 }
 
-TEST_F(FilesContract, NamesMayHoldAnyLetters) {
+TEST_F(FilesContract, NamesMayContainAnyLetters) {
     ASSERT_TRUE(files.write(at(u"电台 – Réseau.ini"), "x", Flush::Now));
     EXPECT_EQ(files.read(at(u"电台 – Réseau.ini")).bytes, "x");
     EXPECT_EQ(folder->names(), (Names{u"电台 – Réseau.ini"}));
 }
 
-TEST_F(FilesContract, AMissingFileHasNothing) {
+TEST_F(FilesContract, AMissingFileHasNoContent) {
     EXPECT_FALSE(files.exists(at(u"none")));
     EXPECT_EQ(files.size(at(u"none")), std::nullopt);
     for (const FileRead& read : {files.read(at(u"none")), files.readBack(at(u"none")),
@@ -83,7 +83,7 @@ TEST_F(FilesContract, AppendingCreatesAndContinues) {
     EXPECT_EQ(files.read(at(u"a")).bytes, "onetwo");
 }
 
-TEST_F(FilesContract, RenamingTakesThePlaceOfTheOtherFile) {
+TEST_F(FilesContract, RenamingReplacesTheOtherFile) {
     ASSERT_TRUE(files.write(at(u"new"), "new", Flush::Now));
     ASSERT_TRUE(files.write(at(u"old"), "old", Flush::Now));
     EXPECT_TRUE(files.rename(at(u"new"), at(u"old"), Flush::Now));
@@ -92,7 +92,7 @@ TEST_F(FilesContract, RenamingTakesThePlaceOfTheOtherFile) {
     EXPECT_EQ(folder->names(), (Names{u"nowhere yet"}));
 }
 
-TEST_F(FilesContract, ReadersFindWhatIsNotFlushed) {
+TEST_F(FilesContract, ReadersSeeUnflushedBytes) {
     ASSERT_TRUE(files.write(at(u"old"), "a long text", Flush::Now));
     ASSERT_TRUE(files.write(at(u"old"), "short", Flush::Later));
     EXPECT_EQ(files.read(at(u"old")).bytes, "short");
@@ -106,7 +106,7 @@ TEST_F(FilesContract, ReadersFindWhatIsNotFlushed) {
     EXPECT_EQ(folder->names(), Names{u"old"});
 }
 
-TEST_F(FilesContract, RemovingLeavesTheOthers) {
+TEST_F(FilesContract, RemovingAFileKeepsTheOthers) {
     ASSERT_TRUE(files.write(at(u"a"), "a", Flush::Now));
     ASSERT_TRUE(files.write(at(u"b"), "b", Flush::Now));
     EXPECT_TRUE(files.remove(at(u"a")));
@@ -124,7 +124,7 @@ TEST_F(FilesContract, AReadOnlyFileCanBeMadeWritable) {
     EXPECT_EQ(files.read(at(u"List.ini")).bytes, "new");
 }
 
-TEST_F(FilesContract, FoldersAreMadeListedAndRemoved) {
+TEST_F(FilesContract, FoldersAreCreatedListedAndRemoved) {
     EXPECT_TRUE(files.createFolder(at(u"Recovery")));
     EXPECT_TRUE(files.createFolder(at(u"Recovery"))) << "is there already";
     EXPECT_EQ(files.list(at(u"Recovery")), Names{});

@@ -90,14 +90,14 @@ TEST_F(GridViewContract, RemovedRowsTakeTheirSelectionWithThem) {
     EXPECT_EQ(rows.firstSelected(), 3);
 }
 
-TEST_F(GridViewContract, AColumnsWidthIsTheOneShown) {
+TEST_F(GridViewContract, AColumnKeepsTheShownWidth) {
     rows.setColumnWidth(1, 2222);
     const double width = rows.columns()[0].width;
     EXPECT_NEAR(width, 2222, 15);
     EXPECT_DOUBLE_EQ(width, probe->view().showColumnWidth(1, width));
 }
 
-TEST_F(GridViewContract, RowsStandBelowEachOther) {
+TEST_F(GridViewContract, RowsAreBelowEachOther) {
     append(3);
     const GridGeometry none = probe->view().geometry(0);
     EXPECT_EQ(none.rowHeight, 0);

@@ -13,13 +13,13 @@ protected:
     std::unique_ptr<TestFolder> elsewhere = backend->folder();
 };
 
-TEST_F(SingleInstanceContract, TheFirstFindsNoneHoweverOftenItAsks) {
+TEST_F(SingleInstanceContract, TheFirstProcessNeverFindsAnother) {
     const auto instance = backend->singleInstance(here->path());
     EXPECT_FALSE(instance->previousInstance());
     EXPECT_FALSE(instance->previousInstance());
 }
 
-TEST_F(SingleInstanceContract, ASecondProcessInTheSameFolderIsToldSo) {
+TEST_F(SingleInstanceContract, ASecondProcessInTheSameFolderFindsTheFirst) {
     const auto first = backend->otherProcess(here->path());
     ASSERT_TRUE(first->gotThePlace());
     EXPECT_TRUE(runsAlready(here->path()));
@@ -27,7 +27,7 @@ TEST_F(SingleInstanceContract, ASecondProcessInTheSameFolderIsToldSo) {
     first->kill();
 }
 
-TEST_F(SingleInstanceContract, AKilledProcessLeavesThePlaceAndNoFile) {
+TEST_F(SingleInstanceContract, AKilledProcessReleasesTheFolderAndLeavesNoFile) {
     const auto first = backend->otherProcess(here->path());
     ASSERT_TRUE(first->gotThePlace());
     first->kill();
@@ -35,7 +35,7 @@ TEST_F(SingleInstanceContract, AKilledProcessLeavesThePlaceAndNoFile) {
     EXPECT_TRUE(here->names().empty());
 }
 
-TEST_F(SingleInstanceContract, ThisProcessHoldsThePlaceAgainstOthers) {
+TEST_F(SingleInstanceContract, ThisProcessKeepsOthersOut) {
     const auto instance = backend->singleInstance(here->path());
     ASSERT_FALSE(instance->previousInstance());
     const auto second = backend->otherProcess(here->path());

@@ -34,7 +34,7 @@ TEST_F(CheckTest, EachFaultIsOneLine) {
               "FM 1 Frequency(MHz): Out of range: (87.0-108.0) MHz!\n");
 }
 
-TEST_F(CheckTest, CountsThatLieAreReported) {
+TEST_F(CheckTest, WrongCountsAreReported) {
     EXPECT_EQ(
         faultsOf("[Total]\namnumber=2\nfmnumber=9x\n[AMSchedule1]\nProgramme=B\nFrequency=999\n"
                  "[DRMSchedule0]\n[DRMSchedule1]\n"),
@@ -63,7 +63,7 @@ TEST_F(CheckTest, CountsThatLieAreReported) {
             }());
 }
 
-TEST_F(CheckTest, ACountOutsideSixteenBitsIsReported) {
+TEST_F(CheckTest, ACountOutside16BitsIsReported) {
     EXPECT_EQ(faultsOf("[Total]\ndrmnumber=70000\n"), "DRM drmnumber: \"70000\" is no count from 0 to 32767\n");
 }
 
@@ -86,7 +86,7 @@ TEST_F(CheckTest, FavouritesHaveTheLimitsOfTheirSystem) {
               "Favourite 3 System: is none of DRM, AM and FM\n");
 }
 
-TEST_F(CheckTest, BytesThatAreNoUtf8AreReported) {
+TEST_F(CheckTest, InvalidUtf8IsReported) {
     EXPECT_EQ(faultsOf("[Total]\nfmnumber=1\n[FMSchedule0]\nProgramme=\xE4\nFrequency=98500\n"),
               "/home/List.ini: is not all UTF-8\n");
 }

@@ -16,7 +16,7 @@ TEST_F(CommandLineTest, HelpAndVersionGoToStandardOutput) {
     EXPECT_EQ(errors, "");
 }
 
-TEST_F(CommandLineTest, WrongWordsEndWithTwo) {
+TEST_F(CommandLineTest, WrongArgumentsExitWithTwo) {
     for (const std::vector<std::string>& words :
          std::vector<std::vector<std::string>>{{},
                                                {"sing"},
@@ -33,7 +33,7 @@ TEST_F(CommandLineTest, WrongWordsEndWithTwo) {
     }
 }
 
-TEST_F(CommandLineTest, OptionsOfTheProgramStandBeforeOrBehindTheCommand) {
+TEST_F(CommandLineTest, GlobalOptionsMayPrecedeOrFollowTheCommand) {
     EXPECT_EQ(run({"--json", "check"}), 0);
     EXPECT_EQ(out, "[]\n");
     EXPECT_EQ(run({"check", "--json"}), 0);

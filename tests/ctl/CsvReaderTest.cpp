@@ -29,7 +29,7 @@ TEST(CsvReaderTest, LinesEndInAnyWay) {
     EXPECT_EQ(read(u"a,\n,b\n"), "1:a|\n2:|b\n");
 }
 
-TEST(CsvReaderTest, TheSeparatorIsThatOfTheFirstLine) {
+TEST(CsvReaderTest, TheFirstLineDeterminesTheSeparator) {
     EXPECT_EQ(read(u"a;b,c;d\n1;2;3\n"), "1:a|b,c|d\n2:1|2|3\n");
     EXPECT_EQ(read(u"a\tb\n1,2\t3\n"), "1:a|b\n2:1,2|3\n");
     EXPECT_EQ(read(u"\"a;b;c\",d\n"), "1:a;b;c|d\n");
@@ -39,7 +39,7 @@ TEST(CsvReaderTest, QuotedCellsHoldSeparatorsQuotesAndLineBreaks) {
     EXPECT_EQ(read(u"\"a,\"\"b\"\"\",\"\"\n\"c\r\nd\",e\nf,g\n"), "1:a,\"b\"|\n2:c\r\nd|e\n4:f|g\n");
 }
 
-TEST(CsvReaderTest, QuotesOutOfPlaceAreFaults) {
+TEST(CsvReaderTest, MisplacedQuotesAreFaults) {
     EXPECT_EQ(read(u"a\"b,c\n"), "1!a\"b|c\n");
     EXPECT_EQ(read(u"\"a\"b,c\n"), "1!ab|c\n");
     EXPECT_EQ(read(u"\"\"b,c\n"), "1!b|c\n");

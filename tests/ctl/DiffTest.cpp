@@ -25,7 +25,7 @@ protected:
 
 }  // namespace
 
-TEST_F(DiffTest, EqualListsDifferInNothingHoweverTheyAreWritten) {
+TEST_F(DiffTest, EqualListsInDifferentFormsHaveNoDifferences) {
     EXPECT_EQ(diff(am({"a", "b"}), "\xEF\xBB\xBF;comment\n" + am({"a", "b"})), "");
 }
 
@@ -43,12 +43,12 @@ TEST_F(DiffTest, RecordsAreAddedRemovedAndChanged) {
 
 TEST_F(DiffTest, EqualRecordsAreCounted) { EXPECT_EQ(diff(am({"a", "a"}), am({"a", "a", "a"})), "+ AM 3: a | 697\n"); }
 
-TEST_F(DiffTest, TheOrderCountsOnlyWhenAskedFor) {
+TEST_F(DiffTest, TheOrderCountsOnlyOnRequest) {
     EXPECT_EQ(diff(am({"a", "b", "c"}), am({"c", "a", "b"})), "");
     EXPECT_EQ(diff(am({"a", "b", "c"}), am({"c", "a", "b"}), {"--ordered"}), "~ AM 3: c: row \"3\" -> \"1\"\n");
 }
 
-TEST_F(DiffTest, AFileThatOneSideLacksIsNotCompared) {
+TEST_F(DiffTest, AFileMissingOnOneSideIsNotCompared) {
     EXPECT_EQ(run({"diff", "/k7/List.ini", "/k7/User.ini"}), 0);
     files.folders.insert(u"/k7");
     EXPECT_EQ(run({"diff", "/k7", "/k7/User.ini"}), 0);

@@ -21,7 +21,7 @@ TEST_F(ExportTest, CsvHasFrequenciesInKilohertz) {
     EXPECT_EQ(out, kCsv);
 }
 
-TEST_F(ExportTest, AFileIsReplacedWhole) {
+TEST_F(ExportTest, AFileIsReplacedAtomically) {
     files.files[u"/home/lists.csv"] = "old";
     EXPECT_EQ(run({"export", "-o", "lists.csv"}), 0);
     EXPECT_EQ(out, "");
@@ -33,7 +33,7 @@ TEST_F(ExportTest, AFileIsReplacedWhole) {
     EXPECT_EQ(files.files[u"/home/lists.csv"], "old");
 }
 
-TEST_F(ExportTest, QuotesStandWhereACellNeedsThem) {
+TEST_F(ExportTest, CellsAreQuotedIfNecessary) {
     files.files[u"/k7/List.ini"] =
         "[Total]\nfmnumber=2\n[FMSchedule0]\nProgramme=a,\"b\";c\nFrequency=98500\n"
         "[FMSchedule1]\nProgramme=a\tb\nFrequency=87550\n";
@@ -50,7 +50,7 @@ TEST_F(ExportTest, JsonHoldsAllFourLists) {
     }
 }
 
-TEST_F(ExportTest, IniIsTheTwoFilesAsTheWindowSavesThem) {
+TEST_F(ExportTest, IniWritesTheTwoFilesAsTheWindowDoes) {
     EXPECT_EQ(run({"export", "--format", "ini"}), 2);
     EXPECT_EQ(run({"export", "--format", "ini", "-o", "copy"}), 0);
     EXPECT_NE(files.files[u"/home/copy/List.ini"].find("[DRMSchedule1]\r\nFrequency=11955\r\n"), std::string::npos);
@@ -66,4 +66,4 @@ TEST_F(ExportTest, GqrxBookmarksAreInHertz) {
     EXPECT_NE(out.find("     6095000; Aurora                   ; Raw I/Q             ;      10000; DRM\n"), out.npos);
 }
 
-TEST_F(ExportTest, AnUnknownFormatIsRefused) { EXPECT_EQ(run({"export", "--format", "xml"}), 2); }
+TEST_F(ExportTest, AnUnknownFormatIsRejected) { EXPECT_EQ(run({"export", "--format", "xml"}), 2); }

@@ -27,7 +27,7 @@ TEST_F(FindTest, TextIsPartOfTheProgrammeOrTheTargetInAnyCase) {
     EXPECT_EQ(errors, "halcyon_k7ctl: nothing found\n");
 }
 
-TEST_F(FindTest, FrequenciesAreWithinReach) {
+TEST_F(FindTest, FrequenciesMatchWithinTheGivenRange) {
     EXPECT_EQ(find({"--khz", "6095"}), "A");
     EXPECT_EQ(find({"--khz", "6096"}), "");
     EXPECT_EQ(find({"--khz", "6090+-5"}), "A");
@@ -36,7 +36,7 @@ TEST_F(FindTest, FrequenciesAreWithinReach) {
     EXPECT_EQ(run({"find", "--khz", ""}), 2);
 }
 
-TEST_F(FindTest, ABroadcastIsOnTheAirFromItsStartUntilBeforeItsStop) {
+TEST_F(FindTest, ABroadcastIsOnAirFromItsStartToBeforeItsStop) {
     EXPECT_EQ(find({"--at", "0659"}), "");
     EXPECT_EQ(find({"--at", "0700"}), "A");
     EXPECT_EQ(find({"--at", "1559"}), "A");

@@ -12,7 +12,7 @@ protected:
 
 }  // namespace
 
-TEST_F(HtmlPageTest, ThePageHoldsTheFourListsAndNeedsNoOtherFile) {
+TEST_F(HtmlPageTest, ThePageContainsTheFourListsAndNeedsNoOtherFile) {
     const std::string html = page();
     for (const std::string part :
          {"<h2>DRM List</h2>", "<h2>AM List</h2>", "<h2>FM List</h2>", "<h2>Favourite</h2>",
@@ -24,7 +24,7 @@ TEST_F(HtmlPageTest, ThePageHoldsTheFourListsAndNeedsNoOtherFile) {
     }
 }
 
-TEST_F(HtmlPageTest, TextsAreNeverMarkup) {
+TEST_F(HtmlPageTest, TextsAreEscaped) {
     files.files[u"/k7/List.ini"] =
         "[Total]\ndrmnumber=1\n[DRMSchedule0]\nProgramme=<b>&\"x\nFrequency=\"><script>\n"
         "StartStopTimeUTC=07:00-08:00\nTarget=</td>\x01\n";
@@ -47,7 +47,7 @@ TEST_F(HtmlPageTest, TheTimelineHasALineForEachFrequencyAndMarksTheHour) {
     EXPECT_NE(html.find("<text class=\"in\" x=\"364\" y=\"39\">Aurora</text>"), html.npos);
 }
 
-TEST_F(HtmlPageTest, BroadcastsThatOverlapStandBelowEachOther) {
+TEST_F(HtmlPageTest, OverlappingBroadcastsArePlacedBelowEachOther) {
     files.files[u"/k7/List.ini"] =
         "[Total]\ndrmnumber=3\n[DRMSchedule0]\nProgramme=A\nFrequency=6000\nStartStopTimeUTC=07:00-09:00\nTarget=E\n"
         "[DRMSchedule1]\nProgramme=B\nFrequency=6000\nStartStopTimeUTC=08:00-10:00\nTarget=E\n"
@@ -58,7 +58,7 @@ TEST_F(HtmlPageTest, BroadcastsThatOverlapStandBelowEachOther) {
     EXPECT_NE(html.find("x=\"440\" y=\"27\""), html.npos);
 }
 
-TEST_F(HtmlPageTest, ALabelThatDoesNotFitStandsBesideItsBar) {
+TEST_F(HtmlPageTest, ALabelThatDoesNotFitIsPlacedNextToItsBar) {
     files.files[u"/k7/List.ini"] =
         "[Total]\ndrmnumber=2\n"
         "[DRMSchedule0]\nProgramme=Early\nFrequency=6000\nStartStopTimeUTC=01:00-01:30\nTarget=E\n"

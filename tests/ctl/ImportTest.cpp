@@ -34,7 +34,7 @@ TEST_F(ImportTest, RecordsAreAppended) {
     EXPECT_EQ(run({"show"}), 0);
 }
 
-TEST_F(ImportTest, WhatIsExportedComesBackTheSame) {
+TEST_F(ImportTest, AnExportImportsAsTheSameLists) {
     const std::string before = exported();
     ASSERT_EQ(import(before, {"--replace"}), 0);
     EXPECT_EQ(exported(), before);
@@ -60,7 +60,7 @@ TEST_F(ImportTest, ColumnsComeInAnyOrderWithAnySeparatorAndMark) {
     EXPECT_NE(exported().find("drm,\"a;\"\"b\"\"\",5000,00:00,24:00,World"), std::string::npos);
 }
 
-TEST_F(ImportTest, AnUnknownColumnIsLeftOutWithAWarning) {
+TEST_F(ImportTest, AnUnknownColumnIsIgnoredWithAWarning) {
     EXPECT_EQ(import("list,note,programme,frequency_khz\nam,n,X,999\n"), 0);
     EXPECT_EQ(errors, "halcyon_k7ctl: warning: /home/in.csv: the column \"note\" is unknown and left out\n");
 }
@@ -103,7 +103,7 @@ TEST_F(ImportTest, TwentyFaultsAreListed) {
     EXPECT_NE(errors.find("and 5 more faults\n"), errors.npos);
 }
 
-TEST_F(ImportTest, ColumnsThatAreNeededAreNamed) {
+TEST_F(ImportTest, MissingColumnsAreNamed) {
     EXPECT_EQ(import("programme,programme\n"), 1);
     EXPECT_EQ(errors,
               "halcyon_k7ctl: /home/in.csv:1: programme stands twice in the first line\n"
@@ -114,7 +114,7 @@ TEST_F(ImportTest, ColumnsThatAreNeededAreNamed) {
     EXPECT_EQ(import("list,programme,\"frequency_khz\n"), 1);
 }
 
-TEST_F(ImportTest, AListTakesNoMoreThan256Records) {
+TEST_F(ImportTest, AListIsLimitedTo256Records) {
     std::string csv = "list,programme,frequency_khz\n";
     for (int i = 0; i < 255; ++i) {
         csv += "am,A,999\n";
@@ -139,7 +139,7 @@ TEST_F(ImportTest, AnOpenWindowIsNotDisturbed) {
     expectUntouched();
 }
 
-TEST_F(ImportTest, WhatCannotBeReadOrWrittenIsNamed) {
+TEST_F(ImportTest, AnUnreadableOrUnwritableFileIsNamed) {
     EXPECT_EQ(run({"import", "nowhere.csv"}), 3);
     EXPECT_EQ(errors, "halcyon_k7ctl: /home/nowhere.csv: no such file\n");
     EXPECT_EQ(import("list\xE4"), 3);
@@ -159,7 +159,7 @@ TEST_F(ImportTest, WhatCannotBeReadOrWrittenIsNamed) {
     EXPECT_EQ(files.files[u"/k7/List.ini"], kCtlList);
 }
 
-TEST_F(ImportTest, StandardInputIsAFileToo) {
+TEST_F(ImportTest, StandardInputCanBeImported) {
     console.input = kOne;
     EXPECT_EQ(run({"import", "-"}), 0);
     console.input = std::nullopt;
@@ -167,7 +167,7 @@ TEST_F(ImportTest, StandardInputIsAFileToo) {
     EXPECT_EQ(errors, "halcyon_k7ctl: standard input: cannot be read\n");
 }
 
-TEST_F(ImportTest, TheListsOfARunThatWasCutOffAreAddedTo) {
+TEST_F(ImportTest, RecordsAreAppendedToTheListsOfAnInterruptedRun) {
     leaveSnapshot("[Total]\nfmnumber=1\n[FMSchedule0]\nProgramme=kept\nFrequency=98500\n", kCtlUser);
     EXPECT_EQ(import(kOne), 0);
     EXPECT_EQ(run({"show"}), 0);
@@ -175,7 +175,7 @@ TEST_F(ImportTest, TheListsOfARunThatWasCutOffAreAddedTo) {
     EXPECT_NE(exported().find("am,New"), std::string::npos);
 }
 
-TEST_F(ImportTest, WithoutWorkingCopiesTheyAreMade) {
+TEST_F(ImportTest, MissingWorkingCopiesAreCreatedByAnImport) {
     files.files.clear();
     EXPECT_EQ(import(kOne), 0);
     EXPECT_NE(files.files[u"/k7/List.ini"].find("amnumber=1"), std::string::npos);

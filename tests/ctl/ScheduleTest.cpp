@@ -66,7 +66,7 @@ TEST_F(ScheduleTest, TheNineLineFormReplacesTheListAsASyncDoes) {
               "Long name 1,5000,06:00,07:00,Europe\n");
 }
 
-TEST_F(ScheduleTest, AMergeAddsWhatIsNotThereYet) {
+TEST_F(ScheduleTest, AMergeAddsMissingRecordsOnly) {
     EXPECT_EQ(run({"schedule", "merge", "nine.txt", "--dry-run"}), 1);
     EXPECT_EQ(out, "+ DRM 3: Long name 1 | 5000 | 06:00-07:00 | Europe\n");
     EXPECT_EQ(run({"schedule", "merge", "nine.txt"}), 0);
@@ -139,7 +139,7 @@ TEST_F(ScheduleTest, AnAddressIsDownloaded) {
     EXPECT_EQ(files.files[u"/k7/List.ini"], kCtlList);
 }
 
-TEST_F(ScheduleTest, MoreThan256RecordsAreRefused) {
+TEST_F(ScheduleTest, MoreThan256RecordsAreRejected) {
     std::string schedule = "[DRMSchedule]\n";
     for (int i = 0; i < 300; ++i) {
         schedule += record("0600-0700", std::to_string(5000 + i), "P");
@@ -153,7 +153,7 @@ TEST_F(ScheduleTest, MoreThan256RecordsAreRefused) {
     EXPECT_EQ(out.substr(0, out.find('\n')), "DRM: 2 -> 256 records");
 }
 
-TEST_F(ScheduleTest, WhatIsNoScheduleIsRefused) {
+TEST_F(ScheduleTest, AFileThatIsNoScheduleIsRejected) {
     files.files[u"/home/page.html"] = "<html>\nnothing\n</html>\n";
     EXPECT_EQ(run({"schedule", "replace", "page.html"}), 3);
     EXPECT_EQ(errors, "halcyon_k7ctl: /home/page.html: is no broadcast schedule of a known format\n");

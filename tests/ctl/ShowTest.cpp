@@ -49,7 +49,7 @@ TEST_F(ShowTest, OneListAndASourceCanBeNamed) {
     EXPECT_EQ(run({"show", "long", "copy"}), 2);
 }
 
-TEST_F(ShowTest, AFileOfAnotherNameIsKnownByItsCount) {
+TEST_F(ShowTest, AFileWithAnotherNameIsRecognisedByItsCount) {
     files.files[u"/home/f.txt"] = kCtlUser;
     EXPECT_EQ(run({"show", "f.txt"}), 0);
     EXPECT_EQ(out.substr(0, out.find('\n')), "Favourite: 2");
@@ -64,7 +64,7 @@ TEST_F(ShowTest, MarksAndUtf16AreRead) {
     EXPECT_EQ(out, plain);
 }
 
-TEST_F(ShowTest, TheListsOfARunThatWasCutOffStandBeforeTheWorkingCopies) {
+TEST_F(ShowTest, TheListsOfAnInterruptedRunCountBeforeTheWorkingCopies) {
     leaveSnapshot("[Total]\nfmnumber=1\n[FMSchedule0]\nProgramme=kept\n", kCtlUser);
     EXPECT_EQ(run({"show", "fm"}), 0);
     EXPECT_NE(out.find("kept"), out.npos) << out;
@@ -99,7 +99,7 @@ TEST_F(ShowTest, CaptionsAreBoldOnATerminal) {
     EXPECT_NE(out.find("\x1B[1mRow"), out.npos);
 }
 
-TEST_F(ShowTest, WhatCannotBeReadIsNamed) {
+TEST_F(ShowTest, AnUnreadableSourceIsNamed) {
     EXPECT_EQ(run({"show", "nowhere"}), 3);
     EXPECT_EQ(errors, "halcyon_k7ctl: /home/nowhere: no such file or folder\n");
     files.unreadable = {u"/k7/User.ini"};

@@ -80,7 +80,7 @@ protected:
 
 }  // namespace
 
-TEST_F(DeviceTest, PulledOutAtAnyOperationKeepsWholeFilesAndTheNextSaveMakesThePairWhole) {
+TEST_F(DeviceTest, UnpluggedAtAnyOperationFilesStayWholeAndTheNextSaveCompletesThePair) {
     int pulled = 0;
     for (bool reached = true; reached; ++pulled) {
         reached = false;
@@ -155,7 +155,7 @@ TEST_F(DeviceTest, AnyFreeSpaceLeavesWholeWorkingCopiesAndSnapshots) {
     }
 }
 
-TEST_F(DeviceTest, AReadOnlyVolumeStaysAsItIs) {
+TEST_F(DeviceTest, AReadOnlyVolumeStaysUnchanged) {
     const Volume volume;
     putOld(volume);
     volume.makeReadOnly();
@@ -193,7 +193,7 @@ TEST(DeviceTestLinks, AreNotFollowedForWriting) {
     std::filesystem::remove_all(folder);
 }
 
-TEST_F(DeviceTest, FreeSpaceIsWhatFilesCanTake) {
+TEST_F(DeviceTest, FreeSpaceIsTheSpaceAvailableToFiles) {
     const Volume volume;
     volume.leaveFree(10 * kCluster);
     const auto free = files.freeSpace(volume.at(u"").substr(0, volume.folder().size()));

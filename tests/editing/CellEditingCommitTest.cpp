@@ -37,7 +37,7 @@ TEST_F(CellEditingCommitTest, EnterAndLossOfFocusDoNothingWhileHidden) {
     EXPECT_EQ(0, view(Drm).focusCount);
 }
 
-TEST_F(CellEditingCommitTest, ARefusedTextIsDroppedAndTheBoxHidden) {
+TEST_F(CellEditingCommitTest, AnInvalidTextIsDiscardedAndTheBoxHidden) {
     addDrmRow();
     start(Drm, kDrmFrequencyX);
     box.content = u"149";
@@ -64,7 +64,7 @@ TEST_F(CellEditingCommitTest, CommitsOnceWhenTheMessageBoxTakesTheFocus) {
     EXPECT_EQ(2U, messageBox.shown.size());
 }
 
-TEST_F(CellEditingCommitTest, HidesTheBoxOnlyAfterTheMessage) {
+TEST_F(CellEditingCommitTest, TheBoxIsHiddenAfterTheMessage) {
     addDrmRow();
     start(Drm, kDrmFrequencyX);
     box.content = u"";
@@ -84,7 +84,7 @@ TEST_F(CellEditingCommitTest, HidingDiscardsAlthoughTheBoxLosesTheFocus) {
     expectHidden();
 }
 
-TEST_F(CellEditingCommitTest, AClickOnARowHidesAndHints) {
+TEST_F(CellEditingCommitTest, AClickOnARowHidesTheBoxAndShowsAHint) {
     typeOverProgramme();
     editing.itemClicked();
     EXPECT_EQ("Voice|9620|0000-2400|Europe", rowText(Drm, 1));
@@ -109,7 +109,7 @@ TEST_F(CellEditingCommitTest, AScrollUnderTheBoxCommits) {
     EXPECT_EQ(1, view(Drm).focusCount);
 }
 
-TEST_F(CellEditingCommitTest, SurvivesTheViewChangesThatItsOwnStartCauses) {
+TEST_F(CellEditingCommitTest, ViewChangesAtTheStartOfAnEditDoNotEndIt) {
     addDrmRow();
     view(Drm).moved = [this] { editing.viewChanged(); };
     start(Drm, kDrmFrequencyX);

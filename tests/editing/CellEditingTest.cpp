@@ -16,7 +16,7 @@ TEST_F(CellEditingTest, RoundsThePointerPositionHalfToEven) {
     }
 }
 
-TEST_F(CellEditingTest, LaysTheBoxOverTheCell) {
+TEST_F(CellEditingTest, PlacesTheBoxOverTheCell) {
     addDrmRow();
     addDrmRow();
     start(Drm, kDrmFrequencyX, 2);
@@ -35,7 +35,7 @@ TEST_F(CellEditingTest, LaysTheBoxOverTheCell) {
     EXPECT_EQ(u"Press 'Enter' Key To Save Modify", statusBar.message);
 }
 
-TEST_F(CellEditingTest, OpensTheColumnUnderThePointerInAGridScrolledSideways) {
+TEST_F(CellEditingTest, OpensTheColumnUnderThePointerInAHorizontallyScrolledGrid) {
     addDrmRow();
     view(Drm).shape.rowLeft = -400;
     start(Drm, 850);  // 1,250 within the row
@@ -142,7 +142,7 @@ TEST_F(CellEditingTest, NeverOpensColumnThree) {
     EXPECT_EQ(u"before", statusBar.message);
 }
 
-TEST_F(CellEditingTest, OpensNothingBesideTheColumns) {
+TEST_F(CellEditingTest, OpensNothingOutsideTheColumns) {
     addDrmRow();
     for (const double x : {-1.0, 5600.0, 30000.0}) {
         start(Drm, x);
@@ -209,7 +209,7 @@ TEST_F(CellEditingTest, KeepsATextLongerThanTheLimit) {
     EXPECT_EQ(programme, grid(Drm).text(1, 1));
 }
 
-TEST_F(CellEditingTest, ArrowsChooseTheColumnThatEnterEdits) {
+TEST_F(CellEditingTest, ArrowKeysSelectTheColumnThatEnterEdits) {
     addDrmRow();
     select(Drm, 1);
     const std::vector<std::pair<int, int>> steps = {{1, 2}, {1, 4}, {1, 4}, {-1, 2}, {-1, 1}, {-1, 1}};
@@ -222,7 +222,7 @@ TEST_F(CellEditingTest, ArrowsChooseTheColumnThatEnterEdits) {
     EXPECT_EQ(600, edit.lastMouseX);
 }
 
-TEST_F(CellEditingTest, ArrowsStayBeforeTheThirdColumnOfTheOtherLists) {
+TEST_F(CellEditingTest, ArrowKeysStopBeforeTheThirdColumnOfTheOtherLists) {
     for (const ListKind kind : {Am, Fm, Favourite}) {
         editing.setLastMouseX(100, 0);
         editing.moveColumn(kind, 1);
@@ -232,7 +232,7 @@ TEST_F(CellEditingTest, ArrowsStayBeforeTheThirdColumnOfTheOtherLists) {
     }
 }
 
-TEST_F(CellEditingTest, ArrowsCountByTheWidthsThatTheEditWillUse) {
+TEST_F(CellEditingTest, ArrowKeysUseTheWidthsOfTheEdit) {
     addDrmRow();
     select(Drm, 1);
     grid(Drm).columnDragged(1, 4000);

@@ -77,7 +77,7 @@ TEST(ColumnFinderTest, StepsOverColumnThree) {
     }
 }
 
-TEST(ColumnFinderTest, StaysBeforeColumnThreeWhereItIsTheLast) {
+TEST(ColumnFinderTest, StopsBeforeColumnThreeIfItIsTheLast) {
     const RowStore grid = gridOf({100, 100, 100});
     EXPECT_EQ(2, neighbourColumn(grid, 50, 1));
     EXPECT_EQ(2, neighbourColumn(grid, 150, 1));

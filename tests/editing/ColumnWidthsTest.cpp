@@ -36,14 +36,14 @@ TEST_F(ColumnWidthsTest, ADraggedColumnStaysUntilTheNextEdit) {
     EXPECT_EQ(firstWidth(), 1800);
 }
 
-TEST_F(ColumnWidthsTest, AScrollBarThatComesDuringADragChangesNothing) {
+TEST_F(ColumnWidthsTest, AScrollBarThatAppearsDuringADragChangesNothing) {
     resize(9000);
     grid(Drm).columnDragged(1, 8000);
     widths.resized(Drm);  // a scroll bar reduces the space for the rows, not the size of the grid
     EXPECT_EQ(firstWidth(), 8000);
 }
 
-TEST_F(ColumnWidthsTest, EachListIsItsOwn) {
+TEST_F(ColumnWidthsTest, EachListIsIndependent) {
     widths.dragged(Am);
     resize(9000);
     EXPECT_EQ(firstWidth(), 1800);

@@ -42,7 +42,7 @@ TEST_F(DeleteCommandsTest, TheLastRowCanBeDeletedToo) {
     EXPECT_TRUE(messageBox.shown.empty());
 }
 
-TEST_F(DeleteCommandsTest, EachTwinDeletesFromItsOwnList) {
+TEST_F(DeleteCommandsTest, EachHandlerDeletesFromItsOwnList) {
     const std::array<void (DeleteCommands::*)(), 4> twins = {
         &DeleteCommands::DeleteSelectedDrm, &DeleteCommands::DeleteSelectedAm, &DeleteCommands::DeleteSelectedFm,
         &DeleteCommands::DeleteSelectedFav};
@@ -64,7 +64,7 @@ TEST_F(DeleteCommandsTest, DoesNothingToAListWithoutSelection) {
     EXPECT_TRUE(messageBox.shown.empty());
 }
 
-TEST_F(DeleteCommandsTest, SaysSoWhenTheListIsEmpty) {
+TEST_F(DeleteCommandsTest, AnEmptyListGetsAMessage) {
     for (const ListKind kind : kAllLists) {
         messageBox.expect({u"No List"});
         commands.deleteSelected(kind);
@@ -88,7 +88,7 @@ TEST_F(DeleteCommandsTest, DeletesMostOfTheLargestListAsOneChange) {
     EXPECT_EQ((std::vector<std::string>{"beforeReset", "afterReset"}), view(Drm).calls);
 }
 
-TEST_F(DeleteCommandsTest, EmptiesTheListOfTheTabOnceAgreed) {
+TEST_F(DeleteCommandsTest, EmptiesTheCurrentListAfterOk) {
     const std::vector<std::u16string> totalsShown = {u"Total Number Of DRM List: 0", u"Total Number Of AM List: 0",
                                                      u"Total Number Of FM List: 0",
                                                      u"Total Number Of Favourite List: 0"};
@@ -105,7 +105,7 @@ TEST_F(DeleteCommandsTest, EmptiesTheListOfTheTabOnceAgreed) {
     EXPECT_EQ(totalsShown, statusBar.history);
 }
 
-TEST_F(DeleteCommandsTest, KeepsTheDrmListSilentlyOnCancel) {
+TEST_F(DeleteCommandsTest, CancelKeepsTheDrmListWithoutAMessage) {
     addRows(Drm, 3);
     messageBox.expect({kQuestion, kTitle, BoxStyle::OkCancel, BoxAnswer::Cancel});
     commands.DeleteAll_Click();
@@ -113,7 +113,7 @@ TEST_F(DeleteCommandsTest, KeepsTheDrmListSilentlyOnCancel) {
     EXPECT_EQ(u"Total Number Of DRM List: 3", statusBar.message);
 }
 
-TEST_F(DeleteCommandsTest, KeepsTheOtherListsWithAMessageOnCancel) {
+TEST_F(DeleteCommandsTest, CancelKeepsTheOtherListsWithAMessage) {
     for (const ListKind kind : {Am, Fm, Favourite}) {
         addRows(kind, 3);
         showTab(kind);
@@ -126,13 +126,13 @@ TEST_F(DeleteCommandsTest, KeepsTheOtherListsWithAMessageOnCancel) {
     EXPECT_EQ(3U, statusBar.history.size());
 }
 
-TEST_F(DeleteCommandsTest, SaysThatTheDrmListIsEmpty) {
+TEST_F(DeleteCommandsTest, AnEmptyDrmListGetsAMessage) {
     messageBox.expect({u"No List", kTitle});
     commands.DeleteAll_Click();
     EXPECT_EQ(u"Total Number Of DRM List: 0", statusBar.message);
 }
 
-TEST_F(DeleteCommandsTest, SaysNothingOfTheOtherEmptyLists) {
+TEST_F(DeleteCommandsTest, OtherEmptyListsGetNoMessage) {
     for (const ListKind kind : {Am, Fm, Favourite}) {
         showTab(kind);
         commands.DeleteAll_Click();

@@ -66,7 +66,7 @@ protected:
     std::string before;
 };
 
-TEST_F(FieldValidationTest, RefusesAnEmptyTextInEveryColumnOfEveryList) {
+TEST_F(FieldValidationTest, RejectsAnEmptyTextInEveryColumnOfEveryList) {
     for (const Validator& validator : kValidators) {
         for (const int columnToEdit : {1, 2, 4}) {
             expectRefused(validator, columnToEdit, u"", kEmpty);
@@ -74,7 +74,7 @@ TEST_F(FieldValidationTest, RefusesAnEmptyTextInEveryColumnOfEveryList) {
     }
 }
 
-TEST_F(FieldValidationTest, RefusesBlanksOnlyInEveryColumnOfEveryList) {
+TEST_F(FieldValidationTest, RejectsABlankTextInEveryColumnOfEveryList) {
     for (const Validator& validator : kValidators) {
         for (const int columnToEdit : {1, 2, 4}) {
             expectRefused(validator, columnToEdit, u" ", kAllSpace);
@@ -83,18 +83,18 @@ TEST_F(FieldValidationTest, RefusesBlanksOnlyInEveryColumnOfEveryList) {
     }
 }
 
-TEST_F(FieldValidationTest, TakesATabForACharacterLikeAnyOther) {
+TEST_F(FieldValidationTest, AcceptsATabInAText) {
     expectStored({Drm, u""}, 1, u"\t", "\t|old|Third|Fourth");
     expectRefused({Drm, u""}, 2, u"\t", kNotANumber);
 }
 
-TEST_F(FieldValidationTest, RefusesABlankBeforeAFrequency) {
+TEST_F(FieldValidationTest, RejectsABlankBeforeAFrequency) {
     for (const Validator& validator : kValidators) {
         expectRefused(validator, 2, u" 9620", kNotANumber);
     }
 }
 
-TEST_F(FieldValidationTest, RefusesSignsExponentsAndForeignDigits) {
+TEST_F(FieldValidationTest, RejectsSignsExponentsAndNonAsciiDigits) {
     for (const Validator& validator : kValidators) {
         for (const std::u16string_view text : {u"-100", u"1e3", u"+100", u"100,5", u"１００", u"100/", u"100:"}) {
             expectRefused(validator, 2, text, kNotANumber);
@@ -102,7 +102,7 @@ TEST_F(FieldValidationTest, RefusesSignsExponentsAndForeignDigits) {
     }
 }
 
-TEST_F(FieldValidationTest, RefusesAPointOutsideTheFmRules) {
+TEST_F(FieldValidationTest, RejectsAPointOutsideFm) {
     for (const Validator& validator : kValidators) {
         const bool fm = validator.kind == Fm || validator.system == u"FM";
         if (!fm) {
@@ -120,7 +120,7 @@ TEST_F(FieldValidationTest, StoresAProgrammeAsTyped) {
     expectStored({Favourite, u"FM"}, 1, u"电台", "电台|old|FM");
 }
 
-TEST_F(FieldValidationTest, RefusesASecondPointInEveryColumnOfAnFmRow) {
+TEST_F(FieldValidationTest, RejectsASecondPointInEveryColumnOfAnFmRow) {
     for (const Validator& validator : {Validator{Fm, u""}, Validator{Favourite, u"FM"}}) {
         for (const int columnToEdit : {1, 2, 4}) {
             expectRefused(validator, columnToEdit, u"X.Y.Z", kNotANumber);
@@ -134,7 +134,7 @@ TEST_F(FieldValidationTest, StoresTheDrmTargetAsTyped) {
     expectStored({Drm, u""}, 4, u"W.Eu. -1e3 ", "Old|old|Third|W.Eu. -1e3 ");
 }
 
-TEST_F(FieldValidationTest, KeepsTheBoundsOfDrmFrequencies) {
+TEST_F(FieldValidationTest, EnforcesTheRangeOfDrmFrequencies) {
     for (const std::u16string_view text : {u"150", u"30000", u"0150", u"9620"}) {
         expectStored({Drm, u""}, 2, text, "Old|" + narrow(text) + "|Third|Fourth");
         expectStored({Favourite, u"DRM"}, 2, text, "Old|" + narrow(text) + "  kHz|DRM");
@@ -154,20 +154,20 @@ TEST_F(FieldValidationTest, DerivesTheBandOfAnAmFrequency) {
     }
 }
 
-TEST_F(FieldValidationTest, WritesNoBandIntoAnAmFavourite) {
+TEST_F(FieldValidationTest, WritesNoBandForAnAmFavourite) {
     for (const std::u16string_view text : {u"150", u"288", u"522", u"1710", u"1711", u"30000"}) {
         expectStored({Favourite, u"AM"}, 2, text, "Old|" + narrow(text) + "  kHz|AM");
     }
 }
 
-TEST_F(FieldValidationTest, RefusesAmFrequenciesBetweenAndBeyondTheBands) {
+TEST_F(FieldValidationTest, RejectsAmFrequenciesOutsideTheBands) {
     for (const std::u16string_view text : {u"0", u"149", u"289", u"521", u"30001"}) {
         expectRefused({Am, u""}, 2, text, kAmRange);
         expectRefused({Favourite, u"AM"}, 2, text, kAmRange);
     }
 }
 
-TEST_F(FieldValidationTest, KeepsTheBoundsOfFmFrequencies) {
+TEST_F(FieldValidationTest, EnforcesTheRangeOfFmFrequencies) {
     for (const std::u16string_view text : {u"87", u"87.0", u"87.5", u"098.1", u"108", u"108.0", u"108."}) {
         expectStored({Fm, u""}, 2, text, "Old|" + narrow(text) + "|Third");
         expectStored({Favourite, u"FM"}, 2, text, "Old|" + narrow(text) + "  MHz|FM");
@@ -178,7 +178,7 @@ TEST_F(FieldValidationTest, KeepsTheBoundsOfFmFrequencies) {
     }
 }
 
-TEST_F(FieldValidationTest, LeavesAFavouriteOfNoKnownSystemAlone) {
+TEST_F(FieldValidationTest, IgnoresAFavouriteOfAnUnknownSystem) {
     for (const std::u16string_view system : {u"", u"drm", u"DAB", u"D R M"}) {
         for (const std::u16string_view text : {u"", u"  ", u"9620"}) {
             expectStored({Favourite, std::u16string(system)}, 2, text, "Old|old|" + narrow(system));
@@ -192,7 +192,7 @@ TEST_F(FieldValidationTest, FindsTheSystemAnywhereInItsCellDrmFirst) {
     expectStored({Favourite, u"(FM)"}, 2, u"90", "Old|90  MHz|(FM)");
 }
 
-TEST_F(FieldValidationTest, JudgesAFavouriteByTheFirstSelectedRow) {
+TEST_F(FieldValidationTest, ChecksAFavouriteByTheFirstSelectedRow) {
     open({Favourite, u"FM"}, 2);
     addRow(Favourite, {u"Other", u"9000  kHz", u"DRM"});
     select(Favourite, 2);
@@ -201,7 +201,7 @@ TEST_F(FieldValidationTest, JudgesAFavouriteByTheFirstSelectedRow) {
     EXPECT_EQ("Other|9000  kHz|DRM", rowText(Favourite, 2));
 }
 
-TEST_F(FieldValidationTest, LeavesFavouritesAloneWhenNoneIsSelected) {
+TEST_F(FieldValidationTest, IgnoresFavouritesWithoutASelection) {
     open({Favourite, u"FM"}, 2);
     grid(Favourite).setSelected(1, false);
     validation.commitEdit(u"98.1");

@@ -82,7 +82,7 @@ TEST(ListCommandsTest, RoutesEveryKeyInEveryShiftStateOfEveryList) {
     }
 }
 
-TEST(ListCommandsTest, RoutesKeysOfAnEmptyListAsWithoutSelection) {
+TEST(ListCommandsTest, RoutesKeysOfAnEmptyListAsWithoutASelection) {
     const RowStore grid;
     EXPECT_EQ(DeleteSelected, commandForKey(ListKind::Am, grid, Key::Delete, Shift::None));
     EXPECT_EQ(Edit, commandForKey(ListKind::Am, grid, Key::Enter, Shift::None));
@@ -91,7 +91,7 @@ TEST(ListCommandsTest, RoutesKeysOfAnEmptyListAsWithoutSelection) {
     EXPECT_EQ(None, commandForKey(ListKind::Am, grid, 'A', Shift::Ctrl));
 }
 
-TEST(ListCommandsTest, KeepsItsKeysFromTheGridWhetherTheyActOrNot) {
+TEST(ListCommandsTest, KeepsItsKeysFromTheGridEvenIfTheyDoNothing) {
     for (int key = 0; key < 256; ++key) {
         for (int shift = 0; shift < 8; ++shift) {
             const bool ctrl = shift == 2 || shift == 3 || shift == 6 || shift == 7;
@@ -119,7 +119,7 @@ TEST(ListCommandsTest, KeepsEveryKeyFromTheGridThatIsACommand) {
     EXPECT_EQ(4 * (2 * 4 + 2) + 7 + 6 + 6 + 4, commands);
 }
 
-TEST(ListCommandsTest, OffersTheMenuItemsOfEachList) {
+TEST(ListCommandsTest, EnablesTheMenuItemsOfEachList) {
     for (const ListKind kind : kLists) {
         for (const int rows : {0, 3}) {
             for (const int selectedRow : {0, 1, 3}) {

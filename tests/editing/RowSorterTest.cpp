@@ -144,7 +144,7 @@ TEST(RowSorterTest, HasOnePivotInARangeOfTwoRows) {
     }
 }
 
-TEST(RowSorterTest, MakesAllEqualKeysButOnePivots) {
+TEST(RowSorterTest, OfEqualKeysAllButOneBecomePivots) {
     FakeTextCompare compare;
     RowSorter sorter(compare);
     for (const std::size_t size : {2U, 3U, 10U, 999U}) {
@@ -154,7 +154,7 @@ TEST(RowSorterTest, MakesAllEqualKeysButOnePivots) {
     }
 }
 
-TEST(RowSorterTest, DrawsDifferentPivotsInTheSameOrderInEachRun) {
+TEST(RowSorterTest, EveryRunChoosesTheSamePivots) {
     FakeTextCompare compare;
     std::vector<double> numbers(500);
     for (std::size_t i = 0; i < numbers.size(); ++i) {

@@ -79,14 +79,14 @@ TEST_F(SortListviewTest, KeysOfOtherListsAndUnknownKeysSortNothing) {
     }
 }
 
-TEST_F(SortListviewTest, AnUnknownKeyTurnsTheDirectionAllTheSame) {
+TEST_F(SortListviewTest, AnUnknownKeyReversesTheDirection) {
     addColumnOf(Am, 1, {u"b", u"c", u"a"});
     click(Am, u"NONE");
     click(Am, u"PROG");
     EXPECT_EQ((Texts{"a", "b", "c"}), column(Am, 1));
 }
 
-TEST_F(SortListviewTest, AnEmptyListTurnsTheDirectionAllTheSame) {
+TEST_F(SortListviewTest, AnEmptyListReversesTheDirection) {
     view(Am).calls.clear();
     click(Am, u"PROG");
     EXPECT_TRUE(view(Am).calls.empty());
@@ -105,7 +105,7 @@ TEST_F(SortListviewTest, TheDirectionBelongsToTheListNotToTheColumn) {
     EXPECT_EQ((Texts{"0000-0100", "0100-0200", "0200-0300"}), column(Drm, 3));
 }
 
-TEST_F(SortListviewTest, TheListsTurnIndependently) {
+TEST_F(SortListviewTest, TheDirectionsOfTheListsAreIndependent) {
     for (const ListKind kind : kAllLists) {
         addColumnOf(kind, 1, {u"b", u"c", u"a"});
     }
@@ -118,7 +118,7 @@ TEST_F(SortListviewTest, TheListsTurnIndependently) {
     EXPECT_EQ((Texts{"a", "b", "c"}), column(Drm, 1));
 }
 
-TEST_F(SortListviewTest, TheDirectionOutlivesAReload) {
+TEST_F(SortListviewTest, TheDirectionSurvivesAReload) {
     addColumnOf(Fm, 1, {u"b", u"a"});
     click(Fm, u"PROG");
     grid(Fm).clear();
@@ -127,7 +127,7 @@ TEST_F(SortListviewTest, TheDirectionOutlivesAReload) {
     EXPECT_EQ((Texts{"a", "b", "c"}), column(Fm, 1));
 }
 
-TEST_F(SortListviewTest, TakesLettersOfBothCasesForEqual) {
+TEST_F(SortListviewTest, IgnoresLetterCase) {
     addColumnOf(Drm, 1, {u"abd", u"ABC", u"abc", u"ABB"});
     click(Drm, u"PROG");
     const Texts sorted = column(Drm, 1);
@@ -136,7 +136,7 @@ TEST_F(SortListviewTest, TakesLettersOfBothCasesForEqual) {
     EXPECT_EQ((std::set<std::string>{"ABC", "abc"}), (std::set<std::string>{sorted[1], sorted[2]}));
 }
 
-TEST_F(SortListviewTest, LeavesASingleRowAsItIs) {
+TEST_F(SortListviewTest, KeepsASingleRow) {
     addRow(Fm, {u"Music", u"98.5", u"VHF"});
     click(Fm, u"FREQ");
     EXPECT_EQ("Music|98.5|VHF", rowText(Fm, 1));
@@ -229,7 +229,7 @@ TEST_F(SortListviewTest, SortsTheLargestListOfEqualKeys) {
     EXPECT_EQ(32767U, std::set<std::string>(names.begin(), names.end()).size());
 }
 
-TEST_F(SortListviewTest, TellsTheViewOnce) {
+TEST_F(SortListviewTest, NotifiesTheViewOnce) {
     addColumnOf(Drm, 2, {u"9500", u"15000", u"600"});
     view(Drm).calls.clear();
     click(Drm, u"FREQ");

@@ -309,14 +309,14 @@ TEST_P(FaultLoopTest, EveryOperationFailsOnce) {
     }
 }
 
-TEST_P(FaultLoopTest, EveryOperationAndAllAfterItFail) {
+TEST_P(FaultLoopTest, AllFromAnyOperationOnFail) {
     for (const Scenario& scenario : scenarios()) {
         for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, 0, true}) && !HasFailure(); ++n) {
         }
     }
 }
 
-TEST_P(FaultLoopTest, AStartAfterAKilledRunFails) {
+TEST_P(FaultLoopTest, OneFailsInAStartAfterAKilledRun) {
     for (const bool forGood : {false, true}) {
         for (const Scenario& scenario : scenarios()) {
             for (int n = 1; run(scenario, diskOfAKilledRun(), {GetParam(), n, 0, forGood}) && !HasFailure(); ++n) {
@@ -325,7 +325,7 @@ TEST_P(FaultLoopTest, AStartAfterAKilledRunFails) {
     }
 }
 
-TEST_P(FaultLoopTest, ASecondOneFailsWhileTheFirstIsBeingMended) {
+TEST_P(FaultLoopTest, ASecondOneFailsDuringTheRecoveryFromTheFirst) {
     constexpr int kMendingOperations = 12;
     for (const Scenario& scenario : scenarios()) {
         for (int second = 1; second <= kMendingOperations; ++second) {
@@ -335,7 +335,7 @@ TEST_P(FaultLoopTest, ASecondOneFailsWhileTheFirstIsBeingMended) {
     }
 }
 
-TEST_F(FaultLoopTestPowerCut, AFileChangedAfterwardsWins) {
+TEST_F(FaultLoopTestPowerCut, AFileChangedAfterwardsCounts) {
     for (const FakeFiles& disk : {soundDisk(), diskOfAKilledRun()}) {
         for (const Scenario& scenario : scenarios()) {
             for (int n = 1; changedAfter(scenario, disk, n) && !HasFailure(); ++n) {

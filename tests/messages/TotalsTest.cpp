@@ -40,7 +40,7 @@ TEST_F(TotalsTest, AnEmptyListHasZero) {
     EXPECT_EQ(message(), "Total Number Of DRM List: 0");
 }
 
-TEST_F(TotalsTest, ATabOutsideTheFourLeavesTheStatusBarAlone) {
+TEST_F(TotalsTest, ATabOutsideTheFourKeepsTheStatusBar) {
     statusBar.setMessage(u"hint");
     for (const int tab : {-1, 4, 99}) {
         tabs.tab = tab;
@@ -51,7 +51,7 @@ TEST_F(TotalsTest, ATabOutsideTheFourLeavesTheStatusBarAlone) {
     EXPECT_EQ(statusBar.history.size(), 1U);
 }
 
-TEST_F(TotalsTest, OnlyTheTabShownIsTold) {
+TEST_F(TotalsTest, OnlyTheCurrentTabIsShown) {
     tabs.tab = 1;
     totals.ShowTotals();
     grids[2].appendRow({u"station"});
@@ -62,7 +62,7 @@ TEST_F(TotalsTest, OnlyTheTabShownIsTold) {
     EXPECT_EQ(message(), "Total Number Of FM List: 23");
 }
 
-TEST_F(TotalsTest, TheTotalLagsBehindTheRowsUntilItIsShownAgain) {
+TEST_F(TotalsTest, TheTotalIsNotUpdatedUntilShownAgain) {
     totals.ShowTotals();
     grids[0].appendRow({u"station"});
     EXPECT_EQ(message(), "Total Number Of DRM List: 2");
@@ -70,7 +70,7 @@ TEST_F(TotalsTest, TheTotalLagsBehindTheRowsUntilItIsShownAgain) {
     EXPECT_EQ(message(), "Total Number Of DRM List: 3");
 }
 
-TEST_F(TotalsTest, ATotalCanBeShownOfATabThatIsNotTheOneShown) {
+TEST_F(TotalsTest, TheTotalOfAnotherTabCanBeShown) {
     tabs.tab = 0;
     totals.showTotalOf(3);
     EXPECT_EQ(message(), "Total Number Of Favourite List: 32");

@@ -93,14 +93,14 @@ TEST_F(mMsgBoxTest, ASecondActivationFindsEnglishCaptionsAndChangesNothing) {
     EXPECT_EQ(hook.captionsSet, 2);
 }
 
-TEST_F(mMsgBoxTest, ANullChildEndsTheWalk) {
+TEST_F(mMsgBoxTest, ANullChildEndsTheEnumeration) {
     addChild(0, u"Button", u"确定");
     addChild(101, u"Button", u"确定");
     showOnce();
     EXPECT_EQ(hook.captionsSet, 0);
 }
 
-TEST_F(mMsgBoxTest, AChildLetsTheWalkGoOnAndANullChildEndsIt) {
+TEST_F(mMsgBoxTest, AChildContinuesTheEnumerationAndANullChildEndsIt) {
     addChild(101, u"Static", u"text");
     messages.Install();
     EXPECT_EQ(hook.listener->childProcedure(101), 1);
@@ -131,7 +131,7 @@ TEST_F(mMsgBoxTest, EveryOtherCodeGivesZeroWithoutTheNextHook) {
     EXPECT_EQ(hook.captionsSet, 0);
 }
 
-TEST_F(mMsgBoxTest, TheHookIsThereDuringTheBoxOnlyAndOfTheRightType) {
+TEST_F(mMsgBoxTest, TheHookOfTheRightTypeExistsDuringTheBoxOnly) {
     EXPECT_EQ(hook.live, 0U);
     showOnce();
     EXPECT_TRUE(hookedDuringBox);
@@ -160,7 +160,7 @@ TEST_F(mMsgBoxTest, RemovingTwiceNeverUnhooksAStaleHandle) {
     EXPECT_EQ(hook.live, 2U);
 }
 
-TEST_F(mMsgBoxTest, AFailedInstallLeavesTheSystemsCaptionsAndStillAnswers) {
+TEST_F(mMsgBoxTest, WithoutAHookTheBoxKeepsTheSystemsCaptions) {
     hook.failing = true;
     addChild(101, u"Button", u"确定");
     showOnce(BoxStyle::OkCancel, BoxAnswer::Cancel);

@@ -4,13 +4,13 @@
 
 #include "platform/GridLineColor.h"
 
-TEST(GridLineColorTest, BlackAndWhiteHaveTheLargestContrast) {
+TEST(GridLineColorTest, BlackAndWhiteHaveTheHighestContrast) {
     EXPECT_NEAR(contrast({0, 0, 0}, {255, 255, 255}), 21, 0.01);
     EXPECT_NEAR(contrast({255, 255, 255}, {119, 119, 119}), 4.48, 0.01);
     EXPECT_EQ(contrast({10, 20, 30}, {10, 20, 30}), 1);
 }
 
-TEST(GridLineColorTest, CanBeToldFromTheCellsInEveryTheme) {
+TEST(GridLineColorTest, IsVisibleInEveryTheme) {
     struct Theme {
         Rgb base, text;
     };
@@ -26,6 +26,6 @@ TEST(GridLineColorTest, CanBeToldFromTheCellsInEveryTheme) {
     }
 }
 
-TEST(GridLineColorTest, IsThatOfATextThatCanHardlyBeRead) {
+TEST(GridLineColorTest, IsTheTextColourIfThatIsHardlyVisible) {
     EXPECT_EQ(gridLineColor({100, 100, 100}, {110, 110, 110}), (Rgb{110, 110, 110}));
 }

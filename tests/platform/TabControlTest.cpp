@@ -2,7 +2,7 @@
 
 #include "platform/TabControl.h"
 
-TEST(TabControlTest, NeighbourTabGoesRoundBothEnds) {
+TEST(TabControlTest, NeighbourTabWrapsAround) {
     EXPECT_EQ(neighbourTab(1, 1, 4), 2);
     EXPECT_EQ(neighbourTab(1, -1, 4), 0);
     EXPECT_EQ(neighbourTab(3, 1, 4), 0);

@@ -80,7 +80,7 @@ TEST_F(ReceiverCopiesTest, ReloadTwiceShowsTheRowsOnceAndTheFileAsItIsNow) {
     EXPECT_EQ(favourites.rowCount(), 1);
 }
 
-TEST_F(ReceiverCopiesTest, ReloadNeverShowsAFileReadEarlier) {
+TEST_F(ReceiverCopiesTest, ReloadReadsTheFilesAgain) {
     listFile() = utf16File(u"[Total]\r\nfmnumber=5\r\n");
     loader.LoadDrmList(false);
     receiver.ReloadFromReceiver();
@@ -175,7 +175,7 @@ TEST_F(ReceiverCopiesTest, SaveWorksOnADiskWithoutFiles) {
     EXPECT_EQ(files.files[u"/disk/User.ini"], userFile());
 }
 
-TEST_F(ReceiverCopiesTest, AFailedCopyOfEitherFileLeavesBothFilesOfTheReceiver) {
+TEST_F(ReceiverCopiesTest, AFailedCopyOfEitherFileKeepsBothFilesOfTheReceiver) {
     for (const std::u16string_view fault :
          {u"/disk/List.ini", u"/disk/User.ini", u"/disk/List.ini.k7new", u"/disk/User.ini.k7new"}) {
         files.readOnly = {std::u16string(fault)};
@@ -204,14 +204,14 @@ TEST_F(ReceiverCopiesTest, LoadingKeepsTheWorkingCopiesAndTheListsShown) {
     EXPECT_EQ(files.files[u"/k7/Backup/User-20261120T224501Z.ini"], "old user");
 }
 
-TEST_F(ReceiverCopiesTest, ABackupThatCannotBeMadeStopsNothing) {
+TEST_F(ReceiverCopiesTest, AFailedBackupStopsNothing) {
     files.failing = {u"/k7/Backup"};
     receiver.SaveToReceiver();
     EXPECT_EQ(files.files[u"/disk/List.ini"], listFile());
     EXPECT_EQ(files.files[u"/disk/User.ini"], userFile());
 }
 
-TEST_F(ReceiverCopiesTest, AFailedSaveGivesTheReceiverNothing) {
+TEST_F(ReceiverCopiesTest, AFailedSaveCopiesNothingToTheReceiver) {
     receiver.ReloadFromReceiver();
     files.failing = {u"/k7/User.ini.k7new"};
     receiver.SaveToReceiver();

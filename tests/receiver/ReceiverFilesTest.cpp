@@ -49,7 +49,7 @@ TEST_F(ReceiverFilesTest, TheFirstMissingFileIsNamed) {
     EXPECT_FALSE(receiver.read());
 }
 
-TEST_F(ReceiverFilesTest, AFileThatCannotBeReadGivesNeither) {
+TEST_F(ReceiverFilesTest, IfOneFileCannotBeReadNeitherIsReturned) {
     files.unreadable = {u"/disk/User.ini"};
     EXPECT_EQ(receiver.missingFile(), std::nullopt);
     EXPECT_FALSE(receiver.read());

@@ -31,21 +31,21 @@ TEST_F(mFindDiskDriverTest, TheLowerOfTwoReceiversIsReturned) {
     EXPECT_EQ(volumes.geometryQueries, 2);
 }
 
-TEST_F(mFindDiskDriverTest, TheLabelDecidesNothing) {
+TEST_F(mFindDiskDriverTest, TheLabelIsIgnored) {
     addVolume(u"d:\\", kOneBlockMore, u"STNMEMORY");
     EXPECT_EQ(found(), "Unkonwn Driver");
     addVolume(u"e:\\", kReceiver, u"HOLIDAY");
     EXPECT_EQ(found(), "e:\\");
 }
 
-TEST_F(mFindDiskDriverTest, TheRootIsReturnedAsTheSystemNamesItWithItsSeparator) {
+TEST_F(mFindDiskDriverTest, TheRootIsReturnedWithItsSeparator) {
     addVolume(u"/media/radio/", kReceiver);
     EXPECT_EQ(found(), "/media/radio/");
 }
 
-TEST_F(mFindDiskDriverTest, WithoutAnyVolumeTheDriveIsUnknown) { EXPECT_EQ(found(), "Unkonwn Driver"); }
+TEST_F(mFindDiskDriverTest, WithoutVolumesTheDriveIsUnknown) { EXPECT_EQ(found(), "Unkonwn Driver"); }
 
-TEST_F(mFindDiskDriverTest, AnAbsentRootIsNotAskedForItsSize) {
+TEST_F(mFindDiskDriverTest, TheSizeOfAnAbsentRootIsNotQueried) {
     addVolume(u"a:\\", kReceiver, u"", false);
     EXPECT_EQ(found(), "Unkonwn Driver");
     EXPECT_EQ(volumes.geometryQueries, 0);
@@ -59,7 +59,7 @@ TEST_F(mFindDiskDriverTest, AnUnreadableVolumeIsSkipped) {
     EXPECT_EQ(volumes.geometryQueries, 2);
 }
 
-TEST_F(mFindDiskDriverTest, EachSearchStartsAnew) {
+TEST_F(mFindDiskDriverTest, EachSearchStartsAgain) {
     addVolume(u"e:\\", kReceiver);
     EXPECT_EQ(found(), "e:\\");
     volumes.volumes.clear();

@@ -70,7 +70,7 @@ TEST_F(MainFormRecoveryTest, ANormalEndKeepsTheLastSnapshotOnly) {
     EXPECT_EQ(platform->files.files.size(), 3U) << "both files and a snapshot";
 }
 
-TEST_F(MainFormRecoveryTest, TheUtf16FilesOfAKilledRunAreReadAsTheyWereMeant) {
+TEST_F(MainFormRecoveryTest, TheUtf16FilesOfAKilledRunAreDecoded) {
     start();
     ASSERT_TRUE(platform->files.files[kList].starts_with("\xFF\xFE"));
     killAndRestart();
@@ -120,7 +120,7 @@ TEST_F(MainFormRecoveryTest, AnAddedRecordIsKept) {
     EXPECT_EQ(platform->rows(1).text(1, 1), u"Added");
 }
 
-TEST_F(MainFormRecoveryTest, ASyncIsKeptBeforeTheUserIsTold) {
+TEST_F(MainFormRecoveryTest, ASyncIsKeptBeforeItsMessage) {
     start();
     platform->httpClient.answer.body = "[DRMSchedule]\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\nx\r\n";
     platform->messageBox.expect({u"No new station"});
@@ -132,7 +132,7 @@ TEST_F(MainFormRecoveryTest, ASyncIsKeptBeforeTheUserIsTold) {
     EXPECT_EQ(platform->rows(0).rowCount(), 0);
 }
 
-TEST_F(MainFormRecoveryTest, AddedFavouritesAreKeptBeforeTheUserIsToldThatTheListIsFull) {
+TEST_F(MainFormRecoveryTest, AddedFavouritesAreKeptBeforeTheMessageAboutAFullList) {
     start();
     for (int i = 0; i < 255; ++i) {
         platform->gridViews[3].grid->appendRow({u"Full", u"6000  kHz", u"DRM"});
@@ -160,7 +160,7 @@ TEST_F(MainFormRecoveryTest, ALoadFromTheReceiverIsKept) {
     EXPECT_EQ(platform->rows(0).rowCount(), 0);
 }
 
-TEST_F(MainFormRecoveryTest, AMoveOfTheViewInTheMiddleOfACommandKeepsNothing) {
+TEST_F(MainFormRecoveryTest, AViewChangeDuringACommandKeepsNothing) {
     start();
     // Clearing a list scrolls it back; the last snapshot must remain until the command ends.
     platform->gridViews[0].grid->clear();
@@ -189,7 +189,7 @@ TEST_F(MainFormRecoveryTest, ATextTypedAtTheEndIsKeptWhenItCannotBeSaved) {
     EXPECT_EQ(programme(1), u"Typed last");
 }
 
-TEST_F(MainFormRecoveryTest, WithoutASnapshotTheFilesAreConvertedAllTheSame) {
+TEST_F(MainFormRecoveryTest, WithoutASnapshotTheFilesAreConverted) {
     platform->files.files[kRecovery] = "a file, not the folder";
     start();
     EXPECT_EQ(programme(1), u"中");
@@ -199,7 +199,7 @@ TEST_F(MainFormRecoveryTest, WithoutASnapshotTheFilesAreConvertedAllTheSame) {
     EXPECT_EQ(programme(1), u"中") << "the UTF-16 that a killed run has left is read as UTF-16";
 }
 
-TEST_F(MainFormRecoveryTest, AFileThatCannotBeConvertedIsShownAsItIsMeant) {
+TEST_F(MainFormRecoveryTest, AFileThatCannotBeConvertedIsShownDecoded) {
     platform->files.failing = {u"/app/List.ini.k7new"};
     start();
     EXPECT_EQ(programme(1), u"中");
@@ -220,7 +220,7 @@ TEST_F(MainFormRecoveryTest, AFileThatCannotBeReadIsNeverWrittenOver) {
     EXPECT_EQ(programme(1), u"中");
 }
 
-TEST_F(MainFormRecoveryTest, ALoadFromTheReceiverEndsTheProtectionOfAnUnreadFile) {
+TEST_F(MainFormRecoveryTest, AfterALoadFromTheReceiverAnUnreadFileIsSavedAgain) {
     platform->connectReceiver(u"/media/rx/");
     platform->files.files[u"/media/rx/List.ini"] = "[Total]\r\namnumber=1\r\n[AMSchedule0]\r\nProgramme=R\r\n";
     platform->files.files[u"/media/rx/User.ini"] = "";
@@ -241,7 +241,7 @@ TEST_F(MainFormRecoveryTest, LeftoversOfAKilledSaveAreRemovedAtTheNextStart) {
     EXPECT_EQ(programme(1), u"中");
 }
 
-TEST_F(MainFormRecoveryTest, WhatCannotBePutBackIsShownAndKeptAllTheSame) {
+TEST_F(MainFormRecoveryTest, ListsThatCannotBeWrittenBackAreShownAndKept) {
     start();
     edit(u"Edited");
     const FakeFiles files = platform->files;
@@ -256,7 +256,7 @@ TEST_F(MainFormRecoveryTest, WhatCannotBePutBackIsShownAndKeptAllTheSame) {
     EXPECT_NE(platform->files.files[kList].find("Programme=Edited\r\n"), std::string::npos);
 }
 
-TEST_F(MainFormRecoveryTest, AFileThatSomebodyPutInItsPlaceAfterAKillWins) {
+TEST_F(MainFormRecoveryTest, AFileReplacedAfterAKillCounts) {
     const std::string other = replaced(kTwoStations, "Programme=BB", "Programme=CC");
     start();
     edit(u"Edited");
@@ -269,7 +269,7 @@ TEST_F(MainFormRecoveryTest, AFileThatSomebodyPutInItsPlaceAfterAKillWins) {
     EXPECT_EQ(platform->files.files[kList], other);
 }
 
-TEST_F(MainFormRecoveryTest, FilesThatSomebodyRemovedAfterAKillStayAway) {
+TEST_F(MainFormRecoveryTest, FilesRemovedAfterAKillStayRemoved) {
     start();
     edit(u"Edited");
     platform->files.files.erase(kList);
@@ -283,7 +283,7 @@ TEST_F(MainFormRecoveryTest, FilesThatSomebodyRemovedAfterAKillStayAway) {
     EXPECT_EQ(platform->rows(0).rowCount(), 0);
 }
 
-TEST_F(MainFormRecoveryTest, FilesThatTheKilledRunMadeItselfMayBeRemovedToo) {
+TEST_F(MainFormRecoveryTest, FilesCreatedByAKilledRunMayBeRemoved) {
     platform->files.files.clear();
     start();
     platform->tabs.click(1);
@@ -301,7 +301,7 @@ TEST_F(MainFormRecoveryTest, FilesThatTheKilledRunMadeItselfMayBeRemovedToo) {
     EXPECT_EQ(platform->rows(1).rowCount(), 0);
 }
 
-TEST_F(MainFormRecoveryTest, AfterASaveTheFileOfBeforeIsSomebodyElses) {
+TEST_F(MainFormRecoveryTest, AfterASaveTheFormerFileCountsAsChanged) {
     platform->connectReceiver(u"/media/rx/");
     start();
     edit(u"Edited");
@@ -316,7 +316,7 @@ TEST_F(MainFormRecoveryTest, AfterASaveTheFileOfBeforeIsSomebodyElses) {
     EXPECT_EQ(programme(1), u"中");
 }
 
-TEST_F(MainFormRecoveryTest, AFileChangedAfterANormalEndWins) {
+TEST_F(MainFormRecoveryTest, AFileChangedAfterANormalEndCounts) {
     start();
     edit(u"Edited");
     close();
@@ -326,7 +326,7 @@ TEST_F(MainFormRecoveryTest, AFileChangedAfterANormalEndWins) {
     EXPECT_NE(platform->files.files[kBackup].find("Programme=Edited\r\n"), std::string::npos);
 }
 
-TEST_F(MainFormRecoveryTest, ListsThatTheMediumLostComeBack) {
+TEST_F(MainFormRecoveryTest, ListsLostByTheMediumAreRestored) {
     for (const std::string& damaged : {std::string(), std::string(4096, '\0'), std::string("\xFF\xFE[\0T", 5)}) {
         platform->files.files[kList] = kTwoStations;
         killAndRestart();
@@ -340,7 +340,7 @@ TEST_F(MainFormRecoveryTest, ListsThatTheMediumLostComeBack) {
     }
 }
 
-TEST_F(MainFormRecoveryTest, ListsThatCannotBeReadAnyMoreComeBack) {
+TEST_F(MainFormRecoveryTest, UnreadableListsAreRestored) {
     start();
     edit(u"Edited");
     close();
@@ -352,7 +352,7 @@ TEST_F(MainFormRecoveryTest, ListsThatCannotBeReadAnyMoreComeBack) {
     EXPECT_NE(platform->files.files[kList].find("Programme=Edited\r\n"), std::string::npos);
 }
 
-TEST_F(MainFormRecoveryTest, WhatIsFoundInPlaceOfListsIsKept) {
+TEST_F(MainFormRecoveryTest, ContentFoundInPlaceOfListsIsBackedUp) {
     start();
     close();
     platform->files.files[kList] = "no list file";

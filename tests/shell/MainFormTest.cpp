@@ -144,7 +144,7 @@ TEST_F(MainFormTest, EachListIsEditedInItsOwnView) {
     }
 }
 
-TEST_F(MainFormTest, ASwitchOfTabsWhileEditingDiscardsTheEdit) {
+TEST_F(MainFormTest, SwitchingTabsDiscardsAnEdit) {
     startWith(2, 5, 0);
     typeOver(u"changed");
     platform.tabs.click(1);
@@ -153,7 +153,7 @@ TEST_F(MainFormTest, ASwitchOfTabsWhileEditingDiscardsTheEdit) {
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of AM List: 5");
 }
 
-TEST_F(MainFormTest, AListThatMovesAsItsTabIsShownTakesNoEditOfAnother) {
+TEST_F(MainFormTest, AListThatMovesWhenItsTabIsShownCommitsNoEditOfAnother) {
     startWith(2, 5, 0);
     typeOver(u"changed");
     const std::u16string below(platform.rows(1).text(1, 1));
@@ -166,7 +166,7 @@ TEST_F(MainFormTest, AListThatMovesAsItsTabIsShownTakesNoEditOfAnother) {
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of AM List: 5");
 }
 
-TEST_F(MainFormTest, TheListShownTakesTheFocusUnlessTheTabsHaveIt) {
+TEST_F(MainFormTest, TheCurrentListGetsTheFocusUnlessTheTabBarHasIt) {
     startWith(1, 1, 1);
     platform.tabs.click(1);
     EXPECT_EQ(platform.gridViews[1].focusCount, 1);
@@ -176,7 +176,7 @@ TEST_F(MainFormTest, TheListShownTakesTheFocusUnlessTheTabsHaveIt) {
     EXPECT_EQ(platform.gridViews[1].focusCount, 1);
 }
 
-TEST_F(MainFormTest, DeletingLeavesTheTotalUntilTheWindowGetsTheFocus) {
+TEST_F(MainFormTest, DeletingKeepsTheTotalUntilTheWindowGetsTheFocus) {
     startWith(2, 0, 0);
     select(0, 1);
     EXPECT_TRUE(platform.grid(0).keyDown(Key::Delete, Shift::None));
@@ -185,7 +185,7 @@ TEST_F(MainFormTest, DeletingLeavesTheTotalUntilTheWindowGetsTheFocus) {
     EXPECT_EQ(platform.statusBar.message, u"Total Number Of DRM List: 1");
 }
 
-TEST_F(MainFormTest, AReturnFromAnOwnBoxLeavesTheStatus) {
+TEST_F(MainFormTest, ReturningFromAnOwnBoxKeepsTheStatus) {
     startWith(2, 0, 0);
     platform.statusBar.setMessage(u"hint");
     platform.mainWindow.listener->windowGotFocus(CameFrom::OwnBox);
@@ -321,7 +321,7 @@ TEST_F(MainFormTest, TheMenuItemsRunTheirCommands) {
     EXPECT_TRUE(platform.mainWindow.enabled);
 }
 
-TEST_F(MainFormTest, TheMenuItemsThatNeedTheOutsideWorldSayWhatIsMissing) {
+TEST_F(MainFormTest, MenuItemsForReceiverAndServerReportWhatIsMissing) {
     startWith(3, 0, 0);
     platform.messageBox.expect({u"Can't find disk,please connect DRM receiver to PC"});
     choose(MenuItem::LoadFromReceiver);

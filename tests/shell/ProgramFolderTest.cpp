@@ -36,26 +36,26 @@ protected:
     FakeFiles files;
 };
 
-TEST_F(ProgramFolderTest, APortableCopyKeepsItsListsBesideTheExecutable) {
+TEST_F(ProgramFolderTest, APortableCopyKeepsItsListsNextToTheExecutable) {
     files.files[u"/app/List.ini"] = "lists";
     EXPECT_EQ(find(), "/app/");
     EXPECT_EQ(folders.createdForUser, 0);
     EXPECT_EQ(files.files.size(), 1U);
 }
 
-TEST_F(ProgramFolderTest, AnInstalledProgramUsesTheUsersFolderWithEveryRight) {
+TEST_F(ProgramFolderTest, AnInstalledProgramUsesTheUsersFolderWithAnyRights) {
     folders.installed = true;
     EXPECT_EQ(find(), "/user/Halcyon_K7/");
     EXPECT_TRUE(files.files.empty());
 }
 
-TEST_F(ProgramFolderTest, AFolderThatCannotBeWrittenLeadsToTheUsers) {
+TEST_F(ProgramFolderTest, AFolderThatIsNotWritableLeadsToTheUsersFolder) {
     folders.writable = false;
     EXPECT_EQ(find(), "/user/Halcyon_K7/");
     EXPECT_TRUE(files.files.empty());
 }
 
-TEST_F(ProgramFolderTest, WithoutAUsersFolderTheListsStayBesideTheExecutable) {
+TEST_F(ProgramFolderTest, WithoutAUsersFolderTheListsStayNextToTheExecutable) {
     folders.hasUser = false;
     for (const bool installed : {false, true}) {
         folders.installed = installed;
@@ -64,7 +64,7 @@ TEST_F(ProgramFolderTest, WithoutAUsersFolderTheListsStayBesideTheExecutable) {
     }
 }
 
-TEST_F(ProgramFolderTest, ListsBesideTheExecutableAreCopiedToTheUsersFolder) {
+TEST_F(ProgramFolderTest, ListsNextToTheExecutableAreCopiedToTheUsersFolder) {
     folders.writable = false;
     files.files = {{u"/app/List.ini", "lists"}, {u"/app/User.ini", "favourites"}, {u"/app/config.ini", "address"}};
     EXPECT_EQ(find(), "/user/Halcyon_K7/");

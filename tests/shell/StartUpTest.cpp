@@ -37,7 +37,7 @@ protected:
                     platform.files, platform.codePages};
 };
 
-TEST_F(StartUpTest, ALocalRunMakesMissingFilesAndLeavesTheReceiverAlone) {
+TEST_F(StartUpTest, ALocalRunCreatesMissingFilesAndIgnoresTheReceiver) {
     platform.files.files[u"/rx/List.ini"] = "[Total]\r\namnumber=1\r\n";
     run(u"LocalRun");
     EXPECT_EQ(platform.files.files[kList], std::string("\xFF\xFE \0", 4));
@@ -47,7 +47,7 @@ TEST_F(StartUpTest, ALocalRunMakesMissingFilesAndLeavesTheReceiverAlone) {
     }
 }
 
-TEST_F(StartUpTest, TheWorkingCopiesAreTurnedIntoUtf16) {
+TEST_F(StartUpTest, TheWorkingCopiesAreConvertedToUtf16) {
     platform.files.files[kList] = "[Total]\r\namnumber=1\r\n[AMSchedule0]\r\nProgramme=\xD0\x96\r\n";
     run(u"LocalRun");
     EXPECT_EQ(platform.files.files[kList].substr(0, 4), std::string("\xFF\xFE[\0", 4));
@@ -64,7 +64,7 @@ TEST_F(StartUpTest, ANormalRunTakesTheReceiversFilesFirst) {
     EXPECT_EQ(settings.LastStation, u"999");
 }
 
-TEST_F(StartUpTest, ANormalRunNamesEachMissingFileAndGoesOn) {
+TEST_F(StartUpTest, ANormalRunNamesEachMissingFileAndContinues) {
     platform.files.files[kList] = "[Total]\r\namnumber=1\r\n";
     platform.messageBox.expect({u"Can't find any file: /rx/List.ini!Please confirm whether the file is exist"});
     platform.messageBox.expect({u"Can't find any file: /rx/User.ini!Please confirm whether the file is exist"});
@@ -73,7 +73,7 @@ TEST_F(StartUpTest, ANormalRunNamesEachMissingFileAndGoesOn) {
     EXPECT_FALSE(platform.files.files.contains(kUser));
 }
 
-TEST_F(StartUpTest, AFolderInThePlaceOfTheListFileLeavesTheListsEmpty) {
+TEST_F(StartUpTest, AFolderInPlaceOfTheListFileGivesEmptyLists) {
     platform.files.folders.insert(kList);
     run(u"LocalRun");
     EXPECT_EQ(rows[0].rowCount(), 0);

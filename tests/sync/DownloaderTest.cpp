@@ -46,7 +46,7 @@ TEST_F(DownloaderTest, AnEmptyBodyIsAnEmptyFile) {
     EXPECT_EQ(files.files[kPath], "");
 }
 
-TEST_F(DownloaderTest, EveryExchangeIsBounded) {
+TEST_F(DownloaderTest, EveryExchangeIsLimited) {
     client.answersAt[kUrl] = answerOf(302, u"http://b.example/");
     EXPECT_TRUE(download());
     ASSERT_EQ(client.limitsGiven.size(), 2U);
@@ -56,7 +56,7 @@ TEST_F(DownloaderTest, EveryExchangeIsBounded) {
     }
 }
 
-TEST_F(DownloaderTest, AnotherIdleLimitIsHandedOn) {
+TEST_F(DownloaderTest, TheIdleLimitIsPassedOn) {
     EXPECT_TRUE(Downloader(client, files, std::chrono::milliseconds(5)).download(kUrl, kPath));
     EXPECT_EQ(client.limitsGiven.at(0).idle, std::chrono::milliseconds(5));
 }
@@ -71,7 +71,7 @@ TEST_F(DownloaderTest, AFailedExchangeLeavesNoFile) {
     EXPECT_EQ(client.urls.size(), 5U);
 }
 
-TEST_F(DownloaderTest, EveryStatusBut200IsNoDocument) {
+TEST_F(DownloaderTest, EveryStatusOtherThan200IsAFailure) {
     for (const int status : {100, 201, 203, 204, 206, 226, 299, 300, 304, 399}) {
         files.files[kPath] = "of yesterday";
         client.answer = answerOf(status);
@@ -113,7 +113,7 @@ TEST_F(DownloaderTest, TwentyRedirectsAreFollowed) {
     expectNoFile();
 }
 
-TEST_F(DownloaderTest, OnlyTheWebIsAskedAndOnlyItIsRedirectedTo) {
+TEST_F(DownloaderTest, OnlyHttpIsRequestedAndFollowed) {
     for (const auto* url : {u"", u"file:///etc/passwd", u"ftp://a.example/", u"http:/a.example", u"httpx://a.example/",
                             u" http://a.example/", u"data:,x", u"HTTP", u"/s"}) {
         files.files[kPath] = "of yesterday";
@@ -133,7 +133,7 @@ TEST_F(DownloaderTest, TheCaseOfTheSchemeDoesNotMatter) {
     EXPECT_FALSE(download(u"HTTP\x1A//a.example/"));
 }
 
-TEST_F(DownloaderTest, AnAnnouncedLengthIsKept) {
+TEST_F(DownloaderTest, TheAnnouncedLengthIsChecked) {
     EXPECT_TRUE(downloadAnnounced("13"));
     EXPECT_TRUE(downloadAnnounced(" 13\t"));
     for (const char* length :
@@ -144,7 +144,7 @@ TEST_F(DownloaderTest, AnAnnouncedLengthIsKept) {
     }
 }
 
-TEST_F(DownloaderTest, TheFileOfAPackedBodyIsUnpacked) {
+TEST_F(DownloaderTest, ACompressedBodyIsWrittenDecoded) {
     client.answer.body = std::string(
         "\x1f\x8b\x08\x00\x00\x00\x00\x00\x02\x03\x8b\x76\x09\xf2\x0d\x4e\xce"
         "\x48\x4d\x29\xcd\x49\x8d\x05\x00\x66\xed\xd1\x10\x0d\x00\x00\x00",

@@ -11,14 +11,14 @@ std::string parse(std::u16string_view line, std::size_t fieldIndex) {
     return narrow(ParseScheduleLine(line, fieldIndex));
 }
 
-TEST(ScheduleRecordsTestLine, GivesTheValueBehindTheKeyOfItsPosition) {
+TEST(ScheduleRecordsTestLine, GivesTheValueAfterTheKeyOfItsPosition) {
     EXPECT_EQ(parse(u"StartStopTimeUTC=0600-0700", 0), "0600-0700");
     EXPECT_EQ(parse(u"Frequency=5955", 2), "5955");
     EXPECT_EQ(parse(u"Target=West Europe", 3), "West Europe");
     EXPECT_EQ(parse(u"Programme=A=B", 5), "A=B");
 }
 
-TEST(ScheduleRecordsTestLine, OfAnotherPositionIsTakenAsItStands) {
+TEST(ScheduleRecordsTestLine, OfAPositionWithoutAKeyIsUnchanged) {
     for (const std::size_t index : {1U, 4U, 6U, 7U, 8U}) {
         EXPECT_EQ(parse(u" any text =", index), " any text =");
         EXPECT_EQ(parse(u"Frequency=5955", index), "Frequency=5955");
@@ -41,7 +41,7 @@ TEST(ScheduleRecordsTestLine, WithoutAValueIsEmpty) {
     EXPECT_EQ(parse(u"", 1), "");
 }
 
-TEST(ScheduleRecordsTestLine, LosesOneCarriageReturnOrLineFeedAtItsEnd) {
+TEST(ScheduleRecordsTestLine, DropsOneCarriageReturnOrLineFeedAtItsEnd) {
     EXPECT_EQ(parse(u"Target=Asia\r", 3), "Asia");
     EXPECT_EQ(parse(u"Target=Asia\n", 3), "Asia");
     EXPECT_EQ(parse(u"Target=Asia\r\r", 3), "Asia\r");
@@ -191,7 +191,7 @@ TEST_F(ScheduleRecordsTest, ALineOfACarriageReturnAloneBetweenRecordsIsHarmless)
     EXPECT_EQ(scan(recordLines() + u"\r\n" + recordLines()), 2);
 }
 
-TEST_F(ScheduleRecordsTest, ALowerCaseKeyDropsTheRecordAndScanningGoesOn) {
+TEST_F(ScheduleRecordsTest, ALowerCaseKeyDropsTheRecordAndScanningContinues) {
     std::u16string broken = recordLines({.programme = u"Broken"});
     broken.replace(broken.find(u"Frequency"), 9, u"frequency");
     EXPECT_EQ(scan(broken + recordLines()), 1);
@@ -230,7 +230,7 @@ TEST_F(ScheduleRecordsTest, EndsAfterThe257thRecord) {
     EXPECT_EQ(drmLV.rowCount(), 257);
 }
 
-TEST_F(ScheduleRecordsTest, RefusedRecordsDoNotCountTowardsTheLimit) {
+TEST_F(ScheduleRecordsTest, InvalidRecordsDoNotCountTowardsTheLimit) {
     std::u16string text;
     for (int i = 0; i < 256; ++i) {
         text += recordLines() + recordLines({.time = u"0700-0600"});

@@ -126,7 +126,7 @@ TEST_F(ScheduleSyncTest, AFailedDownloadLeavesTheListAndReadsNothing) {
     EXPECT_EQ(statusHistory(), (std::vector<std::string>{kDownloading, kOldTotal}));
 }
 
-TEST_F(ScheduleSyncTest, ADownloadWhoseFileVanishesIsAFailedOne) {
+TEST_F(ScheduleSyncTest, AVanishedDownloadIsAFailure) {
     files.vanishing.insert(kTarget);
     serve(scheduleOf(recordLines()));
     sync(u"Download failed,Please check the network");
@@ -135,7 +135,7 @@ TEST_F(ScheduleSyncTest, ADownloadWhoseFileVanishesIsAFailedOne) {
     EXPECT_EQ(files.accesses, (std::vector<std::string>{"read /program/config.ini", "write /program/DRMSchedule.ini"}));
 }
 
-TEST_F(ScheduleSyncTest, ATextThatIsNoScheduleIsRefused) {
+TEST_F(ScheduleSyncTest, ATextThatIsNoScheduleIsRejected) {
     for (const char16_t* text : {u"", u"<html>Not found</html>\n", u"[drmschedule]\n", u"[DRMSchedule\n"}) {
         serve(text + recordLines());
         sync(u"Illegal file,sync failed");
@@ -145,7 +145,7 @@ TEST_F(ScheduleSyncTest, ATextThatIsNoScheduleIsRefused) {
     }
 }
 
-TEST_F(ScheduleSyncTest, TheMarkMayStandAnywhere) {
+TEST_F(ScheduleSyncTest, TheMarkMayBeAnywhere) {
     serve(recordLines() + u"; see [DRMSchedule] above");
     sync(u"The number of new station is: 1");
 }
@@ -209,7 +209,7 @@ TEST_F(ScheduleSyncTest, TheBuiltInAddressIsFetchedIntoTheProgramFolder) {
     EXPECT_EQ(files.accesses[1], "write " + narrow(kTarget));
 }
 
-TEST_F(ScheduleSyncTest, TheBuiltInAddressHasItsPathAndQueryBehindAHost) {
+TEST_F(ScheduleSyncTest, TheBuiltInAddressHasAHostPathAndQuery) {
     const std::string url = narrow(builtInScheduleUrl());
     const std::string path = "/cgi-bin/dbgate.pl?htx=/drmdx/scheduleini2";
     EXPECT_EQ(url.find("http://"), 0U);

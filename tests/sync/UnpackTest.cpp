@@ -25,7 +25,7 @@ std::string packed(const std::string& text, int format) {
 
 const std::string kText = "[DRMSchedule]\nplain\n";
 
-TEST(UnpackTest, EveryEncodingOfHttpIsUnpacked) {
+TEST(UnpackTest, EveryContentEncodingIsDecoded) {
     EXPECT_EQ(unpacked(kText, "", kMost), kText);
     EXPECT_EQ(unpacked(kText, "identity", kMost), kText);
     EXPECT_EQ(unpacked(packed(kText, kGzip), "gzip", kMost), kText);
@@ -34,17 +34,17 @@ TEST(UnpackTest, EveryEncodingOfHttpIsUnpacked) {
     EXPECT_EQ(unpacked(packed(kText, -MAX_WBITS), "deflate", kMost), kText);
 }
 
-TEST(UnpackTest, SeveralGzipFilesAreOneText) {
+TEST(UnpackTest, SeveralGzipMembersAreOneText) {
     const std::string one = packed(kText, kGzip);
     EXPECT_EQ(unpacked(one + packed("", kGzip) + one, "gzip", kMost), kText + kText);
 }
 
-TEST(UnpackTest, ATextLongerThanItsPackedBytesComesOutWhole) {
+TEST(UnpackTest, ATextLongerThanItsCompressedBytesIsComplete) {
     const std::string text(500'000, 'x');
     EXPECT_EQ(unpacked(packed(text, kGzip), "gzip", kMost), text);
 }
 
-TEST(UnpackTest, EveryCutIsRefused) {
+TEST(UnpackTest, EveryTruncationIsRejected) {
     for (const int format : {kGzip, MAX_WBITS, -MAX_WBITS}) {
         const std::string whole = packed(kText, format);
         for (std::size_t length = 0; length < whole.size(); ++length) {
@@ -53,7 +53,7 @@ TEST(UnpackTest, EveryCutIsRefused) {
     }
 }
 
-TEST(UnpackTest, AWrongChecksumOrLengthIsRefused) {
+TEST(UnpackTest, AWrongChecksumOrLengthIsRejected) {
     const std::string whole = packed(kText, kGzip);
     constexpr std::size_t kTrailer = 8;  // bytes of checksum and length
     for (std::size_t i = whole.size() - kTrailer; i < whole.size(); ++i) {
@@ -63,12 +63,12 @@ TEST(UnpackTest, AWrongChecksumOrLengthIsRefused) {
     }
 }
 
-TEST(UnpackTest, WhatFollowsIsRefused) {
+TEST(UnpackTest, TrailingBytesAreRejected) {
     EXPECT_FALSE(unpacked(packed(kText, kGzip) + "x", "gzip", kMost));
     EXPECT_FALSE(unpacked(packed(kText, MAX_WBITS) + packed(kText, MAX_WBITS), "deflate", kMost));
 }
 
-TEST(UnpackTest, TheLimitIsOfTheTextAndItIsReachedExactly) {
+TEST(UnpackTest, TheLimitAppliesToTheDecodedText) {
     const std::string text(100'000, 'x');
     for (const char* encoding : {"", "gzip"}) {
         const std::string body = *encoding == '\0' ? text : packed(text, kGzip);
@@ -77,7 +77,7 @@ TEST(UnpackTest, TheLimitIsOfTheTextAndItIsReachedExactly) {
     }
 }
 
-TEST(UnpackTest, OtherEncodingsAreRefused) {
+TEST(UnpackTest, OtherEncodingsAreRejected) {
     for (const char* encoding : {"br", "zstd", "compress", "gzip, gzip", "gzip\n", "x"}) {
         EXPECT_FALSE(unpacked(kText, encoding, kMost)) << encoding;
     }

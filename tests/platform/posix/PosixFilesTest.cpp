@@ -22,7 +22,7 @@ TEST_F(PosixFilesTest, WritingNeverFollowsALink) {
     EXPECT_EQ(files.read(folder.at(u"link")).bytes, "precious");
 }
 
-TEST_F(PosixFilesTest, ANameThatLeadsNowhereExists) {
+TEST_F(PosixFilesTest, ADanglingLinkExists) {
     ASSERT_EQ(::symlink(folder.native("nothing").c_str(), folder.native("link").c_str()), 0);
     EXPECT_TRUE(files.exists(folder.at(u"link")));
     EXPECT_EQ(files.size(folder.at(u"link")), std::nullopt);
@@ -30,7 +30,7 @@ TEST_F(PosixFilesTest, ANameThatLeadsNowhereExists) {
     EXPECT_FALSE(files.read(folder.at(u"link")).isMissing);
 }
 
-TEST_F(PosixFilesTest, APipeIsNoFileAndDoesNotHang) {
+TEST_F(PosixFilesTest, APipeIsNoFileAndDoesNotBlock) {
     ASSERT_EQ(::mkfifo(folder.native("pipe").c_str(), 0600), 0);
     EXPECT_EQ(files.read(folder.at(u"pipe")).bytes, std::nullopt);
     EXPECT_FALSE(files.write(folder.at(u"pipe"), "x", Flush::Now));
@@ -45,7 +45,7 @@ TEST_F(PosixFilesTest, ANewFileHasTheUsersDefaultPermissions) {
     EXPECT_EQ(status.st_mode & 07777U, 0640U);
 }
 
-TEST_F(PosixFilesTest, AMissingFolderCannotTakeAFile) {
+TEST_F(PosixFilesTest, AFileInAMissingFolderIsNotWritten) {
     EXPECT_FALSE(files.write(folder.at(u"none/List.ini"), "x", Flush::Now));
     EXPECT_FALSE(files.append(folder.at(u"none/List.ini"), "x"));
 }

@@ -51,7 +51,7 @@ TEST_F(PosixProgramFoldersTest, PackagesInstallBelowUsrAndOpt) {
     }
 }
 
-TEST_F(PosixProgramFoldersTest, OnlyAFolderThatIsThereCanBeWritten) {
+TEST_F(PosixProgramFoldersTest, OnlyAnExistingFolderIsWritable) {
     EXPECT_TRUE(folders.canWrite(folder.at(u"/")));
     EXPECT_FALSE(folders.canWrite(folder.at(u"none/")));
 }
@@ -62,7 +62,7 @@ TEST_F(PosixProgramFoldersTest, TheUsersFolderIsCreatedInTheDataFolder) {
     EXPECT_TRUE(std::filesystem::is_directory(folder.native("data/Sub")));
 }
 
-TEST_F(PosixProgramFoldersTest, WithoutADataFolderTheUsersHomeIsTaken) {
+TEST_F(PosixProgramFoldersTest, WithoutADataFolderTheHomeFolderIsUsed) {
     const Variable home("HOME", folder.native("").c_str());
     for (const char* unset : {static_cast<const char*>(nullptr), "", "relative"}) {
         const Variable data("XDG_DATA_HOME", unset);
@@ -71,7 +71,7 @@ TEST_F(PosixProgramFoldersTest, WithoutADataFolderTheUsersHomeIsTaken) {
     EXPECT_TRUE(std::filesystem::is_directory(folder.native(".local/share/Sub")));
 }
 
-TEST_F(PosixProgramFoldersTest, AFileInThePlaceOfTheUsersFolderGivesNone) {
+TEST_F(PosixProgramFoldersTest, AFileInPlaceOfTheUsersFolderGivesNone) {
     const Variable data("XDG_DATA_HOME", "/proc/self/exe");
     EXPECT_EQ(folders.ofUser(u"Sub"), u"");
 }

@@ -62,7 +62,7 @@ TEST_F(AddFormTest, OpensOverTheMainWindowWithEmptyFields) {
     EXPECT_LE(offset.manhattanLength(), 4);
 }
 
-TEST_F(AddFormTest, TabGoesDownTheRowsAndOverTheButtons) {
+TEST_F(AddFormTest, TheTabOrderFollowsTheRowsThenTheButtons) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return child<QLineEdit>("txtLabel")->hasFocus(); }, kPatience));
     Events order;
     for (int i = 0; i < 10; ++i) {
@@ -86,7 +86,7 @@ TEST_F(AddFormTest, OnlyKeysWithACharacterCodeAreReported) {
     EXPECT_EQ(form.text(AddField::txtLabel), u"a");
 }
 
-TEST_F(AddFormTest, EnterThatWasUsedPressesNoButton) {
+TEST_F(AddFormTest, AHandledEnterPressesNoButton) {
     listener.keepKeys = true;
     QTest::keyClick(child<QLineEdit>("txtFreq"), Qt::Key_Return);
     EXPECT_EQ(listener.take(), (Events{"key 1:13"}));
@@ -95,7 +95,7 @@ TEST_F(AddFormTest, EnterThatWasUsedPressesNoButton) {
     EXPECT_EQ(listener.take(), (Events{"key 1:13", "save"}));
 }
 
-TEST_F(AddFormTest, AComboReportsItsKeysAndAcceptsTypedText) {
+TEST_F(AddFormTest, AComboReportsKeysAndAcceptsTypedText) {
     auto* combo = child<QComboBox>("sHourComb");
     QTest::keyClick(combo, '1');
     QTest::keyClick(combo, '7');
@@ -105,7 +105,7 @@ TEST_F(AddFormTest, AComboReportsItsKeysAndAcceptsTypedText) {
     EXPECT_EQ(form.text(AddField::sHourComb), u"2");
 }
 
-TEST_F(AddFormTest, AMnemonicLeadsToItsFieldAndIsNotTyped) {
+TEST_F(AddFormTest, AMnemonicFocusesItsFieldAndIsNotTyped) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return child<QLineEdit>("txtLabel")->hasFocus(); }, kPatience));
     QTest::keyClick(child<QLineEdit>("txtLabel"), Qt::Key_O, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return child<QComboBox>("eHourComb")->hasFocus(); }, kPatience));
@@ -133,7 +133,7 @@ TEST_F(AddFormTest, KeysOfAnOpenListAreReported) {
     }
 }
 
-TEST_F(AddFormTest, AnArrowInAnOpenListIsTheLists) {
+TEST_F(AddFormTest, AnArrowKeyInAnOpenListMovesTheHighlight) {
     auto* combo = child<QComboBox>("sHourComb");
     combo->showPopup();
     QTest::keyClick(combo->view(), Qt::Key_Home);
@@ -143,7 +143,7 @@ TEST_F(AddFormTest, AnArrowInAnOpenListIsTheLists) {
     EXPECT_EQ(form.text(AddField::sHourComb), u"1");
 }
 
-TEST_F(AddFormTest, AKeyOfAnOpenListThatIsNotUsedIsTypedIntoTheField) {
+TEST_F(AddFormTest, AnUnhandledKeyInAnOpenListIsTypedIntoTheField) {
     auto* combo = child<QComboBox>("sHourComb");
     combo->showPopup();
     QTest::keyClick(combo->view(), '2');
@@ -151,7 +151,7 @@ TEST_F(AddFormTest, AKeyOfAnOpenListThatIsNotUsedIsTypedIntoTheField) {
     EXPECT_EQ(form.text(AddField::sHourComb), u"2");
 }
 
-TEST_F(AddFormTest, EveryFieldTakesALongPasteUpToItsFirstLineBreak) {
+TEST_F(AddFormTest, APasteOfAnyLengthEndsAtItsFirstLineBreak) {
     const QString longText(70'000, u'x');
     QApplication::clipboard()->setText(longText + "\nmore");
     for (QLineEdit* edit : dialog()->findChildren<QLineEdit*>()) {
@@ -161,7 +161,7 @@ TEST_F(AddFormTest, EveryFieldTakesALongPasteUpToItsFirstLineBreak) {
     }
 }
 
-TEST_F(AddFormTest, EscapeThatNoFieldUsedCancels) {
+TEST_F(AddFormTest, AnUnhandledEscapeCancels) {
     QTest::keyClick(child<QLineEdit>("txtTarget"), Qt::Key_Escape);
     EXPECT_EQ(listener.take(), (Events{"key 2:27", "cancel"}));
     listener.keepKeys = true;

@@ -20,7 +20,7 @@ TEST_F(EditTest, TypingReplacesTheSelectedText) {
     EXPECT_EQ(recorder.take(), Events{});
 }
 
-TEST_F(EditTest, EnterOfBothKindsIsReportedAndNothingElse) {
+TEST_F(EditTest, OnlyTheTwoEnterKeysAreReported) {
     openEdit(u"x");
     QTest::keyClick(edit(), Qt::Key_Return);
     QTest::keyClick(edit(), Qt::Key_Enter, Qt::KeypadModifier);
@@ -66,7 +66,7 @@ TEST_F(EditTest, TheBoxesOwnMenuIsNoLossOfFocus) {
     EXPECT_TRUE(edit()->hasFocus());
 }
 
-TEST_F(EditTest, HidingIsNoLossOfFocusAndGivesItToTheGrid) {
+TEST_F(EditTest, HidingFocusesTheGridWithoutALossOfFocus) {
     openEdit(u"x");
     backend.window().editBox().setVisible(false);
     EXPECT_FALSE(edit()->isVisible());
@@ -93,7 +93,7 @@ TEST_F(EditTest, AClickOnATabSwitchesWithoutALossOfFocusBefore) {
     EXPECT_FALSE(strip->hasFocus());
 }
 
-TEST_F(EditTest, TheTabsAreReachedFromTheGridToo) {
+TEST_F(EditTest, TheTabBarIsReachableFromTheGrid) {
     QTest::keyClick(table(), Qt::Key_PageUp, Qt::ControlModifier);
     EXPECT_EQ(platform.tabs.currentTab(), 3);
     EXPECT_TRUE(table(3)->hasFocus());
@@ -102,7 +102,7 @@ TEST_F(EditTest, TheTabsAreReachedFromTheGridToo) {
     EXPECT_EQ(platform.tabs.currentTab(), 3);
 }
 
-TEST_F(EditTest, TheStripKeepsTheFocusThatItHas) {
+TEST_F(EditTest, TheTabBarKeepsItsFocus) {
     tabs()->tabBar()->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(recorder.take(), (Events{"tab focus"}));
     QTest::keyClick(tabs()->tabBar(), Qt::Key_Right);

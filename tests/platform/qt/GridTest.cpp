@@ -76,7 +76,7 @@ TEST_F(GridTest, TheRightButtonLeavesTheSelectionToTheListener) {
     }
 }
 
-TEST_F(GridTest, ShowsASelectionOfTheProgram) {
+TEST_F(GridTest, ShowsASelectionMadeByTheProgram) {
     click(2);
     grid().setSelected(2, false);
     grid().setSelected(5, true);
@@ -120,7 +120,7 @@ TEST_F(GridTest, AHeaderClickReportsTheColumnsKey) {
     EXPECT_FALSE(header->isSortIndicatorShown());
 }
 
-TEST_F(GridTest, TwoQuickHeaderClicksAreTwo) {
+TEST_F(GridTest, TwoQuickHeaderClicksAreBothReported) {
     QHeaderView* header = table()->horizontalHeader();
     const QPoint at(header->sectionViewportPosition(1) + 30, header->height() / 2);
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, at);
@@ -150,7 +150,7 @@ TEST_F(GridTest, ThePointerOverTheHeaderIsReported) {
     EXPECT_EQ(recorder.take(), Events{});
 }
 
-TEST_F(GridTest, TheGeometryHoldsTheSidewaysScroll) {
+TEST_F(GridTest, TheGeometryIncludesHorizontalScrolling) {
     grid().setColumnWidth(1, 15000);
     view(0).geometry(0);
     table()->horizontalScrollBar()->setValue(40);
@@ -158,7 +158,7 @@ TEST_F(GridTest, TheGeometryHoldsTheSidewaysScroll) {
     EXPECT_DOUBLE_EQ(view(0).geometry(3).rowLeft, toTwips(-40));
 }
 
-TEST_F(GridTest, TheLinesCanBeSeenInLightAndDark) {
+TEST_F(GridTest, TheGridLinesAreVisibleInLightAndDarkThemes) {
     for (const auto& [base, text] : {std::pair(Qt::white, Qt::black), std::pair(Qt::black, Qt::white)}) {
         QPalette palette = table()->palette();
         palette.setColor(QPalette::Base, base);
@@ -176,7 +176,7 @@ TEST_F(GridTest, TheLinesCanBeSeenInLightAndDark) {
     }
 }
 
-TEST_F(GridTest, ACutTextShowsWholeInATooltip) {
+TEST_F(GridTest, ATruncatedTextIsShownInATooltip) {
     grid().setText(2, 1, u"A programme with a name that is <b>too</b> long for its column");
     const auto hover = [&](int row) {
         QHelpEvent event(QEvent::ToolTip, cell(row), table()->viewport()->mapToGlobal(cell(row)));
@@ -200,7 +200,7 @@ TEST_F(GridTest, TheFirstMoveByKeyboardSelectsARow) {
     EXPECT_EQ(selected(), (std::vector{2}));
 }
 
-TEST_F(GridTest, KeysAreReportedWithTheirClassicCodes) {
+TEST_F(GridTest, KeysAreReportedWithVirtualKeyCodes) {
     QTest::keyClick(table(), Qt::Key_Return);
     QTest::keyClick(table(), Qt::Key_Enter, Qt::KeypadModifier);
     QTest::keyClick(table(), Qt::Key_Delete);
@@ -214,7 +214,7 @@ TEST_F(GridTest, KeysAreReportedWithTheirClassicCodes) {
     EXPECT_EQ(recorder.take(), Events{});
 }
 
-TEST_F(GridTest, AKeyThatIsUsedDoesNotReachTheTable) {
+TEST_F(GridTest, AHandledKeyDoesNotReachTheTable) {
     click(2);
     recorder.keepKeys = true;
     QTest::keyClick(table(), Qt::Key_A, Qt::ControlModifier);
@@ -259,13 +259,13 @@ TEST_F(GridTest, ScrollingDraggingAndTheWheelMoveTheView) {
     EXPECT_GT(recorder.viewChanges, before);
 }
 
-TEST_F(GridTest, TheWheelOverAGridThatDoesNotMoveIsNoViewChange) {
+TEST_F(GridTest, TheWheelWithoutScrollingIsNoViewChange) {
     const int before = recorder.viewChanges;
     turnWheel(120);  // the first row is already at the top
     EXPECT_EQ(recorder.viewChanges, before);
 }
 
-TEST_F(GridTest, SettingAWidthIsNoDrag) {
+TEST_F(GridTest, SettingAWidthIsNotADrag) {
     const int before = recorder.viewChanges;
     grid().setColumnWidth(1, 3000);
     EXPECT_EQ(recorder.viewChanges, before);
@@ -286,7 +286,7 @@ TEST_F(GridTest, AResetKeepsTheScrollPositionAndTheSelection) {
     EXPECT_TRUE(shown->isRowSelected(10, {}));
 }
 
-TEST_F(GridTest, AHiddenTabsGridHasTheSizeOfTheShownOne) {
+TEST_F(GridTest, TheGridOfAHiddenTabHasTheSizeOfTheVisibleOne) {
     const GridGeometry shown = view(0).geometry(0);
     const GridGeometry hidden = view(3).geometry(0);
     EXPECT_EQ(shown.width, hidden.width);
@@ -295,7 +295,7 @@ TEST_F(GridTest, AHiddenTabsGridHasTheSizeOfTheShownOne) {
     EXPECT_EQ(shown.top, hidden.top);
 }
 
-TEST_F(GridTest, AnEditBoxPlacedByTheGeometryLiesOnItsCell) {
+TEST_F(GridTest, TheGeometryPlacesTheEditBoxOnItsCell) {
     table()->verticalScrollBar()->setValue(2);
     const GridGeometry geometry = view(0).geometry(6);
     const double left = platform.tabs.left() + geometry.left + geometry.rowLeft + grid().columns()[0].width + 50;
@@ -328,7 +328,7 @@ TEST_F(GridTest, AssistiveTechnologyReadsEveryCell) {
     }
 }
 
-TEST_F(GridTest, TheMostRowsAreShownSelectedAndRemoved) {
+TEST_F(GridTest, TheMaximumOfRowsIsShownSelectedAndRemoved) {
     fill(32'767 - 40);
     EXPECT_EQ(table()->model()->rowCount(), 32'767);
     table()->selectAll();

@@ -13,7 +13,7 @@ QKeyEvent press(int key, Qt::KeyboardModifiers held, quint32 scanCode, const QSt
 
 }  // namespace
 
-TEST(KeysTest, LettersOfAnotherScriptAreThoseOfThePhysicalKey) {
+TEST(KeysTest, LettersOfAnotherScriptFollowThePhysicalKey) {
     // The keys that a Russian and a Greek layout report for D, E and N.
     for (const auto& [scanCode, russian, greek, letter] :
          {std::tuple(40, 0x412, 0x394, 'D'), {26, 0x423, 0x395, 'E'}, {57, 0x422, 0x39D, 'N'}}) {
@@ -23,13 +23,13 @@ TEST(KeysTest, LettersOfAnotherScriptAreThoseOfThePhysicalKey) {
     }
 }
 
-TEST(KeysTest, LatinLettersAreThoseOfTheLayoutInUse) {
+TEST(KeysTest, LatinLettersFollowTheLayout) {
     // A French keyboard has A where an English one has Q.
     EXPECT_EQ(classicKey(press(Qt::Key_A, Qt::ControlModifier, 24)), 'A');
     EXPECT_EQ(classicKey(press(Qt::Key_Odiaeresis, Qt::ControlModifier, 47)), 0);
 }
 
-TEST(KeysTest, AKeyOfAnotherScriptBesideTheLettersIsNone) {
+TEST(KeysTest, AnExtraLetterKeyOfAnotherScriptHasNoCode) {
     EXPECT_EQ(classicKey(press(0x425, Qt::ControlModifier, 34)),
               0);  // the Russian layout has a letter on the key to the right of P
     EXPECT_EQ(classicKey(press(Qt::Key_F5, Qt::ControlModifier, 71)), 0);

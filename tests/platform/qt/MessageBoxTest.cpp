@@ -61,7 +61,7 @@ protected:
     QTranslator chinese;
 };
 
-TEST_F(MessageBoxTest, AnswersWithTheButton) {
+TEST_F(MessageBoxTest, ReturnsTheButton) {
     EXPECT_EQ(show(BoxStyle::Ok, QMessageBox::Ok), BoxAnswer::Ok);
     EXPECT_EQ(title, "Add List");
     EXPECT_EQ(format, Qt::PlainText);
@@ -74,7 +74,7 @@ TEST_F(MessageBoxTest, AnswersWithTheButton) {
     EXPECT_EQ(show(BoxStyle::RetryCancel, QMessageBox::Retry), BoxAnswer::Retry);
 }
 
-TEST_F(MessageBoxTest, ClosingTheBoxAnswersCancelOrOk) {
+TEST_F(MessageBoxTest, ClosingTheBoxReturnsCancelOrOk) {
     for (const auto& [style, answer] :
          {std::pair{BoxStyle::OkCancel, BoxAnswer::Cancel}, {BoxStyle::Ok, BoxAnswer::Ok}}) {
         onceShown([] { QApplication::activeModalWidget()->close(); });
@@ -93,7 +93,7 @@ TEST_F(MessageBoxTest, IsWideEnoughForItsTitle) {
     EXPECT_GT(width, QFontMetrics(QApplication::font()).horizontalAdvance(longTitle));
 }
 
-TEST_F(MessageBoxTest, EnglishCaptionsStayAsTheyAre) {
+TEST_F(MessageBoxTest, EnglishCaptionsAreKept) {
     show(BoxStyle::OkCancel, QMessageBox::Ok);
     EXPECT_FALSE(captions.contains("Ok"));
     EXPECT_TRUE(captions.contains("Cancel") || captions.contains("&Cancel"));

@@ -17,7 +17,7 @@ TEST(ShortTimeTest, IsTheShortFormatOfTheLanguage) {
 
 TEST(ShortTimeTest, ShowsNoSecondsInThePlainLocale) { EXPECT_EQ(at("C", 22), "22:05"); }
 
-TEST(ShortTimeTest, ShowsNoLetterOfAFieldThatQtDoesNotKnow) {
+TEST(ShortTimeTest, ShowsNoLetterOfAFieldThatQtDoesNotSupport) {
     // "Bh:mm" and "B H:mm" in Qt 6.4.
     for (const char* language : {"zh_TW", "my_MM"}) {
         EXPECT_EQ(shortTime(QLocale(language), {10, 5}).count(u'B'), 0) << language;

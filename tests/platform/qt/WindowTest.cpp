@@ -62,7 +62,7 @@ QString shortTime(QTime time) {
 
 int untilNextMinute(QTime time) { return millisecondsToNextMinute(time.second(), time.msec()); }
 
-TEST_F(WindowTest, TheClockIsRenewedAsAMinuteBegins) {
+TEST_F(WindowTest, TheClockIsUpdatedEveryMinute) {
     auto* timer = backend.window().statusBar().findChild<QTimer*>();
     ASSERT_NE(timer, nullptr);
     EXPECT_TRUE(timer->isActive());
@@ -137,7 +137,7 @@ TEST_F(WindowTest, EverySignalToEndClosesTheWindow) {
     }
 }
 
-TEST_F(WindowTest, ABlockOfInputHoldsTheCloseBoxAndTheKeysBack) {
+TEST_F(WindowTest, BlockedInputIncludesTheCloseBoxAndKeys) {
     fill(3);
     recorder.take();
     {
@@ -154,7 +154,7 @@ TEST_F(WindowTest, ABlockOfInputHoldsTheCloseBoxAndTheKeysBack) {
     EXPECT_TRUE(userCloses());
 }
 
-TEST_F(WindowTest, TellsAReturnFromAnOwnBoxFromAComingToTheWindow) {
+TEST_F(WindowTest, DistinguishesReturningFromAnOwnBoxAndFromElsewhere) {
     // Qt's tests consider a window active as soon as one of its boxes is.
     const auto activate = [](QWidget& window) {
         window.activateWindow();

@@ -68,7 +68,7 @@ TEST_F(AddDialogTest, EveryFieldHasAName) {
     EXPECT_EQ(labelBefore(childOf(dialog, L"ComboBox", 4)), L"StopTime(UTC):");
 }
 
-TEST_F(AddDialogTest, TabGoesDownTheRowsAndOverTheButtons) {
+TEST_F(AddDialogTest, TheTabOrderFollowsTheRowsThenTheButtons) {
     start();
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);
@@ -139,7 +139,7 @@ TEST_F(AddDialogTestOpenList, EveryKeyClosesTheListOfAStopTimeAndSaves) {
     EXPECT_TRUE(IsWindow(dialog));
 }
 
-TEST_F(AddDialogTest, EveryFieldTakesALongPasteUpToItsFirstLineBreak) {
+TEST_F(AddDialogTest, APasteOfAnyLengthEndsAtItsFirstLineBreak) {
     start();
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);

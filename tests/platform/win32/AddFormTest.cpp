@@ -8,7 +8,7 @@
 #include "fakes/FourLists.h"
 #include "platform/win32/Win32AddForm.h"
 
-TEST(AddFormTest, ADialogThatCannotBeMadeLeavesTheMainWindowEnabled) {
+TEST(AddFormTest, WithoutADialogTheMainWindowStaysEnabled) {
     const auto noWindow = reinterpret_cast<HWND>(0xFFFC);  // no valid owner, so the system creates no dialog
     Win32AddForm view(noWindow);
     FakeMainWindow mainWindow;

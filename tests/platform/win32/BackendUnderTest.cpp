@@ -230,8 +230,8 @@ int main(int argc, char** argv) {
     if (runsOnWine()) {
         // Wine's WinHTTP takes a lost connection for the end of a body and does not count 1xx responses.
         testing::GTEST_FLAG(filter) +=
-            ":-DownloaderContract.ABodyCutShortIsAFailure:DownloaderContract.AnInterruptedBodyIsAFailure"
-            ":DownloaderContract.InterimAnswersAreBounded";
+            ":-DownloaderContract.ATruncatedBodyIsAFailure:DownloaderContract.AnInterruptedBodyIsAFailure"
+            ":DownloaderContract.InterimResponsesAreLimited";
     }
     return RUN_ALL_TESTS();
 }

@@ -83,7 +83,7 @@ std::string systemEncodes(std::u16string_view text) {
     return bytes;
 }
 
-TEST(CodePagesTest, Utf8IsDecodedAsBySystem) {
+TEST(CodePagesTest, Utf8IsDecodedAsByTheSystem) {
     std::mt19937 random(1);
     int wellFormed = 0;
     for (int i = 0; i < 20'000 && !testing::Test::HasFailure(); ++i) {
@@ -99,7 +99,7 @@ TEST(CodePagesTest, Utf8IsDecodedAsBySystem) {
     EXPECT_GT(wellFormed, 1000);
 }
 
-TEST(CodePagesTest, Utf8IsEncodedAsBySystem) {
+TEST(CodePagesTest, Utf8IsEncodedAsByTheSystem) {
     std::mt19937 random(2);
     std::uniform_int_distribution<int> unit(0xD780, 0xE080);  // surrogates and their neighbours
     for (int i = 0; i < 20'000 && !testing::Test::HasFailure(); ++i) {

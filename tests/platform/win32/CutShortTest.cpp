@@ -6,7 +6,7 @@
 namespace {
 
 // The part of the contract case that Wine passes.
-TEST(CutShortTest, ABodyShorterThanAnnouncedIsAFailure) {
+TEST(CutShortTest, ABodyShorterThanItsLengthIsAFailure) {
     const auto backend = makeBackend();
     const auto folder = backend->folder();
     const std::u16string target = folder->path() + u"DRMSchedule.ini";

@@ -113,7 +113,7 @@ TEST_F(GridTest, OnlyTheLeftButtonOnAColumnSorts) {
     }));
 }
 
-TEST_F(GridTest, TheWheelOverAGridThatDoesNotMoveLeavesTheEditOpen) {
+TEST_F(GridTest, TheWheelWithoutScrollingKeepsTheEditOpen) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 1, 2));
@@ -140,7 +140,7 @@ TEST_F(GridTest, TheColumnsFollowTheWindowUntilOneIsDragged) {
     expectBoxOnCell(drm, 1, 1);
 }
 
-TEST_F(GridTest, ACutTextShowsWholeInATooltip) {
+TEST_F(GridTest, ATruncatedTextIsShownInATooltip) {
     folder.write("List.ini",
                  savedFile(totals(2) + drmRecord(0, "A programme with a name too long for its column", "1") +
                            drmRecord(1, "Short", "2")));
@@ -154,7 +154,7 @@ TEST_F(GridTest, ACutTextShowsWholeInATooltip) {
 
 // Wine does not pass system colours set by a test to other processes; GridLineColorTest covers dark and high-contrast
 // colours.
-TEST_F(GridTest, TheLinesCanBeSeen) {
+TEST_F(GridTest, TheGridLinesAreVisible) {
     start();
     HWND drm = program().list(kDrm);
     EXPECT_TRUE(eventually([&] { return lineContrast(drm, 2, 2) >= 1.5; })) << lineContrast(drm, 2, 2);

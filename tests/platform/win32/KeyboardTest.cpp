@@ -39,7 +39,7 @@ TEST_F(KeyboardTest, TheMenuOpensAtTheSelectedRow) {
     EXPECT_EQ(program().columnTexts(drm, 1), (std::vector<std::wstring>{L"Charlie", L"alpha"}));
 }
 
-TEST_F(KeyboardTest, OnlyEnterEndsAnEditNotItsCharacter) {
+TEST_F(KeyboardTest, OnlyTheEnterKeyEndsAnEditNotItsCharacter) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 2, 1));
@@ -60,7 +60,7 @@ WORD mnemonicOf(HWND label) {
     return mark + 1 < text.size() && mark != std::wstring::npos ? static_cast<WORD>(towupper(text[mark + 1])) : WORD{0};
 }
 
-TEST_F(KeyboardTest, AMnemonicLeadsToItsField) {
+TEST_F(KeyboardTest, AMnemonicFocusesItsField) {
     start();
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
     ASSERT_NE(dialog, nullptr);

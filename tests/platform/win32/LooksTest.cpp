@@ -55,7 +55,7 @@ TEST_F(LooksTest, TheStatusBarShowsDateAndTime) {
     EXPECT_TRUE(eventually([&] { return DateAndTime(program().status(2), program().status(3)) == dateAndTime(); }));
 }
 
-TEST_F(LooksTest, DateAndTimeAreRenewedByTheTimerAndByASetClock) {
+TEST_F(LooksTest, DateAndTimeAreUpdatedByTheTimerAndAfterAClockChange) {
     start();
     constexpr WPARAM kClockTimer = 1;
     expectClockRenewedBy(WM_TIMER, kClockTimer);
@@ -97,7 +97,7 @@ TEST_F(LooksTest, ADraggedColumnKeepsItsWidthInAnotherResolution) {
     EXPECT_EQ(columnWidths(drm), widths);
 }
 
-TEST_F(LooksTest, OtherColoursAndSettingsLeaveTheListsReadable) {
+TEST_F(LooksTest, TheListsStayReadableAfterOtherColoursAndSettings) {
     start();
     HWND drm = program().list(kDrm);
     const auto widths = columnWidths(drm);

@@ -31,7 +31,7 @@ std::string textOfElement(const std::string& xml, const std::string& name) {
     return end != std::string::npos && begin != std::string::npos ? xml.substr(begin + 1, end - begin - 1) : "";
 }
 
-TEST(ManifestTest, AsksForWhatTheProgramIsBuiltOn) {
+TEST(ManifestTest, RequestsTheFeaturesThatTheProgramUses) {
     const std::string xml = manifest();
     ASSERT_NE(xml.find("<assembly "), std::string::npos);
     EXPECT_NE(xml.find("name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\""), std::string::npos);

@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(ProgramFoldersTest, TheExecutablesFolderHoldsIt) {
+TEST(ProgramFoldersTest, TheExecutableIsInItsFolder) {
     const std::wstring folder = toWide(Win32ProgramFolders().ofExecutable());
     EXPECT_NE(GetFileAttributesW((folder + L"win32_services_test.exe").c_str()), INVALID_FILE_ATTRIBUTES);
 }
@@ -29,14 +29,14 @@ TEST(ProgramFoldersTest, AShortNameIsThatOfItsFolder) {
     EXPECT_TRUE(Win32ProgramFolders().isForInstalledPrograms(fromWide(name)));
 }
 
-TEST(ProgramFoldersTest, OnlyAFolderThatIsThereCanBeWritten) {
+TEST(ProgramFoldersTest, OnlyAnExistingFolderIsWritable) {
     Win32ProgramFolders folders;
     const TemporaryFolder folder;
     EXPECT_TRUE(folders.canWrite(fromWide(folder.file("").wstring())));
     EXPECT_FALSE(folders.canWrite(fromWide(folder.file("none\\").wstring())));
 }
 
-TEST(ProgramFoldersTest, TheUsersFolderIsMade) {
+TEST(ProgramFoldersTest, TheUsersFolderIsCreated) {
     Win32ProgramFolders folders;
     const std::u16string folder = folders.ofUser(u"Halcyon_K7.Test");
     EXPECT_TRUE(folder.ends_with(u"\\Halcyon_K7.Test\\"));

@@ -49,7 +49,7 @@ TEST_F(ReceiverTest, GetsTheListsAsSaved) {
     EXPECT_TRUE(program.close());
 }
 
-TEST_F(ReceiverTest, ItsListsReplaceTheOnesShown) {
+TEST_F(ReceiverTest, LoadingReplacesTheLists) {
     writeDrive("List.ini", kList);
     writeDrive("User.ini", kUser);
     Program program(folder, builtProgram(LR"(receiver\Halcyon_K7.exe)"));

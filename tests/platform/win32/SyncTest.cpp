@@ -30,7 +30,7 @@ TEST_F(SyncTest, RebuildsTheListFromAPublishedSchedule) {
     EXPECT_FALSE(std::filesystem::exists(folder.file("DRMSchedule.ini")));
 }
 
-TEST_F(SyncTest, NoInputIsTakenWhileItLoads) {
+TEST_F(SyncTest, NoInputIsAcceptedDuringADownload) {
     std::promise<void> answer;
     const std::string schedule = "[DRMSchedule]\r\nx\r\n" + scheduleRecord("0600-0730", "3955");
     const OneAnswerServer server([&, released = answer.get_future().share()](SOCKET client) {
@@ -63,7 +63,7 @@ TEST_F(SyncTest, NoInputIsTakenWhileItLoads) {
     EXPECT_TRUE(program().close());
 }
 
-TEST_F(SyncTest, AScheduleTooLongKeepsTheListAndTheStatusLine) {
+TEST_F(SyncTest, ATooLongScheduleKeepsTheListAndTheStatusLine) {
     const OneAnswerServer server("[DRMSchedule]\r\n" + std::string(40'000, 'x'));
     folder.write("config.ini", server.address() + "/schedule\r\n");
     start();

@@ -64,7 +64,7 @@ TEST_F(WindowTest, TypingStopsAtTheLimitAndLongTextsStay) {
     EXPECT_EQ(program().cell(drm, 1, 1), L"A programme of more than ten");
 }
 
-TEST_F(WindowTest, ARefusedTextLeavesTheCell) {
+TEST_F(WindowTest, AnInvalidTextKeepsTheCell) {
     start();
     HWND drm = program().list(kDrm);
     ASSERT_TRUE(opensBoxAt(drm, 1, 2));
@@ -92,7 +92,7 @@ TEST_F(WindowTest, ATabSwitchDiscardsAnEdit) {
     EXPECT_EQ(program().cell(program().list(kAm), 1, 2), L"198");
 }
 
-TEST_F(WindowTest, TheBoxLiesOnItsCell) {
+TEST_F(WindowTest, TheBoxIsPlacedOnItsCell) {
     std::string records;
     for (int i = 0; i < 60; ++i) {
         records += drmRecord(i, "Radio " + std::to_string(i), std::to_string(6000 + i));

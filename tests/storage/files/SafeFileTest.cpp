@@ -71,7 +71,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SafeFileTest, ReplacesInOneStep) {
+TEST_F(SafeFileTest, ReplacesAtomically) {
     disk.files[kPath] = "old";
     EXPECT_TRUE(replaceFile(disk, kPath, "new"));
     expectOnly("new");
@@ -84,14 +84,14 @@ TEST_F(SafeFileTest, CreatesAMissingFile) {
     expectOnly("new");
 }
 
-TEST_F(SafeFileTest, AFullDiskLeavesTheOldFileAndNothingBeside) {
+TEST_F(SafeFileTest, AFullDiskKeepsTheOldFileAndLeavesNoTemporaryFile) {
     disk.files[kPath] = "old";
     disk.room = 5;
     EXPECT_FALSE(replaceFile(disk, kPath, "new"));
     expectOnly("old");
 }
 
-TEST_F(SafeFileTest, AFailedRenameLeavesTheOldFileAndNothingBeside) {
+TEST_F(SafeFileTest, AFailedRenameKeepsTheOldFileAndLeavesNoTemporaryFile) {
     disk.files[kPath] = "old";
     disk.readOnly.insert(kPath);
     EXPECT_FALSE(replaceFile(disk, kPath, "new"));
@@ -108,21 +108,21 @@ TEST_F(SafeFileTest, VerifiedReadsBackBeforeAndAfterReplacing) {
                                                        "onto /disk/List.ini", "read /disk/List.ini"}));
 }
 
-TEST_F(SafeFileTest, VerifiedKeepsTheOldFileWhenTheNewOneIsDamagedBeside) {
+TEST_F(SafeFileTest, VerifiedKeepsTheOldFileWhenTheTemporaryFileIsDamaged) {
     disk.files[kPath] = "old";
     disk.losing = kBeside;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
 }
 
-TEST_F(SafeFileTest, VerifiedPutsTheOldFileBackWhenTheNewOneIsDamagedInPlace) {
+TEST_F(SafeFileTest, VerifiedRestoresTheOldFileWhenTheNewOneIsDamagedAfterTheRename) {
     disk.files[kPath] = "old";
     disk.losing = kPath;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
 }
 
-TEST_F(SafeFileTest, VerifiedRemovesADamagedFileThatWasNotThereBefore) {
+TEST_F(SafeFileTest, VerifiedRemovesADamagedFileThatIsNew) {
     disk.losing = kPath;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     EXPECT_TRUE(disk.files.empty());
@@ -135,14 +135,14 @@ TEST_F(SafeFileTest, VerifiedOverwritesInPlaceWithoutRoomForBoth) {
     expectOnly("abcdefghij");
 }
 
-TEST_F(SafeFileTest, VerifiedPutsTheOldBytesBackWhenEvenTheNewOneAloneHasNoRoom) {
+TEST_F(SafeFileTest, VerifiedRestoresTheOldBytesWhenTheNewFileAloneDoesNotFit) {
     disk.files[kPath] = "12345678";
     disk.room = 9;
     EXPECT_FALSE(replaceVerified(disk, kPath, "abcdefghij"));
     expectOnly("12345678");
 }
 
-TEST_F(SafeFileTest, VerifiedPutsTheOldBytesBackWhenTheOverwrittenFileIsDamaged) {
+TEST_F(SafeFileTest, VerifiedRestoresTheOldBytesWhenTheOverwrittenFileIsDamaged) {
     disk.files[kPath] = "12345678";
     disk.room = 12;
     disk.losing = kPath;
@@ -164,7 +164,7 @@ TEST_F(SafeFileTest, VerifiedReplacesAFileThatCannotBeRead) {
     EXPECT_EQ(std::count(disk.accesses.begin(), disk.accesses.end(), "write /disk/List.ini"), 0) << "in place";
 }
 
-TEST_F(SafeFileTest, VerifiedLeavesAFileThatCannotBeReadWhenTheNewOneHasNoRoom) {
+TEST_F(SafeFileTest, VerifiedKeepsAnUnreadableFileWithoutRoomForTheNewOne) {
     disk.files[kPath] = "12345678";
     disk.unreadable = {kPath};
     disk.room = 12;
@@ -172,7 +172,7 @@ TEST_F(SafeFileTest, VerifiedLeavesAFileThatCannotBeReadWhenTheNewOneHasNoRoom) 
     expectOnly("12345678");
 }
 
-TEST_F(SafeFileTest, VerifiedLeavesAFileWithoutAnyAccess) {
+TEST_F(SafeFileTest, VerifiedKeepsAnInaccessibleFile) {
     disk.files[kPath] = "old";
     disk.failing.insert(kPath);
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
@@ -206,7 +206,7 @@ TEST_F(SafeFileTestVerifiedPair, BothAreReplaced) {
     EXPECT_EQ(disk.files, both);
 }
 
-TEST_F(SafeFileTestVerifiedPair, ADamagedSecondFileBringsTheFirstOneBack) {
+TEST_F(SafeFileTestVerifiedPair, ADamagedSecondFileRestoresTheFirst) {
     for (const auto* const fault : {kPath, kOther, kBeside, u"/disk/User.ini.k7new"}) {
         disk.losing = fault;
         EXPECT_FALSE(replace());
@@ -214,14 +214,14 @@ TEST_F(SafeFileTestVerifiedPair, ADamagedSecondFileBringsTheFirstOneBack) {
     }
 }
 
-TEST_F(SafeFileTestVerifiedPair, LeftoversOfAnEarlierAttemptAreInNobodysWay) {
+TEST_F(SafeFileTestVerifiedPair, LeftoversOfAnEarlierAttemptAreReplaced) {
     disk.files[kBeside] = "half";
     disk.files[u"/disk/User.ini.k7new"] = "half";
     EXPECT_TRUE(replace());
     EXPECT_EQ(disk.files, both);
 }
 
-TEST_F(SafeFileTestVerifiedPair, EachTakesTheRoomThatTheOtherLeaves) {
+TEST_F(SafeFileTestVerifiedPair, EachUsesTheSpaceLeftByTheOther) {
     for (std::size_t room = 16; room < 40; ++room) {
         disk.files = old;
         disk.room = room;
@@ -238,14 +238,14 @@ TEST_F(SafeFileTestVerifiedPair, ADiskThatFailsWithRoomLeftIsNotWrittenInPlace) 
     EXPECT_EQ(std::count(disk.accesses.begin(), disk.accesses.end(), "write /disk/List.ini"), 0);
 }
 
-TEST_F(SafeFileTestVerifiedPair, WithoutOldFilesNothingIsLeftOfAFailure) {
+TEST_F(SafeFileTestVerifiedPair, WithoutOldFilesAFailureLeavesNoFile) {
     disk.files.clear();
     disk.losing = kOther;
     EXPECT_FALSE(replace());
     EXPECT_TRUE(disk.files.empty());
 }
 
-TEST_F(SafeFileTest, WithoutAFlushReadersFindTheNewFileAndAPowerCutWhateverItLikes) {
+TEST_F(SafeFileTest, WithoutAFlushReadersFindTheNewFileButAPowerCutMayDamageIt) {
     using Fate = FakeFiles::Fate;
     for (const auto& [fate, left] : {std::pair(Fate::Old, "old"), std::pair(Fate::Empty, ""),
                                      std::pair(Fate::Torn, "12"), std::pair(Fate::New, "1234")}) {
@@ -261,7 +261,7 @@ TEST_F(SafeFileTest, WithoutAFlushReadersFindTheNewFileAndAPowerCutWhateverItLik
     expectOnly("flushed");
 }
 
-TEST_F(SafeFileTest, AFailedUnflushedReplacementLeavesTheOldFile) {
+TEST_F(SafeFileTest, AFailedUnflushedReplacementKeepsTheOldFile) {
     disk.files[kPath] = "old";
     disk.failing = {kBeside};
     EXPECT_FALSE(replaceFile(disk, kPath, "new", Flush::Later));
@@ -277,7 +277,7 @@ TEST_F(SafeFileTest, SeveralAreReplacedAndDurableTogether) {
     EXPECT_TRUE(replaceFiles(disk, {}));
 }
 
-TEST_F(SafeFileTest, OneOfSeveralThatFailsKeepsNoneOfTheOthersBack) {
+TEST_F(SafeFileTest, AFailureOfOneFileDoesNotPreventTheOthers) {
     for (const auto* const fault : {kPath, kBeside}) {
         disk.files = {{kPath, "old"}};
         disk.failing = {fault};

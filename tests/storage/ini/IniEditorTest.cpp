@@ -20,7 +20,7 @@ std::string afterSet(std::u16string text, std::u16string_view section, std::u16s
 
 }  // namespace
 
-TEST(IniEditorTest, AnUnchangedTextComesOutAsItWas) {
+TEST(IniEditorTest, AnUnchangedTextKeepsItsBytes) {
     const std::u16string text = u" \r\n; note\n[A]\rx = 1\r\n\r\n[a]\nnothing\n\0\n[B"s;
     EXPECT_EQ(IniEditor(text).compose(), text);
 }
@@ -47,20 +47,20 @@ TEST(IniEditorTest, AFileThatCannotBeReadIsNotChanged) {
     EXPECT_EQ(files.files[u"/new.ini"], "[A]\r\nx=1\r\n");
 }
 
-TEST(IniEditorTest, ANewSectionGoesToTheEndOnALineOfItsOwn) {
+TEST(IniEditorTest, ANewSectionIsAddedAtTheEndOnItsOwnLine) {
     EXPECT_EQ(afterSet(u"", u"A", u"x", u"1"), "[A]\r\nx=1\r\n");
     EXPECT_EQ(afterSet(u" ", u"A", u"x", u"1"), " \r\n[A]\r\nx=1\r\n");
     EXPECT_EQ(afterSet(u"[B]\r\ny=2\r\n", u"A", u"x", u"1"), "[B]\r\ny=2\r\n[A]\r\nx=1\r\n");
     EXPECT_EQ(afterSet(u"[B]\ny=2", u"A", u"x", u"1"), "[B]\ny=2\r\n[A]\r\nx=1\r\n");
 }
 
-TEST(IniEditorTest, ANewKeyGoesToTheEndOfItsSection) {
+TEST(IniEditorTest, ANewKeyIsAddedAtTheEndOfItsSection) {
     EXPECT_EQ(afterSet(u"[A]\r\nx=1\r\n[B]\r\n", u"a", u"y", u"2"), "[A]\r\nx=1\r\ny=2\r\n[B]\r\n");
     EXPECT_EQ(afterSet(u"[A]\r\nx=1\r\n\r\n[B]\r\n", u"A", u"y", u"2"), "[A]\r\nx=1\r\ny=2\r\n\r\n[B]\r\n");
     EXPECT_EQ(afterSet(u"[A]", u"A", u"y", u"2"), "[A]\r\ny=2\r\n");
 }
 
-TEST(IniEditorTest, AnExistingKeyChangesWhereItStands) {
+TEST(IniEditorTest, AnExistingKeyChangesInPlace) {
     EXPECT_EQ(afterSet(u"[A]\r\nX = 1\r\ny=2\r\n", u"A", u"x", u"9"), "[A]\r\nX=9\r\ny=2\r\n");
     EXPECT_EQ(afterSet(u"[A]\r\nx=1\r\nx=2\r\n[A]\r\nx=3\r\n", u"A", u"x", u"9"),
               "[A]\r\nx=9\r\nx=2\r\n[A]\r\nx=3\r\n");
@@ -70,7 +70,7 @@ TEST(IniEditorTest, ALineEndInAValueBecomesABlank) {
     EXPECT_EQ(afterSet(u"", u"A", u"x", u"1\r\n[B]\ny=2"), "[A]\r\nx=1  [B] y=2\r\n");
 }
 
-TEST(IniEditorTest, ARemovedSectionTakesItsLinesAlongUpToTheNext) {
+TEST(IniEditorTest, RemovingASectionRemovesItsLinesUpToTheNext) {
     IniEditor edit(u"[A]\r\nx=1\r\n; note\r\n\r\n[B]\r\ny=2\r\n[a]\r\nx=3\r\n");
     edit.removeSection(u"A");
     edit.removeSection(u"None");
@@ -84,7 +84,7 @@ TEST(IniEditorTest, ARemovedSectionTakesItsLinesAlongUpToTheNext) {
     EXPECT_EQ(narrow(edit.compose()), "[B]\r\ny=2\r\n[A]\r\nx=5\r\n");
 }
 
-TEST(IniEditorTest, TakesManyKeysOfManySections) {
+TEST(IniEditorTest, SetsManyKeysOfManySections) {
     IniEditor edit(u"");
     std::string expected;
     for (int i = 0; i < 10000; ++i) {
@@ -105,7 +105,7 @@ TEST(IniEditorTest, WriteIniValueKeepsTheEncodingOfTheFile) {
     EXPECT_EQ(files.files[u"/a"], "[A]\r\nx=\xE9\r\ny=\x80?\r\n");
 }
 
-TEST(IniEditorTest, WriteIniValueCreatesAMissingFileWithoutMark) {
+TEST(IniEditorTest, WriteIniValueCreatesAMissingFileWithoutAByteOrderMark) {
     FakeFiles files;
     FakeCodePages codePages;
     WriteIniValue(u"A", u"x", u"1", u"/a", files, codePages);
@@ -119,7 +119,7 @@ TEST(IniEditorTest, WriteIniValueTextsEndAtTheirFirstNul) {
     EXPECT_EQ(files.files[u"/a"], "[A]\r\nx=1\r\n");
 }
 
-TEST(IniEditorTest, WriteIniValueAFileThatCannotBeReadOrWrittenStaysAsItWas) {
+TEST(IniEditorTest, WriteIniValueKeepsAFileThatCannotBeReadOrWritten) {
     FakeFiles files;
     FakeCodePages codePages;
     files.files[u"/a"] = "[A]\r\nx=1\r\n";

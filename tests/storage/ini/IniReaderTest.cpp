@@ -37,7 +37,7 @@ TEST(IniReaderTest, BlanksAroundNamesAndValuesAreDropped) {
     EXPECT_EQ(get(u"  [ A ]  \r\n\t x =  1 2\t\r\n", u"A", u"x"), "1 2");
 }
 
-TEST(IniReaderTest, ASectionsLineHoldsNothingButItsName) {
+TEST(IniReaderTest, TextAfterASectionNameIsIgnored) {
     EXPECT_EQ(get(u"[A] x=1\r\nx=2\r\n", u"A", u"x"), "2");
     EXPECT_EQ(get(u"[A\tB\v]\nx=1", u"a\tb\v", u"x"), "1") << "controls are part of a name";
     EXPECT_EQ(get(u"y=[A]\n;[A]\n [A\n[A]\nx=1", u"A", u"x"), "1") << "a bracket that begins no section";
@@ -68,7 +68,7 @@ TEST(IniReaderTest, OnePairOfEqualQuotesIsDropped) {
     EXPECT_EQ(get(u"[A]\r\nx=\"\"", u"A", u"x"), "");
 }
 
-TEST(IniReaderTest, TheFirstSectionAndTheFirstKeyOfANameWin) {
+TEST(IniReaderTest, OfDuplicateNamesTheFirstCounts) {
     const std::u16string text = u"[A]\r\nx=1\r\nX=2\r\n[B]\r\nx=3\r\n[a]\r\nx=4\r\nz=5\r\n";
     EXPECT_EQ(get(text, u"A", u"x"), "1");
     EXPECT_EQ(get(text, u"A", u"z"), "") << "a second section of the name does not continue the first";
@@ -88,7 +88,7 @@ TEST(IniReaderTest, ALineThatIsNeitherSectionNorKeyIsSkipped) {
     EXPECT_EQ(get(text, u"A", u""), "");
 }
 
-TEST(IniReaderTest, ANulInALineIsNoError) {
+TEST(IniReaderTest, ANulInALineIsKept) {
     const std::u16string text = u"[A]\r\nx=1\r\n\0\r\n[kvt update end]\r\n[B]\r\ny=a\0b\r\n"s;
     EXPECT_EQ(get(text, u"A", u"x"), "1");
     IniReader profile(text);
@@ -128,7 +128,7 @@ TEST(IniReaderTest, FindsEverySectionOfALargeFile) {
     EXPECT_EQ(wrong, 0);
 }
 
-TEST(IniReaderTest, AFileWithTheMarkIsUtf16AndAnyOtherAnsi) {
+TEST(IniReaderTest, AFileWithAByteOrderMarkIsUtf16AnyOtherAnsi) {
     FakeFiles files;
     FakeCodePages codePages;
     files.files[u"/u"] = "\xFF\xFE[\0A\0]\0\n\0x\0=\0\x2D\x4E"s;

@@ -2,7 +2,7 @@
 
 #include "storage/ini/IniSyntax.h"
 
-TEST(IniSyntaxTest, AllLettersFromAToZFoldAndNothingElse) {
+TEST(IniSyntaxTest, OnlyTheLettersAToZAreFolded) {
     for (char16_t capital = u'A'; capital <= u'Z'; ++capital) {
         const auto small = static_cast<char16_t>(capital - u'A' + u'a');
         EXPECT_TRUE(sameName({&capital, 1}, {&small, 1})) << static_cast<char>(capital);
@@ -11,7 +11,7 @@ TEST(IniSyntaxTest, AllLettersFromAToZFoldAndNothingElse) {
     EXPECT_FALSE(sameName(u"[", u"{"));
 }
 
-TEST(IniSyntaxTest, TheEndOfALineIsNotLookedForBehindTheText) {
+TEST(IniSyntaxTest, TheEndOfALineIsNotSearchedPastTheText) {
     const std::u16string_view text = u"a\r\n";
     EXPECT_EQ(findLineEnd(text, 0).next, 3U);
     EXPECT_EQ(findLineEnd(text.substr(0, 2), 0).next, 2U) << "the LF is not part of the text";

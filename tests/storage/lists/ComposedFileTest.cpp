@@ -3,7 +3,7 @@
 #include "storage/lists/ComposedFile.h"
 #include "storage/text/Utf8.h"
 
-TEST(ComposedFileTest, PartByPartGivesTheBytesOfTheWhole) {
+TEST(ComposedFileTest, EncodingInPartsGivesTheSameBytes) {
     std::u16string whole = u" \r\n";
     ComposedFile file(whole, 10'000);
     for (int record = 0; record < 2000; ++record) {
@@ -19,7 +19,7 @@ TEST(ComposedFileTest, PartByPartGivesTheBytesOfTheWhole) {
     EXPECT_EQ(file.takeBytes(), toUtf8(whole));
 }
 
-TEST(ComposedFileTest, AShortOneIsItsStart) {
+TEST(ComposedFileTest, AShortFileConsistsOfItsStart) {
     ComposedFile file(u"[x]\r\n", 0);
     file.endRecord();
     EXPECT_EQ(file.takeBytes(), "[x]\r\n");

@@ -2,7 +2,7 @@
 
 #include "storage/lists/ListContent.h"
 
-TEST(ListContentTest, ASectionBeginsALine) {
+TEST(ListContentTest, ASectionStartsALine) {
     for (const char* const bytes : {"[", "[x]", " \r\n[Total]", "\xEF\xBB\xBF[Total]", "a\n\n \t[b", "\r[c"}) {
         EXPECT_TRUE(ListContent::hasSection(bytes)) << bytes;
     }
@@ -13,7 +13,7 @@ TEST(ListContentTest, ASectionBeginsALine) {
     }
 }
 
-TEST(ListContentTest, ARecordIsASectionOfAnyOfTheLists) {
+TEST(ListContentTest, ARecordIsASectionOfAnyList) {
     for (const char* const bytes :
          {"[DRMSchedule0]", "[Total]\r\n[AMSchedule12]\r\n", "[fmschedule9]", " [ FAVSCHEDULE1 ]"}) {
         EXPECT_TRUE(ListContent::hasRecord(bytes)) << bytes;

@@ -52,7 +52,7 @@ const std::u16string kThreeLists =
 
 }  // namespace
 
-TEST_F(ListLoaderTest, AddsTheColumnsOfEachListOnDemand) {
+TEST_F(ListLoaderTest, AddsTheColumnsOfEachListOnRequest) {
     loadAll(true);
     const auto captions = [](const RowStore& grid) {
         std::string text;
@@ -96,7 +96,7 @@ TEST_F(ListLoaderTest, FillsEveryList) {
     EXPECT_EQ(rowsOf(favourites, 3), (Rows{{u"A", u"6095  kHz", u"DRM"}, {u"B", u"98.5  MHz", u"FM"}}));
 }
 
-TEST_F(ListLoaderTest, AMissingWorkingCopyLeavesTheGridAsItIs) {
+TEST_F(ListLoaderTest, AMissingWorkingCopyKeepsTheGrid) {
     drm.appendRow({u"kept"});
     loadAll();
     EXPECT_EQ(drm.rowCount(), 1);
@@ -189,7 +189,7 @@ TEST_F(ListLoaderTest, AWrongFrequencyIsKeptAsTextInTheAmAndDrmLists) {
     EXPECT_EQ(loadDrm(u"[Total]\ndrmnumber=1\n[DRMSchedule0]\nFrequency=none\n")[0][1], u"none");
 }
 
-TEST_F(ListLoaderTest, FavouritesCarryTheirUnit) {
+TEST_F(ListLoaderTest, FavouritesShowTheirUnit) {
     EXPECT_EQ(loadFavourite(u"100000", u"FM"), (Rows{{u"P", u"100  MHz", u"FM"}}));
     EXPECT_EQ(loadFavourite(u"999", u"AM"), (Rows{{u"P", u"999  kHz", u"AM"}}));
     EXPECT_EQ(loadFavourite(u"6095 kHz", u"DRM"), (Rows{{u"P", u"6095  kHz", u"DRM"}}));
@@ -208,7 +208,7 @@ TEST_F(ListLoaderTest, SettingsAreReadExceptTheIndex) {
     EXPECT_EQ(settings.LastIndex, u"1");
 }
 
-TEST_F(ListLoaderTest, AMissingOrEmptySettingLeavesTheRememberedOne) {
+TEST_F(ListLoaderTest, AMissingOrEmptySettingKeepsTheRememberedOne) {
     settings.LastName = u"earlier";
     userFile() = utf16File(u"[Version]\r\nmajor=\r\n[LAST]\r\nStation= \r\nname=\"\"\r\n");
     loader.LoadFavList(false);
@@ -225,7 +225,7 @@ TEST_F(ListLoaderTest, ValuesEndAtTheirFirstNulAndAfter254Units) {
     EXPECT_EQ(rows[0][3], std::u16string(254, u't'));
 }
 
-TEST_F(ListLoaderTest, KeysMayStandInAnyCaseAndOrderWithAnyLineEnd) {
+TEST_F(ListLoaderTest, KeysMayHaveAnyCaseOrderAndLineEnd) {
     for (const std::u16string_view lineEnd : {u"\n", u"\r", u"\r\n"}) {
         std::u16string text;
         for (const std::u16string_view line :
@@ -251,7 +251,7 @@ TEST_F(ListLoaderTest, OneLoadReadsEachFileOnce) {
     EXPECT_EQ(files.accesses, (std::vector<std::string>{"read /k7/List.ini", "read /k7/User.ini"}));
 }
 
-TEST_F(ListLoaderTest, ALaterLoadSeesTheFileAsItIsThen) {
+TEST_F(ListLoaderTest, ALaterLoadReadsTheFileAgain) {
     listFile() = utf16File(kThreeLists);
     loadAll();
     clearAll();
@@ -268,7 +268,7 @@ TEST_F(ListLoaderTest, ALaterLoadSeesTheFileAsItIsThen) {
     EXPECT_EQ(drm.rowCount(), 4) << "asked for the same list again";
 }
 
-TEST_F(ListLoaderTest, GivenContentsAreLoadedOnceInsteadOfTheFiles) {
+TEST_F(ListLoaderTest, GivenBytesAreLoadedOnceInsteadOfTheFiles) {
     listFile() = utf16File(u"[Total]\r\ndrmnumber=2\r\n");
     userFile() = utf16File(u"[Total]\r\nfavnumber=2\r\n");
     loader.LoadDrmList(false);
@@ -288,7 +288,7 @@ TEST_F(ListLoaderTest, GivenContentsAreLoadedOnceInsteadOfTheFiles) {
     EXPECT_EQ(favourites.rowCount(), 2);
 }
 
-TEST_F(ListLoaderTest, ContentsMayBeGivenOfOneFileOnly) {
+TEST_F(ListLoaderTest, BytesMayBeGivenForOneFileOnly) {
     listFile() = utf16File(kThreeLists);
     loader.loadFrom({std::nullopt, utf16File(u"[Total]\r\nfavnumber=1\r\n")});
     loadAll(false);
@@ -296,7 +296,7 @@ TEST_F(ListLoaderTest, ContentsMayBeGivenOfOneFileOnly) {
     EXPECT_EQ(favourites.rowCount(), 1);
 }
 
-TEST_F(ListLoaderTest, ForgottenFilesAreReadAnew) {
+TEST_F(ListLoaderTest, ForgottenFilesAreReadAgain) {
     listFile() = utf16File(kThreeLists);
     loader.LoadDrmList(false);
     listFile() = utf16File(u"[Total]\r\namnumber=2\r\n");

@@ -61,7 +61,7 @@ protected:
 
 }  // namespace
 
-TEST_F(ListRoundTripTest, WhatIsSavedLoadsAsTheSameRowsAndSavesAsTheSameBytes) {
+TEST_F(ListRoundTripTest, SavedListsLoadAsTheSameRowsAndSaveAsTheSameBytes) {
     createWorkingCopy(copies.ListFilePath, files, codePages);
     createWorkingCopy(copies.UserFilePath, files, codePages);
     for (int round = 0; round < 100; ++round) {
@@ -77,7 +77,7 @@ TEST_F(ListRoundTripTest, WhatIsSavedLoadsAsTheSameRowsAndSavesAsTheSameBytes) {
     }
 }
 
-TEST_F(ListRoundTripTest, AnyCellsAreStableAfterTheFirstLoad) {
+TEST_F(ListRoundTripTest, CellsAreStableAfterTheFirstLoad) {
     createWorkingCopy(copies.ListFilePath, files, codePages);
     createWorkingCopy(copies.UserFilePath, files, codePages);
     drm.appendRow({u"  blanks ", u"'quoted'", u"two\r\nlines", std::u16string(400, u'x')});
@@ -94,7 +94,7 @@ TEST_F(ListRoundTripTest, AnyCellsAreStableAfterTheFirstLoad) {
     EXPECT_EQ(files.files, saved);
 }
 
-TEST_F(ListRoundTripTest, AListOfAllSixteenBitsIsKept) {
+TEST_F(ListRoundTripTest, AListOf32767RecordsIsKept) {
     createWorkingCopy(copies.ListFilePath, files, codePages);
     for (int row = 0; row < 32767; ++row) {
         drm.appendRow({decimal(row)});

@@ -128,7 +128,7 @@ TEST_F(ListSaverTest, WritesUserIniByteForByte) {
               "\r\n[kvt update end]\r\n");
 }
 
-TEST_F(ListSaverTest, ANulStandsBeforeTheMarkerOnlyAfterAnOddText) {
+TEST_F(ListSaverTest, ANulPrecedesTheMarkerOnlyAfterAnOddLength) {
     saver.SaveLists();
     const std::string empty = " \r\n[Total]\r\ndrmnumber=0\r\namnumber=0\r\nfmnumber=0\r\n";
     ASSERT_EQ(empty.size() % 2, 1U);
@@ -269,7 +269,7 @@ TEST_F(ListSaverTest, AReadOnlyWorkingCopyIsMadeWritable) {
     EXPECT_TRUE(listFile().starts_with(" \r\n[Total]"));
 }
 
-TEST_F(ListSaverTest, AFaultLeavesWholeOldFilesAndNothingBeside) {
+TEST_F(ListSaverTest, AFailureKeepsTheOldFilesAndLeavesNoTemporaryFile) {
     saver.SaveLists();
     const auto old = files.files;
     for (const std::u16string_view fault :
@@ -290,7 +290,7 @@ TEST_F(ListSaverTest, AFaultLeavesWholeOldFilesAndNothingBeside) {
     EXPECT_TRUE(saver.ListsSaved());
 }
 
-TEST_F(ListSaverTest, AFavouriteWithoutUnitLeavesUserIniAsItWas) {
+TEST_F(ListSaverTest, AFavouriteWithoutUnitKeepsUserIniUnchanged) {
     drm.appendRow({u"saved all the same"});
     favourites.appendRow({u"a", u"6095  kHz", u"AM"});
     favourites.appendRow({u"b", u"9kHz", u"AM"});

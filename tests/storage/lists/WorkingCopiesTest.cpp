@@ -26,7 +26,7 @@ protected:
 
 }  // namespace
 
-TEST_F(WorkingCopiesTest, ANewOneHoldsOneBlank) {
+TEST_F(WorkingCopiesTest, ANewWorkingCopyContainsOneBlank) {
     createWorkingCopy(kPath, files, codePages);
     EXPECT_EQ(files.files[kPath], "\xEF\xBB\xBF\x20");
     EXPECT_TRUE(convertWorkingCopy(kPath, files));
@@ -51,7 +51,7 @@ TEST_F(WorkingCopiesTest, TheEncodingIsNotGuessed) {
               "a\0\0\0"s);
 }
 
-TEST_F(WorkingCopiesTest, TheTextLayerConvertsAnyBytesToTheSame) {
+TEST_F(WorkingCopiesTest, TheTextLayerConvertsToTheSameBytes) {
     static constexpr std::array<std::string_view, 12> kPieces = {
         "\xEF\xBB\xBF", "\xFF\xFE",     "\xFE\xFF",         std::string_view("\0", 1),
         "\xE4\xB8",     "\xE4\xB8\xAD", "\xF0\x9F\x93\xBB", "\xED\xA0\x80",
@@ -83,7 +83,7 @@ TEST_F(WorkingCopiesTest, AMissingFileStaysMissing) {
     EXPECT_TRUE(files.files.empty());
 }
 
-TEST_F(WorkingCopiesTest, AFaultLeavesTheFileAsItWas) {
+TEST_F(WorkingCopiesTest, AFailureKeepsTheFile) {
     files.failing = {kPath};
     EXPECT_FALSE(convert("abc"));
     EXPECT_EQ(files.files[kPath], "abc") << "could not be read";
@@ -105,14 +105,14 @@ TEST_F(WorkingCopiesTest, AFileOf31BitsIsRead) {
     EXPECT_EQ(readWorkingCopy(kPath, files), "x");
 }
 
-TEST_F(WorkingCopiesTest, AConversionCanBeUndone) {
+TEST_F(WorkingCopiesTest, AConversionIsReversible) {
     for (const std::string bytes : {"", "abc", "[A]\r\nx=\xE4\xB8\xAD\r\n"}) {
         EXPECT_EQ(unconvertedWorkingCopy(convertedWorkingCopy(bytes)), bytes);
         EXPECT_EQ(unconvertedWorkingCopy(bytes), bytes) << "nothing to undo";
     }
 }
 
-TEST_F(WorkingCopiesTest, AFailedReadingIsTriedTwiceMore) {
+TEST_F(WorkingCopiesTest, AFailedReadIsRetriedTwice) {
     files.files[kPath] = "x";
     files.failing = {kPath};
     EXPECT_EQ(readWorkingCopy(kPath, files), std::nullopt);

@@ -20,7 +20,7 @@ protected:
 
 }  // namespace
 
-TEST_F(BackupTest, TheTimeIsInTheName) {
+TEST_F(BackupTest, TheNameContainsTheTime) {
     backup.keep(u"List.ini", "a");
     clock.time = {2027, 1, 2, 3, 4, 5};
     backup.keep(u"List.ini", "b");
@@ -30,7 +30,7 @@ TEST_F(BackupTest, TheTimeIsInTheName) {
     EXPECT_EQ(content(u"List-20270102T030405Z.ini"), "b");
 }
 
-TEST_F(BackupTest, WhatTheNewestHoldsIsNotKeptAgain) {
+TEST_F(BackupTest, UnchangedContentIsNotKeptAgain) {
     backup.keep(u"List.ini", "a");
     backup.keep(u"List.ini", "a");
     EXPECT_EQ(names().size(), 1U);
@@ -39,7 +39,7 @@ TEST_F(BackupTest, WhatTheNewestHoldsIsNotKeptAgain) {
     EXPECT_EQ(names().size(), 3U) << "only the newest counts";
 }
 
-TEST_F(BackupTest, OneSecondMayHoldMany) {
+TEST_F(BackupTest, SeveralCopiesOfOneSecondAreNumbered) {
     for (int i = 0; i < 12; ++i) {
         backup.keep(u"List.ini", std::to_string(i));
     }
@@ -50,7 +50,7 @@ TEST_F(BackupTest, OneSecondMayHoldMany) {
     EXPECT_EQ(names().size(), 12U) << "the twelfth is newer than the second";
 }
 
-TEST_F(BackupTest, AClockSetBackMakesNoCopyLookOld) {
+TEST_F(BackupTest, AfterAClockIsSetBackNewCopiesStillSortLast) {
     backup.keep(u"List.ini", "a");
     clock.time.year = 2020;
     backup.keep(u"List.ini", "b");
@@ -71,7 +71,7 @@ TEST_F(BackupTest, TheNewestThirtyStay) {
     EXPECT_EQ(content(names().back()), "99");
 }
 
-TEST_F(BackupTest, FilesOfTheUserAreLeftAlone) {
+TEST_F(BackupTest, OtherFilesAreNotTouched) {
     const Names own = {u"List-.ini",
                        u"List-20261120T224501Z-.ini",
                        u"List-20261120T224501Z-x.ini",

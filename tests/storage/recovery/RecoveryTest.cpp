@@ -31,7 +31,7 @@ protected:
 
 }  // namespace
 
-TEST_F(RecoveryTest, NothingIsFoundWhereNothingWasKept) {
+TEST_F(RecoveryTest, WithoutASnapshotNothingIsFound) {
     EXPECT_EQ(found(), std::nullopt);
     EXPECT_TRUE(files.folders.empty()) << "looking makes no folder";
 }
@@ -44,13 +44,13 @@ TEST_F(RecoveryTest, TheNewestIsFound) {
     EXPECT_EQ(files.files.size(), 2U);
 }
 
-TEST_F(RecoveryTest, TheSameIsNotWrittenAgain) {
+TEST_F(RecoveryTest, AnUnchangedSnapshotIsNotWrittenAgain) {
     recovery.keep(one);
     recovery.keep(one);
     EXPECT_EQ(writes(), 1);
 }
 
-TEST_F(RecoveryTest, WhatAKilledRunHasLeftIsWrittenOnceMore) {
+TEST_F(RecoveryTest, TheSnapshotOfAKilledRunIsWrittenAgain) {
     recovery.keep(one);
     // Interrupted before the flush: the snapshot survives a kill, but not a power cut.
     files.write(kFirst, std::string(files.files[kFirst]), Flush::Later);
@@ -63,7 +63,7 @@ TEST_F(RecoveryTest, WhatAKilledRunHasLeftIsWrittenOnceMore) {
     EXPECT_EQ(found(), one);
 }
 
-TEST_F(RecoveryTest, ALaterRunCountsOn) {
+TEST_F(RecoveryTest, ALaterRunContinuesTheNumbering) {
     recovery.keep(one);
     recovery.keep(two);
     Recovery next(u"/app/", files);
@@ -72,7 +72,7 @@ TEST_F(RecoveryTest, ALaterRunCountsOn) {
     EXPECT_EQ(found(), three);
 }
 
-TEST_F(RecoveryTest, ATornOneGivesWayToTheOneBefore) {
+TEST_F(RecoveryTest, ATornSnapshotIsSkippedForThePreviousOne) {
     recovery.keep(one);
     recovery.keep(two);
     const std::string whole = files.files[kSecond];
@@ -82,7 +82,7 @@ TEST_F(RecoveryTest, ATornOneGivesWayToTheOneBefore) {
     }
 }
 
-TEST_F(RecoveryTest, ADamagedOneGivesWayToTheOneBefore) {
+TEST_F(RecoveryTest, ADamagedSnapshotIsSkippedForThePreviousOne) {
     recovery.keep(one);
     recovery.keep(two);
     const std::string whole = files.files[kSecond];
@@ -95,7 +95,7 @@ TEST_F(RecoveryTest, ADamagedOneGivesWayToTheOneBefore) {
     EXPECT_EQ(found(), one) << "too long";
 }
 
-TEST_F(RecoveryTest, AFailedWriteNeverTouchesTheNewestWholeOne) {
+TEST_F(RecoveryTest, AFailedWriteKeepsTheNewestWholeSnapshot) {
     recovery.keep(one);
     recovery.keep(two);
     files.failing = {kFirst};
@@ -107,7 +107,7 @@ TEST_F(RecoveryTest, AFailedWriteNeverTouchesTheNewestWholeOne) {
     EXPECT_EQ(found(), three);
 }
 
-TEST_F(RecoveryTest, AFileOfWhichNothingIsKnownStaysAsKeptLast) {
+TEST_F(RecoveryTest, AFileWithoutBytesStaysAsLastKept) {
     recovery.keep({"list 1", std::nullopt});
     EXPECT_EQ(found(), (WorkingCopyBytes{"list 1", std::nullopt}));
     recovery.keep(two);
@@ -117,7 +117,7 @@ TEST_F(RecoveryTest, AFileOfWhichNothingIsKnownStaysAsKeptLast) {
     EXPECT_EQ(found(), (WorkingCopyBytes{"", ""})) << "empty is known";
 }
 
-TEST_F(RecoveryTest, AFolderThatCannotBeMadeAtFirstIsTriedAgain) {
+TEST_F(RecoveryTest, CreatingTheFolderIsRetriedAtTheNextSnapshot) {
     files.failing = {u"/app/Recovery"};
     EXPECT_FALSE(recovery.keep(one));
     files.failing.clear();
@@ -125,7 +125,7 @@ TEST_F(RecoveryTest, AFolderThatCannotBeMadeAtFirstIsTriedAgain) {
     EXPECT_EQ(found(), one);
 }
 
-TEST_F(RecoveryTest, TheNewestStaysAlone) {
+TEST_F(RecoveryTest, OnlyTheNewestIsKept) {
     recovery.keep(one);
     recovery.keepNewestOnly();
     EXPECT_EQ(found(), one);
@@ -138,7 +138,7 @@ TEST_F(RecoveryTest, TheNewestStaysAlone) {
     EXPECT_EQ(found(), one);
 }
 
-TEST_F(RecoveryTest, ASnapshotSaysWhatTheRunMayLeave) {
+TEST_F(RecoveryTest, ASnapshotRecordsTheStatesThatTheRunMayLeave) {
     recovery.mayLeave(ListFileId::List, FileState::of("found"));
     recovery.mayLeave(ListFileId::List, FileState::of("converted"));
     recovery.mayLeave(ListFileId::User, FileState());
@@ -162,7 +162,7 @@ TEST_F(RecoveryTest, ASnapshotSaysWhatTheRunMayLeave) {
     EXPECT_TRUE(snapshot->leaves(ListFileId::List, FileState::of("found")));
 }
 
-TEST_F(RecoveryTest, TheNameOfEachSlotOutlivesAPowerCut) {
+TEST_F(RecoveryTest, TheNameOfEachSlotSurvivesAPowerCut) {
     const auto lose = [this] { files.cutPower([](std::u16string_view) { return FakeFiles::Fate::Old; }); };
     recovery.keep(one);
     lose();
@@ -172,7 +172,7 @@ TEST_F(RecoveryTest, TheNameOfEachSlotOutlivesAPowerCut) {
     EXPECT_EQ(found(), two);
 }
 
-TEST_F(RecoveryTest, AFolderThatIsALinkIsNotWrittenInto) {
+TEST_F(RecoveryTest, ALinkInPlaceOfTheFolderIsNotFollowed) {
     files.files[u"/app/Recovery"] = "not a folder";
     EXPECT_FALSE(recovery.keep(one));
     EXPECT_EQ(files.files.size(), 1U);
@@ -219,7 +219,7 @@ std::string ofFirstVersion(std::string file) {
 
 }  // namespace
 
-TEST(RecoveryTestSnapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
+TEST(RecoveryTestSnapshot, LengthsBeyondTheEndAreRejected) {
     std::string file = encodeSnapshot({7, {"list", "user"}, {}});
     ASSERT_TRUE(decodeSnapshot(file));
     EXPECT_EQ(decodeSnapshot(file)->number, 7U);
@@ -236,7 +236,7 @@ TEST(RecoveryTestSnapshot, AWholeOneWithLengthsBeyondItsEndIsRefused) {
     EXPECT_TRUE(decodeSnapshot(withChecksum(file)));
 }
 
-TEST(RecoveryTestSnapshot, OneOfTheFirstVersionIsRead) {
+TEST(RecoveryTestSnapshot, TheFormatOfTheFirstVersionIsRead) {
     const WorkingCopyBytes bytes{"the list", std::nullopt};
     std::string file = ofFirstVersion(encodeSnapshot({7, bytes, {}}));
     ASSERT_TRUE(decodeSnapshot(file));
@@ -246,13 +246,13 @@ TEST(RecoveryTestSnapshot, OneOfTheFirstVersionIsRead) {
     EXPECT_EQ(decodeSnapshot(file), std::nullopt);
 }
 
-TEST(RecoveryTestSnapshot, UnknownIsALengthOfAllOnes) {
+TEST(RecoveryTestSnapshot, AnUnknownLengthIsStoredAsAllOnes) {
     const std::string file = encodeSnapshot({7, {std::nullopt, "user"}, {}});
     EXPECT_EQ(file.substr(16, 8), std::string(8, '\xFF'));
     EXPECT_EQ(file.substr(24, 8), std::string("\4\0\0\0\0\0\0\0", 8));
 }
 
-TEST(RecoveryTestSnapshot, OneOfTheSecondVersionIsRead) {
+TEST(RecoveryTestSnapshot, TheFormatOfTheSecondVersionIsRead) {
     const WorkingCopyBytes bytes{std::nullopt, "the favourites"};
     const std::string file = ofSecondVersion(encodeSnapshot({8, bytes, {}}));
     ASSERT_TRUE(decodeSnapshot(file));
@@ -260,7 +260,7 @@ TEST(RecoveryTestSnapshot, OneOfTheSecondVersionIsRead) {
     EXPECT_EQ(decodeSnapshot(file)->bytes, bytes);
 }
 
-TEST(RecoveryTestSnapshot, MoreStatesThanItHoldsAreRefused) {
+TEST(RecoveryTestSnapshot, MoreStatesThanPresentAreRejected) {
     Snapshot snapshot{7, {"list", "user"}, {}};
     snapshot.left.list = {FileState::of("a"), FileState::of("b")};
     snapshot.left.user = {FileState()};
@@ -277,7 +277,7 @@ TEST(RecoveryTestSnapshot, MoreStatesThanItHoldsAreRefused) {
     }
 }
 
-TEST(RecoveryTestSnapshot, ChangesThatTouchTheSameBitOfTwoWordsAreFound) {
+TEST(RecoveryTestSnapshot, ChangesOfTheSameBitInTwoWordsAreDetected) {
     const std::string file = encodeSnapshot({7, {std::string(100, 'x'), std::string(3, 'y')}, {}});
     for (std::size_t first = 32; first < 40; ++first) {
         for (const int bit : {0, 3, 7}) {

@@ -9,7 +9,7 @@ namespace {
 
 std::string range(ListKind kind, double frequency) { return narrow(rangeFault(kind, frequency)); }
 
-TEST(FieldLimitsTest, BlankFaultTellsAnEmptyTextFromOneOfBlanks) {
+TEST(FieldLimitsTest, BlankFaultDistinguishesEmptyAndBlankTexts) {
     EXPECT_EQ(narrow(blankFault(u"")), "Input can't be empty");
     EXPECT_EQ(narrow(blankFault(u" ")), "Input can't be all space");
     EXPECT_EQ(narrow(blankFault(u"   ")), "Input can't be all space");
@@ -25,7 +25,7 @@ struct Limits {
     std::vector<double> outside;
 };
 
-TEST(FieldLimitsTest, RangeFaultTakesTheBoundsThemselvesAndNothingBeyondThem) {
+TEST(FieldLimitsTest, RangeFaultIncludesTheBounds) {
     const std::vector<Limits> all = {
         {ListKind::Drm, "Out of range: (150--30000) kHz", {150, 289, 30000}, {0, 149.9, 30000.1, 1e300}},
         {ListKind::Am,
@@ -43,7 +43,7 @@ TEST(FieldLimitsTest, RangeFaultTakesTheBoundsThemselvesAndNothingBeyondThem) {
     }
 }
 
-TEST(FieldLimitsTest, RangeFaultFavouritesHaveNoLimitsOfTheirOwn) {
+TEST(FieldLimitsTest, RangeFaultHasNoRangeForFavourites) {
     for (const double frequency : {0.0, 98.5, 1e300}) {
         EXPECT_EQ(range(ListKind::Favourite, frequency), "");
     }

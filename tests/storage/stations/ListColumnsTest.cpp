@@ -20,7 +20,7 @@
 
 using enum ListKind;
 
-TEST(ListColumnsTest, AListThatNoWindowShowsHasItsColumns) {
+TEST(ListColumnsTest, AListWithoutAWindowHasItsColumns) {
     RowStore rows;
     StationList list(ListKind::Drm, rows);
     addListColumns(list);
@@ -39,7 +39,7 @@ TEST(ListColumnsTest, AListInAWindowHasItsStandardWidths) {
     EXPECT_EQ(rows.columns()[3].width, 1000);
 }
 
-TEST(ListColumnsTest, EachListHasItsHeaderKeysOnceAndItsStoredPlacesWithoutGaps) {
+TEST(ListColumnsTest, HeaderKeysAreUniqueAndStoredPlacesHaveNoGaps) {
     for (const ListKind kind : kAllLists) {
         int places = 0;
         for (const ListColumn& column : columnsOf(kind)) {
@@ -56,7 +56,7 @@ TEST(ListColumnsTest, EachListHasItsHeaderKeysOnceAndItsStoredPlacesWithoutGaps)
     }
 }
 
-TEST(ListColumnsTest, AColumnOutsideTheTableIsNone) {
+TEST(ListColumnsTest, AColumnOutsideTheTableDoesNotExist) {
     EXPECT_EQ(columnAt(columnsOf(Drm), 0), nullptr);
     EXPECT_EQ(columnAt(columnsOf(Drm), -1), nullptr);
     EXPECT_EQ(columnAt(columnsOf(Drm), 5), nullptr);

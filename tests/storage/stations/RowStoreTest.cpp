@@ -26,7 +26,7 @@ TEST(RowStoreTest, RowsAndColumnsAreOneBasedAndAnythingOutsideIsEmpty) {
     EXPECT_EQ(rows.rowCount(), 1);
 }
 
-TEST(RowStoreTest, ColumnsThatAreNotThereAreNeitherWidenedNorDragged) {
+TEST(RowStoreTest, MissingColumnsAreNeitherResizedNorDragged) {
     RowStore rows;
     rows.addColumn(u"Programme", u"PROG", 100);
     rows.setColumnWidth(1, 150);
@@ -86,7 +86,7 @@ TEST(RowStoreTest, PartsOfAnExpectedTextAreNotCopied) {
     EXPECT_EQ(*text, u"Programme=Radio;Frequency=6000");
 }
 
-TEST(RowStoreTest, RowsOfAnEarlierTextStayWhenAnotherIsExpected) {
+TEST(RowStoreTest, RowsOfAnEarlierTextSurviveTheNextExpectRows) {
     RowStore rows;
     for (const char16_t* content : {u"one", u"seven"}) {
         const auto text = std::make_shared<const std::u16string>(content);

@@ -31,7 +31,7 @@ TEST(NumbersTest, LeadingNumberIgnoresWhatFollows) {
     EXPECT_EQ(leadingNumber(u"1 2"), 1);
 }
 
-TEST(NumbersTest, LeadingNumberNoneGivesZero) {
+TEST(NumbersTest, LeadingNumberWithoutDigitsIsZero) {
     EXPECT_EQ(leadingNumber(u""), 0);
     EXPECT_EQ(leadingNumber(u"   "), 0);
     EXPECT_EQ(leadingNumber(u"abc"), 0);
@@ -67,7 +67,7 @@ TEST(NumbersTest, ShortestDecimalReadsBackToTheSameDouble) {
     }
 }
 
-TEST(NumbersTest, ShortestDecimalOfWhatIsNoNumberIsStillANumber) {
+TEST(NumbersTest, ShortestDecimalOfNanAndInfinityIsANumber) {
     EXPECT_EQ(narrow(shortestDecimal(std::nan(""))), "0");
     EXPECT_EQ(leadingNumber(shortestDecimal(std::numeric_limits<double>::infinity())),
               std::numeric_limits<double>::max());
@@ -81,7 +81,7 @@ TEST(NumbersTest, RoundToInt16TiesGoToEven) {
     EXPECT_EQ(roundToInt16(2.51), 3);
 }
 
-TEST(NumbersTest, RoundToInt16OutsideItsRangeIsNothing) {
+TEST(NumbersTest, RoundToInt16OutsideTheRangeIsNullopt) {
     EXPECT_EQ(roundToInt16(32767.4), 32767);
     EXPECT_EQ(roundToInt16(32767.5), std::nullopt);
     EXPECT_EQ(roundToInt16(-32768.5), -32768);

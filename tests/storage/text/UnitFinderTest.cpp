@@ -33,7 +33,7 @@ TEST(UnitFinderTest, EachPositionOfEachLengthIsFound) {
     }
 }
 
-TEST(UnitFinderTest, AllMatchesComeInOrder) {
+TEST(UnitFinderTest, AllMatchesAreFoundInOrder) {
     std::u16string text(50, u'x');
     const std::vector<std::size_t> marks = {0, 1, 7, 8, 15, 16, 30, 31, 32, 47, 49};
     for (const std::size_t mark : marks) {

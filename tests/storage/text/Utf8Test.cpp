@@ -140,7 +140,7 @@ TEST(Utf8Test, LoneSurrogatesAreReplaced) {
               "b");
 }
 
-TEST(Utf8Test, EveryCharacterComesBack) {
+TEST(Utf8Test, EveryCharacterSurvivesBothConversions) {
     for (char32_t c = 0; c <= 0x10FFFF; ++c) {
         if (c == 0xD800) {
             c = 0xE000;
@@ -157,7 +157,7 @@ TEST(Utf8Test, EveryCharacterComesBack) {
 }
 
 // Four-byte sequences from both ends of every range, with a letter on either side.
-TEST(Utf8Test, AnyBytesAreReadAsTheTableTells) {
+TEST(Utf8Test, AnyBytesAreDecodedByTheTable) {
     const std::string_view edges(
         "\0A\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3\xF4\xF5\xFF", 25);
     std::string bytes = "<1234>";
@@ -171,7 +171,7 @@ TEST(Utf8Test, AnyBytesAreReadAsTheTableTells) {
 }
 
 // A character after runs of letters of every length, and one truncated by the end of the text.
-TEST(Utf8Test, ALongTextIsReadAndWrittenWhole) {
+TEST(Utf8Test, ALongTextIsConvertedCompletely) {
     std::string bytes;
     std::u16string text;
     for (std::size_t run = 0; run < 40; ++run) {

@@ -118,7 +118,7 @@ TEST_F(mTextUTFTest, Utf16ReadingYieldsOneUnitMoreThanBytes) {
     EXPECT_EQ(read("", TextFormat::Utf16Le), u"\0"s);
 }
 
-TEST_F(mTextUTFTest, HalvingUndoesTheLongRead) {
+TEST_F(mTextUTFTest, HalvingReversesTheLongRead) {
     const std::u16string odd = read(
         "\xFF\xFE"
         "a\0b\0c\0d\0e\0"s,
@@ -146,7 +146,7 @@ TEST_F(mTextUTFTest, HalvesAreRoundedToEven) {
     EXPECT_EQ(half(9), 4U);
 }
 
-TEST_F(mTextUTFTest, AHalfOfNothingIsAFailureThatLeavesTheMark) {
+TEST_F(mTextUTFTest, AHalfOfNoUnitsFailsAndLeavesTheMark) {
     EXPECT_FALSE(write(u"x", TextFormat::Utf8, true, true));
     EXPECT_EQ(bytes(), "\xEF\xBB\xBF");
 }
@@ -163,7 +163,7 @@ TEST_F(mTextUTFTest, BigEndianIsSwappedBothWays) {
               "A\x4E\x2D"s);
 }
 
-TEST_F(mTextUTFTest, Utf32IsRefused) {
+TEST_F(mTextUTFTest, Utf32IsRejected) {
     EXPECT_EQ(read("\xFF\xFE\x00\x00"
                    "A\0\0\0"s,
                    TextFormat::Detect),
@@ -174,7 +174,7 @@ TEST_F(mTextUTFTest, Utf32IsRefused) {
     EXPECT_FALSE(write(u"A", TextFormat::Utf32Be));
 }
 
-TEST_F(mTextUTFTest, AFormatThatDoesNotExistTouchesNothing) {
+TEST_F(mTextUTFTest, AnUnknownFormatTouchesNothing) {
     EXPECT_EQ(read("abc", static_cast<TextFormat>(6)), u"");
     EXPECT_EQ(read("abc", static_cast<TextFormat>(-2)), u"");
     EXPECT_FALSE(write(u"x", static_cast<TextFormat>(6)));
@@ -188,7 +188,7 @@ TEST_F(mTextUTFTest, AMissingFileIsAnEmptyTextAndDetectsNothing) {
     EXPECT_EQ(format, TextFormat::Detect);
 }
 
-TEST_F(mTextUTFTest, ASizeOver31BitsIsRefusedWithoutReading) {
+TEST_F(mTextUTFTest, ASizeOver31BitsIsRejectedWithoutReading) {
     files.sizes[u"/huge"] = 0x80000000ULL;
     EXPECT_EQ(text.ReadTextFile(u"/huge", format), u"");
     EXPECT_TRUE(files.accesses.empty());
@@ -197,12 +197,12 @@ TEST_F(mTextUTFTest, ASizeOver31BitsIsRefusedWithoutReading) {
     EXPECT_EQ(files.accesses, std::vector<std::string>{"read /huge"});
 }
 
-TEST_F(mTextUTFTest, ABlankInUtf16HasTheBytesOfTheSeed) {
+TEST_F(mTextUTFTest, ABlankInUtf16HasTheInitialBytes) {
     EXPECT_TRUE(write(u" ", TextFormat::Utf16Le));
     EXPECT_EQ(bytes(), "\xFF\xFE\x20\x00"s);
 }
 
-TEST_F(mTextUTFTest, AnEmptyTextTruncatesToTheMark) {
+TEST_F(mTextUTFTest, AnEmptyTextLeavesTheMark) {
     EXPECT_TRUE(write(u"long text", TextFormat::Utf8));
     EXPECT_TRUE(write(u"", TextFormat::Utf8));
     EXPECT_EQ(bytes(), "\xEF\xBB\xBF");
@@ -252,13 +252,13 @@ TEST_F(mTextUTFTest, AppendingInAGivenFormatIsNotGuessed) {
     EXPECT_EQ(bytes(), "ab") << "one byte is content";
 }
 
-TEST_F(mTextUTFTest, AppendingToUtf32IsRefused) {
+TEST_F(mTextUTFTest, AppendingToUtf32IsRejected) {
     files.files[kPath] = "\xFF\xFE\x00\x00"s;
     EXPECT_FALSE(append(u"b", TextFormat::Detect));
     EXPECT_EQ(bytes(), "\xFF\xFE\x00\x00"s);
 }
 
-TEST_F(mTextUTFTest, AFileThatCannotBeWrittenStaysWhole) {
+TEST_F(mTextUTFTest, AFileThatCannotBeWrittenIsUnchanged) {
     files.files[kPath] = "old";
     files.readOnly.insert(kPath);
     EXPECT_FALSE(write(u"new", TextFormat::Utf8));
@@ -267,12 +267,12 @@ TEST_F(mTextUTFTest, AFileThatCannotBeWrittenStaysWhole) {
     EXPECT_EQ(files.files.size(), 1U) << "a temporary file is left";
 }
 
-TEST_F(mTextUTFTest, AnsiWritesWhatTheCodePageHas) {
+TEST_F(mTextUTFTest, AnsiWritesTheCharactersOfTheCodePage) {
     EXPECT_TRUE(write(u"€é中", TextFormat::Ansi));
     EXPECT_EQ(bytes(), "\x80\xE9?");
 }
 
-TEST_F(mTextUTFTest, AppendingToNoFileWithADefaultThatIsNoFormatCreatesAnEmptyOne) {
+TEST_F(mTextUTFTest, AppendingToAMissingFileWithAnUnknownDefaultCreatesAnEmptyFile) {
     for (const auto defaultFormat : {TextFormat::Detect, static_cast<TextFormat>(6), static_cast<TextFormat>(-2)}) {
         files.files.clear();
         EXPECT_TRUE(append(u"a", TextFormat::Detect, defaultFormat));
