@@ -5,7 +5,7 @@ if(HALCYON_WERROR)
   target_compile_options(halcyon_flags INTERFACE -Werror)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # GCC 12 optimizing takes "text" + std::string for an overlapping copy; the fault is its own.
+  # GCC 12 with optimisation mistakes "text" + std::string for an overlapping copy.
   target_compile_options(halcyon_flags INTERFACE -Wno-restrict)
 endif()
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
@@ -21,11 +21,11 @@ if(HALCYON_FUZZ)
   target_link_options(halcyon_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
-# What the system offers against exploited faults, in the programs that are given away. tests/hardening looks for it.
+# The protections of the system against exploits, for the released programs; checked by tests/hardening.
 if(NOT HALCYON_SANITIZE AND NOT HALCYON_FUZZ)
   target_compile_options(halcyon_flags INTERFACE -fstack-protector-strong $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
   if(WIN32)
-    # The compiler knows no control-flow guard for Windows.
+    # The compiler has no control-flow guard for Windows.
     target_link_options(halcyon_flags INTERFACE -fstack-protector-strong -Wl,--dynamicbase -Wl,--high-entropy-va
                                                 -Wl,--nxcompat)
   else()

@@ -1,4 +1,4 @@
-# Read by CPack for each kind of package; says which components it holds.
+# Read by CPack for each kind of package; selects its components.
 set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY TRUE)
 if(CPACK_GENERATOR STREQUAL "DEB")
   set(components system debian)

@@ -1,7 +1,7 @@
-# What is installed, and how it is packed: a .deb and a .tar.gz of the Qt program, a .zip of the Windows one. Components:
-# - "system": the folders of a Unix system, below any prefix; "debian" and "local" add what names the prefix
-# - "archive": what stands above those folders in the .tar.gz
-# - "portable": the one folder of the .zip
+# Installation and packages: a .deb and a .tar.gz of the Qt program, a .zip of the Windows one. Components:
+# - "system": the folders of a Unix system, below any prefix; "debian" and "local" add the files that contain the prefix
+# - "archive": the files above those folders in the .tar.gz
+# - "portable": the folder of the .zip
 set(HALCYON_HOMEPAGE "https://halcyon-k7.example.org" CACHE STRING "Where the project and its pictures are on the web")
 set(HALCYON_CONTACT "The Halcyon_K7 authors <authors@halcyon-k7.example.org>" CACHE STRING "Who maintains the packages")
 set(HALCYON_ID org.halcyon_k7.halcyon_k7)
@@ -23,7 +23,7 @@ set(made ${CMAKE_BINARY_DIR}/packaging)
 set(source ${PROJECT_SOURCE_DIR}/packaging)
 file(MAKE_DIRECTORY ${made})
 
-# The change log dates the version; a version that it does not list cannot be packed.
+# The change log has the date of the version; a version that is not listed there cannot be packaged.
 set(changelog ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${changelog} ${source}/releases ${PROJECT_SOURCE_DIR}/LICENSE)
 foreach(form IN ITEMS date metainfo debian)
@@ -123,10 +123,10 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION hamradio)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 if(NOT WIN32)
-  # Loaded by name, so the tool that lists the linked libraries misses it; the second name is that of Debian 13.
+  # Loaded by name, so the tool that lists linked libraries does not find it; the second name is Debian 13's.
   set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcurl4 (>= 7.88) | libcurl4t64")
 endif()
-# Names of stations come in every script; without these fonts those of East Asia and India show as boxes.
+# Station names contain any script; without these fonts those of East Asia and India appear as boxes.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
   "qt6-translations-l10n, fonts-wqy-zenhei | fonts-noto-cjk, fonts-lohit-deva | fonts-noto-core, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

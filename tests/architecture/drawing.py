@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Draws which folder includes which, from the sources, as the Mermaid drawing of docs/architecture.md.
 
-usage: drawing.py SRC PAGE           exits 1 when the drawing in the page is not that of the sources
+usage: drawing.py SRC PAGE           exits 1 if the drawing in the page differs from the sources
        drawing.py --write SRC PAGE   puts it into the page
 """
 import difflib

@@ -1,13 +1,13 @@
 #!/usr/bin/python3
-"""Checks who may include whom: a folder includes only folders that stand before it in FOLDERS, and no circle anywhere.
+"""Checks the includes: a folder includes only folders before it in FOLDERS, and there is no cycle.
 
-usage: include_rules.py SRC    prints every broken rule as FILE:LINE: RULE: text, exits 1 when there is one
+usage: include_rules.py SRC    prints every broken rule as FILE:LINE: RULE: text, exits 1 if there is one
 """
 import pathlib
 import re
 import sys
 
-# From the ground up. A folder includes only those before it and itself.
+# In order: a folder includes only those before it and itself.
 FOLDERS = (
     "platform",
     "platform/posix",
@@ -37,7 +37,7 @@ BACKENDS = {
 }
 # Headers of libraries that portable code may use.
 LIBRARIES = {"ctl": ("CLI/CLI.hpp", "nlohmann/json.hpp"), "sync": ("zlib.h",)}
-# What the user does to the lists knows no file format.
+# The commands on the lists know no file format.
 FORMATS = ("storage/ini", "storage/lists")
 WITHOUT_FORMATS = ("editing", "adding", "sync")
 MAX_LINES = 400

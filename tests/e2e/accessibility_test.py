@@ -1,4 +1,4 @@
-"""The window as screen readers and keyboard-only users meet it."""
+"""The window for screen readers and keyboard-only users."""
 import unittest
 
 import listfiles
@@ -53,7 +53,7 @@ class ByReader(ProgramCase):
         self.assert_closes(program)
         program = self.program(SAMPLE_LIST, SAMPLE_USER).start(environment={"QT_SCALE_FACTOR": "2"})
         self.assertEqual([(node.get_role(), spoken_name(node)) for node in tree(program.main_window())], plain)
-        # Qt reports the places of every program in pixels before scaling.
+        # Qt reports positions in pixels before scaling.
         x, y = middle_of(program.cell(2, 1))
         SESSION.xdotool("mousemove", 2 * x, 2 * y, "click", 1)
         program.wait(lambda: program.selected_rows() == [2], "the row under the pointer selected")

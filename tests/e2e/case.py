@@ -1,4 +1,4 @@
-"""What the test cases share: programs, volumes and servers that end with the test."""
+"""Shared by the test cases: programs, volumes and servers that end with the test."""
 import unittest
 
 from listfiles import SAMPLE_LIST, SAMPLE_USER

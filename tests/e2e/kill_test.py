@@ -1,7 +1,7 @@
 """Kills the program at random moments of edits and saves; each restart shows every finished edit.
 
-HALCYON_KILLS says how often (50) at least, HALCYON_SEED with which choices; a failure names its seed. There are more
-kills where the machine is so slow that hardly a command has been finished.
+HALCYON_KILLS is the minimum number of kills (50), HALCYON_SEED the seed, which a failure names. On a machine so slow
+that almost no command finishes there are more kills.
 """
 import os
 import random

@@ -121,7 +121,7 @@ class Scale(ProgramCase):
         for percent in (100, 150, 200):
             with self.subTest(f"{percent} %"):
                 program = self.sample_program_with({"QT_SCALE_FACTOR": str(percent / 100)})
-                # Accessibility tells places in the units before scaling; the pointer is left out for that.
+                # Accessibility reports positions before scaling, so the pointer is not used.
                 self.assertAlmostEqual(width_on_screen(program), 760 * percent / 100, delta=2)
                 self.assert_holds(program.main_window(), Atspi.Role.PAGE_TAB, Atspi.Role.TABLE)
                 program.keys("End", "Home", "Right", "Return")

@@ -1,7 +1,7 @@
 """A desktop for the tests: virtual screen, session bus with accessibility, window manager, private mounts.
 
-One per test process. Importing this module starts it, because the accessibility library reads the bus address
-when it is first loaded; it ends with the process.
+One per test process. Importing this module starts the desktop, because the accessibility library reads the bus
+address when it is loaded. The desktop ends with the process.
 """
 import atexit
 import ctypes

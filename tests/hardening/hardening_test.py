@@ -1,4 +1,4 @@
-"""The built program carries what its system offers against exploited faults."""
+"""Checks that the built program has the protections of its system against exploits."""
 import json
 import os
 import pathlib
