@@ -8,7 +8,7 @@ os.environ["HALCYON_SCREEN"] = "2048x1536"  # a window at 200 % has to fit
 from case import ProgramCase  # noqa: E402
 from nodes import Atspi, box_of, showing, text_of, tree  # noqa: E402
 from program import PICTURES  # noqa: E402
-from session import SESSION  # noqa: E402
+from session import SESSION, need  # noqa: E402
 
 ENOUGH = 4.5  # to 1: level AA of the web's content guidelines for text of this size
 # As the settings of a KDE desktop hold them: text, ground of lists, ground of windows, selected text and its ground.
@@ -38,10 +38,19 @@ def ratio(one, other):
     return (high + 0.05) / (low + 0.05)
 
 
+def windows_on_screen(program):
+    return SESSION.ask_xdotool("search", "--onlyvisible", "--all", "--pid", program.process.pid,
+                               "--name", "^Halcyon_K7$")
+
+
+def property_of(window, name):
+    """What the program tells the window manager: numbers, or a picture."""
+    command = [need("xprop"), "-id", window, name]
+    return subprocess.run(command, env=SESSION.environment, check=True, capture_output=True, text=True).stdout
+
+
 def width_on_screen(program):
-    window = SESSION.ask_xdotool("search", "--onlyvisible", "--all", "--pid", program.process.pid,
-                                 "--name", "^Halcyon_K7$")
-    lines = SESSION.ask_xdotool("getwindowgeometry", "--shell", window[0])
+    lines = SESSION.ask_xdotool("getwindowgeometry", "--shell", windows_on_screen(program)[0])
     return next(int(line.split("=")[1]) for line in lines if line.startswith("WIDTH="))
 
 
@@ -114,6 +123,35 @@ class Contrast(ProgramCase):
                 self.check(palette + "-dialog", named)
                 dialog.cancel()
                 self.assert_closes(program)
+
+
+class WindowManager(ProgramCase):
+    def test_the_window_has_the_programs_icon(self):
+        program = self.sample_program()
+        # A window without one gets the default of the toolkit, in a single size.
+        self.assertIn("Icon (20 x 20)", property_of(windows_on_screen(program)[0], "_NET_WM_ICON"))
+        self.assert_closes(program)
+
+    def test_a_message_box_asks_for_no_minimise_and_maximise_buttons(self):
+        """Not every window manager heeds it; openbox draws them for every dialog."""
+        program = self.sample_program()
+        main = windows_on_screen(program)[0]
+        minimise, maximise = 1 << 5, 1 << 6
+        self.assertEqual(self.decorations(main) & (minimise | maximise), minimise | maximise)
+        program.keys("ctrl+l")
+        program.message()
+        box = next(window for window in windows_on_screen(program) if window != main)
+        self.assertEqual(self.decorations(box) & (minimise | maximise), 0)
+        self.assertIn("_NET_WM_WINDOW_TYPE_DIALOG", property_of(box, "_NET_WM_WINDOW_TYPE"))
+        self.assertIn(hex(int(main)), property_of(box, "WM_TRANSIENT_FOR"))
+        program.keys("Return")
+        self.assert_closes(program)
+
+    def decorations(self, window):
+        flags, _, decorations = [int(number, 16) for number in
+                                 property_of(window, "_MOTIF_WM_HINTS").split("=")[1].split(",")[:3]]
+        self.assertTrue(flags & 2, "no decorations named")
+        return decorations
 
 
 class Scale(ProgramCase):
