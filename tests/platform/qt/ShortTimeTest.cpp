@@ -20,10 +20,15 @@ TEST(ShortTimeTest, ShowsNoSecondsInThePlainLocale) { EXPECT_EQ(at("C", 22), "22
 TEST(ShortTimeTest, ShowsNoLetterOfAFieldThatQtDoesNotSupport) {
     // "Bh:mm" and "B H:mm" in Qt 6.4.
     for (const char* language : {"zh_TW", "my_MM"}) {
-        EXPECT_EQ(shortTime(QLocale(language), {10, 5}).count(u'B'), 0) << language;
+        const QLocale locale(language);
+        const QString shown = shortTime(locale, {10, 5});
+        EXPECT_EQ(shown.count(u'B'), 0) << language;
+        EXPECT_TRUE(shown.contains(locale.toString(QTime(10, 5), QStringLiteral("H:mm")))) << language;
     }
     if (QLocale("zh_TW").timeFormat(QLocale::ShortFormat) == "Bh:mm") {
         EXPECT_EQ(at("zh_TW", 10), "10:05");
         EXPECT_EQ(at("zh_TW", 22), "22:05");
+    } else {
+        EXPECT_NE(at("zh_TW", 10), at("zh_TW", 22));  // later versions of Qt name the half of the day
     }
 }

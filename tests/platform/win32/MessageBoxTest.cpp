@@ -48,12 +48,13 @@ protected:
     Captions shown(bool hooked, int style, int answer) {
         Captions captions;
         const DWORD thread = GetCurrentThreadId();
-        std::thread user([&captions, thread, answer] {
+        std::thread user([this, &captions, thread, answer] {
             HWND window = nullptr;
             eventually([&] {
                 EnumThreadWindows(thread, findBox, reinterpret_cast<LPARAM>(&window));
                 return window != nullptr;
             });
+            frame = GetWindowLongW(window, GWL_STYLE);
             EnumChildWindows(window, collectButton, reinterpret_cast<LPARAM>(&captions));
             PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(answer), 0);
         });
@@ -73,6 +74,7 @@ protected:
     Win32MessageBox box{nullptr};
     Win32WindowHook hook;
     mMsgBox boxes{box, hook};
+    LONG frame = 0;  // the style of the box last shown
 };
 
 TEST_F(MessageBoxTest, Ok) { expectButtons(BoxStyle::Ok, BoxAnswer::Ok, {L"确定"}, {L"Ok"}, {L"OK"}); }
@@ -88,6 +90,12 @@ TEST_F(MessageBoxTest, AbortRetryIgnore) {
 
 TEST_F(MessageBoxTest, YesNo) {
     expectButtons(BoxStyle::YesNo, BoxAnswer::No, {L"是(&Y)", L"否(&N)"}, {L"是(&Y)", L"否(&N)"}, {L"&Yes", L"&No"});
+}
+
+TEST_F(MessageBoxTest, HasNoButtonsToMinimiseAndMaximise) {
+    shown(true, BoxStyle::Ok, BoxAnswer::Ok);
+    EXPECT_NE(frame & WS_CAPTION, 0);
+    EXPECT_EQ(frame & (WS_MINIMIZEBOX | WS_MAXIMIZEBOX), 0);
 }
 
 }  // namespace
