@@ -71,10 +71,7 @@ public:
             return;
         }
         addSpan(entry, entry.days, entry.start, kMidnight);
-        if (entry.stop != u"0000") {
-            const unsigned nextDays = (entry.days << 1U | entry.days >> 6U) & ScheduleEntry().days;
-            addSpan(entry, nextDays, u"0000", entry.stop);
-        }
+        addSpan(entry, dayAfter(entry.days), u"0000", entry.stop);
     }
 
 private:

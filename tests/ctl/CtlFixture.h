@@ -1,38 +1,13 @@
-// The command-line program on fakes: takes a command line; gives exit code, texts and files.
+// The command-line program on fakes with sample lists.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <variant>
-#include <vector>
 
-#include "ctl/CommandLine.h"
-#include "ctl/Commands.h"
-#include "fakes/FakeCodePages.h"
-#include "fakes/FakeFiles.h"
-#include "fakes/FakeHttpClient.h"
-#include "fakes/FakeServices.h"
+#include "ctl/CtlProgram.h"
 #include "fakes/Text.h"
 #include "storage/recovery/Recovery.h"
-
-class FakeConsole : public Console {
-public:
-    bool write(std::string_view text) override {
-        out += isBroken ? "" : text;
-        return !isBroken;
-    }
-    void writeError(std::string_view text) override { errors += text; }
-    std::optional<std::string> readAll() override { return input; }
-    bool showsColours() override { return isTerminal; }
-    bool showsProgress() override { return isTerminal; }
-
-    std::string out;
-    std::string errors;
-    std::optional<std::string> input = "";
-    bool isTerminal = false;
-    bool isBroken = false;
-};
 
 // Two records in each list except FM, which has one.
 inline const std::string kCtlList =
@@ -47,24 +22,13 @@ inline const std::string kCtlUser =
     "[FAVSchedule0]\r\nProgramme=Aurora\r\nFrequency=6095\r\nTYPE=DRM\r\n"
     "[FAVSchedule1]\r\nProgramme=City\r\nFrequency=98500\r\nTYPE=FM\r\n\r\n[kvt update end]\r\n";
 
-class CtlTest : public testing::Test {
+class CtlTest : public testing::Test, protected CtlProgram {
 protected:
     void SetUp() override {
         files.files[u"/k7/List.ini"] = kCtlList;
         files.files[u"/k7/User.ini"] = kCtlUser;
     }
 
-    // Returns the exit code; `out` and `errors` hold the output of this run only.
-    int run(const std::vector<std::string>& words) {
-        console.out.clear();
-        console.errors.clear();
-        const auto parsed = parseCommandLine(words);
-        if (const auto* const end = std::get_if<CommandLineEnd>(&parsed)) {
-            return static_cast<int>(endCommandLine(console, *end));
-        }
-        Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, u"/k7/", u"/home/"};
-        return static_cast<int>(runCommand(services, std::get<Options>(parsed)));
-    }
     void connectReceiver() {
         volumes.volumes = {{u"/disk/", DiskGeometry{1, 1024, 999}}};
         files.files[u"/disk/List.ini"] = kCtlList;
@@ -79,13 +43,6 @@ protected:
         ASSERT_TRUE(recovery.keep({list, user}));
     }
 
-    FakeFiles files;
-    FakeCodePages codePages;
-    FakeVolumes volumes;
-    FakeHttpClient httpClient;
-    FakeSingleInstance singleInstance;
-    FakeClock clock;
-    FakeConsole console;
     std::string& out = console.out;
     std::string& errors = console.errors;
 };

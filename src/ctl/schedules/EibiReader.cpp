@@ -24,7 +24,6 @@ enum Field : std::size_t {
 };
 
 constexpr std::string_view kInactive = "8";
-constexpr unsigned kEveryDay = 0x7F;
 constexpr int kDaysOfWeek = 7;
 
 using Fields = std::array<std::string_view, kFieldCount>;
@@ -122,10 +121,9 @@ std::optional<ScheduleEntry> entryOf(const Fields& fields) {
     ScheduleEntry entry;
     entry.programme = fromWindows1252(fields[kStation]);
     entry.frequency = *frequency;
-    entry.start = fromLatin1(time.substr(0, 4));
-    entry.stop = fromLatin1(time.substr(5));
     entry.target = fields[kTarget].empty() ? u"-" : fromWindows1252(fields[kTarget]);
     entry.days = daysOf(fields[kDays]);
+    setSpan(entry, time.substr(0, 4), time.substr(5));
     entry.isDrm = fields[kStation].find("DRM") != fields[kStation].npos;
     return entry;
 }

@@ -52,6 +52,17 @@ int numberOf(std::string_view digits) {
     return number;
 }
 
+void setSpan(ScheduleEntry& entry, std::string_view start, std::string_view stop) {
+    constexpr std::string_view kFirstMinute = "0000";
+    constexpr std::string_view kMidnight = "2400";
+    if (start == kMidnight) {
+        start = kFirstMinute;
+        entry.days = dayAfter(entry.days);
+    }
+    entry.start = fromLatin1(start);
+    entry.stop = fromLatin1(stop == kFirstMinute ? kMidnight : stop);
+}
+
 std::string_view takeLine(std::string_view& rest) {
     const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
     const std::string_view line = rest.substr(0, end);

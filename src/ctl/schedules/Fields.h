@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "ctl/schedules/ScheduleEntry.h"
+
 // Removes blanks at both ends.
 std::string_view withoutBlanks(std::string_view text);
 bool areDigits(std::string_view text, std::size_t count);
@@ -14,6 +16,8 @@ bool isTimeOfDay(std::string_view text);
 // The nearest whole kHz as digits; nullopt unless the text is a plain number.
 std::optional<std::u16string> wholeKilohertz(std::string_view text);
 int numberOf(std::string_view digits);
+// Times of day from 0000 to 2400; midnight may be either. The days are those of the entry.
+void setSpan(ScheduleEntry& entry, std::string_view start, std::string_view stop);
 
 // Removes the first line from `rest` and returns it without its CR LF, LF or CR.
 std::string_view takeLine(std::string_view& rest);

@@ -66,7 +66,7 @@ unsigned daysOf(std::string_view digits) {
             days |= 1U << static_cast<unsigned>((digit - '1' + 6) % 7);
         }
     }
-    return days == 0 ? ScheduleEntry().days : days;
+    return days == 0 ? kEveryDay : days;
 }
 
 std::optional<ScheduleEntry> entryOf(std::string_view line, const Names& names) {
@@ -82,10 +82,9 @@ std::optional<ScheduleEntry> entryOf(std::string_view line, const Names& names) 
     ScheduleEntry entry;
     entry.programme = fromLatin1(name == names.end() || name->second.empty() ? code : name->second);
     entry.frequency = *frequency;
-    entry.start = fromLatin1(start);
-    entry.stop = fromLatin1(stop);
     entry.target = zones.empty() ? u"-" : fromLatin1(zones);
     entry.days = daysOf(in(line, kDays));
+    setSpan(entry, start, stop);
     entry.isDrm = in(line, kModulation) == kDrm;
     return entry;
 }
