@@ -7,7 +7,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace {
@@ -152,7 +152,7 @@ void BlockDevice::serve() {
         reply.magic = htobe32(NBD_REPLY_MAGIC);
         const bool done = handle(type, be64toh(request.from), bytes);
         reply.error = htobe32(done ? 0 : EIO);
-        std::copy(std::begin(request.handle), std::end(request.handle), std::begin(reply.handle));
+        std::memcpy(reply.handle, request.handle, sizeof reply.handle);
         if (!sendAll(serverEnd_, &reply, sizeof reply) ||
             (done && type == NBD_CMD_READ && !sendAll(serverEnd_, bytes.data(), bytes.size()))) {
             return;
