@@ -108,9 +108,8 @@ TEST_F(GridTest, OnlyTheLeftButtonOnAColumnSorts) {
     EXPECT_EQ(program().columnTexts(drm, 1), before);
     // The direction has not been reversed: the first sort is descending.
     program().clickHeader(drm, 1);
-    EXPECT_TRUE(eventually([&] {
-        return program().columnTexts(drm, 1) == std::vector<std::wstring>{L"Charlie", L"Bravo", L"alpha"};
-    }));
+    const std::vector<std::wstring> descending{L"Charlie", L"Bravo", L"alpha"};
+    EXPECT_TRUE(eventually([&] { return program().columnTexts(drm, 1) == descending; }));
 }
 
 TEST_F(GridTest, TheWheelWithoutScrollingKeepsTheEditOpen) {
