@@ -7,10 +7,9 @@
 
 class WinHttp {
 public:
+    // Loads it, unless an earlier object has. It stays loaded to the end of the process: threads of its own may still
+    // run in it after the last handle is closed.
     WinHttp();
-    ~WinHttp();
-    WinHttp(const WinHttp&) = delete;
-    WinHttp& operator=(const WinHttp&) = delete;
 
     bool isLoaded() const { return complete_; }
 
@@ -31,7 +30,5 @@ private:
     template <typename Function>
     void find(Function& function, HMODULE library, const char* name);
 
-    HMODULE http_;
-    HMODULE shell_;
-    bool complete_;
+    bool complete_ = true;
 };
