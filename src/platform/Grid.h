@@ -2,6 +2,7 @@
 // Implemented once, in portable code. A backend draws the grid and sets the selection.
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <span>
@@ -41,6 +42,8 @@ public:
     }
     virtual void removeSelectedRows() = 0;
     virtual void clear() = 0;
+    // Counts changes of rows; selection and columns do not count.
+    virtual std::uint64_t changes() const = 0;
 
     virtual bool isSelected(int row) const = 0;
     // The view calls this when the user selects; the view is not notified.

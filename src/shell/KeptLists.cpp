@@ -2,7 +2,7 @@
 
 void KeptLists::keep() {
     const std::uint64_t now = changes();
-    if (now != keptChanges_ && recovery_.keep(saver_.compose())) {
+    if (now != keptChanges_ && recovery_.keep(saver_.compose(composed_))) {
         keptChanges_ = now;
     }
 }
@@ -11,7 +11,7 @@ void KeptLists::end() {
     if (saver_.ListsSaved()) {
         recovery_.keepNewestOnly();
     } else {
-        recovery_.keep(saver_.compose());
+        recovery_.keep(saver_.compose(composed_));
     }
 }
 

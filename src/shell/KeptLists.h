@@ -39,5 +39,6 @@ private:
     Rows rows_;
     ListSaver& saver_;
     Recovery& recovery_;
+    ComposedLists composed_;
     std::uint64_t keptChanges_ = 0;  // changes() at the last snapshot
 };

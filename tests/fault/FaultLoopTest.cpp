@@ -10,6 +10,7 @@
 #include "fakes/FakePlatform.h"
 #include "fakes/Text.h"
 #include "fault/FaultyFiles.h"
+#include "fault/LongLists.h"
 #include "shell/MainForm.h"
 #include "storage/ini/IniReader.h"
 #include "storage/lists/ListFile.h"
@@ -152,6 +153,21 @@ FakeFiles soundDisk() {
                   {kReceiverList, listFile("Receiver")},
                   {kReceiverUser, userFile("Other")}};
     return disk;
+}
+
+FakeFiles longDisk() {
+    FakeFiles disk = soundDisk();
+    for (const char16_t* const path : {kList, kReceiverList}) {
+        LongLists::addTo(disk.files[path]);
+    }
+    return disk;
+}
+
+Scenario ofLongLists(Scenario scenario) {
+    for (Texts& outcome : scenario.outcomes) {
+        outcome[2] = LongLists::shown();
+    }
+    return scenario;
 }
 
 // An interrupted run leaves UTF-16 working copies and its snapshots.
@@ -305,6 +321,22 @@ class FaultLoopTestPowerCut : public Loop {};
 TEST_P(FaultLoopTest, EveryOperationFailsOnce) {
     for (const Scenario& scenario : scenarios()) {
         for (int n = 1; run(scenario, soundDisk(), {GetParam(), n, 0, false}) && !HasFailure(); ++n) {
+        }
+    }
+}
+
+TEST_P(FaultLoopTest, AChangeBehindASnapshotFails) {
+    for (const Scenario& scenario : scenarios()) {
+        const std::string name = scenario.name;
+        if (!name.starts_with("edit") && !name.starts_with("save")) {
+            continue;
+        }
+        Process sound(longDisk(), {});
+        scenario.run(sound);
+        EXPECT_TRUE(LongLists::changeWasAppended(sound.disk()));
+        for (const bool forGood : {false, true}) {
+            for (int n = 1; run(ofLongLists(scenario), longDisk(), {GetParam(), n, 0, forGood}) && !HasFailure(); ++n) {
+            }
         }
     }
 }

@@ -10,6 +10,12 @@ void ComposedFile::encode() {
     text_.clear();
 }
 
+void ComposedFile::append(std::string_view records, std::size_t units) {
+    encode();
+    bytes_ += records;
+    encodedUnits_ += units;
+}
+
 std::string ComposedFile::takeBytes() {
     encode();
     return std::move(bytes_);

@@ -15,6 +15,8 @@ public:
     std::u16string& text() { return text_; }
     // Units appended so far.
     std::size_t units() const { return encodedUnits_ + text_.size(); }
+    // Appends whole records: their bytes in UTF-8 and their length in units.
+    void append(std::string_view records, std::size_t units);
     // Call between two records: a part never ends within a surrogate pair.
     void endRecord() {
         if (text_.size() >= kPart) {

@@ -96,16 +96,18 @@ void ListSaver::SaveLists(WorkingCopyBytes bytes) {
     listsSaved_ = replaceFiles(files_, newFiles) && newFiles.size() == std::size(kListFiles);
 }
 
-WorkingCopyBytes ListSaver::compose() { return {compose(ListFileId::List), compose(ListFileId::User)}; }
+WorkingCopyBytes ListSaver::compose(ComposedLists* last) {
+    return {compose(ListFileId::List, last), compose(ListFileId::User, last)};
+}
 
-std::optional<std::string> ListSaver::compose(ListFileId file) {
+std::optional<std::string> ListSaver::compose(ListFileId file, ComposedLists* last) {
     if (leaves_[file]) {
         return std::nullopt;
     }
-    return file == ListFileId::List ? composeListFile() : composeUserFile();
+    return file == ListFileId::List ? composeListFile(last) : composeUserFile(last);
 }
 
-std::string ListSaver::composeListFile() {
+std::string ListSaver::composeListFile(ComposedLists* last) {
     ComposedFile file(startOf(copies_.ListFilePath), usualBytes({ListKind::Drm, ListKind::Am, ListKind::Fm}));
     std::u16string& text = file.text();
     appendIniSection(text, ListFile::kTotal);
@@ -113,12 +115,12 @@ std::string ListSaver::composeListFile() {
         appendIniKey(text, ListFile::countKey(kind), decimal(lists_.grid(kind).rowCount()));
     }
     for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
-        appendRecords(file, kind);
+        appendRecords(file, kind, last);
     }
     return finish(file);
 }
 
-std::optional<std::string> ListSaver::composeUserFile() {
+std::optional<std::string> ListSaver::composeUserFile(ComposedLists* last) {
     const Grid& favourites = lists_.grid(ListKind::Favourite);
     // A frequency too short to end in its unit would be stored damaged. The loader and the favourites command never
     // produce one; if one occurs nevertheless, the file is left unchanged.
@@ -136,7 +138,7 @@ std::optional<std::string> ListSaver::composeUserFile() {
     appendIniKey(text, ListFile::kIndex, PtrToStrW(std::u16string_view(settings_.LastIndex)));
     appendIniSection(text, ListFile::kTotal);
     appendIniKey(text, ListFile::countKey(ListKind::Favourite), decimal(favourites.rowCount()));
-    appendRecords(file, ListKind::Favourite);
+    appendRecords(file, ListKind::Favourite, last);
     return finish(file);
 }
 
@@ -148,7 +150,22 @@ std::size_t ListSaver::usualBytes(std::initializer_list<ListKind> kinds) {
     return rows * kUsualRecordBytes;
 }
 
-void ListSaver::appendRecords(ComposedFile& file, ListKind kind) {
+void ListSaver::appendRecords(ComposedFile& file, ListKind kind, ComposedLists* last) {
+    if (last == nullptr) {
+        return composeRecords(file, kind);
+    }
+    std::optional<ComposedRecords>& records = (*last)[kind];
+    const std::uint64_t changes = lists_.grid(kind).changes();
+    if (!records || records->changes != changes) {
+        ComposedFile part(u"", usualBytes({kind}));
+        composeRecords(part, kind);
+        const std::size_t units = part.units();
+        records = {changes, part.takeBytes(), units};
+    }
+    file.append(records->bytes, records->units);
+}
+
+void ListSaver::composeRecords(ComposedFile& file, ListKind kind) {
     const StationList& list = lists_[kind];
     const std::vector<int> stored = storedColumns(list.columns);
     const int count = list.grid.rowCount();

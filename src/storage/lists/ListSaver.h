@@ -8,6 +8,7 @@
 
 #include "platform/CodePages.h"
 #include "platform/Files.h"
+#include "storage/lists/ComposedLists.h"
 #include "storage/lists/WorkingCopies.h"
 #include "storage/stations/ReceiverSettings.h"
 #include "storage/stations/StationLists.h"
@@ -28,7 +29,9 @@ public:
     // True if the last SaveLists has written both files.
     bool ListsSaved() const { return listsSaved_; }
     // The bytes that SaveLists would write; nullopt for a file that it would not write.
-    WorkingCopyBytes compose();
+    WorkingCopyBytes compose() { return compose(nullptr); }
+    // The same; takes the records of lists that have not changed from `last`, which is up to date afterwards.
+    WorkingCopyBytes compose(ComposedLists& last) { return compose(&last); }
 
     // Excludes a working copy that could not be loaded from saving: the grids never held its records.
     void leave(ListFileId file) { leaves_[file] = true; }
@@ -42,10 +45,13 @@ public:
 
 private:
     std::size_t usualBytes(std::initializer_list<ListKind> kinds);
-    void appendRecords(ComposedFile& file, ListKind kind);
-    std::optional<std::string> compose(ListFileId file);
-    std::string composeListFile();
-    std::optional<std::string> composeUserFile();
+    // `last`: null composes every list.
+    WorkingCopyBytes compose(ComposedLists* last);
+    std::optional<std::string> compose(ListFileId file, ComposedLists* last);
+    std::string composeListFile(ComposedLists* last);
+    std::optional<std::string> composeUserFile(ComposedLists* last);
+    void appendRecords(ComposedFile& file, ListKind kind, ComposedLists* last);
+    void composeRecords(ComposedFile& file, ListKind kind);
     std::u16string startOf(std::u16string_view path);
     static std::string finish(ComposedFile& file);
     void resetContent(std::u16string_view path, std::initializer_list<ListKind> kinds);

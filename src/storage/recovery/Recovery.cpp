@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "storage/files/SafeFile.h"
+#include "storage/recovery/SnapshotChange.h"
 
 Recovery::Recovery(std::u16string_view programFolder, Files& files)
     : folder_(std::u16string(programFolder) + u"Recovery"), files_(files) {
@@ -12,14 +13,33 @@ Recovery::Recovery(std::u16string_view programFolder, Files& files)
 
 std::optional<Snapshot> Recovery::find() {
     for (std::size_t slot = 0; slot < kSlots; ++slot) {
-        const auto file = readWorkingCopy(slots_[slot], files_);
-        auto snapshot = file ? decodeSnapshot(*file) : std::nullopt;
-        if (snapshot && (!kept_ || snapshot->number > kept_->number)) {
+        const auto bytes = readWorkingCopy(slots_[slot], files_);
+        auto file = bytes ? decodeSnapshot(*bytes) : std::nullopt;
+        if (!file) {
+            continue;
+        }
+        const Room room = readChanges(std::string_view(*bytes).substr(file->size), *file);
+        if (!kept_ || file->snapshot.number > kept_->number) {
             newest_ = slot;
-            kept_ = std::move(snapshot);
+            room_ = room;
+            kept_ = std::move(file->snapshot);
+            lastNumber_ = kept_->number;
         }
     }
     return kept_;
+}
+
+// Applies the changes that follow a snapshot, `rest`. Behind one that was interrupted no other would be found.
+Recovery::Room Recovery::readChanges(std::string_view rest, SnapshotFile& file) {
+    const std::size_t all = rest.size();
+    int changes = 0;
+    while (file.takesChanges && applyChange(rest, file.snapshot)) {
+        ++changes;
+    }
+    if (!file.takesChanges || !rest.empty() || changes >= kMostChanges || all >= file.size / 2) {
+        return {};
+    }
+    return {file.size + all, file.size / 2 - all, kMostChanges - changes};
 }
 
 bool Recovery::keep(WorkingCopyBytes bytes) {
@@ -31,23 +51,56 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
     if (isDurable_ && kept_->bytes == bytes && kept_->left == left_) {
         return true;
     }
+    Snapshot snapshot{0, std::move(bytes), left_};
+    // A failed change may be in the file all the same: the number of another attempt is higher.
+    snapshot.number = ++lastNumber_;
+    if (!append(snapshot)) {
+        snapshot.number = ++lastNumber_;
+        if (!write(snapshot)) {
+            return false;
+        }
+    }
+    kept_ = std::move(snapshot);
+    return true;
+}
+
+bool Recovery::append(const Snapshot& snapshot) {
+    const auto change = room_.changes > 0 ? encodeChange(*kept_, snapshot) : std::nullopt;
+    if (!change || change->size() > room_.bytes) {
+        return false;
+    }
+    const std::u16string& slot = slots_[newest_];
+    const Room left{room_.start + change->size(), room_.bytes - change->size(), room_.changes - 1};
+    const bool isThere = files_.size(slot) == std::exchange(room_, {}).start;
+    if (!isThere || !files_.append(slot, *change)) {
+        return false;
+    }
+    room_ = left;
+    makeDurable(newest_);
+    return true;
+}
+
+bool Recovery::write(const Snapshot& snapshot) {
     // Never overwrite the newest whole snapshot.
     const std::size_t slot = kept_ ? (newest_ + 1) % kSlots : newest_;
-    Snapshot snapshot{kept_ ? kept_->number + 1 : 1, std::move(bytes), left_};
     const std::string encoded = encodeSnapshot(snapshot);
     const auto write = [&] { return files_.createFolder(folder_) && files_.write(slots_[slot], encoded, Flush::Now); };
     if (!write() && !write()) {
         return false;
     }
+    makeDurable(slot);
+    newest_ = slot;
+    room_ = {encoded.size(), encoded.size() / 2, kMostChanges};
+    return true;
+}
+
+void Recovery::makeDurable(std::size_t slot) {
     if (!std::exchange(isNamed_[slot], true)) {
         files_.flushFolderOf(slots_[slot]);
     }
     if (!std::exchange(isDurable_, true)) {
         files_.flushFolderOf(folder_);
     }
-    newest_ = slot;
-    kept_ = std::move(snapshot);
-    return true;
 }
 
 void Recovery::save(ListSaver& saver) {

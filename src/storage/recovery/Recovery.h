@@ -41,14 +41,30 @@ public:
     void keepNewestOnly();
 
 private:
-    // Two files take turns, so that a torn one leaves the other.
+    // Two files take turns, so that a torn one leaves the other. Changes of the newest snapshot follow it in its file
+    // while they are shorter than half of it, so that not every edit writes the whole lists.
     static constexpr std::size_t kSlots = 2;
+    // The next start applies each of them to the whole lists.
+    static constexpr int kMostChanges = 100;
+    // For changes that follow the newest snapshot.
+    struct Room {
+        std::uint64_t start = 0;  // the size of the file
+        std::size_t bytes = 0;
+        int changes = 0;
+    };
+
+    static Room readChanges(std::string_view rest, SnapshotFile& file);
+    bool append(const Snapshot& snapshot);
+    bool write(const Snapshot& snapshot);
+    void makeDurable(std::size_t slot);
 
     std::u16string folder_;
     std::array<std::u16string, kSlots> slots_;
     Files& files_;
     std::size_t newest_ = 0;  // the slot of kept_
     std::optional<Snapshot> kept_;
+    std::uint64_t lastNumber_ = 0;  // of the snapshots kept and of those that failed
+    Room room_;
     FileStates left_;
     // What this run knows to be on the device. The snapshot of a killed run may be in the system's cache only.
     std::array<bool, kSlots> isNamed_{};

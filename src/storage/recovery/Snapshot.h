@@ -1,6 +1,7 @@
 // Both working copies in one file, so that they are kept or lost together; a checksum detects a torn file.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -32,5 +33,11 @@ struct Snapshot {
 };
 
 std::string encodeSnapshot(const Snapshot& snapshot);
-// nullopt unless `file` is a whole snapshot.
-std::optional<Snapshot> decodeSnapshot(std::string_view file);
+
+struct SnapshotFile {
+    Snapshot snapshot;
+    std::size_t size = 0;       // bytes of the file that hold it
+    bool takesChanges = false;  // changes may follow it in the file
+};
+// nullopt unless `file` begins with a whole snapshot.
+std::optional<SnapshotFile> decodeSnapshot(std::string_view file);

@@ -29,13 +29,11 @@ public:
     void appendRow(std::span<const std::u16string_view> cells) override;
     void removeSelectedRows() override;
     void clear() override;
+    std::uint64_t changes() const override { return changes_; }
 
     bool isSelected(int row) const override;
     void setSelected(int row, bool selected) override;
     int firstSelected() const override;
-
-    // Counts changes of rows; selection and columns do not count.
-    std::uint64_t changes() const { return changes_; }
 
     void beginUpdate() override;
     void endUpdate() override;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "fakes/FakeFiles.h"
+#include "fakes/ForwardingFiles.h"
 #include "storage/recovery/Recovery.h"
 
 namespace {
@@ -27,6 +28,13 @@ protected:
     const WorkingCopyBytes one{"list 1", "user 1"};
     const WorkingCopyBytes two{"list 2", "user 2"};
     const WorkingCopyBytes three{"list 3", "user 3"};
+};
+
+class RecoveryTestChanges : public RecoveryTest {
+protected:
+    static WorkingCopyBytes edited(int edit) {
+        return {std::string(50'000, 'x') + std::to_string(edit) + std::string(50'000, 'y'), std::string(30'000, 'z')};
+    }
 };
 
 }  // namespace
@@ -92,7 +100,7 @@ TEST_F(RecoveryTest, ADamagedSnapshotIsSkippedForThePreviousOne) {
         ASSERT_EQ(found(), one) << at;
     }
     files.files[kSecond] = whole + '\0';
-    EXPECT_EQ(found(), one) << "too long";
+    EXPECT_EQ(found(), two) << "what follows is an interrupted change";
 }
 
 TEST_F(RecoveryTest, AFailedWriteKeepsTheNewestWholeSnapshot) {
@@ -138,6 +146,100 @@ TEST_F(RecoveryTest, OnlyTheNewestIsKept) {
     EXPECT_EQ(found(), one);
 }
 
+TEST_F(RecoveryTestChanges, AnEditOfLongListsIsWrittenBehindTheSnapshot) {
+    ASSERT_TRUE(recovery.keep(edited(0)));
+    const std::size_t size = files.files[kFirst].size();
+    for (int edit = 1; edit <= 5; ++edit) {
+        ASSERT_TRUE(recovery.keep(edited(edit)));
+        EXPECT_EQ(found(), edited(edit)) << edit;
+    }
+    EXPECT_EQ(writes(), 1);
+    EXPECT_EQ(files.files[kFirst].size(), size + 5 * 4096U);
+}
+
+TEST_F(RecoveryTestChanges, ManyEditsGoToBothSlots) {
+    for (int edit = 0; edit < 300; ++edit) {
+        ASSERT_TRUE(recovery.keep(edited(edit)));
+        ASSERT_EQ(found(), edited(edit)) << edit;
+    }
+    EXPECT_GT(writes(), 300 / 100);
+    EXPECT_LT(writes(), 300 / 10);
+    EXPECT_LT(files.files[kFirst].size(), 2 * edited(0).list->size());
+}
+
+TEST_F(RecoveryTestChanges, ATornOrDamagedChangeLeavesTheOneBefore) {
+    for (int edit = 0; edit <= 2; ++edit) {
+        recovery.keep(edited(edit));
+    }
+    const std::string whole = files.files[kFirst];
+    for (std::size_t length = whole.size() - 4096; length < whole.size(); ++length) {
+        files.files[kFirst] = whole.substr(0, length);
+        ASSERT_EQ(found(), edited(1)) << length;
+    }
+    for (std::size_t at = whole.size() - 4096; at < whole.size(); ++at) {
+        files.files[kFirst] = whole;
+        files.files[kFirst][at] = static_cast<char>(whole[at] ^ 0x40);
+        ASSERT_EQ(found(), edited(1)) << at;
+    }
+}
+
+TEST_F(RecoveryTestChanges, TheNextRunContinuesBehindWholeChangesOnly) {
+    recovery.keep(edited(0));
+    recovery.keep(edited(1));
+    Recovery next(u"/app/", files);
+    next.find();
+    EXPECT_TRUE(next.keep(edited(2)));
+    EXPECT_EQ(found(), edited(2));
+    EXPECT_EQ(writes(), 1);
+    files.files[kFirst].pop_back();
+    Recovery third(u"/app/", files);
+    third.find();
+    EXPECT_TRUE(third.keep(edited(3)));
+    EXPECT_EQ(found(), edited(3));
+    EXPECT_EQ(writes(), 2);
+}
+
+TEST_F(RecoveryTestChanges, AFailedChangeIsWrittenToTheOtherSlot) {
+    recovery.keep(edited(0));
+    files.failing = {kFirst};
+    EXPECT_TRUE(recovery.keep(edited(1)));
+    EXPECT_EQ(writes(), 2);
+    files.failing.clear();
+    EXPECT_EQ(found(), edited(1));
+}
+
+// Its flush has failed: it is there all the same, and what is kept later must be newer.
+TEST_F(RecoveryTestChanges, AFailedChangeThatIsThereIsNotTheNewest) {
+    class NoFlush : public ForwardingFiles {
+    public:
+        using ForwardingFiles::ForwardingFiles;
+        bool append(std::u16string_view path, std::string_view bytes) override {
+            ForwardingFiles::append(path, bytes);
+            return false;
+        }
+        bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+            return writes && ForwardingFiles::write(path, bytes, flush);
+        }
+        bool writes = true;
+    };
+    NoFlush noFlush(files);
+    Recovery failing(u"/app/", noFlush);
+    failing.keep(edited(0));
+    noFlush.writes = false;
+    EXPECT_FALSE(failing.keep(edited(1)));
+    noFlush.writes = true;
+    EXPECT_TRUE(failing.keep(edited(2)));
+    EXPECT_EQ(found(), edited(2));
+}
+
+TEST_F(RecoveryTestChanges, AFileThatIsNotAsItWasLeftGetsNoChange) {
+    recovery.keep(edited(0));
+    files.files.erase(kFirst);
+    EXPECT_TRUE(recovery.keep(edited(1)));
+    EXPECT_EQ(found(), edited(1));
+    EXPECT_FALSE(files.files.contains(kFirst));
+}
+
 TEST_F(RecoveryTest, ASnapshotRecordsTheStatesThatTheRunMayLeave) {
     recovery.mayLeave(ListFileId::List, FileState::of("found"));
     recovery.mayLeave(ListFileId::List, FileState::of("converted"));
@@ -176,115 +278,4 @@ TEST_F(RecoveryTest, ALinkInPlaceOfTheFolderIsNotFollowed) {
     files.files[u"/app/Recovery"] = "not a folder";
     EXPECT_FALSE(recovery.keep(one));
     EXPECT_EQ(files.files.size(), 1U);
-}
-
-namespace {
-
-std::string withSum(std::string file, std::uint64_t sum) {
-    for (std::size_t i = 0; i < 8; ++i) {
-        file[file.size() - 8 + i] = static_cast<char>((sum >> (8 * i)) & 0xFFU);
-    }
-    return file;
-}
-
-std::string withChecksum(const std::string& file) {
-    std::uint64_t sum = 14695981039346656037U;
-    for (std::size_t start = 0; start <= file.size() - 8; start += 8) {
-        std::uint64_t word = 0;
-        for (std::size_t i = 0; i < 8 && start + i < file.size() - 8; ++i) {
-            word |= std::uint64_t{static_cast<unsigned char>(file[start + i])} << (8 * i);
-        }
-        sum = (sum ^ word) * 1099511628211U;
-        sum ^= sum >> 32U;
-    }
-    return withSum(file, sum);
-}
-
-// The format of the second version: without the numbers of states.
-std::string ofSecondVersion(std::string file) {
-    file[7] = '2';
-    return withChecksum(file.erase(32, 16));
-}
-
-// The format of version 1.0.0.
-std::string ofFirstVersion(std::string file) {
-    file = ofSecondVersion(std::move(file));
-    file[7] = '1';
-    std::uint64_t sum = 14695981039346656037U;
-    for (std::size_t i = 0; i + 8 < file.size(); ++i) {
-        sum = (sum ^ static_cast<unsigned char>(file[i])) * 1099511628211U;
-    }
-    return withSum(file, sum);
-}
-
-}  // namespace
-
-TEST(RecoveryTestSnapshot, LengthsBeyondTheEndAreRejected) {
-    std::string file = encodeSnapshot({7, {"list", "user"}, {}});
-    ASSERT_TRUE(decodeSnapshot(file));
-    EXPECT_EQ(decodeSnapshot(file)->number, 7U);
-    EXPECT_EQ(withChecksum(file), file);
-    EXPECT_EQ(decodeSnapshot(std::string(100, 'x')), std::nullopt);
-    EXPECT_EQ(decodeSnapshot(file.substr(0, 8)), std::nullopt);
-    // The checksum is valid, but the lengths do not match the files.
-    for (const auto& [list, user] : {std::pair(5, 4), std::pair(4, 5), std::pair(3, 4), std::pair(4, 3)}) {
-        file[16] = static_cast<char>(list);
-        file[24] = static_cast<char>(user);
-        EXPECT_EQ(decodeSnapshot(withChecksum(file)), std::nullopt) << list << " and " << user;
-    }
-    file[16] = file[24] = 4;
-    EXPECT_TRUE(decodeSnapshot(withChecksum(file)));
-}
-
-TEST(RecoveryTestSnapshot, TheFormatOfTheFirstVersionIsRead) {
-    const WorkingCopyBytes bytes{"the list", std::nullopt};
-    std::string file = ofFirstVersion(encodeSnapshot({7, bytes, {}}));
-    ASSERT_TRUE(decodeSnapshot(file));
-    EXPECT_EQ(decodeSnapshot(file)->number, 7U);
-    EXPECT_EQ(decodeSnapshot(file)->bytes, bytes);
-    file[33] = 'T';
-    EXPECT_EQ(decodeSnapshot(file), std::nullopt);
-}
-
-TEST(RecoveryTestSnapshot, AnUnknownLengthIsStoredAsAllOnes) {
-    const std::string file = encodeSnapshot({7, {std::nullopt, "user"}, {}});
-    EXPECT_EQ(file.substr(16, 8), std::string(8, '\xFF'));
-    EXPECT_EQ(file.substr(24, 8), std::string("\4\0\0\0\0\0\0\0", 8));
-}
-
-TEST(RecoveryTestSnapshot, TheFormatOfTheSecondVersionIsRead) {
-    const WorkingCopyBytes bytes{std::nullopt, "the favourites"};
-    const std::string file = ofSecondVersion(encodeSnapshot({8, bytes, {}}));
-    ASSERT_TRUE(decodeSnapshot(file));
-    EXPECT_EQ(decodeSnapshot(file)->number, 8U);
-    EXPECT_EQ(decodeSnapshot(file)->bytes, bytes);
-}
-
-TEST(RecoveryTestSnapshot, MoreStatesThanPresentAreRejected) {
-    Snapshot snapshot{7, {"list", "user"}, {}};
-    snapshot.left.list = {FileState::of("a"), FileState::of("b")};
-    snapshot.left.user = {FileState()};
-    const std::string file = encodeSnapshot(snapshot);
-    ASSERT_TRUE(decodeSnapshot(file));
-    EXPECT_EQ(decodeSnapshot(file)->left, snapshot.left);
-    EXPECT_EQ(decodeSnapshot(file)->bytes, snapshot.bytes);
-    for (const int count : {0, 1, 4, 5, 100, 255}) {
-        std::string changed = file;
-        changed[32] = static_cast<char>(count);
-        EXPECT_EQ(decodeSnapshot(withChecksum(changed)), std::nullopt) << count;
-        changed[39] = '\x7F';
-        EXPECT_EQ(decodeSnapshot(withChecksum(changed)), std::nullopt) << count;
-    }
-}
-
-TEST(RecoveryTestSnapshot, ChangesOfTheSameBitInTwoWordsAreDetected) {
-    const std::string file = encodeSnapshot({7, {std::string(100, 'x'), std::string(3, 'y')}, {}});
-    for (std::size_t first = 32; first < 40; ++first) {
-        for (const int bit : {0, 3, 7}) {
-            std::string changed = file;
-            changed[first] = static_cast<char>(changed[first] ^ (1 << bit));
-            changed[first + 8] = static_cast<char>(changed[first + 8] ^ (1 << bit));
-            EXPECT_EQ(decodeSnapshot(changed), std::nullopt) << first << ' ' << bit;
-        }
-    }
 }

@@ -1,0 +1,24 @@
+// The records of each list as they were composed last, so that a list that has not changed is not composed again.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "storage/stations/ListKind.h"
+
+struct ComposedRecords {
+    std::uint64_t changes = 0;  // of the grid, when they were composed
+    std::string bytes;          // UTF-8
+    std::size_t units = 0;      // of the same text in UTF-16
+};
+
+class ComposedLists {
+public:
+    std::optional<ComposedRecords>& operator[](ListKind kind) { return lists_[static_cast<std::size_t>(kind)]; }
+
+private:
+    std::array<std::optional<ComposedRecords>, kListCount> lists_;
+};
