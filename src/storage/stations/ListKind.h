@@ -11,4 +11,4 @@ inline constexpr int kMaxColumns = 5;    // capacity of a grid row; one more tha
 inline constexpr int kMaxRecords = 256;  // enforced when adding, not when loading or syncing
 inline constexpr std::u16string_view kListFull = u"Max number of each list is 256!";
 
-inline constexpr bool isListTab(int tab) { return tab >= 0 && tab < kListCount; }
+constexpr bool isListTab(int tab) { return tab >= 0 && tab < kListCount; }

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-inline constexpr bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
-inline constexpr bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+constexpr bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
+constexpr bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 // Reads optional blanks, an optional sign, and digits with at most one "."; ignores the rest. 0 without digits; the
 // largest double of the sign if the number is too large.
