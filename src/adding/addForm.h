@@ -8,22 +8,22 @@
 
 #include "adding/FieldRules.h"
 #include "messages/CurrentTab.h"
-#include "messages/Totals.h"
-#include "messages/mMsgBox.h"
+#include "messages/Feedback.h"
 #include "platform/AddFormView.h"
 #include "platform/MainWindow.h"
 #include "storage/stations/StationLists.h"
 
 class addForm : private AddFormListener {
 public:
-    addForm(AddFormView& view, MainWindow& mainWindow, const CurrentTab& currentTab, StationLists lists, Totals& totals,
-            mMsgBox& messages)
+    // All references outlive this object.
+    addForm(AddFormView& view, MainWindow& mainWindow, const CurrentTab& currentTab, StationLists lists,
+            Feedback feedback)
         : view_(view),
           mainWindow_(mainWindow),
           currentTab_(currentTab),
           lists_(lists),
-          totals_(totals),
-          messages_(messages) {}
+          totals_(feedback.totals),
+          messages_(feedback.messages) {}
 
     // The listener is called after each record added, while the dialog is still open.
     void onAdded(std::function<void()> listener) { added_ = std::move(listener); }

@@ -23,7 +23,7 @@ double rowsPerPage(const GridGeometry& geometry) {
 void CellEditing::setLastMouseX(double x, double /*y*/) { edit_.lastMouseX = static_cast<int>(std::nearbyint(x)); }
 
 void CellEditing::startEdit(ListKind kind) {
-    commitAndHide();
+    commit();
     StationList& list = lists_[kind];
     const int row = list.grid.firstSelected();
     if (row < 1) {
@@ -76,7 +76,7 @@ void CellEditing::showEditBox(double left, double top, double width, double heig
     editing_ = true;
 }
 
-void CellEditing::commitAndHide() {
+void CellEditing::commit() {
     if (!editing_) {
         return;
     }
@@ -87,12 +87,6 @@ void CellEditing::commitAndHide() {
     }
     hideEditBox();
 }
-
-void CellEditing::enterPressed() { commitAndHide(); }
-
-void CellEditing::lostFocus() { commitAndHide(); }
-
-void CellEditing::viewChanged() { commitAndHide(); }
 
 void CellEditing::hideEditBox() {
     // Set first: a toolkit reports the loss of focus while it hides the box.

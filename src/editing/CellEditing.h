@@ -11,6 +11,12 @@
 #include "platform/TabControl.h"
 #include "storage/stations/StationLists.h"
 
+struct EditControls {
+    TabControl& tabs;
+    EditBox& box;
+    StatusBar& statusBar;
+};
+
 class CellEditing {
 public:
     // Twips from the top of the client area to the rows and header of a grid. Used instead of the top of the tab
@@ -18,12 +24,11 @@ public:
     static constexpr double kTopInset = 145;
 
     // All references outlive this object; the validation reads the same edit state.
-    CellEditing(StationLists lists, TabControl& tabs, EditBox& box, StatusBar& statusBar, FieldValidation& validation,
-                EditState& edit)
+    CellEditing(StationLists lists, EditControls controls, FieldValidation& validation, EditState& edit)
         : lists_(lists),
-          tabs_(tabs),
-          box_(box),
-          statusBar_(statusBar),
+          tabs_(controls.tabs),
+          box_(controls.box),
+          statusBar_(controls.statusBar),
           validation_(validation),
           edit_(edit),
           widths_(lists) {}
@@ -33,12 +38,11 @@ public:
     // Opens the box over the cell of the first selected row at the last pointer position. Nothing without a selected
     // row, outside the columns, or on a column that is not editable. An open edit is committed first.
     void startEdit(ListKind kind);
-    // Commits and hides; nothing when no edit is open. Hides only, once another tab is shown than that of the edit.
-    void enterPressed();
-    void lostFocus();    // the same
+    // Commits and hides the box; without a commit if another tab is shown than that of the edit. Nothing if no edit is
+    // open.
+    void commit();
     void hideEditBox();  // ends an edit without a commit
     void itemClicked();  // a click on a row, after the loss of focus that it causes
-    void viewChanged();  // the grid moves under the box: commits, since that takes no focus away
     bool isEditing() const { return editing_; }
     void columnDragged(ListKind kind) { widths_.dragged(kind); }
     void gridResized(ListKind kind) { widths_.resized(kind); }
@@ -51,7 +55,6 @@ private:
     void findColumn(const Grid& grid, double rowLeft);
     std::u16string boxText(const Grid& grid, const ListColumn& column) const;
     void showEditBox(double left, double top, double width, double height, std::u16string_view text);
-    void commitAndHide();
 
     StationLists lists_;
     TabControl& tabs_;

@@ -14,6 +14,7 @@ public:
     // Removes the selected rows without a question and gives the focus to the grid; the total in the status bar is not
     // updated. An empty list gets a message instead.
     void deleteSelected(ListKind kind);
+    // Entry points without a caller here.
     void DeleteSelectedDrm() { deleteSelected(ListKind::Drm); }
     void DeleteSelectedAm() { deleteSelected(ListKind::Am); }
     void DeleteSelectedFm() { deleteSelected(ListKind::Fm); }

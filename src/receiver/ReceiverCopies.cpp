@@ -7,19 +7,18 @@
 #include "storage/files/VerifiedFiles.h"
 #include "storage/lists/ListFile.h"
 
-ReceiverCopies::ReceiverCopies(StationLists lists, const WorkingCopies& copies, ReceiverFiles& receiver,
-                               ListLoader& loader, ListSaver& saver, mMsgBox& messages, Totals& totals, Files& files,
-                               Backup& backup, Recovery& recovery)
+ReceiverCopies::ReceiverCopies(StationLists lists, const ListStorage& storage, ReceiverFiles& receiver,
+                               Feedback feedback, Files& files)
     : lists_(lists),
-      copies_(copies),
+      copies_(storage.copies),
       receiver_(receiver),
-      loader_(loader),
-      saver_(saver),
-      messages_(messages),
-      totals_(totals),
+      loader_(storage.loader),
+      saver_(storage.saver),
+      messages_(feedback.messages),
+      totals_(feedback.totals),
       files_(files),
-      backup_(backup),
-      recovery_(recovery) {}
+      backup_(storage.backup),
+      recovery_(storage.recovery) {}
 
 bool ReceiverCopies::findDisk() {
     const bool found = receiver_.findDisk();

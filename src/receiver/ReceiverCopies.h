@@ -5,23 +5,17 @@
 #include <string>
 #include <string_view>
 
-#include "messages/Totals.h"
-#include "messages/mMsgBox.h"
+#include "messages/Feedback.h"
 #include "platform/Files.h"
 #include "receiver/ReceiverFiles.h"
-#include "storage/lists/ListLoader.h"
-#include "storage/lists/ListSaver.h"
-#include "storage/lists/WorkingCopies.h"
-#include "storage/recovery/Backup.h"
-#include "storage/recovery/Recovery.h"
+#include "storage/recovery/ListStorage.h"
 #include "storage/stations/StationLists.h"
 
 class ReceiverCopies {
 public:
     // All references outlive this object.
-    ReceiverCopies(StationLists lists, const WorkingCopies& copies, ReceiverFiles& receiver, ListLoader& loader,
-                   ListSaver& saver, mMsgBox& messages, Totals& totals, Files& files, Backup& backup,
-                   Recovery& recovery);
+    ReceiverCopies(StationLists lists, const ListStorage& storage, ReceiverFiles& receiver, Feedback feedback,
+                   Files& files);
 
     // Replaces both working copies by the receiver's files, or neither, and shows them; what is replaced is backed up.
     // A missing disk or file gives a message; then, and (silently) if a file cannot be copied or converted, the grids

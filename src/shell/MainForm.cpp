@@ -23,20 +23,18 @@ MainForm::MainForm(const Platform& platform)
       backup_(platform.programFolder, platform.files, platform.clock),
       receiverFiles_(findDiskDriver_, ReceiverRoot_, platform.files, backup_),
       recovery_(platform.programFolder, platform.files),
-      receiverCopies_(stationLists(), workingCopies_, receiverFiles_, loader_, saver_, msgBox_, totals_, platform.files,
-                      backup_, recovery_),
+      receiverCopies_(stationLists(), listStorage(), receiverFiles_, {msgBox_, totals_}, platform.files),
       keptLists_({&drmLV_, &amLV_, &fmLV_, &favLV_}, saver_, recovery_),
-      startUp_(workingCopies_, receiverCopies_, loader_, saver_, recovery_, backup_, findDiskDriver_, platform.files,
-               platform.codePages),
+      startUp_(listStorage(), receiverCopies_, findDiskDriver_, {platform.files, platform.codePages}),
       validation_(stationLists(), platform.tabs, editState_, msgBox_),
-      cellEditing_(stationLists(), platform.tabs, platform.editBox, platform.statusBar, validation_, editState_),
+      cellEditing_(stationLists(), {platform.tabs, platform.editBox, platform.statusBar}, validation_, editState_),
       rightClick_(stationLists(), cellEditing_),
       deleteCommands_(stationLists(), platform.tabs, msgBox_, totals_),
       sortListview_(platform.textCompare),
-      addForm_(platform.addFormView, platform.mainWindow, currentTab_, stationLists(), totals_, msgBox_),
+      addForm_(platform.addFormView, platform.mainWindow, currentTab_, stationLists(), {msgBox_, totals_}),
       addToFavourites_(stationLists(), platform.tabs, totals_, msgBox_),
-      scheduleSync_(drmLV_, platform.files, platform.codePages, platform.httpClient, platform.statusBar, totals_,
-                    msgBox_, platform.programFolder) {
+      scheduleSync_(drmLV_, {platform.files, platform.codePages}, platform.httpClient, platform.statusBar,
+                    {msgBox_, totals_}, platform.programFolder) {
     StationLists lists = stationLists();
     for (int tab = 0; tab < kListCount; ++tab) {
         const StationList& list = lists[static_cast<ListKind>(tab)];

@@ -112,6 +112,7 @@ private:
     std::optional<ListKind> shownList() const;
     void AfterTabShown() {}  // called when a tab is on screen; nothing to do so far
     StationLists stationLists();
+    ListStorage listStorage() { return {workingCopies_, loader_, saver_, recovery_, backup_}; }
 
     const Platform platform_;
     ReceiverSettings settings_;

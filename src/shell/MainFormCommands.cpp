@@ -5,7 +5,7 @@
 
 void MainForm::commitEdit() {
     const KeptLists::AtEnd kept(keptLists_);
-    cellEditing_.lostFocus();
+    cellEditing_.commit();
 }
 
 void MainForm::viewChanged() {
@@ -37,7 +37,7 @@ void MainForm::LV_Resized(ListKind kind) {
 
 void MainForm::LV_HeaderClick(ListKind kind, std::u16string_view key) {
     const KeptLists::AtEnd kept(keptLists_);
-    cellEditing_.viewChanged();  // a header takes no focus, and the rows are about to move under the box
+    cellEditing_.commit();  // a header takes no focus, and the rows are about to move under the box
     sortListview_.headerClicked(stationLists()[kind], key);
 }
 

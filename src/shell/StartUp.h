@@ -5,28 +5,25 @@
 #include <string>
 #include <string_view>
 
-#include "platform/CodePages.h"
-#include "platform/Files.h"
+#include "platform/FileServices.h"
 #include "receiver/ReceiverCopies.h"
 #include "receiver/mFindDiskDriver.h"
-#include "storage/lists/ListLoader.h"
-#include "storage/lists/ListSaver.h"
-#include "storage/lists/WorkingCopies.h"
-#include "storage/recovery/Recovery.h"
+#include "storage/recovery/ListStorage.h"
 
 class StartUp {
 public:
-    StartUp(const WorkingCopies& workingCopies, ReceiverCopies& receiverCopies, ListLoader& loader, ListSaver& saver,
-            Recovery& recovery, Backup& backup, mFindDiskDriver& findDiskDriver, Files& files, CodePages& codePages)
-        : workingCopies_(workingCopies),
+    // All references outlive this object.
+    StartUp(const ListStorage& storage, ReceiverCopies& receiverCopies, mFindDiskDriver& findDiskDriver,
+            FileServices services)
+        : workingCopies_(storage.copies),
           receiverCopies_(receiverCopies),
-          loader_(loader),
-          saver_(saver),
-          recovery_(recovery),
-          backup_(backup),
+          loader_(storage.loader),
+          saver_(storage.saver),
+          recovery_(storage.recovery),
+          backup_(storage.backup),
           findDiskDriver_(findDiskDriver),
-          files_(files),
-          codePages_(codePages) {}
+          files_(services.files),
+          codePages_(services.codePages) {}
 
     // "LocalRun" loads the program's own working copies; "NormalRun", without a caller here, first replaces them by the
     // receiver's files. Restores from the snapshot what the previous run could not save (see Recovery). Silent except

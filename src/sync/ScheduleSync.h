@@ -7,10 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "messages/Totals.h"
-#include "messages/mMsgBox.h"
-#include "platform/CodePages.h"
-#include "platform/Files.h"
+#include "messages/Feedback.h"
+#include "platform/FileServices.h"
 #include "platform/Grid.h"
 #include "platform/HttpClient.h"
 #include "platform/StatusBar.h"
@@ -22,15 +20,15 @@ std::u16string_view builtInScheduleUrl();
 class ScheduleSync {
 public:
     // All references outlive this object; programFolder ends with its separator.
-    ScheduleSync(Grid& drmLV, Files& files, CodePages& codePages, HttpClient& httpClient, StatusBar& statusBar,
-                 Totals& totals, mMsgBox& messages, std::u16string programFolder)
+    ScheduleSync(Grid& drmLV, FileServices services, HttpClient& httpClient, StatusBar& statusBar, Feedback feedback,
+                 std::u16string programFolder)
         : drmLV_(drmLV),
-          files_(files),
-          codePages_(codePages),
-          downloader_(httpClient, files),
+          files_(services.files),
+          codePages_(services.codePages),
+          downloader_(httpClient, services.files),
           statusBar_(statusBar),
-          totals_(totals),
-          messages_(messages),
+          totals_(feedback.totals),
+          messages_(feedback.messages),
           programFolder_(std::move(programFolder)) {}
 
     // The listener is called after the list has been rebuilt, before the message.

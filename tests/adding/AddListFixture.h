@@ -77,5 +77,5 @@ protected:
 
     FakeMainWindow mainWindow;
     FakeAddFormView dialog;
-    addForm form{dialog, mainWindow, currentTab, lists, totals, messages};
+    addForm form{dialog, mainWindow, currentTab, lists, {messages, totals}};
 };

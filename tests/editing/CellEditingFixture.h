@@ -20,8 +20,8 @@ class CellEditingFixture : public EditingFixture, private EditBoxListener {
 protected:
     CellEditingFixture() { box.setListener(*this); }
 
-    void enterPressed() override { editing.enterPressed(); }
-    void lostFocus() override { editing.lostFocus(); }
+    void enterPressed() override { editing.commit(); }
+    void lostFocus() override { editing.commit(); }
 
     // Double-clicks at x on the only selected row of the list.
     void start(ListKind kind, double x, int selectedRow = 1) {
@@ -46,7 +46,7 @@ protected:
     FocusLosingEditBox box;
     EditState edit;
     FieldValidation validation{lists, tabs, edit, messages};
-    CellEditing editing{lists, tabs, box, statusBar, validation, edit};
+    CellEditing editing{lists, {tabs, box, statusBar}, validation, edit};
 };
 
 // In a grid of 6,000 twips the DRM columns end at 1,200, 2,400, 3,600 and 5,600; those of the other lists at 1,935,

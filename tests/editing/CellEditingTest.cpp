@@ -120,7 +120,7 @@ TEST_F(CellEditingTest, SetsTheLimitOfTheTargetAfterAnFmFrequency) {
     addDrmRow();
     start(Fm, kFrequencyX);
     EXPECT_EQ(6, box.limit);
-    editing.enterPressed();
+    editing.commit();
     start(Drm, kDrmTargetX);
     EXPECT_EQ(10, box.limit);
 }
@@ -189,7 +189,7 @@ TEST_F(CellEditingTest, StoresAFavouriteFrequencyWithItsUnitAgain) {
     start(Favourite, kFrequencyX);
     EXPECT_EQ(u"9620", box.content);
     box.content = u"9630";
-    editing.enterPressed();
+    editing.commit();
     EXPECT_EQ("Loved|9630  kHz|DRM", rowText(Favourite, 1));
 }
 
@@ -205,7 +205,7 @@ TEST_F(CellEditingTest, KeepsATextLongerThanTheLimit) {
     addRow(Drm, {programme, u"9620", u"", u""});
     start(Drm, 0);
     EXPECT_EQ(programme, box.content);
-    editing.enterPressed();
+    editing.commit();
     EXPECT_EQ(programme, grid(Drm).text(1, 1));
 }
 

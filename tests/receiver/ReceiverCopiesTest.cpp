@@ -44,7 +44,7 @@ protected:
     Backup backup{u"/k7/", files, clock};
     ReceiverFiles receiverFiles{driver, receiverRoot, files, backup};
     Recovery recovery{u"/k7/", files};
-    ReceiverCopies receiver{lists, copies, receiverFiles, loader, saver, messages, totals, files, backup, recovery};
+    ReceiverCopies receiver{lists, {copies, loader, saver, recovery, backup}, receiverFiles, {messages, totals}, files};
 };
 
 }  // namespace

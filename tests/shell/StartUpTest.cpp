@@ -31,10 +31,9 @@ protected:
     Backup backup{u"/app/", platform.files, platform.clock};
     ReceiverFiles receiverFiles{driver, receiverRoot, platform.files, backup};
     Recovery recovery{u"/app/", platform.files};
-    ReceiverCopies receiverCopies{lists,  copies, receiverFiles,  loader, saver,
-                                  msgBox, totals, platform.files, backup, recovery};
-    StartUp startUp{copies,         receiverCopies,    loader, saver, recovery, backup, driver,
-                    platform.files, platform.codePages};
+    ListStorage storage{copies, loader, saver, recovery, backup};
+    ReceiverCopies receiverCopies{lists, storage, receiverFiles, {msgBox, totals}, platform.files};
+    StartUp startUp{storage, receiverCopies, driver, {platform.files, platform.codePages}};
 };
 
 TEST_F(StartUpTest, ALocalRunCreatesMissingFilesAndIgnoresTheReceiver) {

@@ -65,7 +65,7 @@ protected:
     FakeMessageBox box;
     FakeWindowHook hook;
     mMsgBox messages{box, hook};
-    ScheduleSync command{drmLV, files, codePages, httpClient, statusBar, totals, messages, u"/program/"};
+    ScheduleSync command{drmLV, {files, codePages}, httpClient, statusBar, {messages, totals}, u"/program/"};
 };
 
 TEST_F(ScheduleSyncTest, RebuildsTheListFromTheSchedule) {

@@ -93,11 +93,11 @@ void ListLoader::loadFromListFile(ListKind kind, bool setUpColumns) {
     if (setUpColumns) {
         addListColumns(lists_[kind]);
     }
-    if (!given_.list && !files_.exists(copies_.ListFilePath)) {
+    if (!has(ListFileId::List)) {
         return;
     }
     if (!listFile_ || (served_ & bitOf(kind)) != 0) {
-        listFile_ = read(given_.list, copies_.ListFilePath);
+        listFile_ = read(ListFileId::List);
         served_ = 0;
     }
     appendRecords(kind, *listFile_);
@@ -105,7 +105,7 @@ void ListLoader::loadFromListFile(ListKind kind, bool setUpColumns) {
     if (served_ == kListFileKinds) {
         listFile_.reset();
         served_ = 0;
-        given_.list.reset();
+        given_[ListFileId::List].reset();
     }
 }
 
@@ -113,11 +113,11 @@ void ListLoader::LoadFavList(bool setUpColumns) {
     if (setUpColumns) {
         addListColumns(lists_[ListKind::Favourite]);
     }
-    if (!given_.user && !files_.exists(copies_.UserFilePath)) {
+    if (!has(ListFileId::User)) {
         return;
     }
-    IniReader profile = read(given_.user, copies_.UserFilePath);
-    given_.user.reset();
+    IniReader profile = read(ListFileId::User);
+    given_[ListFileId::User].reset();
     readSettings(profile);
     appendRecords(ListKind::Favourite, profile);
 }
@@ -149,8 +149,11 @@ void ListLoader::appendRecords(ListKind kind, IniReader& profile) {
     }
 }
 
-IniReader ListLoader::read(const std::optional<std::string>& given, std::u16string_view path) {
-    return given ? IniReader(decodeIni(*given, codePages_).text) : readIni(path, files_, codePages_);
+bool ListLoader::has(ListFileId file) { return given_[file] || files_.exists(copies_[file]); }
+
+IniReader ListLoader::read(ListFileId file) {
+    return given_[file] ? IniReader(decodeIni(*given_[file], codePages_).text)
+                        : readIni(copies_[file], files_, codePages_);
 }
 
 void ListLoader::loadFrom(WorkingCopyBytes bytes) {

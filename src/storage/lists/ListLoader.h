@@ -37,7 +37,8 @@ public:
 
 private:
     void loadFromListFile(ListKind kind, bool setUpColumns);
-    IniReader read(const std::optional<std::string>& given, std::u16string_view path);
+    bool has(ListFileId file);
+    IniReader read(ListFileId file);
     void appendRecords(ListKind kind, IniReader& profile);
     void readSettings(IniReader& profile);
 

@@ -20,7 +20,7 @@ TEST(AddFormTest, WithoutADialogTheMainWindowStaysEnabled) {
     FakeWindowHook hook;
     mMsgBox messages(box, hook);
     const CurrentTab currentTab;
-    addForm form(view, mainWindow, currentTab, four.lists, totals, messages);
+    addForm form(view, mainWindow, currentTab, four.lists, {messages, totals});
     form.open();
     EXPECT_FALSE(view.isOpen());
     EXPECT_TRUE(mainWindow.enabled);

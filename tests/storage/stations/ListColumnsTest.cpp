@@ -131,14 +131,14 @@ TEST_F(ListColumnsTestFifth, IsEditedWithItsLimit) {
     mMsgBox messages(messageBox, hook);
     EditState edit;
     FieldValidation validation(lists, tabs, edit, messages);
-    CellEditing editing(lists, tabs, box, statusBar, validation, edit);
+    CellEditing editing(lists, {tabs, box, statusBar}, validation, edit);
     grid(Drm).setSelected(2, true);
     editing.setLastMouseX(5700, 0);  // the columns before it end at 5,600
     editing.startEdit(Drm);
     EXPECT_EQ(narrow(box.content), "fr");
     EXPECT_EQ(box.limit, 3);
     box.content = u"de";
-    editing.enterPressed();
+    editing.commit();
     EXPECT_EQ(languages(), "en de ");
 }
 
