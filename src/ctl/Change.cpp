@@ -28,6 +28,14 @@ Exit openForChange(Services& services, const Options& options, WorkingLists& wor
     return Exit::Done;
 }
 
+Exit openForChange(Services& services, const Options& options, WorkingLists& working, Lists& before, Lists& after) {
+    const Exit opened = openForChange(services, options, working, before);
+    if (opened == Exit::Done) {
+        after.copyFrom(before);
+    }
+    return opened;
+}
+
 Exit storeLists(Services& services, const Options& options, WorkingLists& working, const Lists& before, Lists& after) {
     if (options.dryRun) {
         return printDiff(services, options, before, after);

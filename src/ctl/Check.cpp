@@ -122,7 +122,8 @@ void checkEncoding(const std::optional<std::string>& bytes, std::u16string_view 
 
 Exit checkLists(Services& services, const Options& options) {
     Exit fault = Exit::Done;
-    const auto source = openSource(services, options.source, fault);
+    Lists lists;
+    const auto source = openSource(services, options.source, lists, fault);
     if (!source) {
         return fault;
     }
@@ -130,8 +131,6 @@ Exit checkLists(Services& services, const Options& options) {
     checkEncoding(source->bytes.list, source->listPath, faults);
     checkEncoding(source->bytes.user, source->userPath, faults);
     checkCounts(source->bytes, services.codePages, faults);
-    Lists lists;
-    lists.load(source->bytes, services.files, services.codePages);
     Checker checker(lists, faults);
     for (const ListKind kind : kListKinds) {
         checker.check(kind);

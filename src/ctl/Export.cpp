@@ -61,12 +61,11 @@ Exit exportIni(Services& services, const Options& options, const SourceFiles& so
 
 Exit exportLists(Services& services, const Options& options) {
     Exit fault = Exit::Done;
-    const auto source = openSource(services, options.source, fault);
+    Lists lists;
+    const auto source = openSource(services, options.source, lists, fault);
     if (!source) {
         return fault;
     }
-    Lists lists;
-    lists.load(source->bytes, services.files, services.codePages);
     if (options.exportFormat == ExportFormat::Ini) {
         return exportIni(services, options, *source, lists);
     }

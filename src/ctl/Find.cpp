@@ -55,12 +55,11 @@ private:
 
 Exit findRecords(Services& services, const Options& options) {
     Exit fault = Exit::Done;
-    const auto source = openSource(services, options.source, fault);
+    Lists lists;
+    const auto source = openSource(services, options.source, lists, fault);
     if (!source) {
         return fault;
     }
-    Lists lists;
-    lists.load(source->bytes, services.files, services.codePages);
     const Search search(options, services.clock.now());
     const Grid& drm = lists.grid(ListKind::Drm);
     std::vector<int> found;

@@ -76,10 +76,9 @@ Exit importCsv(Services& services, const Options& options) {
     WorkingLists working(services);
     Lists before;
     Lists after;
-    if (const Exit opened = openForChange(services, options, working, before); opened != Exit::Done) {
+    if (const Exit opened = openForChange(services, options, working, before, after); opened != Exit::Done) {
         return opened;
     }
-    after.copyFrom(before);
     fill(after, options, csv);
     return fits(services, after, before) ? storeLists(services, options, working, before, after) : Exit::Different;
 }

@@ -64,15 +64,11 @@ std::string statusJson(Services& services, const std::u16string& root, const Lis
 
 Exit showReceiverStatus(Services& services, const Options& options) {
     Exit fault = Exit::Done;
-    const auto onReceiver = openSource(services, u"receiver", fault);
-    const auto working = onReceiver ? openSource(services, {}, fault) : std::nullopt;
-    if (!working) {
-        return fault;
-    }
     Lists theirs;
     Lists ours;
-    theirs.load(onReceiver->bytes, services.files, services.codePages);
-    ours.load(working->bytes, services.files, services.codePages);
+    if (!openSource(services, u"receiver", theirs, fault) || !openSource(services, {}, ours, fault)) {
+        return fault;
+    }
     // Ordered, since the receiver shows records in this order.
     const auto changes = diffLists(theirs, ours, true);
     Receiver receiver(services);
@@ -90,12 +86,10 @@ Exit loadFromReceiver(Services& services, const Options& options) {
         return opened;
     }
     Exit fault = Exit::Done;
-    const auto source = openSource(services, u"receiver", fault);
-    if (!source) {
+    Lists after;
+    if (!openSource(services, u"receiver", after, fault)) {
         return fault;
     }
-    Lists after;
-    after.load(source->bytes, services.files, services.codePages);
     return storeLists(services, options, working, before, after);
 }
 

@@ -71,10 +71,9 @@ Exit takeSchedule(Services& services, const Options& options) {
     WorkingLists working(services);
     Lists before;
     Lists after;
-    if (const Exit opened = openForChange(services, options, working, before); opened != Exit::Done) {
+    if (const Exit opened = openForChange(services, options, working, before, after); opened != Exit::Done) {
         return opened;
     }
-    after.copyFrom(before);
     Grid& drm = after.grid(ListKind::Drm);
     const bool merges = options.verb == Verb::ScheduleMerge;
     if (!merges) {

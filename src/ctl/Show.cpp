@@ -10,12 +10,11 @@
 
 Exit showLists(Services& services, const Options& options) {
     Exit fault = Exit::Done;
-    const auto source = openSource(services, options.source, fault);
+    Lists lists;
+    const auto source = openSource(services, options.source, lists, fault);
     if (!source) {
         return fault;
     }
-    Lists lists;
-    lists.load(source->bytes, services.files, services.codePages);
     std::vector<ListKind> kinds;
     for (const ListKind kind : kListKinds) {
         if (source->has(kind) && options.list.value_or(kind) == kind) {

@@ -184,3 +184,11 @@ std::u16string folderPath(std::u16string path, char16_t separator) {
     }
     return path;
 }
+
+std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Lists& lists, Exit& fault) {
+    auto opened = openSource(services, source, fault);
+    if (opened) {
+        lists.load(opened->bytes, services.files, services.codePages);
+    }
+    return opened;
+}

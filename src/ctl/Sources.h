@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "ctl/Exit.h"
+#include "ctl/Lists.h"
 #include "ctl/Services.h"
 #include "storage/lists/WorkingCopies.h"
 #include "storage/stations/ListKind.h"
@@ -23,6 +24,8 @@ struct SourceFiles {
 
 // An empty text: the working copies. On failure a message has been written and `fault` says how to end.
 std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Exit& fault);
+// The same; appends the records to `lists`.
+std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Lists& lists, Exit& fault);
 
 // In the system's notation. currentFolder ends with its separator.
 std::u16string absolutePath(std::u16string_view currentFolder, std::u16string_view path);

@@ -1,20 +1,12 @@
 #include "ctl/schedules/Fields.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
+#include "platform/Windows1252.h"
 #include "storage/text/Numbers.h"
 
 namespace {
-
-constexpr unsigned char kFirstC1 = 0x80;
-constexpr unsigned char kLastC1 = 0x9F;
-// Windows-1252 has characters for the control codes of Latin-1; five bytes are undefined and stay control codes.
-constexpr std::array<char16_t, kLastC1 - kFirstC1 + 1> kInPlaceOfC1 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 bool isDigitByte(char byte) { return byte >= '0' && byte <= '9'; }
 
@@ -82,7 +74,7 @@ std::u16string fromLatin1(std::string_view bytes) {
 std::u16string fromWindows1252(std::string_view bytes) {
     std::u16string text = fromLatin1(bytes);
     for (char16_t& unit : text) {
-        unit = unit >= kFirstC1 && unit <= kLastC1 ? kInPlaceOfC1[static_cast<std::size_t>(unit - kFirstC1)] : unit;
+        unit = unit >= 0x80 && unit <= 0x9F ? kWindows1252From80[unit - 0x80U] : unit;
     }
     return text;
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/PlatformOf.h"
 #include "platform/qt/QtEditBox.h"
 #include "platform/qt/QtPopupMenu.h"
 #include "platform/qt/QtStatusBar.h"
@@ -14,23 +15,8 @@ QtBackend::QtBackend(const WindowDesign& design, std::u16string programFolder)
       addForm_(window_.widget()),
       singleInstance_(programFolder_) {}
 
-Platform QtBackend::platform() {
-    QtTabControl& tabs = window_.tabs();
-    return {{&tabs.grid(0), &tabs.grid(1), &tabs.grid(2), &tabs.grid(3)},
-            tabs,
-            window_.editBox(),
-            window_.statusBar(),
-            window_.popupMenu(),
-            messageBox_,
-            windowHook_,
-            addForm_,
-            window_,
-            files_,
-            volumes_,
-            httpClient_,
-            codePages_,
-            textCompare_,
-            singleInstance_,
-            clock_,
-            programFolder_};
+std::array<GridView*, kTabCount> QtBackend::gridViews() {
+    return {&window_.tabs().grid(0), &window_.tabs().grid(1), &window_.tabs().grid(2), &window_.tabs().grid(3)};
 }
+
+Platform QtBackend::platform() { return platformOf(*this); }

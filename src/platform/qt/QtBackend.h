@@ -1,6 +1,7 @@
 // Owns all objects of this backend, in the order in which they depend on each other.
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "platform/Platform.h"
@@ -25,6 +26,10 @@ public:
     QtMainWindow& window() { return window_; }
 
 private:
+    template <typename Backend>
+    friend Platform platformOf(Backend& backend);
+    std::array<GridView*, kTabCount> gridViews();
+
     std::u16string programFolder_;
     QtMainWindow window_;
     QtMessageBox messageBox_;

@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "platform/PlatformOf.h"
+
 Win32Backend::ControlClasses::ControlClasses() {
     const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
@@ -17,25 +19,11 @@ Win32Backend::Win32Backend(const WindowDesign& design, std::u16string programFol
       addForm_(window_.window()),
       singleInstance_(programFolder_) {}
 
-Platform Win32Backend::platform() {
-    return {{&window_.grid(0), &window_.grid(1), &window_.grid(2), &window_.grid(3)},
-            window_.tabs(),
-            window_.editBox(),
-            window_.statusBar(),
-            window_.popupMenu(),
-            messageBox_,
-            windowHook_,
-            addForm_,
-            window_,
-            files_,
-            volumes_,
-            httpClient_,
-            codePages_,
-            textCompare_,
-            singleInstance_,
-            clock_,
-            programFolder_};
+std::array<GridView*, kTabCount> Win32Backend::gridViews() {
+    return {&window_.grid(0), &window_.grid(1), &window_.grid(2), &window_.grid(3)};
 }
+
+Platform Win32Backend::platform() { return platformOf(*this); }
 
 int Win32Backend::runEvents() {
     MSG message{};

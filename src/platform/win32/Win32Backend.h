@@ -1,6 +1,7 @@
 // Owns all objects of this backend, in the order in which they depend on each other.
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "platform/Platform.h"
@@ -27,6 +28,10 @@ public:
     int runEvents();
 
 private:
+    template <typename Backend>
+    friend Platform platformOf(Backend& backend);
+    std::array<GridView*, kTabCount> gridViews();
+
     // Before the window, which needs these classes.
     struct ControlClasses {
         ControlClasses();

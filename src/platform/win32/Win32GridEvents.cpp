@@ -2,6 +2,8 @@
 #include <windows.h>
 #include <windowsx.h>
 
+#include <utility>
+
 #include "platform/win32/Scale.h"
 #include "platform/win32/Win32GridView.h"
 
@@ -53,11 +55,7 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
             rightPressed(l);
             return 0;
         case WM_RBUTTONUP:
-            if (rightDown_) {
-                rightDown_ = false;
-                const Scale scale(window_);
-                listener_->rightButton(scale.twips(GET_X_LPARAM(l)), scale.twips(GET_Y_LPARAM(l)));
-            }
+            rightReleased(l);
             return 0;
         case WM_CONTEXTMENU:
             contextMenu(l);
@@ -70,14 +68,8 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
         case WM_VSCROLL:
         case WM_HSCROLL:
         case WM_MOUSEWHEEL:
-        case WM_MOUSEHWHEEL: {
-            const auto before = scrollPosition();
-            const LRESULT result = list_.original(window_, message, w, l);
-            if (scrollPosition() != before) {
-                reportViewChange();
-            }
-            return result;
-        }
+        case WM_MOUSEHWHEEL:
+            return scroll(message, w, l);
         case WM_SIZE: {
             const LRESULT result = list_.original(window_, message, w, l);
             if (quiet_ == 0) {
@@ -88,6 +80,15 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
         default:
             return list_.original(window_, message, w, l);
     }
+}
+
+LRESULT Win32GridView::scroll(UINT message, WPARAM w, LPARAM l) {
+    const auto before = scrollPosition();
+    const LRESULT result = list_.original(window_, message, w, l);
+    if (scrollPosition() != before) {
+        reportViewChange();
+    }
+    return result;
 }
 
 LRESULT Win32GridView::keyMessage(UINT message, WPARAM w, LPARAM l) {
@@ -134,6 +135,13 @@ void Win32GridView::rightPressed(LPARAM point) {
     SetFocus(window_);
     const Scale scale(window_);
     listener_->rightPressed(rowAt(point) + 1, scale.twips(GET_X_LPARAM(point)), scale.twips(GET_Y_LPARAM(point)));
+}
+
+void Win32GridView::rightReleased(LPARAM point) {
+    if (std::exchange(rightDown_, false)) {
+        const Scale scale(window_);
+        listener_->rightButton(scale.twips(GET_X_LPARAM(point)), scale.twips(GET_Y_LPARAM(point)));
+    }
 }
 
 void Win32GridView::contextMenu(LPARAM point) {

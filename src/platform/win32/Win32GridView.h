@@ -54,9 +54,11 @@ private:
     static LRESULT CALLBACK headerProcedure(HWND, UINT, WPARAM, LPARAM);
     LRESULT listMessage(UINT message, WPARAM w, LPARAM l);
     LRESULT keyMessage(UINT message, WPARAM w, LPARAM l);
+    LRESULT scroll(UINT message, WPARAM w, LPARAM l);
     void pointerAt(HWND source, LPARAM point);
     void pressed(LPARAM point, bool twice);
     void rightPressed(LPARAM point);
+    void rightReleased(LPARAM point);
     std::pair<int, int> scrollPosition() const;
     void contextMenu(LPARAM point);
     void headerNotified(const NMHDR& header);

@@ -101,9 +101,7 @@ LRESULT Win32MainWindow::handle(UINT message, WPARAM w, LPARAM l) {
             statusBar_.showTime(kClockTimer);
             return 0;
         case WM_SYSCOLORCHANGE:
-            for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-                SendMessageW(child, message, w, l);
-            }
+            passToChildren(message, w, l);
             return 0;
         case WM_ENDSESSION:
             if (w != 0) {
@@ -125,6 +123,12 @@ LRESULT Win32MainWindow::handle(UINT message, WPARAM w, LPARAM l) {
         }
         default:
             return DefWindowProcW(window_, message, w, l);
+    }
+}
+
+void Win32MainWindow::passToChildren(UINT message, WPARAM w, LPARAM l) {
+    for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        SendMessageW(child, message, w, l);
     }
 }
 

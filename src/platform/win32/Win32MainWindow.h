@@ -43,6 +43,7 @@ private:
     void createControls(const WindowDesign& design);
     void setFonts();
     void layOut();
+    void passToChildren(UINT message, WPARAM w, LPARAM l);
     LRESULT notified(const NMHDR& header);
     void activated(WORD state, HWND other);
     void restoreFocus();
