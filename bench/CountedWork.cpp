@@ -1,5 +1,5 @@
-// One piece of work in a process of its own, for an instruction counter to watch: "load", "save" or "sort", and
-// "nothing" for what getting ready costs. Lists of 256 records, files in memory.
+// A workload for an instruction counter, in a separate process: "load", "save" or "sort", or "nothing" for the cost of
+// the preparation. Lists of 256 records, files in memory.
 #include <cstdio>
 #include <functional>
 #include <map>
@@ -14,9 +14,9 @@
 
 namespace {
 
-constexpr int kTimes = 20;  // so that the work outweighs the process around it
+constexpr int kTimes = 20;  // so that the workload outweighs the start of the process
 
-// By the numbers of the units: the order of a language would count the instructions of the system's library.
+// Compares code units: the order of a language would count instructions of the system's library.
 class PlainCompare : public TextCompare {
 public:
     int compare(std::u16string_view left, std::u16string_view right) override {

@@ -1,6 +1,5 @@
-// How long the window takes from a click or key to the repainted list or the drawn dialog. It is the program's own
-// window, on the toolkit's screen in memory. Argument: rows in each list. Prints: name, milliseconds (the median of
-// several).
+// Measures the time from a click or key to the repainted list or dialog, in the program's own window on the toolkit's
+// screen in memory. Argument: rows in each list. Prints: name, milliseconds (the median of several).
 #include <QApplication>
 #include <QDialog>
 #include <QHeaderView>
@@ -78,7 +77,7 @@ void clickHeader(const QTableView& table, int column) {
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, middle);
 }
 
-// From the key that opens the Add List dialog to the end of its first painting.
+// From the key that opens the Add List dialog to the end of its first paint event.
 void measureDialog(QTableView& table) {
     constexpr int kTimes = 21;
     std::vector<double> all;

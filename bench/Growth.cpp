@@ -1,5 +1,5 @@
-// Cost per row of load, save, merging a schedule and deleting, from a receiver's worth of rows to the most that a
-// list file can count. Prints: name, rows, nanoseconds of processor time per row (the median).
+// Measures the cost per row of load, save, merging a schedule and deleting, from the receiver's number of rows to the
+// maximum count in a list file. Prints: name, rows, nanoseconds of processor time per row (the median).
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -19,7 +19,7 @@
 namespace {
 
 constexpr std::array kSizes = {256, 512, 1024, 2048, 4096, 8192, 16384, 32767};
-constexpr int kRowsMeasured = 700'000;  // per size: small lists are run more often
+constexpr int kRowsMeasured = 700'000;  // per size; small lists are measured more often
 
 struct Lists {
     explicit Lists(int records) : sample(u"/"), rows(records) { sample.fill(records); }
@@ -44,7 +44,7 @@ struct Lists {
     int rows;
 };
 
-// Of this thread: long runs would otherwise count what the machine does for others meanwhile.
+// Time of this thread only, as other processes may run during long measurements.
 double processorNanoseconds() {
     timespec now{};
     ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
@@ -59,7 +59,7 @@ double medianOf(const Work& work, int runs) {
         work.run();
         times.push_back(processorNanoseconds() - start);
     }
-    times.erase(times.begin());  // the first one warms up
+    times.erase(times.begin());  // the first run is the warm-up
     const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
     std::nth_element(times.begin(), middle, times.end());
     return *middle;
@@ -70,7 +70,7 @@ void report(const char* name, int rows, const Work& work, double rowsTouched) {
     std::fflush(stdout);
 }
 
-// As large as a schedule of that many records would be; a real one is cut off at 32,767 characters.
+// Of the size of a schedule with that many records; a real one is limited to 32,767 characters.
 std::u16string scheduleOf(int records) {
     constexpr std::size_t kRecordLength = 160;
     return sampleSchedule(static_cast<std::size_t>(records) * kRecordLength);
@@ -85,7 +85,7 @@ void measure(int rows) {
            rows);
 }
 
-// A record behind the 257th is not taken, so this goes as far as the command does.
+// No record after the 257th is added, as in the command itself.
 void measureSchedule(int rows) {
     const std::u16string schedule = scheduleOf(rows);
     RowStore grid;

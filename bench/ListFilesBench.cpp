@@ -1,4 +1,4 @@
-// Loading and saving all four lists, each of as many records as the argument says. 256 is what the receiver holds.
+// Loads and saves four lists with as many records as the argument says. The receiver has 256.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -72,7 +72,7 @@ void report(benchmark::State& state, const Program& program) {
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * state.range(0) * kListCount);
 }
 
-// Both working copies, as they lie in the program folder while it runs, into empty grids.
+// Loads both working copies, in the encoding of a running program, into empty grids.
 void Load(benchmark::State& state) {
     Program program(static_cast<int>(state.range(0)));
     program.convert();
@@ -86,7 +86,7 @@ void Load(benchmark::State& state) {
     report(state, program);
 }
 
-// Parsing "List.ini" alone, its text already in memory.
+// Parses "List.ini" only, from memory.
 void Parse(benchmark::State& state) {
     Program program(static_cast<int>(state.range(0)));
     program.convert();
@@ -97,7 +97,7 @@ void Parse(benchmark::State& state) {
     }
 }
 
-// As at the program's start: from the UTF-8 of the last save.
+// As at the start of the program: from the UTF-8 of the last save.
 void ConvertAndLoad(benchmark::State& state) {
     Program program(static_cast<int>(state.range(0)));
     for ([[maybe_unused]] auto _ : state) {

@@ -1,4 +1,4 @@
-// Sorting a list and merging a schedule, held against the least that such work can cost.
+// Compares sorting a list and merging a schedule with the minimum cost of such work.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -49,7 +49,7 @@ void copyIn(Grid& grid, const std::vector<Cells>& rows, const std::vector<Key>& 
     }
 }
 
-// The rows copied out, std::sort over the same keys, the rows copied back.
+// Copies the rows out, sorts them by the same keys with std::sort, and copies them back.
 void sortPlainly(Grid& grid, std::size_t column, TextCompare* textCompare) {
     const std::vector<Cells> rows = copyOut(grid);
     std::vector<Key> keys;

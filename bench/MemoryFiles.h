@@ -1,4 +1,5 @@
-// Files in memory that cost as little as files can: what is timed over them is the program's own work.
+// Files in memory with little overhead, so that the program's own work is measured. A whole file system, not a wrapper
+// that forwards.
 #pragma once
 
 #include <optional>

@@ -34,7 +34,7 @@ void measurePair(std::string_view name, const Work& ours, const Work& other, int
 
 void reportPairs(std::string_view name, int rounds, const std::function<double()>& ours,
                  const std::function<double()>& other) {
-    ours();  // warm
+    ours();  // warm-up
     other();
     std::vector<double> first;
     std::vector<double> second;

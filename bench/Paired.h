@@ -1,4 +1,4 @@
-// Two ways of doing something, timed in turns so that a machine whose speed drifts treats both alike.
+// Measures two alternatives in turns, so that changes of the machine's speed affect both.
 #pragma once
 
 #include <functional>
@@ -10,15 +10,15 @@ struct Work {
 };
 
 // Prints one line of tab-separated fields: name, microseconds of ours, microseconds of the other (medians), and the
-// median of the ratios ours / other of the pairs.
+// median of the ratios ours / other.
 void measurePair(std::string_view name, const Work& ours, const Work& other, int rounds);
-// The same of two functions that measure by themselves, in microseconds.
+// The same for two functions that measure themselves, in microseconds.
 void reportPairs(std::string_view name, int rounds, const std::function<double()>& ours,
                  const std::function<double()>& other);
 
-// Keeps the compiler from dropping what computed `value`.
+// Keeps the compiler from removing the computation of `value`.
 void keep(std::size_t value);
 
-// The memory of one run serves the next. Otherwise the allocator gives some of it back to the system, as the sizes
-// before happen to have tuned it, and some runs pay for getting it again and others do not.
+// Keeps freed memory for the next run. Otherwise the allocator returns some of it to the system, depending on earlier
+// sizes, and only some runs pay for requesting it again.
 void keepFreedMemory();

@@ -11,7 +11,7 @@ constexpr std::array<std::u16string_view, 8> kStations = {u"中国之声",   u"�
 constexpr std::array<std::u16string_view, 4> kTargets = {u"Western Europe", u"东南亚", u"Северная Америка", u"India"};
 constexpr std::array<std::u16string_view, 3> kSystems = {u"DRM", u"AM", u"FM"};
 
-// Numbers that neighbours do not share, so that sorting has something to do.
+// Numbers in no order, so that there is something to sort.
 int scattered(int number, int range) {
     return static_cast<int>(static_cast<unsigned>(number) * 7919U % static_cast<unsigned>(range));
 }

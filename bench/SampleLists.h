@@ -1,4 +1,4 @@
-// Four lists as a listener far from Europe keeps them: names of many scripts, the same ones at every run.
+// Four sample lists with names in many scripts, the same in every run.
 #pragma once
 
 #include <array>
@@ -13,16 +13,16 @@
 #include "storage/stations/RowStore.h"
 #include "storage/stations/StationLists.h"
 
-// Latin: every name in the letters of English, so that any font has them.
+// Latin: ASCII names only, which every font can display.
 enum class Names { Mixed, Latin };
 
-// The grids and what the storage routines need around them; nothing draws them.
+// The grids with everything that the storage classes need; no view draws them.
 class SampleLists {
 public:
-    // The working copies lie in `folder`, which ends with its separator, by the names that the program gives them.
+    // The working copies are in `folder`, which ends with its separator, with the names that the program uses.
     explicit SampleLists(std::u16string_view folder, Names names = Names::Mixed);
 
-    // Empties the grids, then appends `records` to each.
+    // Clears the grids, then appends `records` to each.
     void fill(int records);
     void clear();
     StationLists lists();
@@ -30,7 +30,7 @@ public:
     const WorkingCopies& copies() const { return copies_; }
     ReceiverSettings& settings() { return settings_; }
 
-    // Writes both working copies as a save leaves them (UTF-8), or as the running program keeps them (UTF-16).
+    // Writes both working copies as a save does (UTF-8), or as a running program keeps them (UTF-16).
     void writeUtf8(Files& files, CodePages& codePages);
     void writeUtf16(Files& files, CodePages& codePages);
 
@@ -57,7 +57,7 @@ private:
     ReceiverSettings settings_;
 };
 
-// A station's name, different for every number.
+// The name of a station, different for every number.
 std::u16string sampleName(int number, Names names);
-// A schedule of at most `units` characters; as many whole records as fit, all of them valid.
+// A schedule of at most `units` characters, with as many whole and valid records as fit.
 std::u16string sampleSchedule(std::size_t units);

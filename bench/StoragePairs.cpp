@@ -1,5 +1,5 @@
-// Loading and saving the four lists, held against reading the same files at all, against INI libraries and against
-// writing the same bytes. Makes a folder of its own in the current one.
+// Compares loading and saving the four lists with just reading the same files, with INI libraries and with writing the
+// same bytes. Creates a folder in the current one.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -84,7 +84,7 @@ struct NewContent {
     const std::string& bytes;
 };
 
-// The least that leaves whole files of one folder, whenever the power fails.
+// The minimum that keeps files of one folder whole after a power cut at any time.
 void replaceByHand(std::initializer_list<NewContent> files) {
     for (const NewContent& file : files) {
         writeAndFlush(file.path + "~", file.bytes);
@@ -98,13 +98,13 @@ void replaceByHand(std::initializer_list<NewContent> files) {
     ::close(folder);
 }
 
-// The libraries do not take the NUL that a saved file may hold before its end marker.
+// The libraries do not accept the NUL that may precede the end marker of a saved file.
 std::string withoutNul(std::string bytes) {
     std::erase(bytes, '\0');
     return bytes;
 }
 
-// `suffix`: what the names of the rows say of the lists' size.
+// `suffix`: the size of the lists, for the names of the rows.
 void measureParsers(Sample& sample, int rounds, const std::string& suffix) {
     const Work load{[&] { sample.load(); }, [&] { sample.lists.clear(); }};
     const int rows = sample.lists.grid(ListKind::Favourite).rowCount();
@@ -136,7 +136,7 @@ double microsecondsOf(const std::function<void()>& work) {
     return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
 }
 
-// In a process of its own, as at the program's start, when no memory has been touched yet.
+// In a separate process, as at the program's start, whose memory has not been used yet.
 double firstOf(const std::string& self, const char* what, const Sample& sample) {
     const std::string command = self + ' ' + what + ' ' + sample.folder.string();
     const std::unique_ptr<FILE, decltype(&::pclose)> output(::popen(command.c_str(), "r"), &::pclose);
@@ -181,7 +181,7 @@ void measureSavesOnDisk(Sample& sample) {
     require(saver.ListsSaved(), "the lists could not be saved");
 }
 
-// As many records as the receiver holds.
+// The receiver's number of records.
 void measureReceiversLists(const std::string& self, const std::filesystem::path& folder) {
     Sample sample(folder, kMaxRecords);
     sample.lists.writeUtf8(sample.files, sample.codePages);
@@ -193,7 +193,7 @@ void measureReceiversLists(const std::string& self, const std::filesystem::path&
     measureSavesOnDisk(sample);
 }
 
-// As many as a list file can count.
+// The maximum count in a list file.
 void measureLongLists(const std::filesystem::path& folder) {
     const std::string suffix = " of " + std::to_string(kMostRows) + " rows";
     Sample sample(folder, kMostRows);

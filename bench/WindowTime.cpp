@@ -1,7 +1,7 @@
-// Starts a program and waits until its window is on screen and drawn: the time a user waits. No window manager is
-// to run on the display, so that the program's windows are children of the root window.
-// Usage: window_time PROGRAM [ARGUMENT...]. Prints: milliseconds until then, resident kilobytes
-// once it has settled, milliseconds of processor time until its end.
+// Starts a program and waits until its window is visible and drawn, as its user does. There must be no window manager
+// on the display, so that the program's windows are children of the root window.
+// Usage: window_time PROGRAM [ARGUMENT...]. Prints: milliseconds, then resident kilobytes and milliseconds of processor
+// time up to the end of the program.
 #include <poll.h>
 #include <spawn.h>
 #include <sys/resource.h>
@@ -23,9 +23,9 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int kSmallestWindow = 200;  // pixels, either way
+constexpr int kSmallestWindow = 200;  // pixels, in both directions
 constexpr double kEnoughDrawn = 0.5;  // of the window's area
-constexpr int kQuiet = 250;           // milliseconds without drawing: the program has settled
+constexpr int kQuiet = 250;           // milliseconds without drawing after which the program is idle
 constexpr int kPatience = 20'000;     // milliseconds
 
 template <class Reply>
@@ -47,7 +47,7 @@ public:
             &std::free);
         const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
         xcb_change_window_attributes(connection_, root_, XCB_CW_EVENT_MASK, &mask);
-        // Once the server has answered, it reports every window mapped from then on.
+        // After this reply the server reports every window that is mapped.
         const Owned<xcb_get_input_focus_reply_t> answered(
             xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr), &std::free);
     }
@@ -55,8 +55,8 @@ public:
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
-    // True once a window has been drawn for the most part; waits for one event at most `milliseconds`.
-    // `any`: something was drawn at all.
+    // True if most of a window has been drawn; waits at most `milliseconds` for one event.
+    // `any`: set if anything was drawn.
     bool windowDrawn(int milliseconds, bool& any) {
         any = false;
         xcb_flush(connection_);
@@ -97,7 +97,7 @@ private:
             found->second.area = areaOf(notice.width, notice.height);
         }
     }
-    // 0 for the small windows that are tools of a toolkit, tips or splash screens.
+    // 0 for small windows: tooltips, splash screens and helpers of a toolkit.
     static double areaOf(int width, int height) {
         return width < kSmallestWindow || height < kSmallestWindow ? 0 : static_cast<double>(width) * height;
     }

@@ -22,8 +22,8 @@ START_ROUNDS = 11
 CALL_ROUNDS = 3
 WORSE = 1.25  # a ratio past this many times the written one fails the check
 NOISE = 0.01  # ratios below this are chance: the other side has not even been measured in turns with ours
-# Held against the bound that they reach: another machine's figure says little about them. One past its bound is held
-# against the written one like a ratio, so that it gets no worse.
+# Compared with their bound, since the figure depends on the machine. One that misses its bound is compared with the
+# written figure like a ratio, so that it does not get worse.
 ABSOLUTE = (' ms', ' wake-ups')
 
 
@@ -60,7 +60,7 @@ def micro(value):
     return f'{value / 1e6:.3g} s'
 
 
-# Bounds by the name that a measuring program prints; the names without one are figures to know.
+# Bounds by the names that the measuring programs print; the others have none.
 PAIR_BOUNDS = {
     'load / inih parsing both files': 0.4,
     'load / inih parsing List.ini': 1,
@@ -89,7 +89,7 @@ def measure_pairs(table, folder):
 
 
 def measure_memory(table, folder):
-    """What loading the longest lists adds to a process; each of several is a new process."""
+    """The memory that loading the longest lists adds to a process, in several new processes."""
     program, lists = BENCH / 'loaded_memory', pathlib.Path(folder) / 'memory'
     lists.mkdir()
     subprocess.run([program, lists, 'write'], check=True)
@@ -99,7 +99,7 @@ def measure_memory(table, folder):
               f'{files / 2**20:.3g} MB', added / files, 1.5)
 
 
-# Milliseconds, by what is timed and the rows of each list.
+# Milliseconds, by action and rows of each list.
 SNAPSHOT_BOUNDS = {('SnapshotOnDisk', 256): 0.39, ('SnapshotOnDisk', 32767): 16}
 SNAPSHOT_ROWS = {'SnapshotOnDisk': 'snapshot of four lists of {} rows after one edit',
                  'SnapshotInMemory': 'snapshot of four lists of {} rows after one edit, without the disk',
@@ -117,8 +117,8 @@ def measure_snapshot(table, folder):
                       SNAPSHOT_BOUNDS.get((name, int(rows))), ' ms')
 
 
-# Milliseconds, by what is done; one frame, or what no one waits for. The click on a header of the longest lists is
-# held against the same sort done by hand instead.
+# Milliseconds, by action: one frame, or an action that nobody waits for. The click on a header of the longest lists is
+# compared with a plain sort of the same rows.
 RESPONSE_BOUNDS = {'header click, names': 16, 'header click, frequencies': 16, 'scroll by a page': 16,
                    'scroll from end to end': 16, 'select all': 50, 'delete all': 50, 'Add List dialog opened': 50}
 SORT_OF_CLICK = {'header click, names': 'sort by name of 32767 rows / std::sort and copying',
@@ -140,12 +140,12 @@ def measure_window(table, pairs):
                 table.add(what, micro(value * 1e3), '', value, RESPONSE_BOUNDS[name], ' ms')
 
 
-# The longest lists do not fit the processor's cache, which a deletion of a few nanoseconds for each row shows most.
+# The longest lists do not fit in the processor's cache, which affects deletion most: it takes a few nanoseconds per row.
 GROWTH_BOUNDS = {'load': 1.15, 'save': 1.2, 'delete': 1.3, 'schedule': 1.2}
 
 
 def measure_growth(table):
-    """Returns what the plot shows."""
+    """Returns the points of the plot."""
     data = {}
     for name, rows, cost in lines_of(BENCH / 'growth'):
         data.setdefault(name, []).append((int(rows), float(cost)))
@@ -187,14 +187,14 @@ def display():
 
 def start(command, environment):
     """Milliseconds to the drawn window, resident kilobytes, milliseconds of processor time."""
-    # Not even a pipe for the messages: a desktop that Wine starts along with the program would keep it open.
+    # No pipe for the messages: a desktop that Wine starts with the program would keep it open.
     run = subprocess.run([BENCH / 'window_time', *map(str, command)], env=environment, stdout=subprocess.PIPE,
                          stderr=subprocess.DEVNULL, text=True, check=True)
     return tuple(float(value) for value in run.stdout.split())
 
 
 def start_in_turns(commands, environment, rounds=START_ROUNDS):
-    """The figures of each command, one tuple for each round; the commands take turns. The first round warms up."""
+    """The figures of each command, one tuple per round; the commands take turns. The first round is the warm-up."""
     runs = {name: [] for name in commands}
     for _ in range(rounds + 1):
         for name, command in commands.items():
@@ -242,7 +242,7 @@ def measure_linux_start(table, folder):
 
 
 def measure_idle(table, program):
-    """How often the threads of the program stop waiting within a minute, at the change of the clock and besides it."""
+    """How often threads of the program wake up within a minute, at the change of the clock and at other times."""
     around = 2  # seconds that belong to the change, on either side
     with display() as environment:
         process = subprocess.Popen([program], env=environment, stderr=subprocess.DEVNULL)
@@ -262,8 +262,8 @@ def measure_idle(table, program):
                            for earlier, later in zip(counts, counts[1:]))
     table.add("idle: wake-ups of all threads in a minute besides the clock's change", f'{first + last}', '',
               first + last, 0, ' wake-ups')
-    # The timer; the answer of the X server to the drawing, which one thread hears and hands to the other; and once
-    # more where both meet at the lock of their connection.
+    # The timer; the reply of the X server to the drawing, which one thread receives and passes to the other; and one more
+    # if both wait for the lock of their connection.
     table.add("idle: wake-ups of all threads for the clock's change", f'{change}', '', change, 4, ' wake-ups')
 
 
@@ -288,7 +288,7 @@ def measure_windows(table, folder, saved_microseconds, loaded_microseconds):
         environment = {**environment, 'WINEDEBUG': '-all', 'WINEPREFIX': f'{folder}/wine',
                        'WINEDLLOVERRIDES': 'mscoree,mshtml,winemenubuilder.exe='}
         wine = shutil.which('wine64') or '/usr/lib/wine/wine64'
-        # First, and alone: two programs that both find no prefix would both make it.
+        # First and alone: two programs without a prefix would both create it.
         subprocess.run([wine, 'wineboot', '-i'], env=environment, check=True, stderr=subprocess.DEVNULL)
         commands = {'Windows program': [wine, program / 'Halcyon_K7.exe'],
                     'empty list-view window': [wine, WINDOWS / 'bench/empty_list_view.exe']}
@@ -315,7 +315,7 @@ def end_wine(environment):
 
 
 def measure_server_calls(table, wine, commands, environment, folder):
-    """What a start of each program asks of Wine's server, which writes a line for each answer when it is traced."""
+    """The requests of each program's start to Wine's server, which writes a line per reply when traced."""
     log = pathlib.Path(folder) / 'server'
     with open(log, 'wb') as output:
         keeper = subprocess.Popen([wine, 'explorer', '/desktop=none'], env={**environment, 'WINEDEBUG': '+server'},
@@ -357,7 +357,7 @@ def write_page(table, conditions):
 
 
 def written_value(ours, ratio):
-    """The figure of a row: milliseconds stand in the column of ours, any other in that of the ratio."""
+    """The figure of a row: milliseconds are in the column of ours, other figures in that of the ratio."""
     if ratio:
         return float(ratio.split()[0])
     number, unit = ours.split()
@@ -365,7 +365,7 @@ def written_value(ours, ratio):
 
 
 def written_rows():
-    """What the page says by name: the figure, and whether the bound is reached."""
+    """The rows of the page by name: the figure, and whether the bound is reached."""
     written = {}
     for line in PAGE.read_text().splitlines():
         cells = [cell.strip() for cell in line.strip('|').split('|')]

@@ -1,6 +1,6 @@
-// What the system costs before a program does anything with it: a window with one empty list view.
+// The cost of the system alone: a window with one empty list view.
 #include <windows.h>
-// After windows.h, which it needs.
+// After windows.h, on which it depends.
 #include <commctrl.h>
 
 namespace {
@@ -16,7 +16,7 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM first, LPARAM
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int show) {
-    constexpr int kWidth = 768;  // as the program's window, its frame included
+    constexpr int kWidth = 768;  // size of the program's window with its frame
     constexpr int kHeight = 567;
     const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&classes);

@@ -1,5 +1,5 @@
-// What the toolkit costs before a program does anything with it: a main window, empty or, with ALL_CONTROLS, with the
-// program's own controls, all empty: four tables with their columns, tabs and a status bar.
+// The cost of the toolkit alone: an empty main window or, with ALL_CONTROLS, the program's controls without content:
+// four tables with their columns, tabs and a status bar.
 #include <QApplication>
 #include <QMainWindow>
 #ifdef ALL_CONTROLS
@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
     window.setCentralWidget(tabs);
     window.statusBar()->showMessage(window.windowTitle());
 #endif
-    window.resize(760, 540);  // as the program
+    window.resize(760, 540);  // size of the program's window
     window.show();
     return QApplication::exec();
 }

@@ -1,6 +1,6 @@
 #include "peers/IniParsers.h"
 
-#define SI_NO_CONVERSION  // the bytes stay UTF-8
+#define SI_NO_CONVERSION  // keeps the bytes as UTF-8
 #include <SimpleIni.h>
 #include <glib.h>
 #include <ini.h>

@@ -1,4 +1,4 @@
-// The INI libraries that the program's own loader and saver are held against.
+// INI libraries for comparison with the program's own loader and saver.
 #pragma once
 
 #include <cstddef>
@@ -6,14 +6,14 @@
 #include <string>
 #include <string_view>
 
-// Each parses the bytes of a UTF-8 file as its users do and returns the number of keys it has found.
+// Each parses the bytes of a UTF-8 file as its users do and returns the number of keys.
 std::size_t parseWithInih(const std::string& bytes);
 std::size_t parseWithSimpleIni(const std::string& bytes);
 std::size_t parseWithGKeyFile(const std::string& bytes);
 // QSettings reads files only.
 std::size_t parseWithQSettings(const std::string& path);
 
-// A file parsed once, to be composed again.
+// A file that has been parsed once and can be composed again.
 class SimpleIniFile {
 public:
     explicit SimpleIniFile(const std::string& bytes);

@@ -1,5 +1,5 @@
-// The four lists written and read with the system's profile functions, one call for each key, as a plain program
-// would. Argument: a folder, which gets a "List.ini" and a "User.ini". Prints: milliseconds to write, to read.
+// Writes and reads the four lists with the system's profile functions, one call per key, as a simple program would.
+// Argument: a folder, which gets "List.ini" and "User.ini". Prints: milliseconds to write, to read.
 #include <windows.h>
 
 #include <chrono>
@@ -25,7 +25,7 @@ double millisecondsOf(const std::function<void()>& work) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-// The mark and a blank: the profile functions then keep every script.
+// The byte-order mark and a blank: with them the profile functions keep every script.
 void seed(const std::wstring& path) {
     if (std::FILE* file = ::_wfopen(path.c_str(), L"wb"); file != nullptr) {
         std::fwrite("\xFF\xFE \0", 1, 4, file);
