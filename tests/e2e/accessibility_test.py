@@ -92,7 +92,7 @@ class ByReader(ProgramCase):
         self.assert_closes(program)
 
     def test_the_tree_survives_changes_below_it(self):
-        """A screen reader holds a cell while its row is deleted."""
+        """A screen reader keeps a reference to a cell whose row is deleted."""
         program = self.program(*full_lists()).start()
         held = [program.cell(row, 1) for row in (1, 128, FULL)]
         program.keys("End", "Home", "shift+End", "Delete")

@@ -37,7 +37,7 @@ class ProgramCase(unittest.TestCase):
         return server.address
 
     def assert_cells(self, program, expected):
-        """Waits until the grid shown holds exactly these rows."""
+        """Waits until the current grid has exactly these rows."""
         expected = [tuple(row) for row in expected]
         try:
             program.wait(lambda: program.cells() == expected, "the cells")

@@ -42,7 +42,7 @@ class Kills(ProgramCase):
     def setUp(self):
         self.random = random.Random(SEED)
         self.rows = list(ROWS)
-        self.pending = None  # what the command under way would make of the rows
+        self.pending = None  # the rows after the running command
         self.saved = {}  # all that the receiver's file may hold, and its rows
         self.kills = self.finished = self.lost = 0
         self.pace = 0.3  # seconds that a command takes on this machine
@@ -96,7 +96,7 @@ class Kills(ProgramCase):
         step = self.random.randrange(8)
         row = self.random.randrange(len(self.rows))
         if step == 0:
-            # The receiver may hold the lists before and after it.
+            # The receiver may have the lists before or after the command.
             self.saved[list_ini(self.rows)] = self.rows
             program.keys("ctrl+s")
             program.wait(lambda: program.cells() == self.rows, "an answer after the save")

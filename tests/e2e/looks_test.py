@@ -11,7 +11,7 @@ from program import PICTURES  # noqa: E402
 from session import SESSION, need  # noqa: E402
 
 ENOUGH = 4.5  # to 1: level AA of the web's content guidelines for text of this size
-# As the settings of a KDE desktop hold them: text, ground of lists, ground of windows, selected text and its ground.
+# Settings of a KDE desktop: text, backgrounds of lists and of windows, selected text and its background.
 PALETTES = {
     "light": ("35,38,41", "255,255,255", "239,240,241", "255,255,255", "41,111,159"),
     "dark": ("252,252,252", "27,30,32", "42,46,50", "252,252,252", "29,99,143"),

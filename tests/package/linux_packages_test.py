@@ -25,7 +25,7 @@ class LinuxPackages(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.system = CleanSystem()
-        # The first installation brings what the program needs from Debian; removing leaves that in place.
+        # The first installation installs dependencies from Debian, which a removal keeps.
         cls.system.apt_install(cls.system.bring(DEB))
         cls.system.run("apt-get", "-qy", "purge", "halcyon-k7")
 
@@ -80,7 +80,7 @@ class LinuxPackages(unittest.TestCase):
                                                        "/" + samples))
 
     def start_as_administrator(self):
-        """Who could write beside the program, but has lists of their own like every user."""
+        """An administrator could write next to the program, but has separate lists like every user."""
         home = self.system.root / "tmp/administrator"
         home.mkdir()
         visit = Visit(self.system.as_administrator("/tmp/administrator", self.desktop_entry("Exec")))
