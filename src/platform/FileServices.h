@@ -1,4 +1,4 @@
-// Reading and writing text files takes both.
+// The services for reading and writing text files.
 #pragma once
 
 #include "platform/CodePages.h"

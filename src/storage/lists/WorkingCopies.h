@@ -26,16 +26,16 @@ using WorkingCopyBytes = PerListFile<std::optional<std::string>>;
 inline constexpr std::string_view kNewWorkingCopy = "\xEF\xBB\xBF ";
 void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);
 
-// The whole file, tried again when it fails: the lists shown are what the next save writes over it.
-// nullopt when there is no such file, when it cannot be read or when its size in bytes needs more than 31 bits.
+// Reads the whole file, with retries: the next save overwrites it with the lists shown. nullopt if the file is missing,
+// cannot be read or has a size over 31 bits.
 std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& files);
 
-// From the receiver's UTF-8 (never guessed, a mark is accepted) to UTF-16LE with its mark.
+// Converts UTF-8 (not detected; a byte-order mark is accepted) to UTF-16LE with its mark.
 std::string convertedWorkingCopy(std::string_view bytes);
 
-// Back to UTF-8, as backups and the receiver have it; bytes without the mark of UTF-16LE stay as they are.
+// Converts back to UTF-8, for backups and the receiver; bytes without the mark of UTF-16LE are unchanged.
 std::string unconvertedWorkingCopy(std::string_view bytes);
 
-// The same of the file itself. Returns what the file holds then; nullopt when it is missing or cannot be read or
-// written, and then it is as it was.
+// Converts the file itself. Returns its new content; nullopt, and the file is unchanged, if it is missing or cannot be
+// read or written.
 std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files);
