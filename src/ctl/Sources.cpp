@@ -31,7 +31,7 @@ bool startsWithName(std::u16string_view fileName, std::u16string_view stem) {
     return sameName(fileName.substr(0, stem.size()), stem);
 }
 
-// By its name, or by its count where the file is called otherwise.
+// By the file name, or by its count if the name is another.
 bool isUserFile(std::u16string_view path, const std::string& bytes, CodePages& codePages) {
     const std::u16string_view name = fileNameOf(path);
     if (startsWithName(name, u"user") || startsWithName(name, u"list")) {

@@ -1,4 +1,4 @@
-// What a command reads: the working copies, a folder, one of the two files, the receiver or a backup.
+// Opens the source of a command: working copies, folder, file, receiver or backup.
 #pragma once
 
 #include <optional>
@@ -14,20 +14,20 @@
 inline constexpr std::u16string_view kNoReceiver = u"no disk is the receiver's; connect it and try again";
 
 struct SourceFiles {
-    WorkingCopyBytes bytes;  // a file that the source does not have has none
+    WorkingCopyBytes bytes;  // nullopt for a file that the source does not have
     std::u16string listPath;
     std::u16string userPath;
 
-    // Whether the source has the file that holds the list.
+    // True if the source has the file with this list.
     bool has(ListKind kind) const { return (kind == ListKind::Favourite ? bytes.user : bytes.list).has_value(); }
 };
 
-// An empty text: the working copies. On failure a message has been written and `fault` says how to end.
+// Empty: the working copies. On failure a message was written and `fault` is the exit code.
 std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Exit& fault);
 // The same; appends the records to `lists`.
 std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Lists& lists, Exit& fault);
 
 // In the system's notation. currentFolder ends with its separator.
 std::u16string absolutePath(std::u16string_view currentFolder, std::u16string_view path);
-// With one separator at its end.
+// Ensures one trailing separator.
 std::u16string folderPath(std::u16string path, char16_t separator);

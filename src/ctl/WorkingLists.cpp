@@ -14,7 +14,7 @@
 
 namespace {
 
-// In the receiver's encoding: the working copies of a run of the window are in UTF-16.
+// During a run of the window the working copies are UTF-16.
 std::string withoutUtf16(const std::string& bytes, CodePages& codePages) {
     const IniText file = decodeIni(bytes, codePages);
     return file.isUtf16 ? toUtf8(file.text) : bytes;
@@ -76,7 +76,7 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
         return false;
     }
     backUp(old);
-    // As the window saves: once the snapshot is kept a start finds the new lists, even if only one file is replaced.
+    // As in a save of the window: with this snapshot a start finds the new lists even if only one file is replaced.
     Recovery recovery(services_.folder, services_.files);
     recovery.find();
     PerListFile<FileState> before;
@@ -102,7 +102,7 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
     for (const ListFileId file : kListFiles) {
         recovery.leaves(file, replaced ? FileState::of(*bytes[file]) : before[file]);
     }
-    const std::string none(kNewWorkingCopy);  // of a file that was missing
+    const std::string none(kNewWorkingCopy);  // for a file that is missing
     recovery.keep(replaced ? bytes : WorkingCopyBytes{old.list.value_or(none), old.user.value_or(none)});
     recovery.keepNewestOnly();
     return replaced;

@@ -14,17 +14,17 @@ public:
     explicit WorkingLists(Services& services);
 
     const WorkingCopies& paths() const { return paths_; }
-    // By the rule of that start: the snapshot in "Recovery" counts as long as a working copy is as the run that wrote
-    // the snapshot may have left it, or is damaged; one that somebody else has changed wins. A run of the window that
-    // is on keeps its lists there, too. A file that is missing or cannot be read has no bytes; isUnreadable says the
-    // latter.
+    // By the rule of a start of the window: the snapshot in "Recovery" counts if a working copy is in a state in which
+    // the run that wrote the snapshot may have left it, or damaged; otherwise the working copy counts. A running window
+    // also keeps its lists in the snapshot. nullopt for a file that is missing or cannot be read; isUnreadable
+    // distinguishes them.
     WorkingCopyBytes read();
     bool isUnreadable() const { return unreadable_; }
 
-    // Claims the folder for this process. False, with a message: the window is open on these lists.
+    // Claims the folder for this process. False, with a message, if the window has these lists open.
     bool claim();
-    // Replaces both files or neither; what they held goes to "Backup". False, with a message: all is as it was.
-    // A process that is killed meanwhile leaves either the old lists or the new ones to the next start of the window.
+    // Replaces both files or neither, and backs up the old ones. False, with a message, if nothing was changed. If the
+    // process is killed meanwhile, the next start of the window finds either the old or the new lists.
     bool replace(const WorkingCopyBytes& bytes);
 
 private:

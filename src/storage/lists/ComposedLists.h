@@ -1,4 +1,4 @@
-// The records of each list as they were composed last, so that a list that has not changed is not composed again.
+// The records of each list as last composed, so that an unchanged list is not composed again.
 #pragma once
 
 #include <array>
@@ -10,9 +10,9 @@
 #include "storage/stations/ListKind.h"
 
 struct ComposedRecords {
-    std::uint64_t changes = 0;  // of the grid, when they were composed
+    std::uint64_t changes = 0;  // changes() of the grid when the records were composed
     std::string bytes;          // UTF-8
-    std::size_t units = 0;      // of the same text in UTF-16
+    std::size_t units = 0;      // length in UTF-16
 };
 
 class ComposedLists {

@@ -30,7 +30,7 @@ public:
     bool ListsSaved() const { return listsSaved_; }
     // The bytes that SaveLists would write; nullopt for a file that it would not write.
     WorkingCopyBytes compose() { return compose(nullptr); }
-    // The same; takes the records of lists that have not changed from `last`, which is up to date afterwards.
+    // The same, but takes the records of unchanged lists from `last`, and updates it.
     WorkingCopyBytes compose(ComposedLists& last) { return compose(&last); }
 
     // Excludes a working copy that could not be loaded from saving: the grids never held its records.

@@ -29,7 +29,7 @@ std::optional<Snapshot> Recovery::find() {
     return kept_;
 }
 
-// Applies the changes that follow a snapshot, `rest`. Behind one that was interrupted no other would be found.
+// Applies the changes after a snapshot, `rest`. A change after an interrupted one would not be found.
 Recovery::Room Recovery::readChanges(std::string_view rest, SnapshotFile& file) {
     const std::size_t all = rest.size();
     int changes = 0;
@@ -52,7 +52,7 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
         return true;
     }
     Snapshot snapshot{0, std::move(bytes), left_};
-    // A failed change may be in the file all the same: the number of another attempt is higher.
+    // A failed change may be in the file nevertheless, so every attempt gets a higher number.
     snapshot.number = ++lastNumber_;
     if (!append(snapshot)) {
         snapshot.number = ++lastNumber_;

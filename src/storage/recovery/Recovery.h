@@ -34,19 +34,19 @@ public:
     // stays as in the last snapshot. Writes nothing if that would not change. False if the snapshot could not be
     // written.
     bool keep(WorkingCopyBytes bytes);
-    // Keeps the lists, saves them, and keeps them once more without the states before the save: after that
-    // such a file is somebody's who went back to it. Whether both files are saved, the saver says.
+    // Writes a snapshot, saves the lists, and writes another snapshot without the states before the save: a file in
+    // such a state was then restored from outside. The saver reports whether both files were saved.
     void save(ListSaver& saver);
     // Removes all but the newest snapshot.
     void keepNewestOnly();
 
 private:
-    // Two files take turns, so that a torn one leaves the other. Changes of the newest snapshot follow it in its file
-    // while they are shorter than half of it, so that not every edit writes the whole lists.
+    // Two files in turns, so that after a torn write the other is whole. Changes of the newest snapshot are appended to
+    // its file while they are shorter than half of it, so that not every edit writes all lists.
     static constexpr std::size_t kSlots = 2;
-    // The next start applies each of them to the whole lists.
+    // Limits the work of the next start, which applies each change to all lists.
     static constexpr int kMostChanges = 100;
-    // For changes that follow the newest snapshot.
+    // The space for changes after the newest snapshot.
     struct Room {
         std::uint64_t start = 0;  // the size of the file
         std::size_t bytes = 0;
@@ -63,10 +63,10 @@ private:
     Files& files_;
     std::size_t newest_ = 0;  // the slot of kept_
     std::optional<Snapshot> kept_;
-    std::uint64_t lastNumber_ = 0;  // of the snapshots kept and of those that failed
+    std::uint64_t lastNumber_ = 0;  // highest number used, including failed attempts
     Room room_;
     FileStates left_;
-    // What this run knows to be on the device. The snapshot of a killed run may be in the system's cache only.
+    // True if this run has made the name durable. The snapshot of a killed run may be in the system's cache only.
     std::array<bool, kSlots> isNamed_{};
     bool isDurable_ = false;
 };

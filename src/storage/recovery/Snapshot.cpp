@@ -42,7 +42,7 @@ bool take(std::string_view& rest, std::uint64_t length, std::optional<std::strin
 
 struct Decoded {
     Snapshot snapshot;
-    std::string_view rest;  // behind the bytes of both files
+    std::string_view rest;  // after the bytes of both files
 };
 
 std::optional<Decoded> decode(std::string_view file, bool hasStates) {

@@ -36,8 +36,8 @@ std::string encodeSnapshot(const Snapshot& snapshot);
 
 struct SnapshotFile {
     Snapshot snapshot;
-    std::size_t size = 0;       // bytes of the file that hold it
-    bool takesChanges = false;  // changes may follow it in the file
+    std::size_t size = 0;       // size in the file, in bytes
+    bool takesChanges = false;  // changes may follow the snapshot in the file
 };
 // nullopt unless `file` begins with a whole snapshot.
 std::optional<SnapshotFile> decodeSnapshot(std::string_view file);

@@ -11,12 +11,12 @@ namespace {
 
 using namespace SnapshotBytes;
 
-// The format: mark, number of the snapshot before, number, start and length of the part replaced in each file and
+// The format: mark, number of the previous snapshot, number; start and length of the replaced part of each file and
 // length of its replacement; states as in a snapshot; the replacements; padding and checksum.
 constexpr std::string_view kMark = "K7CHANGE";
 
 constexpr std::size_t kHeaderSize = kMark.size() + 8 * kNumberSize;
-constexpr std::size_t kBlock = 4096;  // bytes compared at once
+constexpr std::size_t kBlock = 4096;  // bytes compared in one step
 
 struct Part {
     std::uint64_t start = 0;

@@ -1,5 +1,5 @@
-// What turns a snapshot into the next one. It follows that snapshot in its file, so that an edit of long lists need not
-// write them as a whole.
+// The difference between a snapshot and the next one. It is appended to the snapshot's file, so that an edit of long
+// lists does not write them completely.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,7 @@
 
 #include "storage/recovery/Snapshot.h"
 
-// In each file one part is replaced. nullopt if a file is known in only one of the snapshots.
+// Replaces one part of each file. nullopt if only one of the snapshots knows a file.
 std::optional<std::string> encodeChange(const Snapshot& from, const Snapshot& to);
 
 // Takes a whole change of `snapshot` off the front of `file` and applies it. False, with both unchanged, if `file` does

@@ -54,7 +54,7 @@ public:
 
 private:
     std::u16string decode(std::string_view data, TextFormat format);
-    // Appends the encoded text; false when the format cannot hold it or nothing of it is left to write.
+    // Appends the encoded text; false if the format cannot encode it or nothing is left to write.
     bool encode(std::string& bytes, std::u16string_view text, TextFormat format, bool halveLength);
     bool appendTo(std::u16string_view path, std::u16string_view text, TextFormat& format, bool halveLength);
 
