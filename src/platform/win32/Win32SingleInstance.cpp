@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "platform/win32/Handle.h"
 #include "platform/win32/WideText.h"
 
 namespace {
@@ -19,10 +20,26 @@ std::wstring hashOf(std::wstring_view text) {
     return digits;
 }
 
+// A folder has many names: relative ones, short ones, with either separator. Unchanged if the folder does not exist.
+std::wstring fullNameOf(const std::wstring& folder) {
+    const Handle handle(CreateFileW(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!handle) {
+        return folder;
+    }
+    std::wstring name(GetFinalPathNameByHandleW(handle.get(), nullptr, 0, 0), L'\0');
+    const DWORD length = GetFinalPathNameByHandleW(handle.get(), name.data(), static_cast<DWORD>(name.size()), 0);
+    if (length == 0 || length >= name.size()) {
+        return folder;
+    }
+    name.resize(length);
+    return name;
+}
+
 }  // namespace
 
 Win32SingleInstance::Win32SingleInstance(std::u16string_view programFolder) {
-    std::wstring folder = toWide(programFolder);
+    std::wstring folder = fullNameOf(toWide(programFolder));
     CharLowerBuffW(folder.data(), static_cast<DWORD>(folder.size()));
     name_ = L"Local\\Halcyon_K7-" + hashOf(folder);
 }
