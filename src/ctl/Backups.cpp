@@ -15,10 +15,7 @@
 namespace {
 
 // Sizes of the copies with one stamp; 0 if there is no copy of that file.
-struct BackupSizes {
-    std::uint64_t list = 0;  // bytes
-    std::uint64_t user = 0;
-};
+using BackupSizes = PerListFile<std::uint64_t>;  // bytes
 
 // Stamps of one second sort by their counts, not as texts.
 using Order = std::pair<std::u16string, int>;
@@ -27,15 +24,14 @@ using Backups = std::map<Order, std::pair<std::u16string, BackupSizes>>;
 Backups readBackups(Services& services) {
     Backup backup(services.folder, services.files, services.clock);
     Backups found;
-    const auto add = [&](std::u16string_view name, auto sizeOfFile) {
-        for (const Backup::Copy& copy : backup.copiesOf(name)) {
+    const auto copies = backup.copies();
+    for (const ListFileId file : kListFiles) {
+        for (const Backup::Copy& copy : copies[file]) {
             auto& [id, sizes] = found[{copy.stamp, copy.count}];
             id = copy.id();
-            sizes.*sizeOfFile = services.files.size(backup.pathOf(copy)).value_or(0);
+            sizes[file] = services.files.size(backup.pathOf(copy)).value_or(0);
         }
-    };
-    add(ListFile::kListName, &BackupSizes::list);
-    add(ListFile::kUserName, &BackupSizes::user);
+    }
     return found;
 }
 
@@ -97,8 +93,9 @@ Exit restoreBackup(Services& services, const Options& options) {
     }
     // A file without a copy in the backup is not changed.
     const WorkingCopyBytes old = working.read();
-    source->bytes.list = source->bytes.list ? source->bytes.list : old.list;
-    source->bytes.user = source->bytes.user ? source->bytes.user : old.user;
+    for (const ListFileId file : kListFiles) {
+        source->bytes[file] = source->bytes[file] ? source->bytes[file] : old[file];
+    }
     Lists after;
     after.load(source->bytes, services.files, services.codePages);
     return storeLists(services, options, working, before, after);

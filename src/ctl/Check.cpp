@@ -128,8 +128,9 @@ Exit checkLists(Services& services, const Options& options) {
         return fault;
     }
     Faults faults;
-    checkEncoding(source->bytes.list, source->listPath, faults);
-    checkEncoding(source->bytes.user, source->userPath, faults);
+    for (const ListFileId file : kListFiles) {
+        checkEncoding(source->bytes[file], source->paths[file], faults);
+    }
     checkCounts(source->bytes, services.codePages, faults);
     Checker checker(lists, faults);
     for (const ListKind kind : kListKinds) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "ctl/Lists.h"
 #include "storage/ini/IniReader.h"
 #include "storage/lists/ListFile.h"
 #include "storage/text/Numbers.h"
@@ -48,14 +49,15 @@ void checkCount(IniReader& file, ListKind kind, Faults& faults) {
 }  // namespace
 
 void checkCounts(const WorkingCopyBytes& bytes, CodePages& codePages, Faults& faults) {
-    if (bytes.list) {
-        IniReader file = readerOf(*bytes.list, codePages);
-        for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
-            checkCount(file, kind, faults);
+    for (const ListFileId id : kListFiles) {
+        if (!bytes[id]) {
+            continue;
         }
-    }
-    if (bytes.user) {
-        IniReader file = readerOf(*bytes.user, codePages);
-        checkCount(file, ListKind::Favourite, faults);
+        IniReader file = readerOf(*bytes[id], codePages);
+        for (const ListKind kind : kListKinds) {
+            if (fileOf(kind) == id) {
+                checkCount(file, kind, faults);
+            }
+        }
     }
 }

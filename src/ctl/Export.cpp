@@ -47,11 +47,10 @@ Exit exportIni(Services& services, const Options& options, const SourceFiles& so
                               folder + std::u16string(ListFile::kUserName)};
     WorkingCopyBytes bytes = lists.compose(paths, services.files, services.codePages);
     std::vector<NewFile> newFiles;
-    if (source.bytes.list && bytes.list) {
-        newFiles.push_back({paths.ListFilePath, std::move(*bytes.list)});
-    }
-    if (source.bytes.user && bytes.user) {
-        newFiles.push_back({paths.UserFilePath, std::move(*bytes.user)});
+    for (const ListFileId file : kListFiles) {
+        if (source.bytes[file] && bytes[file]) {
+            newFiles.push_back({paths[file], std::move(*bytes[file])});
+        }
     }
     const bool written = replaceVerified(services.files, newFiles);
     return written ? Exit::Done : fileFault(services.console, folder, u"the list files cannot be written");

@@ -22,6 +22,9 @@ std::u16string_view titleOf(ListKind kind);
 std::u16string_view nameOf(ListKind kind);
 constexpr int columnCountOf(ListKind kind) { return kind == ListKind::Drm ? 4 : 3; }
 
+// The file that holds the list.
+constexpr ListFileId fileOf(ListKind kind) { return kind == ListKind::Favourite ? ListFileId::User : ListFileId::List; }
+
 class Lists {
 public:
     Lists();

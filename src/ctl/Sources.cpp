@@ -52,14 +52,12 @@ public:
 
     Opened workingCopies() {
         WorkingLists lists(services_);
-        SourceFiles source{lists.read(), lists.paths().ListFilePath, lists.paths().UserFilePath};
+        const WorkingCopies& paths = lists.paths();
+        SourceFiles source{lists.read(), {paths.ListFilePath, paths.UserFilePath}};
         if (lists.isUnreadable()) {
-            return fail(source.bytes.list ? source.userPath : source.listPath, u"cannot be read");
+            return fail(source.paths[source.bytes.list ? ListFileId::User : ListFileId::List], u"cannot be read");
         }
-        if (!source.bytes.list && !source.bytes.user) {
-            return fail(source.listPath, u"no such file");
-        }
-        return source;
+        return source.isEmpty() ? fail(paths.ListFilePath, u"no such file") : Opened(std::move(source));
     }
 
     Opened receiver() {
@@ -80,32 +78,21 @@ public:
             return fail(root, u"the list files cannot be read");
         }
         return SourceFiles{{std::move(pair->list), std::move(pair->user)},
-                           receiver.pathOf(ListFileId::List),
-                           receiver.pathOf(ListFileId::User)};
+                           {receiver.pathOf(ListFileId::List), receiver.pathOf(ListFileId::User)}};
     }
 
     Opened backup(std::u16string_view id) {
         Backup backup(services_.folder, services_.files, services_.clock);
+        const auto copies = backup.copies();
         SourceFiles source;
-        const auto take = [&](std::u16string_view name, std::optional<std::string>& bytes, std::u16string& path) {
-            for (const Backup::Copy& copy : backup.copiesOf(name)) {
+        for (const ListFileId file : kListFiles) {
+            for (const Backup::Copy& copy : copies[file]) {
                 if (copy.id() == id) {
-                    path = backup.pathOf(copy);
-                    bytes = readWorkingCopy(path, services_.files);
+                    source.paths[file] = backup.pathOf(copy);
                 }
             }
-            return path.empty() || bytes;
-        };
-        if (!take(ListFile::kListName, source.bytes.list, source.listPath)) {
-            return fail(source.listPath, u"cannot be read");
         }
-        if (!take(ListFile::kUserName, source.bytes.user, source.userPath)) {
-            return fail(source.userPath, u"cannot be read");
-        }
-        if (!source.bytes.list && !source.bytes.user) {
-            return fail(services_.folder + u"Backup", u"no backup " + std::u16string(id));
-        }
-        return source;
+        return read(std::move(source), services_.folder + u"Backup", u"no backup " + std::u16string(id));
     }
 
     Opened folderOrFile(std::u16string_view text) {
@@ -121,33 +108,32 @@ public:
             return fail(path, u"cannot be read");
         }
         SourceFiles source;
-        const bool isUser = isUserFile(path, *bytes, services_.codePages);
-        (isUser ? source.userPath : source.listPath) = path;
-        (isUser ? source.bytes.user : source.bytes.list) = std::move(bytes);
+        const ListFileId file = isUserFile(path, *bytes, services_.codePages) ? ListFileId::User : ListFileId::List;
+        source.paths[file] = path;
+        source.bytes[file] = std::move(bytes);
         return source;
     }
 
 private:
     Opened folder(std::u16string path) {
         path = folderPath(std::move(path), services_.folder.back());
-        SourceFiles source{{}, path + std::u16string(ListFile::kListName), path + std::u16string(ListFile::kUserName)};
-        const auto take = [this](const std::u16string& file, std::optional<std::string>& bytes) {
-            if (services_.files.exists(file)) {
-                bytes = readWorkingCopy(file, services_.files);
-                return bytes.has_value();
+        SourceFiles source;
+        for (const ListFileId file : kListFiles) {
+            const std::u16string found = path + std::u16string(ListFile::nameOf(file));
+            source.paths[file] = services_.files.exists(found) ? found : u"";
+        }
+        return read(std::move(source), path, u"holds neither List.ini nor User.ini");
+    }
+
+    // The files of its paths, of which an empty one names none. `where` and `why` are for a source without a file.
+    Opened read(SourceFiles source, std::u16string_view where, std::u16string_view why) {
+        for (const ListFileId file : kListFiles) {
+            const std::u16string& path = source.paths[file];
+            if (!path.empty() && !(source.bytes[file] = readWorkingCopy(path, services_.files))) {
+                return fail(path, u"cannot be read");
             }
-            return true;
-        };
-        if (!take(source.listPath, source.bytes.list)) {
-            return fail(source.listPath, u"cannot be read");
         }
-        if (!take(source.userPath, source.bytes.user)) {
-            return fail(source.userPath, u"cannot be read");
-        }
-        if (!source.bytes.list && !source.bytes.user) {
-            return fail(path, u"holds neither List.ini nor User.ini");
-        }
-        return source;
+        return source.isEmpty() ? fail(where, why) : Opened(std::move(source));
     }
 
     Services& services_;

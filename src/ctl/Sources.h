@@ -9,17 +9,16 @@
 #include "ctl/Lists.h"
 #include "ctl/Services.h"
 #include "storage/lists/WorkingCopies.h"
-#include "storage/stations/ListKind.h"
 
 inline constexpr std::u16string_view kNoReceiver = u"no disk is the receiver's; connect it and try again";
 
 struct SourceFiles {
     WorkingCopyBytes bytes;  // nullopt for a file that the source does not have
-    std::u16string listPath;
-    std::u16string userPath;
+    PerListFile<std::u16string> paths;
 
+    bool isEmpty() const { return !bytes.list && !bytes.user; }
     // True if the source has the file with this list.
-    bool has(ListKind kind) const { return (kind == ListKind::Favourite ? bytes.user : bytes.list).has_value(); }
+    bool has(ListKind kind) const { return bytes[fileOf(kind)].has_value(); }
 };
 
 // Empty: the working copies. On failure a message was written and `fault` is the exit code.

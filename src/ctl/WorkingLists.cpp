@@ -61,11 +61,10 @@ bool WorkingLists::claim() {
 
 void WorkingLists::backUp(const WorkingCopyBytes& old) {
     Backup backup(services_.folder, services_.files, services_.clock);
-    if (old.list) {
-        backup.keep(ListFile::kListName, withoutUtf16(*old.list, services_.codePages));
-    }
-    if (old.user) {
-        backup.keep(ListFile::kUserName, withoutUtf16(*old.user, services_.codePages));
+    for (const ListFileId file : kListFiles) {
+        if (old[file]) {
+            backup.keep(ListFile::nameOf(file), withoutUtf16(*old[file], services_.codePages));
+        }
     }
 }
 
@@ -79,10 +78,8 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
     // As in a save of the window: with this snapshot a start finds the new lists even if only one file is replaced.
     Recovery recovery(services_.folder, services_.files);
     recovery.find();
-    PerListFile<FileState> before;
     for (const ListFileId file : kListFiles) {
-        before[file] = stateOf(file);
-        recovery.mayLeave(file, before[file]);
+        recovery.mayLeave(file, stateOf(file));
         recovery.mayLeave(file, FileState::of(*bytes[file]));
     }
     if (!recovery.keep(bytes)) {
@@ -99,11 +96,17 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
     if (!replaced) {
         fileFault(services_.console, services_.folder, u"the lists cannot be written");
     }
+    WorkingCopyBytes kept = old;
     for (const ListFileId file : kListFiles) {
-        recovery.leaves(file, replaced ? FileState::of(*bytes[file]) : before[file]);
+        if (replaced) {
+            recovery.leaves(file, FileState::of(*bytes[file]));
+            kept[file] = bytes[file];
+        } else if (!kept[file]) {
+            kept[file] = kNewWorkingCopy;  // the file was missing
+        }
     }
-    const std::string none(kNewWorkingCopy);  // for a file that is missing
-    recovery.keep(replaced ? bytes : WorkingCopyBytes{old.list.value_or(none), old.user.value_or(none)});
+    // Files that could not be put back are old or new after a failure; the snapshot has the old lists for both.
+    recovery.keep(kept);
     recovery.keepNewestOnly();
     return replaced;
 }

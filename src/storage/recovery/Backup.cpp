@@ -5,6 +5,7 @@
 
 #include "storage/files/SafeFile.h"
 #include "storage/lists/ListContent.h"
+#include "storage/lists/ListFile.h"
 #include "storage/text/Numbers.h"
 
 namespace {
@@ -53,6 +54,29 @@ struct NameParts {
     std::u16string_view extension;
 };
 
+std::vector<Backup::Copy> copiesAmong(const std::vector<std::u16string>& found, std::u16string_view name) {
+    const NameParts parts(name);
+    std::vector<Backup::Copy> copies;
+    for (const std::u16string& file : found) {
+        std::u16string_view middle = file;
+        if (!middle.starts_with(parts.stem) || !middle.ends_with(parts.extension) ||
+            middle.size() < parts.stem.size() + kStampShape.size() + parts.extension.size()) {
+            continue;
+        }
+        middle.remove_prefix(parts.stem.size());
+        middle.remove_suffix(parts.extension.size());
+        const std::u16string_view stamp = middle.substr(0, kStampShape.size());
+        const auto count = countOf(middle.substr(stamp.size()));
+        if (isStamp(stamp) && count) {
+            copies.push_back({std::u16string(stamp), *count, file});
+        }
+    }
+    std::sort(copies.begin(), copies.end(), [](const Backup::Copy& left, const Backup::Copy& right) {
+        return std::tie(left.stamp, left.count) < std::tie(right.stamp, right.count);
+    });
+    return copies;
+}
+
 }  // namespace
 
 std::u16string Backup::Copy::id() const { return count > 1 ? stamp + u"-" + decimal(count) : stamp; }
@@ -98,27 +122,11 @@ void Backup::removeLeftovers() {
     }
 }
 
-std::vector<Backup::Copy> Backup::copiesOf(std::u16string_view name) {
-    const NameParts parts(name);
-    std::vector<Copy> copies;
-    for (const std::u16string& found : files_.list(folder_)) {
-        std::u16string_view middle = found;
-        if (!middle.starts_with(parts.stem) || !middle.ends_with(parts.extension) ||
-            middle.size() < parts.stem.size() + kStampShape.size() + parts.extension.size()) {
-            continue;
-        }
-        middle.remove_prefix(parts.stem.size());
-        middle.remove_suffix(parts.extension.size());
-        const std::u16string_view stamp = middle.substr(0, kStampShape.size());
-        const auto count = countOf(middle.substr(stamp.size()));
-        if (isStamp(stamp) && count) {
-            copies.push_back({std::u16string(stamp), *count, found});
-        }
-    }
-    std::sort(copies.begin(), copies.end(), [](const Copy& left, const Copy& right) {
-        return std::tie(left.stamp, left.count) < std::tie(right.stamp, right.count);
-    });
-    return copies;
+std::vector<Backup::Copy> Backup::copiesOf(std::u16string_view name) { return copiesAmong(files_.list(folder_), name); }
+
+PerListFile<std::vector<Backup::Copy>> Backup::copies() {
+    const std::vector<std::u16string> found = files_.list(folder_);
+    return {copiesAmong(found, ListFile::kListName), copiesAmong(found, ListFile::kUserName)};
 }
 
 std::u16string Backup::pathOf(std::u16string_view copy) const { return folder_ + separator_ + std::u16string(copy); }

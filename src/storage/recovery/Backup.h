@@ -9,6 +9,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Files.h"
+#include "storage/lists/ListFileId.h"
 
 class Backup {
 public:
@@ -35,6 +36,8 @@ public:
     };
     // The copies of "List.ini" or "User.ini", the oldest first.
     std::vector<Copy> copiesOf(std::u16string_view name);
+    // Of both from one look into the folder, so that either all are found or none.
+    PerListFile<std::vector<Copy>> copies();
     std::u16string pathOf(const Copy& copy) const { return pathOf(copy.name); }
 
 private:
