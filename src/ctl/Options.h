@@ -31,12 +31,29 @@ struct FrequencyRange {
     double reach = 0;   // kHz in either direction
 };
 
+// Whether the command, without --dry-run, writes in the folder of the working copies.
+constexpr bool isChange(Verb verb) {
+    switch (verb) {
+        case Verb::Import:
+        case Verb::ScheduleMerge:
+        case Verb::ScheduleReplace:
+        case Verb::BackupRestore:
+        case Verb::ReceiverLoad:
+        case Verb::ReceiverSave:
+            return true;
+        default:
+            return false;
+    }
+}
+
 struct Options {
     // Global options
     Verb verb = Verb::Show;
     std::optional<std::u16string> folder;
     bool json = false;
     bool dryRun = false;
+
+    bool isReadOnly() const { return dryRun || !isChange(verb); }
 
     std::u16string source;  // empty: the working copies; for backup commands: the backup
     std::optional<ListKind> list;

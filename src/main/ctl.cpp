@@ -9,7 +9,7 @@
 
 #include "ctl/CommandLine.h"
 #include "ctl/Commands.h"
-#include "ctl/Sources.h"
+#include "ctl/WorkingFolder.h"
 #include "platform/posix/NativePath.h"
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixCodePages.h"
@@ -19,7 +19,6 @@
 #include "platform/posix/PosixProgramFolders.h"
 #include "platform/posix/PosixSingleInstance.h"
 #include "platform/posix/PosixVolumes.h"
-#include "shell/ProgramFolder.h"
 
 namespace {
 
@@ -41,8 +40,7 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     PosixFiles files;
     PosixProgramFolders folders;
     const std::u16string current = currentFolder();
-    const std::u16string folder =
-        options->folder ? folderPath(absolutePath(current, *options->folder), u'/') : findProgramFolder(folders, files);
+    const std::u16string folder = workingFolder(*options, current, folders, files);
     PosixCodePages codePages;
     PosixVolumes volumes;
     PosixHttpClient httpClient;

@@ -8,6 +8,7 @@
 #include "ctl/CommandLine.h"
 #include "ctl/Commands.h"
 #include "ctl/Sources.h"
+#include "ctl/WorkingFolder.h"
 #include "platform/win32/WideText.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32CodePages.h"
@@ -17,7 +18,6 @@
 #include "platform/win32/Win32ProgramFolders.h"
 #include "platform/win32/Win32SingleInstance.h"
 #include "platform/win32/Win32Volumes.h"
-#include "shell/ProgramFolder.h"
 #include "storage/text/Utf8.h"
 
 namespace {
@@ -48,8 +48,7 @@ int wmain(int argc, wchar_t** argv) {
     Win32Files files;
     Win32ProgramFolders folders;
     const std::u16string current = currentFolder();
-    const std::u16string folder = options->folder ? folderPath(absolutePath(current, *options->folder), u'\\')
-                                                  : findProgramFolder(folders, files);
+    const std::u16string folder = workingFolder(*options, current, folders, files);
     Win32CodePages codePages;
     Win32Volumes volumes;
     Win32HttpClient httpClient;

@@ -13,6 +13,8 @@ public:
     virtual bool isForInstalledPrograms(std::u16string_view folder) = 0;
     // Also false if the folder does not exist.
     virtual bool canWrite(std::u16string_view folder) = 0;
-    // The folder with this name in the user's application data, created if missing; empty on failure.
+    // The folder with this name in the user's application data, whether it exists or not; empty if the user has none.
     virtual std::u16string ofUser(std::u16string_view name) = 0;
+    // Creates the folder that ofUser has returned, with the folders above it. True also if it exists.
+    virtual bool create(std::u16string_view folderOfUser) = 0;
 };

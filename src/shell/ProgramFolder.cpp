@@ -10,10 +10,19 @@ namespace {
 
 constexpr std::u16string_view kConfigName = u"config.ini";
 
+// Empty if the lists are next to the executable.
+std::u16string folderOfUser(ProgramFolders& folders, const std::u16string& own) {
+    const bool isPortable = !folders.isForInstalledPrograms(own) && folders.canWrite(own);
+    return isPortable ? std::u16string() : folders.ofUser(kProgramTitle);
+}
+
+bool hasLists(const std::u16string& folder, Files& files) {
+    return files.exists(folder + std::u16string(ListFile::kListName));
+}
+
 // "List.ini" is copied last: once it exists, the copy is complete and is not repeated.
 void copyLists(const std::u16string& from, const std::u16string& to, Files& files) {
-    const std::u16string list(ListFile::kListName);
-    if (files.exists(to + list) || !files.exists(from + list)) {
+    if (hasLists(to, files) || !hasLists(from, files)) {
         return;
     }
     for (const std::u16string_view name : {kConfigName, ListFile::kUserName, ListFile::kListName}) {
@@ -32,13 +41,16 @@ void copyLists(const std::u16string& from, const std::u16string& to, Files& file
 
 std::u16string findProgramFolder(ProgramFolders& folders, Files& files) {
     std::u16string own = folders.ofExecutable();
-    if (!folders.isForInstalledPrograms(own) && folders.canWrite(own)) {
-        return own;
-    }
-    std::u16string users = folders.ofUser(kProgramTitle);
-    if (users.empty()) {
+    std::u16string users = folderOfUser(folders, own);
+    if (users.empty() || !folders.create(users)) {
         return own;
     }
     copyLists(own, users, files);
     return users;
+}
+
+std::u16string findProgramFolderToRead(ProgramFolders& folders, Files& files) {
+    std::u16string own = folders.ofExecutable();
+    std::u16string users = folderOfUser(folders, own);
+    return users.empty() || (!hasLists(users, files) && hasLists(own, files)) ? own : users;
 }

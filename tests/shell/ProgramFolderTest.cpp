@@ -1,45 +1,32 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "fakes/FakeFiles.h"
+#include "fakes/FakeProgramFolders.h"
 #include "fakes/Text.h"
 #include "shell/ProgramFolder.h"
 
 namespace {
 
-class FakeFolders : public ProgramFolders {
-public:
-    std::u16string ofExecutable() override { return u"/app/"; }
-    bool isForInstalledPrograms(std::u16string_view folder) override { return folder == u"/app/" && installed; }
-    bool canWrite(std::u16string_view folder) override { return folder == u"/app/" && writable; }
-    std::u16string ofUser(std::u16string_view name) override {
-        ++createdForUser;
-        return hasUser ? u"/user/" + std::u16string(name) + u"/" : std::u16string();
-    }
-
-    bool installed = false;
-    bool writable = true;
-    bool hasUser = true;
-    int createdForUser = 0;
-};
-
 class ProgramFolderTest : public testing::Test {
 protected:
     std::string find() { return narrow(findProgramFolder(folders, files)); }
+    std::string findToRead() { return narrow(findProgramFolderToRead(folders, files)); }
     std::string fileOfUser(const std::u16string& name) {
         const auto found = files.files.find(u"/user/Halcyon_K7/" + name);
         return found != files.files.end() ? found->second : "none";
     }
 
-    FakeFolders folders;
+    FakeProgramFolders folders;
     FakeFiles files;
 };
 
 TEST_F(ProgramFolderTest, APortableCopyKeepsItsListsNextToTheExecutable) {
     files.files[u"/app/List.ini"] = "lists";
     EXPECT_EQ(find(), "/app/");
-    EXPECT_EQ(folders.createdForUser, 0);
+    EXPECT_TRUE(folders.created.empty());
     EXPECT_EQ(files.files.size(), 1U);
 }
 
@@ -62,6 +49,27 @@ TEST_F(ProgramFolderTest, WithoutAUsersFolderTheListsStayNextToTheExecutable) {
         folders.writable = false;
         EXPECT_EQ(find(), "/app/");
     }
+}
+
+TEST_F(ProgramFolderTest, WithoutRoomForAUsersFolderTheListsStayNextToTheExecutable) {
+    folders.installed = true;
+    folders.canCreate = false;
+    EXPECT_EQ(find(), "/app/");
+    EXPECT_EQ(folders.created, std::vector<std::u16string>{u"/user/Halcyon_K7/"});
+}
+
+TEST_F(ProgramFolderTest, ReadingCreatesAndCopiesNothing) {
+    EXPECT_EQ(findToRead(), "/app/");
+    folders.installed = true;
+    EXPECT_EQ(findToRead(), "/user/Halcyon_K7/");
+    files.files = {{u"/app/List.ini", "lists"}, {u"/app/User.ini", "favourites"}};
+    EXPECT_EQ(findToRead(), "/app/") << "these are what the first start copies";
+    EXPECT_EQ(files.files.size(), 2U);
+    files.files[u"/user/Halcyon_K7/List.ini"] = "own";
+    EXPECT_EQ(findToRead(), "/user/Halcyon_K7/");
+    folders.hasUser = false;
+    EXPECT_EQ(findToRead(), "/app/");
+    EXPECT_TRUE(folders.created.empty());
 }
 
 TEST_F(ProgramFolderTest, ListsNextToTheExecutableAreCopiedToTheUsersFolder) {

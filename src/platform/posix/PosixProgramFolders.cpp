@@ -44,11 +44,12 @@ bool PosixProgramFolders::canWrite(std::u16string_view folder) {
 
 std::u16string PosixProgramFolders::ofUser(std::u16string_view name) {
     const std::filesystem::path data = userData();
-    if (data.empty()) {
-        return {};
-    }
-    const std::filesystem::path folder = data / nativePath(name);
+    return data.empty() ? std::u16string() : withSeparator(data / nativePath(name));
+}
+
+bool PosixProgramFolders::create(std::u16string_view folderOfUser) {
+    const std::filesystem::path folder = nativePath(folderOfUser);
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    return std::filesystem::is_directory(folder, error) ? withSeparator(folder) : std::u16string();
+    return std::filesystem::is_directory(folder, error);
 }

@@ -9,4 +9,5 @@ public:
     bool isForInstalledPrograms(std::u16string_view folder) override;
     bool canWrite(std::u16string_view folder) override;
     std::u16string ofUser(std::u16string_view name) override;
+    bool create(std::u16string_view folderOfUser) override;
 };

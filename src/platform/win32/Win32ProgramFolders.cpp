@@ -67,10 +67,11 @@ bool Win32ProgramFolders::canWrite(std::u16string_view folder) {
 }
 
 std::u16string Win32ProgramFolders::ofUser(std::u16string_view name) {
-    const std::wstring roaming = knownFolder(FOLDERID_RoamingAppData, KF_FLAG_CREATE);
-    const std::wstring folder = roaming + toWide(name) + L'\\';
-    if (roaming.empty() || (CreateDirectoryW(folder.c_str(), nullptr) == 0 && GetLastError() != ERROR_ALREADY_EXISTS)) {
-        return {};
-    }
-    return fromWide(folder);
+    const std::wstring roaming = knownFolder(FOLDERID_RoamingAppData, KF_FLAG_DONT_VERIFY);
+    return roaming.empty() ? std::u16string() : fromWide(roaming + toWide(name) + L'\\');
+}
+
+bool Win32ProgramFolders::create(std::u16string_view folderOfUser) {
+    knownFolder(FOLDERID_RoamingAppData, KF_FLAG_CREATE);  // the system knows the rights of that folder
+    return CreateDirectoryW(toWide(folderOfUser).c_str(), nullptr) != 0 || GetLastError() == ERROR_ALREADY_EXISTS;
 }

@@ -59,6 +59,9 @@ TEST_F(PosixProgramFoldersTest, OnlyAnExistingFolderIsWritable) {
 TEST_F(PosixProgramFoldersTest, TheUsersFolderIsCreatedInTheDataFolder) {
     const Variable data("XDG_DATA_HOME", folder.native("data").c_str());
     EXPECT_EQ(folders.ofUser(u"Sub"), folder.at(u"data/Sub/"));
+    EXPECT_FALSE(std::filesystem::exists(folder.native("data"))) << "finding it creates nothing";
+    EXPECT_TRUE(folders.create(folder.at(u"data/Sub/")));
+    EXPECT_TRUE(folders.create(folder.at(u"data/Sub/"))) << "it exists";
     EXPECT_TRUE(std::filesystem::is_directory(folder.native("data/Sub")));
 }
 
@@ -68,12 +71,11 @@ TEST_F(PosixProgramFoldersTest, WithoutADataFolderTheHomeFolderIsUsed) {
         const Variable data("XDG_DATA_HOME", unset);
         EXPECT_EQ(folders.ofUser(u"Sub"), folder.at(u".local/share/Sub/"));
     }
-    EXPECT_TRUE(std::filesystem::is_directory(folder.native(".local/share/Sub")));
 }
 
-TEST_F(PosixProgramFoldersTest, AFileInPlaceOfTheUsersFolderGivesNone) {
+TEST_F(PosixProgramFoldersTest, AFileInPlaceOfTheDataFolderIsAFailure) {
     const Variable data("XDG_DATA_HOME", "/proc/self/exe");
-    EXPECT_EQ(folders.ofUser(u"Sub"), u"");
+    EXPECT_FALSE(folders.create(folders.ofUser(u"Sub")));
 }
 
 }  // namespace

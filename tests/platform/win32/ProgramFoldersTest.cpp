@@ -40,8 +40,10 @@ TEST(ProgramFoldersTest, TheUsersFolderIsCreated) {
     Win32ProgramFolders folders;
     const std::u16string folder = folders.ofUser(u"Halcyon_K7.Test");
     EXPECT_TRUE(folder.ends_with(u"\\Halcyon_K7.Test\\"));
+    EXPECT_EQ(GetFileAttributesW(toWide(folder).c_str()), INVALID_FILE_ATTRIBUTES) << "finding it creates nothing";
+    EXPECT_TRUE(folders.create(folder));
+    EXPECT_TRUE(folders.create(folder)) << "it exists";
     EXPECT_TRUE(folders.canWrite(folder));
-    EXPECT_TRUE(folders.ofUser(u"Halcyon_K7.Test") == folder) << "it is there already";
     EXPECT_NE(RemoveDirectoryW(toWide(folder).c_str()), 0) << "the probe is left in it";
 }
 
