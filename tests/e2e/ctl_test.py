@@ -1,0 +1,224 @@
+"""The command-line program as a shell runs it: exit codes, both outputs, files of every kind, locks, pipes and kills.
+
+Runs on every system. HALCYON_CTL: the program, HALCYON_HOLD: the program that holds a folder; an .exe runs under Wine.
+"""
+import os
+import pathlib
+import random
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+from listfiles import SAMPLE_LIST, SAMPLE_USER, list_ini
+from web import WebServer
+
+WINE = str(pathlib.Path(__file__).parents[2] / "scripts" / "wine")
+HEADER = "list,programme,frequency_khz,start_utc,stop_utc,target,system\r\n"
+SAMPLE_CSV = HEADER + (
+    "drm,Radio Example,6095,06:00,07:30,Europe,\r\ndrm,Second,15000,08:00,09:00,Asia,\r\n"
+    "drm,Third,9500,10:00,24:00,Africa,\r\nam,Longwave Example,198,,,,\r\nam,Medium,999,,,,\r\nam,广播,6000,,,,\r\n"
+    "fm,City FM,98500,,,,\r\nfm,Other,87500,,,,\r\nfav,Radio Example,6095,,,,DRM\r\nfav,City FM,98500,,,,FM\r\n")
+SCHEDULE = ("[DRMSchedule]\nStartStopTimeUTC=0600-0700\nDays=1\nFrequency=6000\nTarget=T\nPower=1\nProgramme=P\n"
+            "Language=E\nSite=S\nCountry=C\n").encode()
+LYING = SAMPLE_LIST.replace(b"drmnumber=3", b"drmnumber=5").replace(b"amnumber=3", b"amnumber=1")
+# What "List.ini" may hold, the exit code of "check", and the DRM programmes that "export" prints.
+KINDS = {
+    "plain": (SAMPLE_LIST, 0, ["Radio Example", "Second", "Third"]),
+    "marked": (b"\xEF\xBB\xBF" + SAMPLE_LIST, 0, ["Radio Example", "Second", "Third"]),
+    "utf16": (b"\xFF\xFE" + SAMPLE_LIST.decode().encode("utf-16-le"), 0, ["Radio Example", "Second", "Third"]),
+    "lf": (SAMPLE_LIST.replace(b"\r\n", b"\n"), 0, ["Radio Example", "Second", "Third"]),
+    "cr": (SAMPLE_LIST.replace(b"\r\n", b"\r"), 0, ["Radio Example", "Second", "Third"]),
+    "lying": (LYING, 1, ["Radio Example", "Second", "Third", "", ""]),
+    "nul": (SAMPLE_LIST.replace(b"Second", b"Sec\0ond"), 0, ["Radio Example", "Sec", "Third"]),
+    "ansi": (SAMPLE_LIST.replace(b"Second", b"S\xe9cond"), 1, ["Radio Example", "S\ufffdcond", "Third"]),
+    "empty": (b"", 0, []),
+    "rubbish": (bytes(range(256)), 1, []),
+}
+
+
+def program(variable):
+    path = os.environ[variable]
+    return [WINE, path] if path.endswith(".exe") else [path]
+
+
+CTL = program("HALCYON_CTL")
+IS_WINE = CTL[0] == WINE
+# Without a display scripts/wine starts one for each program; this one needs none.
+ENVIRONMENT = {**os.environ, "DISPLAY": "none", "LC_ALL": "C"} if IS_WINE else {**os.environ, "LC_ALL": "C"}
+
+
+class CtlCase(unittest.TestCase):
+    maxDiff = 4000
+
+    def setUp(self):
+        self.root = pathlib.Path(os.path.realpath(tempfile.mkdtemp(prefix="k7ctl-")))
+        self.addCleanup(shutil.rmtree, self.root, ignore_errors=True)
+        self.folder = self.root / "Sender 中é"
+        self.folder.mkdir()
+        self.put(SAMPLE_LIST, SAMPLE_USER)
+
+    def put(self, list_bytes, user_bytes):
+        (self.folder / "List.ini").write_bytes(list_bytes)
+        (self.folder / "User.ini").write_bytes(user_bytes)
+
+    def words(self, *words):
+        return [*CTL, "--folder", self.folder.name, *words]
+
+    def start(self, *words, **options):
+        return subprocess.Popen(self.words(*words), cwd=self.root, env=ENVIRONMENT, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, **options)
+
+    def run_program(self, *words, given=b""):
+        """Exit code, standard output and standard error; every output is UTF-8."""
+        done = subprocess.run(self.words(*words), cwd=self.root, env=ENVIRONMENT, input=given, capture_output=True,
+                              timeout=120, check=False)
+        self.last = f"{words}: {done.returncode} {done.stdout!r} {done.stderr!r}"
+        return done.returncode, done.stdout.decode("utf-8"), done.stderr.decode("utf-8")
+
+    def succeed(self, *words, given=b""):
+        code, out, errors = self.run_program(*words, given=given)
+        self.assertEqual((code, errors), (0, ""), self.last)
+        return out
+
+    def files(self):
+        return {path.relative_to(self.root): path.read_bytes() for path in self.root.rglob("*") if path.is_file()}
+
+
+class FileKinds(CtlCase):
+    def test_every_reading_command_reads_every_kind_of_file(self):
+        for name, (content, fault, programmes) in KINDS.items():
+            with self.subTest(name):
+                self.put(content, SAMPLE_USER)
+                before = self.files()
+                exported = self.succeed("export")
+                self.assertEqual([line.split(",")[1] for line in exported.split("\r\n") if line.startswith("drm,")],
+                                 programmes)
+                if name in ("plain", "marked", "utf16", "lf", "cr"):
+                    self.assertEqual(exported, SAMPLE_CSV)
+                self.assertEqual(self.run_program("check")[0], fault, self.last)
+                self.assertTrue(self.succeed("show").startswith(f"DRM List: {len(programmes)}\n"), self.last)
+                self.assertEqual(self.run_program("find", "Europe")[0], 0 if programmes else 1, self.last)
+                self.succeed("diff", self.folder.name, self.folder.name)
+                for form in ("json", "html", "gqrx"):
+                    self.assertGreater(len(self.succeed("export", "--format", form)), 100)
+                self.assertEqual(self.files(), before, "reading writes nothing")
+
+    def test_every_changing_command_starts_from_every_kind_of_file(self):
+        (self.root / "new.csv").write_text("list,programme,frequency_khz\nam,Night,666\n")
+        for name, (content, _, programmes) in KINDS.items():
+            with self.subTest(name):
+                shutil.rmtree(self.folder)
+                self.folder.mkdir()
+                self.put(content, SAMPLE_USER)
+                before = self.files()
+                code, out, errors = self.run_program("--dry-run", "import", "new.csv")
+                self.assertEqual((code, errors, "Night" in out), (1, "", True), self.last)
+                self.assertEqual(self.run_program("--dry-run", "schedule", "replace", "-", given=SCHEDULE)[0], 1)
+                self.assertEqual(self.files(), before, "a dry run writes nothing")
+                self.assertIn(f"DRM: {len(programmes)} -> {len(programmes)} records", self.succeed("import", "new.csv"))
+                self.assertIn("am,Night,666", self.succeed("export"))
+                self.assertIn("-> 1 records", self.succeed("schedule", "replace", "-", given=SCHEDULE))
+                self.assertIn("drm,P,6000,06:00,07:00,T,", self.succeed("export"))
+
+    def test_export_and_import_give_the_same_lists(self):
+        self.succeed("export", "-o", "alle 中.csv")
+        self.assertEqual((self.root / "alle 中.csv").read_bytes().decode(), SAMPLE_CSV)
+        self.put(b"", b"")
+        self.succeed("import", "alle 中.csv", "--replace")
+        self.assertEqual(self.succeed("export"), SAMPLE_CSV)
+        self.assertEqual((self.folder / "List.ini").read_bytes().removeprefix(b"\xEF\xBB\xBF"), SAMPLE_LIST)
+
+
+class Ends(CtlCase):
+    def test_each_failure_has_its_exit_code_and_a_message(self):
+        (self.root / "bad.csv").write_text("list,programme\nam,x\n")
+        server = WebServer(b"gone", 404)
+        self.addCleanup(server.stop)
+        for code, words, message in (
+                (1, ["find", "nothing like it"], "nothing found"),
+                (1, ["import", "bad.csv"], "bad.csv:1: frequency_khz is missing from the first line"),
+                (2, ["shwo"], "subcommand"),
+                (2, [], "subcommand"),
+                (3, ["show", "nowhere 中"], "nowhere 中: no such file or folder"),
+                (3, ["import", "nowhere.csv"], "nowhere.csv: no such file"),
+                (3, ["export", "-o", "no/folder/x.csv"], "x.csv: cannot be written"),
+                (4, ["receiver", "status"], "no disk is the receiver's"),
+                (6, ["schedule", "show", server.address], "the download failed")):
+            with self.subTest(words):
+                before = self.files()
+                got, out, errors = self.run_program(*words)
+                self.assertEqual((got, out), (code, ""), self.last)
+                self.assertTrue(errors.startswith("halcyon_k7ctl: "), errors)
+                self.assertIn(message, errors)
+                self.assertEqual(self.files(), before)
+
+    def test_a_folder_in_use_is_not_changed(self):
+        (self.root / "new.csv").write_text("list,programme,frequency_khz\nam,Night,666\n")
+        # As another program may name the same folder.
+        holder = subprocess.Popen([*program("HALCYON_HOLD"), f"./{self.folder.name}/../{self.folder.name}"],
+                                  cwd=self.root, env=ENVIRONMENT, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.assertEqual(holder.stdout.readline().strip(), b"held")
+        before = self.files()
+        for words in (["import", "new.csv"], ["schedule", "merge", "-"], ["schedule", "replace", "-"],
+                      ["backup", "restore", "20200101T000000Z"], ["receiver", "load"], ["receiver", "save"]):
+            code, out, errors = self.run_program(*words, given=SCHEDULE)
+            self.assertEqual((code, out), (5, ""), self.last)
+            self.assertIn("the window is open on these lists", errors)
+        self.assertEqual(self.succeed("export"), SAMPLE_CSV)
+        self.assertEqual(self.files(), before)
+        holder.communicate()
+        self.assertIn("AM: 3 -> 4 records", self.succeed("import", "new.csv"))
+
+    def test_a_closed_pipe_ends_the_program_quietly(self):
+        self.put(list_ini([(f"Radio {i}", "6095", "06:00-07:30", "Europe") for i in range(20_000)]), SAMPLE_USER)
+        process = self.start("show")
+        self.assertTrue(process.stdout.readline().startswith(b"DRM List: 20000"))
+        process.stdout.close()
+        self.assertEqual(process.stderr.read(), b"")
+        process.stderr.close()
+        self.assertEqual(process.wait(timeout=60), 0)
+
+    def test_output_that_is_no_terminal_has_no_colours(self):
+        self.assertNotIn("\x1b", self.succeed("show"))
+        (self.root / "empty").mkdir()
+        (self.root / "empty" / "List.ini").write_bytes(b"")
+        _, out, _ = self.run_program("diff", self.folder.name, "empty")
+        self.assertNotIn("\x1b", out)
+
+    def test_texts_on_the_command_line_may_be_in_any_script(self):
+        self.put(list_ini([("广播", "6095", "06:00-07:30", "Österreich")]), SAMPLE_USER)
+        self.assertIn("广播", self.succeed("find", "österreich"[1:]))
+        self.assertIn("Österreich", self.succeed("find", "广"))
+
+
+class Kills(CtlCase):
+    def test_a_killed_import_leaves_the_old_lists_or_the_new_ones(self):
+        rows = "".join(f"am,Station {i},{600 + i},,,,\r\n" for i in range(200))
+        (self.root / "new.csv").write_bytes((HEADER + rows + "fav,New,6095,,,,DRM\r\n").encode())
+        before = (SAMPLE_LIST, SAMPLE_USER)
+        old = self.succeed("export")
+        start = time.monotonic()
+        self.succeed("import", "new.csv", "--replace")
+        longest = time.monotonic() - start
+        new = self.succeed("export")
+        self.assertNotEqual(old, new)
+        killed = 0
+        for _ in range(8 if IS_WINE else 60):
+            shutil.rmtree(self.folder)
+            self.folder.mkdir()
+            self.put(*before)
+            process = self.start("import", "new.csv", "--replace", start_new_session=True)
+            time.sleep(random.uniform(0, longest))
+            process.kill()
+            process.communicate()
+            killed += 1 if process.returncode < 0 else 0
+            self.assertIn(self.succeed("export"), (old, new))
+        self.assertGreater(killed, 0, "no run was killed")
+
+
+if __name__ == "__main__":
+    sys.stdout.reconfigure(encoding="utf-8")
+    unittest.main(verbosity=2)
