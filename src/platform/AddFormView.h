@@ -23,8 +23,8 @@ inline constexpr std::array<const char*, kAddControlCount> kAddControlNames = {
 struct AddRow {
     AddControl label;  // names both fields for screen readers; its mnemonic, if any, moves the focus to the first
     AddField field;
-    std::optional<AddControl> after{};  // the unit of the field, or the separator before the second field
-    std::optional<AddField> second{};
+    std::optional<AddControl> after = std::nullopt;  // the unit of the field, or the separator before the second field
+    std::optional<AddField> second = std::nullopt;
 };
 // From top to bottom, which is also the tab order.
 inline constexpr std::array<AddRow, 5> kAddRows = {{
