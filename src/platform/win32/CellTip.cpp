@@ -2,11 +2,10 @@
 
 #include <utility>
 
-void CellTip::create(HWND list) {
-    list_ = list;
-    tip_ =
-        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT,
-                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, list, nullptr, GetModuleHandleW(nullptr), nullptr);
+void CellTip::create() {
+    tip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP,
+                           CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, list_, nullptr,
+                           GetModuleHandleW(nullptr), nullptr);
 }
 
 TTTOOLINFOW CellTip::tool() const {
@@ -20,6 +19,9 @@ TTTOOLINFOW CellTip::tool() const {
 void CellTip::show(const RECT& cell, std::wstring text) {
     if (isShown_ && EqualRect(&cell, &cell_) != 0 && text == text_) {
         return;
+    }
+    if (tip_ == nullptr) {
+        create();
     }
     hide();
     cell_ = cell;
@@ -38,6 +40,9 @@ void CellTip::hide() {
 }
 
 void CellTip::relay(UINT message, WPARAM w, LPARAM l) const {
+    if (tip_ == nullptr) {
+        return;
+    }
     MSG relayed{};
     relayed.hwnd = list_;
     relayed.message = message;

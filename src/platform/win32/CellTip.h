@@ -8,7 +8,8 @@
 
 class CellTip {
 public:
-    void create(HWND list);
+    // The tooltip window is created when it is first shown.
+    void setList(HWND list) { list_ = list; }
     // The pointer is over a truncated cell. Nothing if the tooltip already belongs to that cell.
     void show(const RECT& cell, std::wstring text);
     void hide();
@@ -16,6 +17,7 @@ public:
     void relay(UINT message, WPARAM w, LPARAM l) const;
 
 private:
+    void create();
     TTTOOLINFOW tool() const;
 
     HWND list_ = nullptr;

@@ -14,11 +14,12 @@ void Win32GridView::createWindow(HWND parent, HWND tabControl, std::u16string_vi
                               parent, nullptr, GetModuleHandleW(nullptr), nullptr);
     const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
-    HWND header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
-    SetWindowLongPtrW(header, GWL_STYLE, GetWindowLongPtrW(header, GWL_STYLE) & ~static_cast<LONG_PTR>(HDS_BUTTONS));
-    tip_.create(window_);
+    headerWindow_ = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+    SetWindowLongPtrW(headerWindow_, GWL_STYLE,
+                      GetWindowLongPtrW(headerWindow_, GWL_STYLE) & ~static_cast<LONG_PTR>(HDS_BUTTONS));
+    tip_.setList(window_);
     list_.install(window_, listProcedure, this);
-    header_.install(header, headerProcedure, this);
+    header_.install(headerWindow_, headerProcedure, this);
 }
 
 int Win32GridView::border() const {
@@ -32,17 +33,27 @@ int Win32GridView::border() const {
 void Win32GridView::attach(Grid& grid, GridListener& listener) {
     grid_ = &grid;
     listener_ = &listener;
-    for (int column = columnCount() + 1; column <= static_cast<int>(grid.columns().size()); ++column) {
-        columnAdded(column);
+    InvalidateRect(window_, nullptr, FALSE);
+}
+
+void Win32GridView::fill() {
+    isFilled_ = true;
+    const Quiet quiet(quiet_);
+    for (int column = 1; column <= static_cast<int>(grid_->columns().size()); ++column) {
+        insertColumn(column);
     }
     afterReset();
 }
 
-int Win32GridView::columnCount() const {
-    return static_cast<int>(SendMessageW(reinterpret_cast<HWND>(send(LVM_GETHEADER)), HDM_GETITEMCOUNT, 0, 0));
-}
+int Win32GridView::columnCount() const { return static_cast<int>(SendMessageW(headerWindow_, HDM_GETITEMCOUNT, 0, 0)); }
 
 void Win32GridView::columnAdded(int column) {
+    if (isFilled_) {
+        insertColumn(column);
+    }
+}
+
+void Win32GridView::insertColumn(int column) {
     const Quiet quiet(quiet_);
     const GridColumn& added = grid_->columns()[static_cast<std::size_t>(column - 1)];
     std::wstring caption = toWide(added.caption);
@@ -57,6 +68,9 @@ void Win32GridView::columnAdded(int column) {
 double Win32GridView::showColumnWidth(int column, double widthTwips) {
     const Quiet quiet(quiet_);
     const Scale scale(window_);
+    if (!isFilled_) {
+        return scale.twips(scale.pixels(widthTwips));
+    }
     const auto index = static_cast<WPARAM>(column - 1);
     send(LVM_SETCOLUMNWIDTH, index, scale.pixels(widthTwips));
     return scale.twips(static_cast<int>(send(LVM_GETCOLUMNWIDTH, index)));
@@ -74,9 +88,16 @@ void Win32GridView::showRowCount(DWORD flags) {
     send(LVM_SETITEMCOUNT, static_cast<WPARAM>(grid_->rowCount()), static_cast<LPARAM>(flags));
 }
 
-void Win32GridView::afterAppend(int) { showRowCount(LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL); }
+void Win32GridView::afterAppend(int) {
+    if (isFilled_) {
+        showRowCount(LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
+    }
+}
 
 void Win32GridView::afterReset() {
+    if (!isFilled_) {
+        return;
+    }
     showRowCount(LVSICF_NOSCROLL);
     showSelection();
     InvalidateRect(window_, nullptr, FALSE);
@@ -99,7 +120,9 @@ void Win32GridView::selectionChanged(int focusedRow) {
 }
 
 void Win32GridView::cellChanged(int row, int) {
-    send(LVM_REDRAWITEMS, static_cast<WPARAM>(row - 1), static_cast<LPARAM>(row - 1));
+    if (isFilled_) {
+        send(LVM_REDRAWITEMS, static_cast<WPARAM>(row - 1), static_cast<LPARAM>(row - 1));
+    }
 }
 
 void Win32GridView::setRowState(int index, UINT state, UINT mask) {
@@ -127,7 +150,7 @@ GridGeometry Win32GridView::geometry(int row) {
     result.width = scale.twips(outer.right - outer.left);
     result.height = scale.twips(outer.bottom - outer.top);
     RECT header{};
-    GetWindowRect(reinterpret_cast<HWND>(send(LVM_GETHEADER)), &header);
+    GetWindowRect(headerWindow_, &header);
     MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&header), 2);
     result.rowLeft = scale.twips(header.left);  // it scrolls with the rows
     if (grid_ != nullptr && row >= 1 && row <= grid_->rowCount()) {

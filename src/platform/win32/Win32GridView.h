@@ -67,6 +67,10 @@ private:
     LRESULT send(UINT message, WPARAM w = 0, LPARAM l = 0) const { return SendMessageW(window_, message, w, l); }
     RECT rowBounds(int index) const;
     int columnCount() const;
+    // Gives columns, rows and selection to the list view. That takes hundreds of messages, so a list view gets them
+    // when it is first shown or asked for them.
+    void fill();
+    void insertColumn(int column);
     void setRowState(int index, UINT state, UINT mask);
     void showRowCount(DWORD flags);
     void showSelection();
@@ -79,12 +83,14 @@ private:
     void reportViewChange();
 
     HWND window_ = nullptr;
+    HWND headerWindow_ = nullptr;
     HWND tabControl_ = nullptr;
     Subclass list_;
     Subclass header_;
     CellTip tip_;
     Grid* grid_ = nullptr;
     GridListener* listener_ = nullptr;
+    bool isFilled_ = false;
     int quiet_ = 0;
     int pressedHeader_ = -1;
     bool rightDown_ = false;
