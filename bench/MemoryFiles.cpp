@@ -17,6 +17,11 @@ FileRead MemoryFiles::read(std::u16string_view path) {
     return bytes == nullptr ? FileRead::missing() : FileRead{*bytes};
 }
 
+FileRead MemoryFiles::readStart(std::u16string_view path, std::size_t mostBytes) {
+    const std::string* bytes = find(path);
+    return bytes == nullptr ? FileRead::missing() : FileRead{bytes->substr(0, mostBytes)};
+}
+
 bool MemoryFiles::write(std::u16string_view path, std::string_view bytes, Flush) {
     files_[std::u16string(path)] = bytes;
     return true;

@@ -2,6 +2,7 @@
 // that forwards.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,6 +15,7 @@ public:
     bool exists(std::u16string_view path) override { return find(path) != nullptr; }
     std::optional<std::uint64_t> size(std::u16string_view path) override;
     FileRead read(std::u16string_view path) override;
+    FileRead readStart(std::u16string_view path, std::size_t mostBytes) override;
     FileRead readBack(std::u16string_view path) override { return read(path); }
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
     bool append(std::u16string_view path, std::string_view bytes) override;

@@ -2,6 +2,7 @@
 // Nothing throws or shows a message; a failure is reported in the result.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,7 +14,7 @@ struct FileRead {
     static FileRead missing() { return {std::nullopt, true}; }
     static FileRead failed() { return {}; }
 
-    std::optional<std::string> bytes;  // the whole file
+    std::optional<std::string> bytes;  // the whole file, or as much as was asked for
     bool isMissing = false;            // the file does not exist; if false and there are no bytes, the read failed
 };
 
@@ -31,6 +32,8 @@ public:
     // isMissing only if nothing has that name. A folder, a dangling link, a device that does not answer and a file that
     // cannot be read to its end are failures.
     virtual FileRead read(std::u16string_view path) = 0;
+    // As read, but at most that many bytes from the start of the file; no more of it is read.
+    virtual FileRead readStart(std::u16string_view path, std::size_t mostBytes) = 0;
     // As read, but from the device instead of the system's cache, if the system supports that.
     virtual FileRead readBack(std::u16string_view path) = 0;
     // Creates or truncates the file, then writes all bytes. On failure the file may start with part of the new bytes,

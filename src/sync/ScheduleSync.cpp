@@ -10,7 +10,8 @@ constexpr std::u16string_view kBuiltInUrl =
 constexpr std::u16string_view kScheduleMark = u"[DRMSchedule]";
 // A limit of 16-bit signed positions.
 constexpr std::size_t kMaxScheduleLength = 32'767;
-constexpr std::size_t kMaxUrlLength = 2'083;  // limit of the Internet functions of Windows
+constexpr std::size_t kMostConfigBytes = 65'536;  // only the first line counts
+constexpr std::size_t kMaxUrlLength = 2'083;      // limit of the Internet functions of Windows
 
 std::u16string_view firstLine(std::u16string_view text) { return text.substr(0, text.find_first_of(u"\r\n")); }
 
@@ -51,7 +52,7 @@ void ScheduleSync::SyncDrmSchedule() {
 }
 
 std::optional<std::u16string> ScheduleSync::scheduleUrl() {
-    const auto bytes = files_.read(programFolder_ + u"config.ini").bytes;
+    const auto bytes = files_.readStart(programFolder_ + u"config.ini", kMostConfigBytes).bytes;
     if (!bytes) {
         return std::u16string(kBuiltInUrl);
     }

@@ -34,6 +34,16 @@ TEST_F(FilesContract, LargeFilesAreReadToTheirEnd) {
     EXPECT_TRUE(files.readBack(at(u"large")).bytes == bytes);
 }
 
+TEST_F(FilesContract, TheStartOfAFileIsReadUpToTheLimit) {
+    const std::string bytes = std::string(65'536, 'a') + std::string(65'536, 'b');
+    ASSERT_TRUE(files.write(at(u"large"), bytes, Flush::Now));
+    for (const std::size_t most :
+         {std::size_t{0}, std::size_t{1}, std::size_t{65'536}, std::size_t{65'537}, bytes.size(), bytes.size() + 1}) {
+        EXPECT_TRUE(files.readStart(at(u"large"), most).bytes == bytes.substr(0, most)) << most;
+    }
+    EXPECT_TRUE(files.readStart(at(u"none"), 5).isMissing);
+}
+
 TEST_F(FilesContract, WritingReplacesALongerFile) {
     ASSERT_TRUE(files.write(at(u"a"), "a long text", Flush::Now));
     ASSERT_TRUE(files.write(at(u"a"), "short", Flush::Now));

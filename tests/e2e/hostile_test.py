@@ -79,11 +79,13 @@ def forever(start, part):
 
 
 class Hostile(ProgramCase):
-    def sync(self, answer, expected, program=None, seconds=60.0):
+    def sync(self, answer, expected, program=None, seconds=60.0, after_address=b"", config_size=None):
         server = RawServer(answer)
         self.addCleanup(server.close)
         program = program or self.program(SAMPLE_LIST, SAMPLE_USER)
-        (program.folder / "config.ini").write_text(server.url + "\n")
+        with open(program.folder / "config.ini", "wb") as config:
+            config.write(server.url.encode() + b"\n" + after_address)
+            config.truncate(config_size)
         program.start()
         idle = memory(program, "VmRSS")
         program.keys("ctrl+i")
@@ -223,6 +225,12 @@ class Hostile(ProgramCase):
         (program.folder / "DRMSchedule.ini").symlink_to(victim)
         self.refused(lambda connection: connection.sendall(body(b"[DRMSchedule]\n")), program=program)
         self.assertEqual(victim.read_text(), "precious")
+
+    def test_a_config_of_a_gigabyte(self):
+        program = self.program(SAMPLE_LIST, SAMPLE_USER)
+        self.sync(lambda connection: connection.sendall(body(b"[DRMSchedule]\n" + RECORD)),
+                  "The number of new station is: 1", program, after_address=b"x" * (1 << 20), config_size=1 << 30)
+        self.assert_cells(program, [("P", "6000", "06:00-07:00", "T")])
 
     def test_a_disk_full_during_the_download(self):
         disk = self.receiver("full", blocks=BINARY.stat().st_size // 1024 + 2000)

@@ -1,6 +1,7 @@
 #include "fakes/FakeFiles.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "fakes/Text.h"
 
@@ -28,12 +29,16 @@ std::optional<std::uint64_t> FakeFiles::size(std::u16string_view path) {
     return found == files.end() ? std::nullopt : std::optional<std::uint64_t>(found->second.size());
 }
 
-FileRead FakeFiles::read(std::u16string_view path) {
+FileRead FakeFiles::read(std::u16string_view path) { return readStart(path, std::string::npos); }
+
+FileRead FakeFiles::readStart(std::u16string_view path, std::size_t mostBytes) {
     if (!allowed("read", path) || unreadable.contains(std::u16string(path))) {
         return FileRead::failed();
     }
     if (const auto found = files.find(std::u16string(path)); found != files.end()) {
-        return {found->second};
+        std::string bytes = found->second.substr(0, mostBytes);
+        bytesRead += bytes.size();
+        return {std::move(bytes)};
     }
     return exists(path) ? FileRead::failed() : FileRead::missing();
 }

@@ -14,6 +14,7 @@ public:
     bool exists(std::u16string_view path) override;
     std::optional<std::uint64_t> size(std::u16string_view path) override;
     FileRead read(std::u16string_view path) override;
+    FileRead readStart(std::u16string_view path, std::size_t mostBytes) override;
     FileRead readBack(std::u16string_view path) override;
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
     bool append(std::u16string_view path, std::string_view bytes) override;
@@ -32,6 +33,7 @@ public:
 
     // "read /x", "write /x" … in the order of the calls; size, exists, list and freeSpace are not recorded.
     std::vector<std::string> accesses;
+    std::size_t bytesRead = 0;
     std::map<std::u16string, std::string> files;
     std::set<std::u16string> folders;
     std::set<std::u16string> readOnly;              // cannot be written, replaced by rename or removed

@@ -10,6 +10,9 @@ public:
     bool exists(std::u16string_view path) override { return files_.exists(path); }
     std::optional<std::uint64_t> size(std::u16string_view path) override { return files_.size(path); }
     FileRead read(std::u16string_view path) override { return files_.read(path); }
+    FileRead readStart(std::u16string_view path, std::size_t mostBytes) override {
+        return files_.readStart(path, mostBytes);
+    }
     FileRead readBack(std::u16string_view path) override { return files_.readBack(path); }
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
         return files_.write(path, bytes, flush);

@@ -63,6 +63,10 @@ FileRead FaultyFiles::read(std::u16string_view path) {
     return fails(Kind::Read) ? FileRead::failed() : ForwardingFiles::read(path);
 }
 
+FileRead FaultyFiles::readStart(std::u16string_view path, std::size_t mostBytes) {
+    return fails(Kind::Read) ? FileRead::failed() : ForwardingFiles::readStart(path, mostBytes);
+}
+
 FileRead FaultyFiles::readBack(std::u16string_view path) {
     return fails(Kind::Read) ? FileRead::failed() : ForwardingFiles::readBack(path);
 }

@@ -135,6 +135,15 @@ TEST_F(ScheduleSyncTest, AVanishedDownloadIsAFailure) {
     EXPECT_EQ(files.accesses, (std::vector<std::string>{"read /program/config.ini", "write /program/DRMSchedule.ini"}));
 }
 
+TEST_F(ScheduleSyncTest, OnlyTheStartOfAHugeConfigIsRead) {
+    constexpr std::size_t kMostBytes = 65'536;
+    files.files[kConfig] = "http://example.org/s\n" + std::string(10 * kMostBytes, 'x');
+    httpClient.answer.status = 404;
+    sync(u"Download failed,Please check the network");
+    expectFetched(u"http://example.org/s");
+    EXPECT_EQ(files.bytesRead, kMostBytes);
+}
+
 TEST_F(ScheduleSyncTest, ATextThatIsNoScheduleIsRejected) {
     for (const char16_t* text : {u"", u"<html>Not found</html>\n", u"[drmschedule]\n", u"[DRMSchedule\n"}) {
         serve(text + recordLines());

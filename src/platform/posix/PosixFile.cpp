@@ -18,11 +18,11 @@ bool PosixFile::isRegular() const {
     return isOpen() && ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-std::optional<std::string> PosixFile::readAll() const {
+std::optional<std::string> PosixFile::readUpTo(std::size_t mostBytes) const {
     constexpr std::size_t kMore = 4096;  // the file may grow during the read
     struct stat status = {};
     const bool sized = ::fstat(descriptor_, &status) == 0;
-    std::string bytes((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, '\0');
+    std::string bytes(std::min((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, mostBytes), '\0');
     std::size_t length = 0;
     while (true) {
         const ssize_t count = ::read(descriptor_, bytes.data() + length, bytes.size() - length);
@@ -32,7 +32,7 @@ std::optional<std::string> PosixFile::readAll() const {
         }
         if (count > 0) {
             length += static_cast<std::size_t>(count);
-            bytes.resize(std::max(bytes.size(), length + kMore));
+            bytes.resize(std::min(std::max(bytes.size(), length + kMore), mostBytes));
         } else if (errno != EINTR) {
             return std::nullopt;
         }

@@ -1,6 +1,7 @@
 // An open file; the destructor closes it.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,8 +21,8 @@ public:
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
     bool isRegular() const;
-    // Reads from the current position to the end; nullopt on a read error.
-    std::optional<std::string> readAll() const;
+    // Reads from the current position to the end, or that many bytes; nullopt on a read error.
+    std::optional<std::string> readUpTo(std::size_t mostBytes) const;
     bool writeAll(std::string_view bytes) const;
     bool cutTo(std::size_t size) const;  // truncates
     bool flush() const;                  // to the device; also true if the file system has no such operation

@@ -26,7 +26,9 @@ bool isThere(const std::string& path) {
     return ::lstat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 
-FileRead contentOf(const std::string& path, bool fromDevice) {
+constexpr std::size_t kWhole = std::string::npos;
+
+FileRead contentOf(const std::string& path, bool fromDevice, std::size_t mostBytes = kWhole) {
     const PosixFile file(path, O_RDONLY);
     if (!file.isOpen()) {
         return isThere(path) ? FileRead::failed() : FileRead::missing();
@@ -37,7 +39,7 @@ FileRead contentOf(const std::string& path, bool fromDevice) {
     if (fromDevice) {
         file.forgetCachedPages();
     }
-    return {file.readAll()};
+    return {file.readUpTo(mostBytes)};
 }
 
 // Overwrites, then truncates: truncating first would cost a journal a second flush.
@@ -61,6 +63,10 @@ std::optional<std::uint64_t> PosixFiles::size(std::u16string_view path) {
 }
 
 FileRead PosixFiles::read(std::u16string_view path) { return contentOf(nativePath(path), false); }
+
+FileRead PosixFiles::readStart(std::u16string_view path, std::size_t mostBytes) {
+    return contentOf(nativePath(path), false, mostBytes);
+}
 
 FileRead PosixFiles::readBack(std::u16string_view path) { return contentOf(nativePath(path), true); }
 

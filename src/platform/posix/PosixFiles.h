@@ -12,6 +12,7 @@ public:
     bool exists(std::u16string_view path) override;
     std::optional<std::uint64_t> size(std::u16string_view path) override;
     FileRead read(std::u16string_view path) override;
+    FileRead readStart(std::u16string_view path, std::size_t mostBytes) override;
     FileRead readBack(std::u16string_view path) override;
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
     bool append(std::u16string_view path, std::string_view bytes) override;

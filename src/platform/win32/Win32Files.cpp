@@ -29,7 +29,7 @@ private:
     void* memory_;
 };
 
-FileRead readAll(std::u16string_view path, DWORD flags) {
+FileRead contentOf(std::u16string_view path, DWORD flags, std::size_t mostBytes = std::string::npos) {
     const Handle file(
         CreateFileW(toWide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
     if (!file) {
@@ -43,8 +43,9 @@ FileRead readAll(std::u16string_view path, DWORD flags) {
     }
     std::string bytes;
     for (;;) {
+        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(kBlock, mostBytes - bytes.size()));
         DWORD got = 0;
-        if (ReadFile(file.get(), block.get(), kBlock, &got, nullptr) == 0) {
+        if (ReadFile(file.get(), block.get(), wanted, &got, nullptr) == 0) {
             // Some systems report the end of the file as an error on uncached reads.
             return GetLastError() == ERROR_HANDLE_EOF ? FileRead{bytes} : FileRead::failed();
         }
@@ -116,10 +117,14 @@ std::optional<std::uint64_t> Win32Files::size(std::u16string_view path) {
     return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32U) | data.nFileSizeLow;
 }
 
-FileRead Win32Files::read(std::u16string_view path) { return readAll(path, FILE_FLAG_SEQUENTIAL_SCAN); }
+FileRead Win32Files::read(std::u16string_view path) { return contentOf(path, FILE_FLAG_SEQUENTIAL_SCAN); }
+
+FileRead Win32Files::readStart(std::u16string_view path, std::size_t mostBytes) {
+    return contentOf(path, FILE_FLAG_SEQUENTIAL_SCAN, mostBytes);
+}
 
 FileRead Win32Files::readBack(std::u16string_view path) {
-    FileRead uncached = readAll(path, FILE_FLAG_NO_BUFFERING);
+    FileRead uncached = contentOf(path, FILE_FLAG_NO_BUFFERING);
     return uncached.bytes ? uncached : read(path);
 }
 
