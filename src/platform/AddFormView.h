@@ -49,8 +49,9 @@ class AddFormListener {
 public:
     virtual ~AddFormListener() = default;
     // A key that produces a character code was pressed in a field, before the field handles it. Includes Enter (13),
-    // Escape (27), Backspace (8) and Space (32), but not Tab, arrows, function and modifier keys. Also called while a
-    // combo's list is open. True: neither the field nor the list gets the key.
+    // Escape (27), Backspace (8) and Space (32), but not Tab, arrows, function and modifier keys, nor Ctrl+M and
+    // Ctrl+[, which produce the codes of Enter and Escape. Also called while a combo's list is open. True: neither the
+    // field nor the list gets the key.
     virtual bool keyPressed(AddField field, int characterCode) = 0;
     virtual void saveClicked() = 0;
     virtual void cancelClicked() = 0;  // the button, or Escape if no field handled it

@@ -26,6 +26,11 @@ int letterAt(quint32 code) {
     return 0;
 }
 
+constexpr int kBackspace = 8;
+constexpr int kLineFeed = 10;
+constexpr int kEnter = 13;
+constexpr int kEscape = 27;
+
 bool isOfAnotherScript(int key) {
     constexpr int kFirstBeyondLatin = 0x250;  // Qt's key code of a character is its code point
     return key >= kFirstBeyondLatin && key < Qt::Key_Escape;
@@ -86,12 +91,14 @@ int characterCode(const QKeyEvent& event) {
     switch (key) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            return 13;
+            return event.modifiers().testFlag(Qt::ControlModifier) ? kLineFeed : kEnter;
         case Qt::Key_Escape:
-            return 27;
+            return kEscape;
         case Qt::Key_Backspace:
-            return 8;
+            return kBackspace;
         default:
-            return event.text().isEmpty() ? 0 : event.text().at(0).unicode();
+            break;
     }
+    const int code = event.text().isEmpty() ? 0 : event.text().at(0).unicode();
+    return code == kEnter || code == kEscape ? 0 : code;  // Ctrl+M or Ctrl+[
 }

@@ -9,5 +9,6 @@ int classicShift(const QKeyEvent& event);
 // True for Alt with a letter, digit or sign: such a key may be a mnemonic but never types a character. Qt's line edits
 // would insert it.
 bool isMnemonic(const QKeyEvent& event);
-// The code of the character that the key types, control characters included; 0 if it types none.
+// The code of the character that the key types, control characters included; 0 if it types none. Only the Enter and
+// Escape keys give 13 and 27.
 int characterCode(const QKeyEvent& event);

@@ -90,23 +90,28 @@ LRESULT Win32AddForm::fieldMessage(Field& field, HWND window, UINT message, WPAR
             return wantsForField(l) ? code | DLGC_WANTMESSAGE : code;
         }
         case WM_KEYDOWN:
-            // The control would close an open list before the character arrives.
-            return w == kEnter || w == kEscape ? 0 : field.subclass.original(window, message, w, l);
+            return w == kEnter || w == kEscape ? commandKey(field, w) : field.subclass.original(window, message, w, l);
         case WM_CHAR:
-            return characterTyped(field, window, w, l);
+            return w == kEnter || w == kEscape ? 0 : characterTyped(field, window, w, l);
         default:
             return field.limit.uses(window, message, w) ? 0 : field.subclass.original(window, message, w, l);
     }
+}
+
+// Handles the key, not its character, which Ctrl+M and Ctrl+[ also produce. Ctrl+Enter produces another character.
+LRESULT Win32AddForm::commandKey(Field& field, WPARAM key) {
+    const bool used =
+        window_ == nullptr || GetKeyState(VK_CONTROL) < 0 || listener_->keyPressed(field.which, static_cast<int>(key));
+    if (!used && window_ != nullptr) {
+        key == kEnter ? listener_->saveClicked() : listener_->cancelClicked();
+    }
+    return 0;  // the control would close an open list
 }
 
 LRESULT Win32AddForm::characterTyped(Field& field, HWND window, WPARAM w, LPARAM l) {
     const bool used = window_ == nullptr || listener_->keyPressed(field.which, static_cast<int>(w));
     if (used || window_ == nullptr) {
         return 0;  // the listener may have destroyed the dialog
-    }
-    if (w == kEnter || w == kEscape) {
-        w == kEnter ? listener_->saveClicked() : listener_->cancelClicked();
-        return 0;
     }
     return field.limit.uses(window, WM_CHAR, w) ? 0 : field.subclass.original(window, WM_CHAR, w, l);
 }

@@ -50,6 +50,7 @@ private:
     static LRESULT CALLBACK fieldProcedure(HWND, UINT, WPARAM, LPARAM);
     INT_PTR handle(UINT message, WPARAM w, LPARAM l);
     LRESULT fieldMessage(Field& field, HWND window, UINT message, WPARAM w, LPARAM l);
+    LRESULT commandKey(Field& field, WPARAM key);
     LRESULT characterTyped(Field& field, HWND window, WPARAM w, LPARAM l);
     void createControls(const AddCaptions& captions);
     void createField(AddField field);

@@ -35,6 +35,15 @@ TEST(KeysTest, AnExtraLetterKeyOfAnotherScriptHasNoCode) {
     EXPECT_EQ(classicKey(press(Qt::Key_F5, Qt::ControlModifier, 71)), 0);
 }
 
+TEST(KeysTest, CtrlWithALetterIsNeitherEnterNorEscape) {
+    EXPECT_EQ(characterCode(press(Qt::Key_M, Qt::ControlModifier, 58, "\r")), 0);
+    EXPECT_EQ(characterCode(press(Qt::Key_BracketLeft, Qt::ControlModifier, 34, "\x1b")), 0);
+    EXPECT_EQ(characterCode(press(Qt::Key_C, Qt::ControlModifier, 54, "\x03")), 3);
+    EXPECT_EQ(characterCode(press(Qt::Key_Return, Qt::ControlModifier, 36, "\r")), 10) << "as on Windows";
+    EXPECT_EQ(characterCode(press(Qt::Key_Return, Qt::NoModifier, 36, "\r")), 13);
+    EXPECT_EQ(characterCode(press(Qt::Key_Escape, Qt::NoModifier, 9, "\x1b")), 27);
+}
+
 TEST(KeysTest, ALetterWithAltIsAMnemonic) {
     EXPECT_TRUE(isMnemonic(press(Qt::Key_A, Qt::AltModifier, 38, "a")));
     EXPECT_FALSE(isMnemonic(press(Qt::Key_A, Qt::NoModifier, 38, "a")));

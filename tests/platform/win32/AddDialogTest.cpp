@@ -153,6 +153,23 @@ TEST_F(AddDialogTest, APasteOfAnyLengthEndsAtItsFirstLineBreak) {
     }
 }
 
+TEST_F(AddDialogTest, CtrlWithALetterIsNeitherEnterNorEscape) {
+    start();
+    HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
+    ASSERT_NE(dialog, nullptr);
+    for (const int number : {2, 4}) {
+        HWND combo = childOf(dialog, L"ComboBox", number);
+        HWND field = childOf(combo, L"Edit", 1);
+        // Ctrl+M and Ctrl+[ produce these characters. The key that follows shows that they have been handled.
+        PostMessageW(field, WM_CHAR, 13, 1);
+        PostMessageW(field, WM_CHAR, 27, 1);
+        PostMessageW(field, WM_KEYDOWN, VK_DOWN, 1);
+        ASSERT_TRUE(eventually([&] { return textOf(combo) == L"0"; }));
+        EXPECT_EQ(FindWindowW(L"#32770", L"Add List"), nullptr) << "a refused record";
+    }
+    EXPECT_TRUE(IsWindow(dialog));
+}
+
 TEST_F(AddDialogTest, EscapeLeavesTheDialogButSavesInAStopTime) {
     start();
     HWND dialog = program().dialogBy('N', L"Add List--[DRM List]");
