@@ -1,14 +1,48 @@
 """Editing cells, list commands, the popup menu and sorting."""
+import subprocess
 import unittest
 
 import listfiles
 from case import ProgramCase
 from listfiles import AM_CELLS, DRM_CELLS, FAVOURITE_CELLS, SAMPLE_USER, list_ini, user_ini
 from nodes import Atspi, box_of, has_state, text_of
-from session import SESSION
+from session import SESSION, need
 
 EDIT_HINT = "Press 'Enter' Key To Save Modify"
 DELETE_HINT = "Press 'Delete' Key To Delete "
+
+
+D, E, N = 40, 26, 57  # codes of the physical keys
+
+
+class Layouts(ProgramCase):
+    def setUp(self):
+        self.addCleanup(self.use, "us")
+
+    def use(self, layout):
+        subprocess.run([need("setxkbmap"), layout], env=SESSION.environment, check=True)
+
+    def ctrl(self, program, code):
+        program.wait(program.has_keyboard, "the keyboard in the newest window")
+        SESSION.xdotool("keydown", "Control_L", "key", code, "keyup", "Control_L")
+
+    def test_ctrl_with_a_letter_works_in_a_layout_without_latin_letters(self):
+        for layout in ("ru", "gr"):
+            with self.subTest(layout):
+                self.use(layout)
+                program = self.sample_program()
+                program.select_row(1)
+                self.ctrl(program, E)
+                program.wait(program.edit_box, "the edit box")
+                program.keys("Return")
+                program.wait(lambda: program.edit_box() is None, "the edit box hidden")
+                self.ctrl(program, D)
+                self.assert_cells(program, DRM_CELLS[1:])
+                self.ctrl(program, N)
+                program.dialog("Add List--[DRM List]")
+                program.keys("Escape")
+                program.wait(lambda: program.window("Add List--[DRM List]") is None, "the dialog gone")
+                self.assert_closes(program)
 
 
 class Cells(ProgramCase):
