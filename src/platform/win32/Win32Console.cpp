@@ -17,7 +17,7 @@ bool writeTo(DWORD stream, std::string_view text) {
         DWORD put = 0;
         if (WriteFile(handle, text.data(), part, &put, nullptr) == 0) {
             const DWORD error = GetLastError();
-            return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA;
+            return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA || error == ERROR_PIPE_NOT_CONNECTED;
         }
         text.remove_prefix(put);
     }
