@@ -26,7 +26,7 @@ TEST_F(ExportTest, AFileIsReplacedAtomically) {
     EXPECT_EQ(run({"export", "-o", "lists.csv"}), 0);
     EXPECT_EQ(out, "");
     EXPECT_EQ(files.files[u"/home/lists.csv"], kCsv);
-    files.failing = {u"/home/lists.csv.k7new"};
+    files.failing = {u"/home/LISTS.K7N"};
     files.files[u"/home/lists.csv"] = "old";
     EXPECT_EQ(run({"export", "-o", "lists.csv"}), 3);
     EXPECT_EQ(errors, "halcyon_k7ctl: /home/lists.csv: cannot be written\n");

@@ -144,7 +144,7 @@ TEST_F(ImportTest, AnUnreadableOrUnwritableFileIsNamed) {
     EXPECT_EQ(errors, "halcyon_k7ctl: /home/nowhere.csv: no such file\n");
     EXPECT_EQ(import("list\xE4"), 3);
     EXPECT_EQ(errors, "halcyon_k7ctl: /home/in.csv: is not UTF-8\n");
-    files.readOnly = {u"/k7/User.ini.k7new"};
+    files.readOnly = {u"/k7/USER.K7N"};
     EXPECT_EQ(import(kOne), 3);
     EXPECT_EQ(errors, "halcyon_k7ctl: /k7/: the lists cannot be written\n");
     EXPECT_EQ(files.files[u"/k7/List.ini"], kCtlList);

@@ -67,8 +67,8 @@ protected:
         EXPECT_TRUE(files.read(volume.at(u"User.ini")).bytes == (isNew ? newUser : oldUser));
     }
     static bool nothingBeside(const Volume& volume) {
-        return !std::filesystem::exists(volume.folder() + "/List.ini.k7new") &&
-               !std::filesystem::exists(volume.folder() + "/User.ini.k7new");
+        return !std::filesystem::exists(volume.folder() + "/LIST.K7N") &&
+               !std::filesystem::exists(volume.folder() + "/USER.K7N");
     }
 
     PosixFiles files;
@@ -177,7 +177,7 @@ TEST(DeviceTestLinks, AreNotFollowedForWriting) {
     std::filesystem::permissions(victim, std::filesystem::perms::owner_read);
     std::filesystem::create_directory(folder / "elsewhere");
     std::filesystem::create_symlink("victim", folder / "link");
-    std::filesystem::create_hard_link(victim, folder / "List.ini.k7new");
+    std::filesystem::create_hard_link(victim, folder / "LIST.K7N");
     std::filesystem::create_symlink("victim", folder / "List.ini");
     std::filesystem::create_symlink("elsewhere", folder / "Recovery");
 

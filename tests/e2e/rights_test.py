@@ -44,7 +44,7 @@ class Rights(ProgramCase):
         program.keys("alt+F4")
         program.wait_for_end()
         touched = self.touched(log)
-        for expected in ("List.ini.k7new", "Recovery/Snapshot1", "DRMSchedule.ini"):
+        for expected in ("LIST.K7N", "Recovery/Snapshot1", "DRMSchedule.ini"):
             self.assertIn(str(program.folder / expected), touched)
         own = (str(program.folder) + "/", str(receiver.folder) + "/")
         # Devices store nothing; the toolkit has folders of its own for caches and settings.

@@ -109,7 +109,7 @@ std::u16string shownByWindow(const FakeFiles& disk) {
         platform.mainWindow.close();
     }
     for (const auto& [path, bytes] : platform.files.files) {
-        EXPECT_FALSE(path.starts_with(u"/app/") && path.ends_with(u".k7new")) << narrow(path);
+        EXPECT_FALSE(path.starts_with(u"/app/") && path.ends_with(u".K7N")) << narrow(path);
     }
     return shown;
 }

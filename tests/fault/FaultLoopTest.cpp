@@ -192,7 +192,7 @@ bool isWhole(const std::string& bytes) {
 
 bool nothingBeside(const FakeFiles& disk, std::u16string_view folder) {
     return std::none_of(disk.files.begin(), disk.files.end(), [&](const auto& file) {
-        return file.first.starts_with(folder) && file.first.ends_with(u".k7new");
+        return file.first.starts_with(folder) && file.first.ends_with(u".K7N");
     });
 }
 

@@ -28,7 +28,7 @@ protected:
     bool gridsAreUntouched() const { return rowsOf(drm, 1) == Rows{{u"shown"}} && favourites.rowCount() == 0; }
     bool nothingIsLeftBeside() const {
         return std::none_of(files.files.begin(), files.files.end(),
-                            [](const auto& file) { return file.first.ends_with(u".k7new"); });
+                            [](const auto& file) { return file.first.ends_with(u".K7N"); });
     }
 
     FakeVolumes volumes;
@@ -132,8 +132,7 @@ TEST_F(ReceiverCopiesTest, MissingWorkingCopiesAreCreated) {
 }
 
 TEST_F(ReceiverCopiesTest, AFileThatCannotBeCopiedOrConvertedLeavesTheGridsSilently) {
-    for (const std::u16string_view fault :
-         {u"/disk/List.ini", u"/disk/User.ini", u"/k7/List.ini.k7new", u"/k7/User.ini.k7new"}) {
+    for (const std::u16string_view fault : {u"/disk/List.ini", u"/disk/User.ini", u"/k7/LIST.K7N", u"/k7/USER.K7N"}) {
         files.failing = {std::u16string(fault)};
         receiver.ReloadFromReceiver();
         EXPECT_TRUE(gridsAreUntouched()) << narrow(fault);
@@ -141,8 +140,8 @@ TEST_F(ReceiverCopiesTest, AFileThatCannotBeCopiedOrConvertedLeavesTheGridsSilen
 }
 
 TEST_F(ReceiverCopiesTest, AReloadReplacesBothWorkingCopiesOrNeither) {
-    for (const std::u16string_view fault : {u"/disk/List.ini", u"/disk/User.ini", u"/k7/List.ini", u"/k7/User.ini",
-                                            u"/k7/List.ini.k7new", u"/k7/User.ini.k7new"}) {
+    for (const std::u16string_view fault :
+         {u"/disk/List.ini", u"/disk/User.ini", u"/k7/List.ini", u"/k7/User.ini", u"/k7/LIST.K7N", u"/k7/USER.K7N"}) {
         files.failing = {std::u16string(fault)};
         receiver.ReloadFromReceiver();
         EXPECT_EQ(listFile(), "old list") << narrow(fault);
@@ -177,7 +176,7 @@ TEST_F(ReceiverCopiesTest, SaveWorksOnADiskWithoutFiles) {
 
 TEST_F(ReceiverCopiesTest, AFailedCopyOfEitherFileKeepsBothFilesOfTheReceiver) {
     for (const std::u16string_view fault :
-         {u"/disk/List.ini", u"/disk/User.ini", u"/disk/List.ini.k7new", u"/disk/User.ini.k7new"}) {
+         {u"/disk/List.ini", u"/disk/User.ini", u"/disk/LIST.K7N", u"/disk/USER.K7N"}) {
         files.readOnly = {std::u16string(fault)};
         receiver.SaveToReceiver();
         EXPECT_EQ(files.files[u"/disk/List.ini"], kList) << narrow(fault);
@@ -213,7 +212,7 @@ TEST_F(ReceiverCopiesTest, AFailedBackupStopsNothing) {
 
 TEST_F(ReceiverCopiesTest, AFailedSaveCopiesNothingToTheReceiver) {
     receiver.ReloadFromReceiver();
-    files.failing = {u"/k7/User.ini.k7new"};
+    files.failing = {u"/k7/USER.K7N"};
     receiver.SaveToReceiver();
     EXPECT_EQ(files.files[u"/disk/List.ini"], kList);
     EXPECT_EQ(files.files[u"/disk/User.ini"], kUser) << "the working copy is in UTF-16 still";

@@ -64,7 +64,7 @@ TEST_F(ReceiverFilesTest, ReplacingBacksUpTheOldFiles) {
 }
 
 TEST_F(ReceiverFilesTest, AFailureLeavesBothOldFiles) {
-    for (const std::u16string_view fault : {u"/disk/List.ini", u"/disk/User.ini.k7new"}) {
+    for (const std::u16string_view fault : {u"/disk/List.ini", u"/disk/USER.K7N"}) {
         files.readOnly = {std::u16string(fault)};
         EXPECT_FALSE(receiver.replace({"new list", "new user"}));
         EXPECT_EQ(files.files[u"/disk/List.ini"], "list");

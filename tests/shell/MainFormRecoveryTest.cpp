@@ -172,7 +172,7 @@ TEST_F(MainFormRecoveryTest, AViewChangeDuringACommandKeepsNothing) {
 TEST_F(MainFormRecoveryTest, AFailedSaveAtTheEndWaitsForTheNextStart) {
     start();
     edit(u"Edited");
-    platform->files.failing = {u"/app/List.ini.k7new", u"/app/User.ini.k7new"};
+    platform->files.failing = {u"/app/LIST.K7N", u"/app/USER.K7N"};
     platform->mainWindow.close();
     killAndRestart();
     EXPECT_EQ(programme(1), u"Edited");
@@ -183,7 +183,7 @@ TEST_F(MainFormRecoveryTest, ATextTypedAtTheEndIsKeptWhenItCannotBeSaved) {
     select(0, 1);
     platform->grid(0).itemDoubleClicked();
     platform->editBox.content = u"Typed last";
-    platform->files.failing = {u"/app/List.ini.k7new"};
+    platform->files.failing = {u"/app/LIST.K7N"};
     platform->mainWindow.close();
     killAndRestart();
     EXPECT_EQ(programme(1), u"Typed last");
@@ -200,7 +200,7 @@ TEST_F(MainFormRecoveryTest, WithoutASnapshotTheFilesAreConverted) {
 }
 
 TEST_F(MainFormRecoveryTest, AFileThatCannotBeConvertedIsShownDecoded) {
-    platform->files.failing = {u"/app/List.ini.k7new"};
+    platform->files.failing = {u"/app/LIST.K7N"};
     start();
     EXPECT_EQ(programme(1), u"中");
 }
@@ -233,11 +233,11 @@ TEST_F(MainFormRecoveryTest, AfterALoadFromTheReceiverAnUnreadFileIsSavedAgain) 
 }
 
 TEST_F(MainFormRecoveryTest, LeftoversOfAKilledSaveAreRemovedAtTheNextStart) {
-    platform->files.files[u"/app/List.ini.k7new"] = "half";
-    platform->files.files[u"/app/User.ini.k7new"] = "half";
+    platform->files.files[u"/app/LIST.K7N"] = "half";
+    platform->files.files[u"/app/USER.K7N"] = "half";
     start();
-    EXPECT_FALSE(platform->files.files.contains(u"/app/List.ini.k7new"));
-    EXPECT_FALSE(platform->files.files.contains(u"/app/User.ini.k7new"));
+    EXPECT_FALSE(platform->files.files.contains(u"/app/LIST.K7N"));
+    EXPECT_FALSE(platform->files.files.contains(u"/app/USER.K7N"));
     EXPECT_EQ(programme(1), u"中");
 }
 
@@ -248,7 +248,7 @@ TEST_F(MainFormRecoveryTest, ListsThatCannotBeWrittenBackAreShownAndKept) {
     form.reset();
     platform = std::make_unique<FakePlatform>();
     platform->files = files;
-    platform->files.failing = {u"/app/List.ini.k7new"};
+    platform->files.failing = {u"/app/LIST.K7N"};
     start();
     EXPECT_EQ(programme(1), u"Edited");
     platform->files.failing.clear();

@@ -108,8 +108,7 @@ TEST_F(ProgramFolderTest, WithoutAListFileNothingIsCopied) {
 
 TEST_F(ProgramFolderTest, AFailedCopyIsCompletedByTheNextStart) {
     folders.writable = false;
-    for (const char16_t* failing :
-         {u"/app/User.ini", u"/user/Halcyon_K7/User.ini.k7new", u"/user/Halcyon_K7/List.ini.k7new"}) {
+    for (const char16_t* failing : {u"/app/User.ini", u"/user/Halcyon_K7/USER.K7N", u"/user/Halcyon_K7/LIST.K7N"}) {
         files.files = {{u"/app/List.ini", "lists"}, {u"/app/User.ini", "favourites"}};
         files.failing = {failing};
         find();

@@ -1,5 +1,8 @@
 #include "storage/files/SafeFile.h"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace {
 
 // Deletes the temporary file; always returns false.
@@ -21,7 +24,15 @@ bool putInPlace(Files& files, std::u16string_view path) {
 
 }  // namespace
 
-std::u16string besideOf(std::u16string_view path) { return std::u16string(path) + u".k7new"; }
+std::u16string besideOf(std::u16string_view path) {
+    const std::size_t name = path.find_last_of(u"/\\") + 1;
+    const std::size_t dot = path.rfind(u'.');
+    std::u16string beside(path.substr(0, dot == path.npos || dot < name ? path.size() : dot));
+    std::transform(beside.begin() + static_cast<std::ptrdiff_t>(name), beside.end(),
+                   beside.begin() + static_cast<std::ptrdiff_t>(name),
+                   [](char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c; });
+    return beside + u".K7N";
+}
 
 void removeLeftover(Files& files, std::u16string_view path) {
     const std::u16string beside = besideOf(path);

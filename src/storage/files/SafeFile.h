@@ -8,7 +8,8 @@
 
 #include "platform/Files.h"
 
-// The temporary file for a path, in the same folder.
+// The temporary file for a path, in the same folder: "LIST.K7N" for "List.ini". A short name in capitals takes a single
+// entry of a FAT folder, and the root folder of a FAT volume has few.
 std::u16string besideOf(std::u16string_view path);
 
 // Removes the temporary file that an interrupted run may have left.

@@ -135,7 +135,7 @@ TEST_F(KillTest, EveryFinishedEditSurvives) {
     EXPECT_NE(std::filesystem::exists(folder.file("Recovery/Snapshot1")),
               std::filesystem::exists(folder.file("Recovery/Snapshot2")))
         << "one is the last known good state";
-    EXPECT_FALSE(std::filesystem::exists(folder.file("List.ini.k7new")));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("LIST.K7N")));
     EXPECT_NE(folder.read("List.ini").find("[kvt update end]"), std::string::npos);
     std::cout << kKills << " kills, " << edits << " finished edits, all shown again; " << saves << " finished saves\n";
 }

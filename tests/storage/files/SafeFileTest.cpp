@@ -10,12 +10,15 @@
 namespace {
 
 constexpr auto kPath = u"/disk/List.ini";
-constexpr auto kBeside = u"/disk/List.ini.k7new";
+constexpr auto kBeside = u"/disk/LIST.K7N";
 
 // A disk of limited size, whose device may lose bytes written to a path.
 class SmallDisk : public FakeFiles {
 public:
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+        if (path == refusing && refusals-- > 0) {
+            return false;
+        }
         if (!FakeFiles::write(path, bytes, flush)) {
             return false;
         }
@@ -38,7 +41,7 @@ public:
     }
     FileRead readBack(std::u16string_view path) override {
         FileRead read = FakeFiles::readBack(path);
-        if (read.bytes && path == losing) {
+        if (read.bytes && path == losing && losses-- > 0) {
             read.bytes->back() = '?';
         }
         return read;
@@ -46,6 +49,9 @@ public:
 
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override {
         EXPECT_EQ(narrow(folder), "/disk");
+        if (free) {
+            return free;
+        }
         std::size_t used = 0;
         for (const auto& [name, content] : files) {
             used += content.size();
@@ -55,6 +61,9 @@ public:
 
     std::size_t room = 1000;
     std::u16string losing;
+    int losses = 1000;  // readings of it that come back damaged
+    std::u16string refusing;
+    int refusals = 0;  // writings of it that fail
 };
 
 bool replaceVerified(Files& files, std::u16string_view path, std::string_view bytes) {
@@ -66,6 +75,9 @@ protected:
     void expectOnly(const std::string& content) {
         EXPECT_EQ(disk.files, (std::map<std::u16string, std::string>{{kPath, content}}));
     }
+    auto countOf(std::string_view access) const {
+        return std::count(disk.accesses.begin(), disk.accesses.end(), access);
+    }
     SmallDisk disk;
 };
 
@@ -75,8 +87,15 @@ TEST_F(SafeFileTest, ReplacesAtomically) {
     disk.files[kPath] = "old";
     EXPECT_TRUE(replaceFile(disk, kPath, "new"));
     expectOnly("new");
-    EXPECT_EQ(disk.accesses, (std::vector<std::string>{"write /disk/List.ini.k7new", "rename /disk/List.ini.k7new",
-                                                       "onto /disk/List.ini"}));
+    EXPECT_EQ(disk.accesses,
+              (std::vector<std::string>{"write /disk/LIST.K7N", "rename /disk/LIST.K7N", "onto /disk/List.ini"}));
+}
+
+TEST_F(SafeFileTest, TheTemporaryNameIsShortAndInCapitals) {
+    EXPECT_EQ(besideOf(u"/the.disk/List.ini"), u"/the.disk/LIST.K7N");
+    EXPECT_EQ(besideOf(u"e:\\user.ini"), u"e:\\USER.K7N");
+    EXPECT_EQ(besideOf(u"/disk.d/lists"), u"/disk.d/LISTS.K7N");
+    EXPECT_EQ(besideOf(u"az\u00E9{`.b.csv"), u"AZ\u00E9{`.B.K7N");
 }
 
 TEST_F(SafeFileTest, CreatesAMissingFile) {
@@ -103,9 +122,9 @@ TEST_F(SafeFileTest, VerifiedReadsBackBeforeAndAfterReplacing) {
     disk.files[kPath] = "old";
     EXPECT_TRUE(replaceVerified(disk, kPath, "new"));
     expectOnly("new");
-    EXPECT_EQ(disk.accesses, (std::vector<std::string>{"read /disk/List.ini", "write /disk/List.ini.k7new",
-                                                       "read /disk/List.ini.k7new", "rename /disk/List.ini.k7new",
-                                                       "onto /disk/List.ini", "read /disk/List.ini"}));
+    EXPECT_EQ(disk.accesses,
+              (std::vector<std::string>{"read /disk/List.ini", "write /disk/LIST.K7N", "read /disk/LIST.K7N",
+                                        "rename /disk/LIST.K7N", "onto /disk/List.ini", "read /disk/List.ini"}));
 }
 
 TEST_F(SafeFileTest, VerifiedKeepsTheOldFileWhenTheTemporaryFileIsDamaged) {
@@ -120,6 +139,62 @@ TEST_F(SafeFileTest, VerifiedRestoresTheOldFileWhenTheNewOneIsDamagedAfterTheRen
     disk.losing = kPath;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
+}
+
+TEST_F(SafeFileTest, VerifiedPutsTheOldFileBackASecondTimeWhenItIsDamaged) {
+    disk.files[kPath] = "old";
+    disk.losing = kPath;
+    disk.losses = 3;  // the new one, then the old one before and after it is put back
+    EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
+    expectOnly("old");
+    EXPECT_EQ(countOf("onto /disk/List.ini"), 3);
+    EXPECT_EQ(countOf("write /disk/List.ini"), 0) << "in place";
+}
+
+TEST_F(SafeFileTest, VerifiedWritesTheOldBytesBackASecondTimeWhenThatFails) {
+    disk.files[kPath] = "12345678";
+    disk.room = 12;
+    disk.refusing = kPath;
+    disk.losing = kPath;
+    // The new bytes reach the disk and are damaged; the old ones are refused once.
+    class Refusing : public SmallDisk {
+    public:
+        FileRead readBack(std::u16string_view path) override {
+            refusals = overwritten ? refusals : 1;
+            overwritten = true;
+            return SmallDisk::readBack(path);
+        }
+        bool overwritten = false;
+    };
+    Refusing refusing;
+    static_cast<SmallDisk&>(refusing) = disk;
+    EXPECT_FALSE(replaceVerified(refusing, kPath, "abcdefghij"));
+    EXPECT_EQ(refusing.files[kPath], "12345678");
+    EXPECT_EQ(refusing.refusals, -1) << "refused once, then written";
+}
+
+// What lies on a disk that is as good as full may be written in place; on one that has room the fault is the disk's.
+TEST_F(SafeFileTest, VerifiedWritesInPlaceUpToTheFreeSpaceOfAFullDisk) {
+    constexpr std::uint64_t kFull = 3 + 65'536;
+    disk.files[kPath] = "old";
+    disk.failing = {kBeside};
+    disk.free = kFull;
+    EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
+    expectOnly("old");
+    disk.free = kFull - 1;
+    EXPECT_TRUE(replaceVerified(disk, kPath, "new"));
+    expectOnly("new");
+}
+
+TEST_F(SafeFileTest, VerifiedWritesInPlaceOnlyWhatSurelyFits) {
+    disk.files[kPath] = "12345678";
+    disk.failing = {kBeside};
+    disk.free = 2;
+    EXPECT_FALSE(replaceVerified(disk, kPath, "abcdefghijk"));
+    expectOnly("12345678");
+    EXPECT_EQ(countOf("write /disk/List.ini"), 0);
+    EXPECT_TRUE(replaceVerified(disk, kPath, "abcdefghij"));
+    expectOnly("abcdefghij");
 }
 
 TEST_F(SafeFileTest, VerifiedRemovesADamagedFileThatIsNew) {
@@ -207,7 +282,7 @@ TEST_F(SafeFileTestVerifiedPair, BothAreReplaced) {
 }
 
 TEST_F(SafeFileTestVerifiedPair, ADamagedSecondFileRestoresTheFirst) {
-    for (const auto* const fault : {kPath, kOther, kBeside, u"/disk/User.ini.k7new"}) {
+    for (const auto* const fault : {kPath, kOther, kBeside, u"/disk/USER.K7N"}) {
         disk.losing = fault;
         EXPECT_FALSE(replace());
         EXPECT_EQ(disk.files, old);
@@ -216,7 +291,7 @@ TEST_F(SafeFileTestVerifiedPair, ADamagedSecondFileRestoresTheFirst) {
 
 TEST_F(SafeFileTestVerifiedPair, LeftoversOfAnEarlierAttemptAreReplaced) {
     disk.files[kBeside] = "half";
-    disk.files[u"/disk/User.ini.k7new"] = "half";
+    disk.files[u"/disk/USER.K7N"] = "half";
     EXPECT_TRUE(replace());
     EXPECT_EQ(disk.files, both);
 }
@@ -236,6 +311,26 @@ TEST_F(SafeFileTestVerifiedPair, ADiskThatFailsWithRoomLeftIsNotWrittenInPlace) 
     EXPECT_FALSE(replace());
     EXPECT_EQ(disk.files, old);
     EXPECT_EQ(std::count(disk.accesses.begin(), disk.accesses.end(), "write /disk/List.ini"), 0);
+}
+
+TEST_F(SafeFileTestVerifiedPair, AWholeNewFileIsNeverTornByPuttingTheOldOneBack) {
+    // The second file is damaged, and then nothing can be written beside the first one.
+    class Failing : public SmallDisk {
+    public:
+        FileRead readBack(std::u16string_view path) override {
+            if (path == kOther) {
+                failing = {kBeside};
+            }
+            return SmallDisk::readBack(path);
+        }
+    };
+    Failing failing;
+    static_cast<SmallDisk&>(failing) = disk;
+    failing.losing = kOther;
+    EXPECT_FALSE(::replaceVerified(failing, {NewFile{kPath, "new list"}, NewFile{kOther, "new user"}}));
+    EXPECT_EQ(failing.files[kPath], "new list");
+    EXPECT_EQ(failing.files[kOther], "old user");
+    EXPECT_EQ(std::count(failing.accesses.begin(), failing.accesses.end(), "write /disk/List.ini"), 0);
 }
 
 TEST_F(SafeFileTestVerifiedPair, WithoutOldFilesAFailureLeavesNoFile) {

@@ -256,10 +256,10 @@ TEST_F(ListSaverTest, AMissingWorkingCopyGetsNoSeedLineButIsUtf8Too) {
 TEST_F(ListSaverTest, OneSaveWritesEachFileOnceAndReadsNone) {
     drm.appendRow({u"a"});
     saver.SaveLists();
-    EXPECT_EQ(files.accesses, (std::vector<std::string>{"clearAttributes /k7/List.ini", "clearAttributes /k7/User.ini",
-                                                        "write /k7/List.ini.k7new", "write /k7/User.ini.k7new",
-                                                        "rename /k7/List.ini.k7new", "onto /k7/List.ini",
-                                                        "rename /k7/User.ini.k7new", "onto /k7/User.ini"}));
+    EXPECT_EQ(files.accesses,
+              (std::vector<std::string>{"clearAttributes /k7/List.ini", "clearAttributes /k7/User.ini",
+                                        "write /k7/LIST.K7N", "write /k7/USER.K7N", "rename /k7/LIST.K7N",
+                                        "onto /k7/List.ini", "rename /k7/USER.K7N", "onto /k7/User.ini"}));
 }
 
 TEST_F(ListSaverTest, AReadOnlyWorkingCopyIsMadeWritable) {
@@ -272,15 +272,14 @@ TEST_F(ListSaverTest, AReadOnlyWorkingCopyIsMadeWritable) {
 TEST_F(ListSaverTest, AFailureKeepsTheOldFilesAndLeavesNoTemporaryFile) {
     saver.SaveLists();
     const auto old = files.files;
-    for (const std::u16string_view fault :
-         {u"/k7/List.ini.k7new", u"/k7/User.ini.k7new", u"/k7/List.ini", u"/k7/User.ini"}) {
+    for (const std::u16string_view fault : {u"/k7/LIST.K7N", u"/k7/USER.K7N", u"/k7/List.ini", u"/k7/User.ini"}) {
         files.failing = {std::u16string(fault)};
         drm.appendRow({u"new"});
         favourites.appendRow({u"new", u"1  kHz", u"AM"});
         saver.SaveLists();
         EXPECT_FALSE(saver.ListsSaved()) << narrow(fault);
         EXPECT_TRUE(onlyWorkingCopiesExist()) << narrow(fault);
-        const bool isList = fault.find(u"List") != std::u16string_view::npos;
+        const bool isList = fault.starts_with(u"/k7/L");
         const std::u16string& path = isList ? copies.ListFilePath : copies.UserFilePath;
         EXPECT_EQ(files.files[path], old.at(path)) << narrow(fault);
         files.files = old;
@@ -319,5 +318,5 @@ TEST_F(ListSaverTest, ResetOfUserIniRemovesTheFavourites) {
     userFile() = "[LAST]\r\nTYPE=AM\r\n[Total]\r\nfavnumber=1x\r\n[FAVSchedule0]\r\nx=1";
     saver.ResetContentOfUserINI();
     EXPECT_EQ(userFile(), "[LAST]\r\nTYPE=AM\r\n[Total]\r\nfavnumber=1x\r\n");
-    EXPECT_EQ(countOf("write /k7/User.ini.k7new"), 1);
+    EXPECT_EQ(countOf("write /k7/USER.K7N"), 1);
 }

@@ -87,7 +87,7 @@ TEST_F(WorkingCopiesTest, AFailureKeepsTheFile) {
     files.failing = {kPath};
     EXPECT_FALSE(convert("abc"));
     EXPECT_EQ(files.files[kPath], "abc") << "could not be read";
-    files.failing = {u"/k7/List.ini.k7new"};
+    files.failing = {u"/k7/LIST.K7N"};
     EXPECT_FALSE(convert("abc"));
     EXPECT_EQ(files.files[kPath], "abc") << "could not be written";
     EXPECT_EQ(files.files.size(), 1U);

@@ -94,11 +94,11 @@ TEST_F(BackupTest, OtherFilesAreNotTouched) {
 
 TEST_F(BackupTest, OnlyUnfinishedCopiesAreLeftovers) {
     backup.keep(u"List.ini", "a");
-    files.files[u"/app/Backup/List-20261120T224502Z.ini.k7new"] = "half";
-    files.files[u"/app/List.ini.k7new"] = "of another folder";
+    files.files[u"/app/Backup/LIST-20261120T224502Z.K7N"] = "half";
+    files.files[u"/app/LIST.K7N"] = "of another folder";
     backup.removeLeftovers();
     EXPECT_EQ(names(), Names{u"List-20261120T224501Z.ini"});
-    EXPECT_TRUE(files.files.contains(u"/app/List.ini.k7new"));
+    EXPECT_TRUE(files.files.contains(u"/app/LIST.K7N"));
 }
 
 TEST_F(BackupTest, ANumberHasUpToSixDigits) {
@@ -120,7 +120,7 @@ TEST_F(BackupTest, AListFileWithoutARecordIsNotKept) {
 TEST_F(BackupTest, AFailureLeavesTheOldCopies) {
     backup.keep(u"List.ini", "a");
     clock.time.second = 2;
-    files.failing = {u"/app/Backup/List-20261120T224502Z.ini.k7new"};
+    files.failing = {u"/app/Backup/LIST-20261120T224502Z.K7N"};
     backup.keep(u"List.ini", "b");
     EXPECT_EQ(names(), Names{u"List-20261120T224501Z.ini"});
     files.failing = {u"/app/Backup"};
