@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,6 +29,7 @@ public:
     bool removeFolder(std::u16string_view) override { return false; }
     std::vector<std::u16string> list(std::u16string_view) override { return {}; }
     std::optional<std::uint64_t> freeSpace(std::u16string_view) override { return std::nullopt; }
+    std::unique_ptr<Files> openFolder(std::u16string_view) override { return nullptr; }
 
 private:
     std::string* find(std::u16string_view path);

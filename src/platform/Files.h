@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,4 +67,9 @@ public:
     virtual std::vector<std::u16string> list(std::u16string_view path) = 0;
     // Bytes available to this user on the folder's volume; nullopt if unknown.
     virtual std::optional<std::uint64_t> freeSpace(std::u16string_view folder) = 0;
+
+    // The same files by the same paths, but what is in this folder is reached through the folder as it is now: what
+    // takes its place later, such as the folder below a mount point that is unmounted, is never touched. Its volume is
+    // in use as long as the result lives. Null if there is no such folder.
+    virtual std::unique_ptr<Files> openFolder(std::u16string_view folder) = 0;
 };

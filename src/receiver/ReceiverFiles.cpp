@@ -19,19 +19,31 @@ std::optional<std::u16string> ReceiverFiles::missingFile() {
     return std::nullopt;
 }
 
+// A mount point may be unmounted at any time, and the folder below it would take the files. So the folder is opened
+// first and the disk checked afterwards. It stays open for one command only: the user could not unmount it.
+std::unique_ptr<Files> ReceiverFiles::openDisk() {
+    auto disk = files_.openFolder(std::u16string_view(root_).substr(0, root_.find_last_not_of(u"/\\") + 1));
+    return driver_.isReceiver(root_) ? std::move(disk) : nullptr;
+}
+
 std::optional<ListFilePair> ReceiverFiles::read() {
-    auto list = files_.read(pathOf(ListFileId::List)).bytes;
-    auto user = list ? files_.read(pathOf(ListFileId::User)).bytes : std::nullopt;
+    const auto disk = openDisk();
+    auto list = disk ? disk->read(pathOf(ListFileId::List)).bytes : std::nullopt;
+    auto user = list ? disk->read(pathOf(ListFileId::User)).bytes : std::nullopt;
     return user ? std::optional(ListFilePair{std::move(*list), std::move(*user)}) : std::nullopt;
 }
 
 bool ReceiverFiles::replace(ListFilePair pair) {
+    const auto disk = openDisk();
+    if (!disk) {
+        return false;
+    }
     std::vector<NewFile> newFiles;
     for (const ListFileId file : kListFiles) {
         newFiles.push_back({pathOf(file), std::move(pair[file])});
-        if (const auto old = files_.read(newFiles.back().path).bytes) {
+        if (const auto old = disk->read(newFiles.back().path).bytes) {
             backup_.keep(ListFile::nameOf(file), *old);
         }
     }
-    return replaceVerified(files_, newFiles);
+    return replaceVerified(*disk, newFiles);
 }

@@ -1,5 +1,8 @@
 #include "receiver/mFindDiskDriver.h"
 
+#include <algorithm>
+#include <vector>
+
 // A test sets another value where the system rounds capacities.
 #ifndef HALCYON_RECEIVER_CAPACITY
 #define HALCYON_RECEIVER_CAPACITY 1'022'976
@@ -9,7 +12,7 @@ namespace {
 
 constexpr double kReceiverCapacity = HALCYON_RECEIVER_CAPACITY;  // bytes: 999 blocks of 1,024
 
-bool isReceiver(const DiskGeometry& disk) {
+bool hasReceiversCapacity(const DiskGeometry& disk) {
     const double total = static_cast<double>(disk.sectorsPerCluster) * static_cast<double>(disk.totalClusters) *
                          static_cast<double>(disk.bytesPerSector);
     return total >= kReceiverCapacity && total < kReceiverCapacity + 1;
@@ -18,18 +21,20 @@ bool isReceiver(const DiskGeometry& disk) {
 }  // namespace
 
 std::u16string mFindDiskDriver::FindReceiverDisk() {
-    for (const std::u16string& root : volumes_.roots()) {
-        // The receiver's volume label is "STNMEMORY", but any disk may have that label and the user may change it; only
-        // the capacity identifies the receiver. Reading the label skips unreadable disks.
-        if (!volumes_.isPresent(root) || !volumes_.label(root)) {
-            continue;
-        }
-        const auto geometry = volumes_.geometry(root);
-        if (geometry && isReceiver(*geometry)) {
-            return root;
-        }
+    const std::vector<std::u16string> roots = volumes_.roots();
+    const auto found =
+        std::find_if(roots.begin(), roots.end(), [this](const std::u16string& root) { return isReceiver(root); });
+    return found == roots.end() ? std::u16string(kUnknownDriver) : *found;
+}
+
+bool mFindDiskDriver::isReceiver(std::u16string_view root) {
+    // The receiver's volume label is "STNMEMORY", but any disk may have that label and the user may change it; only
+    // the capacity identifies the receiver. Reading the label skips unreadable disks.
+    if (!volumes_.isPresent(root) || !volumes_.label(root)) {
+        return false;
     }
-    return std::u16string(kUnknownDriver);
+    const auto geometry = volumes_.geometry(root);
+    return geometry && hasReceiversCapacity(*geometry);
 }
 
 void mFindDiskDriver::ClearFileAttributes(std::u16string_view path) { files_.clearAttributes(path); }

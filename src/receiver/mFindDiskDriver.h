@@ -17,6 +17,8 @@ public:
     // The root of the first disk with exactly the receiver's capacity, with its trailing separator, or kUnknownDriver.
     // Searches again at each call.
     std::u16string FindReceiverDisk();
+    // Whether the disk at this root is the receiver's now.
+    bool isReceiver(std::u16string_view root);
     // Makes the file writable, not hidden and not system. A failure is silent.
     void ClearFileAttributes(std::u16string_view path);
 

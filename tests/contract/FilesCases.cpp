@@ -160,4 +160,32 @@ TEST_F(FilesContract, AFileIsNoFolder) {
     EXPECT_EQ(files.read(at(u"a")).bytes, "x");
 }
 
+TEST_F(FilesContract, AnOpenedFolderHoldsTheSameFiles) {
+    ASSERT_TRUE(files.createFolder(at(u"disk")));
+    const auto in = [&](std::u16string_view name) {
+        return at(u"disk") + folder->path().back() + std::u16string(name);
+    };
+    ASSERT_TRUE(files.write(in(u"old"), "old", Flush::Now));
+    {
+        const auto opened = files.openFolder(at(u"disk"));
+        ASSERT_TRUE(opened);
+        EXPECT_EQ(opened->read(in(u"old")).bytes, "old");
+        EXPECT_TRUE(opened->write(in(u"new"), "new", Flush::Now));
+        EXPECT_TRUE(opened->rename(in(u"new"), in(u"old"), Flush::Now));
+        EXPECT_EQ(opened->readBack(in(u"old")).bytes, "new");
+        EXPECT_TRUE(opened->read(in(u"new")).isMissing);
+        EXPECT_TRUE(opened->append(in(u"log"), "line"));
+        EXPECT_EQ(opened->size(in(u"log")), 4U);
+        EXPECT_EQ(opened->list(at(u"disk")), (Names{u"log", u"old"}));
+        EXPECT_TRUE(opened->flushFolderOf(in(u"old")));
+        EXPECT_TRUE(opened->remove(in(u"log")));
+        EXPECT_FALSE(opened->exists(in(u"log")));
+        EXPECT_TRUE(opened->write(at(u"disk2"), "outside", Flush::Now));
+    }
+    EXPECT_EQ(files.read(in(u"old")).bytes, "new");
+    EXPECT_EQ(files.list(at(u"disk")), (Names{u"old"}));
+    EXPECT_EQ(folder->names().back(), u"disk2");
+    EXPECT_FALSE(files.openFolder(in(u"old"))) << "a file";
+}
+
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "fakes/ForwardingFiles.h"
 #include "fakes/Text.h"
 
 bool FakeFiles::allowed(std::string_view operation, std::u16string_view path) {
@@ -169,3 +170,9 @@ std::vector<std::u16string> FakeFiles::list(std::u16string_view path) {
 }
 
 std::optional<std::uint64_t> FakeFiles::freeSpace(std::u16string_view) { return free; }
+
+std::unique_ptr<Files> FakeFiles::openFolder(std::u16string_view folder) {
+    const std::u16string key(folder);
+    const bool opens = !failing.contains(key) && !files.contains(key);
+    return opens ? std::make_unique<ForwardingFiles>(static_cast<Files&>(*this)) : nullptr;
+}

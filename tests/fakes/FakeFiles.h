@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -26,6 +27,7 @@ public:
     bool removeFolder(std::u16string_view path) override;
     std::vector<std::u16string> list(std::u16string_view path) override;
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
+    std::unique_ptr<Files> openFolder(std::u16string_view folder) override;
 
     // What a power cut makes of a file that was not flushed: the old content, the new, nothing or half.
     enum class Fate { Old, New, Empty, Torn };

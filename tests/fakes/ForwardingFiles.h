@@ -28,6 +28,10 @@ public:
     bool removeFolder(std::u16string_view path) override { return files_.removeFolder(path); }
     std::vector<std::u16string> list(std::u16string_view path) override { return files_.list(path); }
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override { return files_.freeSpace(folder); }
+    // Overridden methods count for the files of the folder, too.
+    std::unique_ptr<Files> openFolder(std::u16string_view folder) override {
+        return files_.openFolder(folder) ? std::make_unique<ForwardingFiles>(static_cast<Files&>(*this)) : nullptr;
+    }
 
 private:
     Files& files_;

@@ -138,3 +138,7 @@ std::vector<std::u16string> FaultyFiles::list(std::u16string_view path) {
 std::optional<std::uint64_t> FaultyFiles::freeSpace(std::u16string_view folder) {
     return fails(Kind::Read) ? std::nullopt : ForwardingFiles::freeSpace(folder);
 }
+
+std::unique_ptr<Files> FaultyFiles::openFolder(std::u16string_view folder) {
+    return fails(Kind::Read) ? nullptr : ForwardingFiles::openFolder(folder);
+}

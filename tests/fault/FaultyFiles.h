@@ -44,6 +44,7 @@ public:
     bool removeFolder(std::u16string_view path) override;
     std::vector<std::u16string> list(std::u16string_view path) override;
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
+    std::unique_ptr<Files> openFolder(std::u16string_view folder) override;
 
 private:
     enum class Kind { Read, Write, UnflushedWrite, Rename, UnflushedRename, CreateFolder, FlushFolder, Change };

@@ -2,6 +2,7 @@
 
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeServices.h"
+#include "fakes/ForwardingFiles.h"
 #include "receiver/ReceiverFiles.h"
 
 namespace {
@@ -70,4 +71,41 @@ TEST_F(ReceiverFilesTest, AFailureLeavesBothOldFiles) {
         EXPECT_EQ(files.files[u"/disk/List.ini"], "list");
         EXPECT_EQ(files.files[u"/disk/User.ini"], "user");
     }
+}
+
+namespace {
+
+// Unmounts the disk when its folder has been opened, or in time before that.
+class UnmountedFiles : public ForwardingFiles {
+public:
+    UnmountedFiles(FakeFiles& disk, FakeVolumes& volumes) : ForwardingFiles(disk), disk_(disk), volumes_(volumes) {}
+
+    std::unique_ptr<Files> openFolder(std::u16string_view folder) override {
+        EXPECT_EQ(folder, u"/disk");
+        volumes_.volumes.clear();
+        return disk_.openFolder(folder);
+    }
+
+private:
+    FakeFiles& disk_;
+    FakeVolumes& volumes_;
+};
+
+}  // namespace
+
+TEST_F(ReceiverFilesTest, ADiskThatHasGoneSinceItWasFoundIsNotTouched) {
+    UnmountedFiles unmounted(files, volumes);
+    ReceiverFiles late(driver, root, unmounted, backup);
+    files.accesses.clear();
+    EXPECT_FALSE(late.replace({"new list", "new user"}));
+    EXPECT_FALSE(late.read());
+    EXPECT_TRUE(files.accesses.empty());
+    EXPECT_EQ(files.files[u"/disk/List.ini"], "list");
+}
+
+TEST_F(ReceiverFilesTest, ADiskThatCannotBeOpenedIsNotTouched) {
+    files.failing = {u"/disk"};
+    EXPECT_FALSE(receiver.replace({"new list", "new user"}));
+    EXPECT_FALSE(receiver.read());
+    EXPECT_EQ(files.files.size(), 2U);
 }

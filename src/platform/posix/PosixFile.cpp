@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <cerrno>
 
-PosixFile::PosixFile(const std::string& path, int flags, unsigned permissions)
+PosixFile::PosixFile(const PosixPath& path, int flags, unsigned permissions)
     // Without O_NONBLOCK opening a named pipe would block.
-    : descriptor_(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, permissions)) {}
+    : descriptor_(::openat(path.folder, path.name.c_str(), flags | O_CLOEXEC | O_NONBLOCK, permissions)) {}
 
 PosixFile::~PosixFile() { close(); }
 

@@ -7,10 +7,16 @@
 #include <string_view>
 #include <utility>
 
+// A path as the system's *at() functions take it.
+struct PosixPath {
+    int folder;  // descriptor of the folder that a relative name starts from; AT_FDCWD: the current one
+    std::string name;
+};
+
 class PosixFile {
 public:
     // flags and permissions as for open(); other programs do not inherit the descriptor.
-    PosixFile(const std::string& path, int flags, unsigned permissions = 0);
+    PosixFile(const PosixPath& path, int flags, unsigned permissions = 0);
     ~PosixFile();
     PosixFile(PosixFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
     PosixFile& operator=(PosixFile&& other) noexcept {

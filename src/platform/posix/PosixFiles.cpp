@@ -19,16 +19,19 @@ namespace {
 constexpr unsigned kDefaultPermissions = 0666;  // restricted by the umask
 constexpr mode_t kFolderPermissions = 0777;
 
-std::string folderOf(const std::string& path) { return path.substr(0, path.find_last_of('/') + 1); }
+PosixPath folderOf(const PosixPath& path) {
+    return {path.folder, path.name.substr(0, path.name.find_last_of('/') + 1)};
+}
 
-bool isThere(const std::string& path) {
+bool isThere(const PosixPath& path) {
     struct stat status = {};
-    return ::lstat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+    return ::fstatat(path.folder, path.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 ||
+           (errno != ENOENT && errno != ENOTDIR);
 }
 
 constexpr std::size_t kWhole = std::string::npos;
 
-FileRead contentOf(const std::string& path, bool fromDevice, std::size_t mostBytes = kWhole) {
+FileRead contentOf(const PosixPath& path, bool fromDevice, std::size_t mostBytes = kWhole) {
     const PosixFile file(path, O_RDONLY);
     if (!file.isOpen()) {
         return isThere(path) ? FileRead::failed() : FileRead::missing();
@@ -43,7 +46,7 @@ FileRead contentOf(const std::string& path, bool fromDevice, std::size_t mostByt
 }
 
 // Overwrites, then truncates: truncating first would cost a journal a second flush.
-bool fill(const std::string& path, std::string_view bytes, Flush flush) {
+bool fill(const PosixPath& path, std::string_view bytes, Flush flush) {
     PosixFile file(path, O_WRONLY | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
     const bool written =
         file.isRegular() && file.writeAll(bytes) && file.cutTo(bytes.size()) && (flush == Flush::Later || file.flush());
@@ -52,55 +55,69 @@ bool fill(const std::string& path, std::string_view bytes, Flush flush) {
 
 }  // namespace
 
-bool PosixFiles::exists(std::u16string_view path) { return isThere(nativePath(path)); }
+PosixFiles::PosixFiles(std::string folder, PosixFile opened)
+    : folder_(std::move(folder)), opened_(std::make_unique<PosixFile>(std::move(opened))) {}
+
+PosixPath PosixFiles::at(std::u16string_view path) const {
+    std::string name = nativePath(path);
+    if (opened_ != nullptr && name.starts_with(folder_) &&
+        (name.size() == folder_.size() || name[folder_.size()] == '/')) {
+        return {opened_->descriptor(), "./" + name.substr(std::min(folder_.size() + 1, name.size()))};
+    }
+    return {AT_FDCWD, std::move(name)};
+}
+
+bool PosixFiles::exists(std::u16string_view path) { return isThere(at(path)); }
 
 std::optional<std::uint64_t> PosixFiles::size(std::u16string_view path) {
+    const PosixPath place = at(path);
     struct stat status = {};
-    if (::stat(nativePath(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (::fstatat(place.folder, place.name.c_str(), &status, 0) != 0 || !S_ISREG(status.st_mode)) {
         return std::nullopt;
     }
     return static_cast<std::uint64_t>(status.st_size);
 }
 
-FileRead PosixFiles::read(std::u16string_view path) { return contentOf(nativePath(path), false); }
+FileRead PosixFiles::read(std::u16string_view path) { return contentOf(at(path), false); }
 
 FileRead PosixFiles::readStart(std::u16string_view path, std::size_t mostBytes) {
-    return contentOf(nativePath(path), false, mostBytes);
+    return contentOf(at(path), false, mostBytes);
 }
 
-FileRead PosixFiles::readBack(std::u16string_view path) { return contentOf(nativePath(path), true); }
+FileRead PosixFiles::readBack(std::u16string_view path) { return contentOf(at(path), true); }
 
 bool PosixFiles::write(std::u16string_view path, std::string_view bytes, Flush flush) {
-    return fill(nativePath(path), bytes, flush);
+    return fill(at(path), bytes, flush);
 }
 
 bool PosixFiles::append(std::u16string_view path, std::string_view bytes) {
-    const std::string name = nativePath(path);
-    PosixFile file(name, O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
-    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush() && flushFolder(folderOf(name));
+    const PosixPath place = at(path);
+    PosixFile file(place, O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
+    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush() && flushFolder(folderOf(place));
     return file.close() && written;
 }
 
 bool PosixFiles::rename(std::u16string_view from, std::u16string_view to, Flush flush) {
-    const std::string source = nativePath(from);
-    const std::string target = nativePath(to);
-    Renaming renaming{folderOf(target), PosixFile(source, O_RDONLY | O_NOFOLLOW),
+    const PosixPath source = at(from);
+    const PosixPath target = at(to);
+    Renaming renaming{folderOf(target).name, PosixFile(source, O_RDONLY | O_NOFOLLOW),
                       PosixFile(target, O_RDONLY | O_NOFOLLOW)};
-    if (!renaming.moved.isOpen() || ::rename(source.c_str(), target.c_str()) != 0) {
+    if (!renaming.moved.isOpen() ||
+        ::renameat(source.folder, source.name.c_str(), target.folder, target.name.c_str()) != 0) {
         return false;
     }
     renamings_.push_back(std::move(renaming));
     return flush == Flush::Later || flushFolder(folderOf(target));
 }
 
-bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(folderOf(nativePath(path))); }
+bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(folderOf(at(path))); }
 
 // A rename over a file is flushed after the folder: until then the entry may lead to the old clusters. A rename to a
 // new name is flushed before it, since a new entry without its file would be empty.
-bool PosixFiles::flushFolder(const std::string& folder) {
+bool PosixFiles::flushFolder(const PosixPath& folder) {
     const auto flushMoved = [&](bool replacing) {
         return std::count_if(renamings_.begin(), renamings_.end(), [&](const Renaming& renaming) {
-                   return renaming.folder == folder && renaming.replaced.isOpen() == replacing &&
+                   return renaming.folder == folder.name && renaming.replaced.isOpen() == replacing &&
                           !renaming.moved.flush();
                }) == 0;
     };
@@ -108,39 +125,45 @@ bool PosixFiles::flushFolder(const std::string& folder) {
     const PosixFile opened(folder, O_RDONLY | O_DIRECTORY);
     const bool named = opened.isOpen() && opened.flush();
     const bool replaced = flushMoved(true);
-    std::erase_if(renamings_, [&](const Renaming& renaming) { return renaming.folder == folder; });
+    std::erase_if(renamings_, [&](const Renaming& renaming) { return renaming.folder == folder.name; });
     return created && named && replaced;
 }
 
 bool PosixFiles::remove(std::u16string_view path) {
-    const std::string name = nativePath(path);
-    return ::unlink(name.c_str()) == 0 && flushFolder(folderOf(name));
+    const PosixPath place = at(path);
+    return ::unlinkat(place.folder, place.name.c_str(), 0) == 0 && flushFolder(folderOf(place));
 }
 
 bool PosixFiles::clearAttributes(std::u16string_view path) {
-    const std::string name = nativePath(path);
+    const PosixPath place = at(path);
     struct stat status = {};
     constexpr mode_t kPermissionBits = 07777;
-    if (::lstat(name.c_str(), &status) != 0 || S_ISLNK(status.st_mode)) {
+    if (::fstatat(place.folder, place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || S_ISLNK(status.st_mode)) {
         return false;
     }
     // Setting permissions that are already set would cause one more write at the next flush.
-    return (status.st_mode & S_IWUSR) != 0 || ::chmod(name.c_str(), (status.st_mode & kPermissionBits) | S_IWUSR) == 0;
+    return (status.st_mode & S_IWUSR) != 0 ||
+           ::fchmodat(place.folder, place.name.c_str(), (status.st_mode & kPermissionBits) | S_IWUSR, 0) == 0;
 }
 
 bool PosixFiles::createFolder(std::u16string_view path) {
-    const std::string name = nativePath(path);
-    if (::mkdir(name.c_str(), kFolderPermissions) == 0) {
+    const PosixPath place = at(path);
+    if (::mkdirat(place.folder, place.name.c_str(), kFolderPermissions) == 0) {
         return true;
     }
     struct stat status = {};
-    return ::lstat(name.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    return ::fstatat(place.folder, place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISDIR(status.st_mode);
 }
 
-bool PosixFiles::removeFolder(std::u16string_view path) { return ::rmdir(nativePath(path).c_str()) == 0; }
+bool PosixFiles::removeFolder(std::u16string_view path) {
+    const PosixPath place = at(path);
+    return ::unlinkat(place.folder, place.name.c_str(), AT_REMOVEDIR) == 0;
+}
 
 std::vector<std::u16string> PosixFiles::list(std::u16string_view path) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(nativePath(path).c_str()), ::closedir);
+    const PosixPath place = at(path);
+    const int descriptor = ::openat(place.folder, place.name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::fdopendir(descriptor), ::closedir);
     std::vector<std::u16string> names;
     if (folder == nullptr) {
         return names;
@@ -156,9 +179,18 @@ std::vector<std::u16string> PosixFiles::list(std::u16string_view path) {
 }
 
 std::optional<std::uint64_t> PosixFiles::freeSpace(std::u16string_view folder) {
+    const PosixFile opened(at(folder), O_RDONLY | O_DIRECTORY);
     struct statvfs volume = {};
-    if (::statvfs(nativePath(folder).c_str(), &volume) != 0) {
+    if (!opened.isOpen() || ::fstatvfs(opened.descriptor(), &volume) != 0) {
         return std::nullopt;
     }
     return static_cast<std::uint64_t>(volume.f_bavail) * volume.f_frsize;
+}
+
+std::unique_ptr<Files> PosixFiles::openFolder(std::u16string_view folder) {
+    PosixFile opened(at(folder), O_RDONLY | O_DIRECTORY);
+    if (!opened.isOpen()) {
+        return nullptr;
+    }
+    return std::unique_ptr<Files>(new PosixFiles(nativePath(folder), std::move(opened)));
 }

@@ -1,6 +1,7 @@
 // Files through system calls, since the C++ library cannot flush files.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,8 @@
 
 class PosixFiles : public Files {
 public:
+    PosixFiles() = default;
+
     bool exists(std::u16string_view path) override;
     std::optional<std::uint64_t> size(std::u16string_view path) override;
     FileRead read(std::u16string_view path) override;
@@ -24,6 +27,7 @@ public:
     bool removeFolder(std::u16string_view path) override;
     std::vector<std::u16string> list(std::u16string_view path) override;
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
+    std::unique_ptr<Files> openFolder(std::u16string_view folder) override;
 
 private:
     // A rename that is not durable yet. FAT keeps the location of a file in its folder entry and writes that entry with
@@ -35,7 +39,11 @@ private:
         PosixFile replaced;
     };
 
-    bool flushFolder(const std::string& folder);
+    PosixFiles(std::string folder, PosixFile opened);
+    PosixPath at(std::u16string_view path) const;
+    bool flushFolder(const PosixPath& folder);
 
     std::vector<Renaming> renamings_;
+    std::string folder_;                 // what starts with it is reached through opened_
+    std::unique_ptr<PosixFile> opened_;  // null: every path is the system's own
 };

@@ -17,7 +17,7 @@ bool PosixSingleInstance::previousInstance() {
     if (lock_ != nullptr) {
         return false;
     }
-    auto lock = std::make_unique<PosixFile>(nativePath(programFolder_), O_RDONLY);
+    auto lock = std::make_unique<PosixFile>(PosixPath{AT_FDCWD, nativePath(programFolder_)}, O_RDONLY);
     // Only a lock held by another process counts: a folder that cannot be locked must not prevent the start.
     if (lock->isOpen() && ::flock(lock->descriptor(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         return true;

@@ -203,3 +203,10 @@ std::optional<std::uint64_t> Win32Files::freeSpace(std::u16string_view folder) {
     }
     return available.QuadPart;
 }
+
+// No folder lies below a drive letter: when the volume goes, every path on it fails.
+std::unique_ptr<Files> Win32Files::openFolder(std::u16string_view folder) {
+    const DWORD attributes = GetFileAttributesW((toWide(folder) + L"\\").c_str());
+    const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return isFolder ? std::make_unique<Win32Files>() : nullptr;
+}

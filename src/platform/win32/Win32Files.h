@@ -1,6 +1,8 @@
 // Files through the system's file functions.
 #pragma once
 
+#include <memory>
+
 #include "platform/Files.h"
 
 class Win32Files : public Files {
@@ -20,6 +22,7 @@ public:
     bool removeFolder(std::u16string_view path) override;
     std::vector<std::u16string> list(std::u16string_view path) override;
     std::optional<std::uint64_t> freeSpace(std::u16string_view folder) override;
+    std::unique_ptr<Files> openFolder(std::u16string_view folder) override;
 
 private:
     std::vector<std::u16string> moved_;  // renamed files whose new name is not durable yet

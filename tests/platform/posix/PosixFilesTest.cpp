@@ -50,4 +50,33 @@ TEST_F(PosixFilesTest, AFileInAMissingFolderIsNotWritten) {
     EXPECT_FALSE(files.append(folder.at(u"none/List.ini"), "x"));
 }
 
+// As the folder below a mount point does when the volume is unmounted.
+TEST_F(PosixFilesTest, AFolderThatTakesThePlaceOfAnOpenedOneIsNotTouched) {
+    ASSERT_TRUE(files.createFolder(folder.at(u"disk")));
+    ASSERT_TRUE(files.write(folder.at(u"disk/old"), "old", Flush::Now));
+    const auto disk = files.openFolder(folder.at(u"disk"));
+    ASSERT_TRUE(disk);
+    ASSERT_EQ(::rename(folder.native("disk").c_str(), folder.native("gone").c_str()), 0);
+    ASSERT_TRUE(files.createFolder(folder.at(u"disk")));
+
+    EXPECT_TRUE(disk->createFolder(folder.at(u"disk/sub")));
+    EXPECT_TRUE(disk->write(folder.at(u"disk/new"), "new", Flush::Now));
+    EXPECT_TRUE(disk->append(folder.at(u"disk/log"), "line"));
+    EXPECT_TRUE(disk->rename(folder.at(u"disk/new"), folder.at(u"disk/old"), Flush::Now));
+    EXPECT_TRUE(disk->clearAttributes(folder.at(u"disk/old")));
+    EXPECT_EQ(disk->readBack(folder.at(u"disk/old")).bytes, "new");
+    EXPECT_EQ(disk->size(folder.at(u"disk/old")), 3U);
+    EXPECT_TRUE(disk->freeSpace(folder.at(u"disk")));
+    EXPECT_EQ(disk->list(folder.at(u"disk")), (std::vector<std::u16string>{u"log", u"old", u"sub"}));
+    EXPECT_TRUE(disk->remove(folder.at(u"disk/log")));
+    EXPECT_TRUE(disk->removeFolder(folder.at(u"disk/sub")));
+    EXPECT_TRUE(disk->flushFolderOf(folder.at(u"disk/old")));
+
+    EXPECT_EQ(files.list(folder.at(u"disk")), std::vector<std::u16string>{});
+    EXPECT_EQ(files.list(folder.at(u"gone")), std::vector<std::u16string>{u"old"});
+    EXPECT_EQ(files.read(folder.at(u"gone/old")).bytes, "new");
+}
+
+TEST_F(PosixFilesTest, AMissingFolderIsNotOpened) { EXPECT_FALSE(files.openFolder(folder.at(u"none"))); }
+
 }  // namespace
