@@ -7,8 +7,8 @@
 #include "ctl/Messages.h"
 #include "storage/files/VerifiedFiles.h"
 #include "storage/ini/IniReader.h"
-#include "storage/lists/ListContent.h"
 #include "storage/lists/ListFile.h"
+#include "storage/recovery/ListsAtStart.h"
 #include "storage/recovery/Recovery.h"
 #include "storage/text/Utf8.h"
 
@@ -33,17 +33,10 @@ WorkingCopyBytes WorkingLists::read() {
 }
 
 std::optional<std::string> WorkingLists::read(ListFileId file, const Snapshot& last) {
-    auto found = readWorkingCopy(paths_[file], services_.files);
-    const bool isMissing = !found && !services_.files.exists(paths_[file]);
-    if (const auto& kept = last.bytes[file]) {
-        const bool isListFile = found && ListContent::hasSection(*found);
-        const bool isAsLeft = (found || isMissing) && last.leaves(file, found ? FileState::of(*found) : FileState());
-        if (isAsLeft || (!isMissing && !isListFile)) {
-            return kept;
-        }
-    }
-    unreadable_ = unreadable_ || (!found && !isMissing);
-    return found;
+    Backup backup(services_.folder, services_.files, services_.clock);
+    const ListsAtStart start(file, paths_[file], last, services_.files, backup);
+    unreadable_ = unreadable_ || start.source() == ListsAtStart::Source::Unreadable;
+    return start.lists();
 }
 
 FileState WorkingLists::stateOf(ListFileId file) {

@@ -3,6 +3,7 @@
 #include "storage/files/SafeFile.h"
 #include "storage/lists/ListContent.h"
 #include "storage/lists/ListFile.h"
+#include "storage/recovery/ListsAtStart.h"
 
 void StartUp::run(std::u16string_view RunMode) {
     const Snapshot last = recovery_.find().value_or(Snapshot());
@@ -36,35 +37,25 @@ void StartUp::run(std::u16string_view RunMode) {
 }
 
 std::optional<std::string> StartUp::content(ListFileId file, const Snapshot& last) {
-    const std::u16string& path = workingCopies_[file];
-    auto found = readWorkingCopy(path, files_);
-    const bool isMissing = !found && !files_.exists(path);
-    const bool isListFile = found && ListContent::hasSection(*found);
-    const auto state = found ? FileState::of(*found) : FileState();
-    if (found || isMissing) {
-        recovery_.mayLeave(file, state);
+    const ListsAtStart start(file, workingCopies_[file], last, files_, backup_);
+    if (start.state()) {
+        recovery_.mayLeave(file, *start.state());
     }
-    if (const auto& kept = last.bytes[file]) {
-        if ((found || isMissing) && last.leaves(file, state)) {
-            return kept;
-        }
-        if (!isMissing && !isListFile) {
-            if (found) {
-                backup_.keep(ListFile::nameOf(file), unconvertedWorkingCopy(*found));
-            }
-            return kept;
-        }
-        backup_.keep(ListFile::nameOf(file), *kept);
+    if (start.passedOver()) {
+        backup_.keep(ListFile::nameOf(file), *start.passedOver());
     }
-    if (isMissing) {
-        recovery_.mayLeave(file, FileState::of(kNewWorkingCopy));
-        return std::string(kNewWorkingCopy);
+    switch (start.source()) {
+        case ListsAtStart::Source::Missing:
+            recovery_.mayLeave(file, FileState::of(kNewWorkingCopy));
+            return std::string(kNewWorkingCopy);
+        case ListsAtStart::Source::Unreadable:
+            saver_.leave(file);
+            return std::nullopt;
+        case ListsAtStart::Source::WorkingCopy:
+            return ListContent::hasSection(*start.lists()) ? start.lists() : unconvertedWorkingCopy(*start.lists());
+        default:
+            return start.lists();
     }
-    if (!found) {
-        saver_.leave(file);
-        return std::nullopt;
-    }
-    return isListFile ? *found : unconvertedWorkingCopy(*found);
 }
 
 void StartUp::put(ListFileId file, const std::string& converted, bool isNormalRun) {

@@ -53,6 +53,15 @@ TEST_F(StartUpTest, TheWorkingCopiesAreConvertedToUtf16) {
     EXPECT_EQ(rows[1].text(1, 1), u"\u0416");
 }
 
+TEST_F(StartUpTest, AListFileThatTheMediumHasEmptiedComesBackFromTheBackup) {
+    platform.files.files[kList] = "";
+    platform.files.files[u"/app/Backup/List-20250101T000000Z.ini"] =
+        "[Total]\r\namnumber=1\r\n[AMSchedule0]\r\nProgramme=B\r\n";
+    run(u"LocalRun");
+    EXPECT_EQ(rows[1].text(1, 1), u"B");
+    EXPECT_TRUE(platform.files.files[kList].starts_with(std::string("\xFF\xFE[\0", 4)));
+}
+
 TEST_F(StartUpTest, ANormalRunTakesTheReceiversFilesFirst) {
     platform.files.files[kList] = "[Total]\r\namnumber=0\r\n";
     platform.files.readOnly.insert(kList);
