@@ -12,6 +12,9 @@ inline const std::string kOldUser = ofSize(5 * 1024, 'p');
 inline const std::string kNewList = ofSize(24 * 1024, 'n');
 inline const std::string kNewUser = ofSize(6 * 1024, 'm');
 
+// On the console, before each operation of the run that is killed.
+inline constexpr char kOperationMark = '\1';
+
 // Working copies with one DRM station of that name, and with one favourite.
 inline std::string listOf(const std::string& programme) {
     return " \r\n[Total]\r\ndrmnumber=1\r\namnumber=0\r\nfmnumber=0\r\n[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=" +

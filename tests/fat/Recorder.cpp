@@ -13,14 +13,18 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <memory>
 #include <sstream>
 
+#include "fakes/FakeFiles.h"
+#include "fakes/FakeServices.h"
 #include "fakes/ForwardingFiles.h"
 #include "fat/BlockDevice.h"
 #include "fat/Contents.h"
 #include "fat/Program.h"
 #include "platform/posix/PosixFiles.h"
-#include "storage/files/VerifiedFiles.h"
+#include "platform/posix/PosixVolumes.h"
+#include "receiver/ReceiverFiles.h"
 
 namespace {
 
@@ -37,30 +41,42 @@ struct Case {
     std::string fault;
 };
 
-// Calls back before each operation that reaches the device.
-class SteppedFiles : public ForwardingFiles {
-public:
-    SteppedFiles(Files& files, int step, std::function<void()> act)
-        : ForwardingFiles(files), step_(step), act_(std::move(act)) {}
-
-    FileRead readBack(std::u16string_view path) override { return count(), ForwardingFiles::readBack(path); }
-    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
-        return count(), ForwardingFiles::write(path, bytes, flush);
-    }
-    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
-        return count(), ForwardingFiles::rename(from, to, flush);
-    }
-    bool wasReached() const { return done_ >= step_; }
-
-private:
+// Acts before one of the operations that reach the device, counted from 1.
+struct Step {
     void count() {
-        if (++done_ == step_) {
-            act_();
+        if (++done == number) {
+            act();
         }
     }
-    int step_;
-    int done_ = 0;
-    std::function<void()> act_;
+    bool wasReached() const { return done >= number; }
+
+    int number;
+    std::function<void()> act;
+    int done = 0;
+};
+
+class SteppedFiles : public ForwardingFiles {
+public:
+    SteppedFiles(Files& files, Step& step) : ForwardingFiles(files), step_(step) {}
+    SteppedFiles(std::unique_ptr<Files> files, Step& step)
+        : ForwardingFiles(*files), step_(step), owned_(std::move(files)) {}
+
+    FileRead readBack(std::u16string_view path) override { return step_.count(), ForwardingFiles::readBack(path); }
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+        return step_.count(), ForwardingFiles::write(path, bytes, flush);
+    }
+    bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
+        return step_.count(), ForwardingFiles::rename(from, to, flush);
+    }
+    std::unique_ptr<Files> openFolder(std::u16string_view folder) override {
+        step_.count();
+        auto opened = PosixFiles().openFolder(folder);
+        return opened ? std::make_unique<SteppedFiles>(std::move(opened), step_) : nullptr;
+    }
+
+private:
+    Step& step_;
+    std::unique_ptr<Files> owned_;
 };
 
 bool loadModule(const std::string& path) {
@@ -90,12 +106,40 @@ bool mountDevice(const Case& one) {
     return ::mount("/dev/nbd0", kMountPoint, one.fileSystem.c_str(), 0, options) == 0;
 }
 
-bool save(Files& files) {
-    return replaceVerified(files, {{kRoot + u"List.ini", kNewList}, {kRoot + u"User.ini", kNewUser}});
+// As the window and the command-line program save to the receiver.
+bool save(const Case& one, Files& files, const ListFilePair& pair) {
+    PosixVolumes mounted;
+    FakeVolumes present;  // of any capacity
+    present.volumes = {{kRoot, DiskGeometry{1, 1024, 999}}};
+    Volumes& volumes = one.fault == "unmounted" ? static_cast<Volumes&>(mounted) : present;
+    FakeFiles elsewhere;
+    FakeClock clock;
+    Backup backup(u"/app/", elsewhere, clock);
+    mFindDiskDriver driver(volumes, files);
+    std::u16string root;
+    ReceiverFiles receiver(driver, root, files, backup);
+    return receiver.findDisk() && receiver.replace(pair);
 }
 
 bool write(Files& files, std::u16string_view name, const std::string& bytes) {
     return files.write(kRoot + std::u16string(name), bytes, Flush::Now);
+}
+
+// Leaves an entry of the root folder for each temporary file. Empty files have an entry and no cluster.
+bool fillRootFolder(PosixFiles& files) {
+    const auto nameOf = [](int number) {
+        std::u16string digits;
+        for (; number > 0; number /= 10) {
+            digits.push_back(static_cast<char16_t>(u'0' + number % 10));
+        }
+        return kRoot + u"X" + digits;
+    };
+    constexpr int kFewer = 400;
+    int written = 0;
+    while (files.write(nameOf(written + 1), "", Flush::Later)) {
+        ++written;
+    }
+    return written > kFewer && files.remove(nameOf(written)) && files.remove(nameOf(written - 1));
 }
 
 // Writes the files that exist before the case.
@@ -114,6 +158,9 @@ bool putOld(const Case& one, PosixFiles& files) {
         const auto free = files.freeSpace(kRoot.substr(0, kRoot.size() - 1));
         done = free && *free > kLeft && write(files, u"FILLER", std::string(*free - kLeft, 'f')) && done;
     }
+    if (one.operation == "crowded") {
+        done = fillRootFolder(files) && done;
+    }
     ::sync();
     return done;
 }
@@ -121,7 +168,7 @@ bool putOld(const Case& one, PosixFiles& files) {
 // Nothing is retried: the medium keeps its state at the end.
 bool run(const Case& one, Files& files, BlockDevice& device) {
     if (one.operation != "folder") {
-        const bool saved = save(files);
+        const bool saved = save(one, files, {kNewList, kNewUser});
         device.mark();
         return saved;
     }
@@ -172,10 +219,11 @@ bool runCase(const Case& one, const std::string& image, int n, const std::string
     bool reached = false;
     {
         PosixFiles files;
-        SteppedFiles stepped(files, n, [&] { act(one.fault); });
+        Step step{n, [&] { act(one.fault); }};
+        SteppedFiles stepped(files, step);
         saved = run(one, stepped, device);
         reached =
-            device.faultReached() || (faultsOf(one.fault, n).kind == DeviceFaults::Kind::None && stepped.wasReached());
+            device.faultReached() || (faultsOf(one.fault, n).kind == DeviceFaults::Kind::None && step.wasReached());
     }
     ::umount2(kMountPoint, MNT_DETACH);
     const bool below = !PosixFiles().list(kRoot.substr(0, kRoot.size() - 1)).empty();
@@ -213,11 +261,33 @@ void runAll(const std::string& work) {
     results << "end" << std::endl;
 }
 
+// Saves two pairs of files in turn until the kernel is killed, and tells the console before each operation.
+void saveUntilKilled(const char* disk) {
+    const bool mounted = prepare() && ::mount(disk, kMountPoint, "vfat", 0, "") == 0;
+    const int console = ::open("/dev/console", O_WRONLY | O_CLOEXEC);
+    PosixFiles files;
+    const Case one;
+    bool saved = mounted && console >= 0 && save(one, files, {kOldList, kOldUser});
+    Step step{1, {}};
+    step.act = [&] {
+        saved = ::write(console, &kOperationMark, 1) == 1 && saved;
+        ++step.number;
+    };
+    SteppedFiles stepped(files, step);
+    for (bool isNew = true; saved; isNew = !isNew) {
+        saved =
+            save(one, stepped, isNew ? ListFilePair{kNewList, kNewUser} : ListFilePair{kOldList, kOldUser}) && saved;
+    }
+}
+
 }  // namespace
 
 int main() {
     const char* const work = std::getenv("HALCYON_WORK");
-    if (work != nullptr && ::getpid() == 1) {
+    const char* const disk = std::getenv("HALCYON_DISK");
+    if (::getpid() == 1 && disk != nullptr) {
+        saveUntilKilled(disk);
+    } else if (::getpid() == 1 && work != nullptr) {
         runAll(work);
     }
     ::sync();

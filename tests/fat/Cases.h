@@ -1,0 +1,32 @@
+// What the test program runs: which file systems, mount options, operations and faults.
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct Settings {
+    std::string recorder;   // the program that the kernel runs
+    std::string table;      // where the table of states goes; empty: nowhere
+    std::string page;       // whose table of states is replaced; empty: none
+    std::string only;       // cases whose name holds this
+    bool thorough = false;  // every volume and every set of mount options
+    int alignments = 1;     // how many positions of the names in their sector, up to 16
+    int kills = 3;          // kernels that are killed during a save
+    int seconds = 900;      // for the kernel's run
+};
+// From "--recorder=PROGRAM", "--thorough" and so on; arguments of other names are passed over.
+Settings settingsOf(const std::vector<std::string>& arguments);
+
+struct Case {
+    std::string fileSystem;
+    std::string image;
+    std::string options;
+    std::string operation;
+    int fillers = 0;  // entries before those of the files
+    std::string fault = "none";
+
+    std::string name() const;
+    std::string rowName() const;  // of the table
+};
+
+std::vector<Case> allCases(const Settings& settings);
