@@ -136,10 +136,14 @@ double microsecondsOf(const std::function<void()>& work) {
     return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
 }
 
+struct ClosePipe {
+    void operator()(FILE* pipe) const { ::pclose(pipe); }
+};
+
 // In a separate process, as at the program's start, whose memory has not been used yet.
 double firstOf(const std::string& self, const char* what, const Sample& sample) {
     const std::string command = self + ' ' + what + ' ' + sample.folder.string();
-    const std::unique_ptr<FILE, decltype(&::pclose)> output(::popen(command.c_str(), "r"), &::pclose);
+    const std::unique_ptr<FILE, ClosePipe> output(::popen(command.c_str(), "r"));
     double value = 0;
     require(output && std::fscanf(output.get(), "%lf", &value) == 1, "a first load has failed");
     return value;
