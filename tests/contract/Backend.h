@@ -35,6 +35,8 @@ public:
     virtual bool shownSelected(int row) = 0;
     virtual void userSelects(int row) = 0;  // as the only row
     virtual void userExtendsTo(int row) = 0;
+    virtual int userScrollsToTheRight() = 0;  // pixels by which the cells have moved
+    virtual void userPointsAt(int x) = 0;     // pixels from the left edge of the visible cells, over the first row
 };
 
 // An edit box on screen and a simulated user.

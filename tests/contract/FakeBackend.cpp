@@ -66,8 +66,19 @@ public:
             view_.grid->setSelected(i, true);
         }
     }
+    int userScrollsToTheRight() override {
+        double width = 0;
+        for (const GridColumn& column : view_.grid->columns()) {
+            width += column.width;
+        }
+        view_.shape.rowLeft = std::min(0.0, view_.shape.width - width);
+        return static_cast<int>(-view_.shape.rowLeft / kTwipsPerPixel);
+    }
+    void userPointsAt(int x) override { view_.listener->pointerMoved(x * kTwipsPerPixel, view_.shape.rowTop); }
 
 private:
+    static constexpr double kTwipsPerPixel = 15;
+
     CountingView view_;
 };
 

@@ -7,6 +7,12 @@
 
 namespace {
 
+class LastPointer : public IgnoreGridEvents {
+public:
+    void pointerMoved(double movedTo, double) override { x = movedTo; }
+    double x = 0;  // twips
+};
+
 class GridViewContract : public testing::Test {
 protected:
     GridViewContract() {
@@ -36,7 +42,7 @@ protected:
     }
 
     std::unique_ptr<Backend> backend = makeBackend();
-    IgnoreGridEvents listener;
+    LastPointer listener;
     std::unique_ptr<GridViewProbe> probe = backend->gridView();
     RowStore rows{probe->view()};
 };
@@ -124,6 +130,29 @@ TEST_F(GridViewContract, ARowOutOfSightIsScrolledIntoView) {
         EXPECT_GT(geometry.rowTop, 0) << row;
         EXPECT_LE(geometry.rowTop + geometry.rowHeight, geometry.height) << row;
     }
+}
+
+// Columns wider than the widest screen: positions beyond 32,767 twips.
+class GridViewContractWide : public GridViewContract {
+protected:
+    static constexpr double kTwipsPerPixel = 15;
+
+    GridViewContractWide() {
+        append(1);
+        rows.setColumnWidth(1, 60000);
+    }
+};
+
+TEST_F(GridViewContractWide, TheGeometryFollowsAScrollToTheRight) {
+    const int moved = probe->userScrollsToTheRight();
+    EXPECT_GT(moved * kTwipsPerPixel, 32767);
+    EXPECT_NEAR(probe->view().geometry(1).rowLeft, -moved * kTwipsPerPixel, kTwipsPerPixel);
+}
+
+TEST_F(GridViewContractWide, ThePointerIsReportedAtAnyDistance) {
+    constexpr int kX = 3840;
+    probe->userPointsAt(kX);
+    EXPECT_NEAR(listener.x, kX * kTwipsPerPixel, kTwipsPerPixel);
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QMouseEvent>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -62,6 +64,17 @@ public:
     bool shownSelected(int row) override { return table()->selectionModel()->isRowSelected(row - 1, {}); }
     void userSelects(int row) override { click(row, Qt::NoModifier); }
     void userExtendsTo(int row) override { click(row, Qt::ShiftModifier); }
+    int userScrollsToTheRight() override {
+        QApplication::processEvents();  // the scroll bar learns the new widths
+        const int before = table()->columnViewportPosition(0);
+        table()->horizontalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
+        return before - table()->columnViewportPosition(0);
+    }
+    void userPointsAt(int x) override {
+        const QPointF at(x, table()->rowViewportPosition(0) + 1);
+        QMouseEvent event(QEvent::MouseMove, at, table()->viewport()->mapToGlobal(at), Qt::NoButton, {}, {});
+        QApplication::sendEvent(table()->viewport(), &event);
+    }
 
 private:
     GridTable* table() { return window_.tabs().grid(0).table(); }

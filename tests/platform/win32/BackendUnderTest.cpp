@@ -90,8 +90,21 @@ public:
         SetKeyboardState(keys.data());
     }
 
+    int userScrollsToTheRight() override {
+        const int before = firstRow().left;
+        SendMessageW(list(), LVM_SCROLL, 10000, 0);
+        return before - firstRow().left;
+    }
+    void userPointsAt(int x) override { SendMessageW(list(), WM_MOUSEMOVE, 0, MAKELPARAM(x, firstRow().top + 1)); }
+
 private:
     HWND list() { return window_.grid(0).window(); }
+    RECT firstRow() {
+        RECT bounds{};
+        bounds.left = LVIR_BOUNDS;
+        SendMessageW(list(), LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&bounds));
+        return bounds;
+    }
     void click(int row, WPARAM modifier) {
         RECT cell{};
         cell.left = LVIR_BOUNDS;
