@@ -135,6 +135,9 @@ HWND Program::dialog(const wchar_t* title) const {
 HWND Program::dialogBy(WORD key, const wchar_t* title) const {
     HWND found = nullptr;
     pressUntil([key] { pressWithCtrl(key); }, [&] { return (found = findOwnWindow(L"#32770", title)) != nullptr; });
+    // Posted messages would overtake the release of Ctrl and count as typed with it. Painting comes after all input.
+    InvalidateRect(found, nullptr, FALSE);
+    eventually([found] { return GetUpdateRect(found, nullptr, FALSE) == 0; });
     return found;
 }
 
