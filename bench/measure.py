@@ -12,9 +12,12 @@ import sys
 import tempfile
 import time
 
+from commands import measure_commands
+
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BENCH = ROOT / 'build/linux/bench'
 LINUX = ROOT / 'build/linux/halcyon_k7'
+COMMANDS = ROOT / 'build/linux/halcyon_k7ctl'
 WINDOWS = ROOT / 'build/windows'
 PAGE = ROOT / 'docs/performance.md'
 PLOT = ROOT / 'docs/growth.svg'
@@ -409,6 +412,7 @@ def main(arguments):
         measure_snapshot(table, folder)
         measure_window(table, pairs)
         growth = measure_growth(table)
+        measure_commands(table, COMMANDS, BENCH / 'write_lists', folder)
         measure_linux_start(table, folder)
         measure_windows(table, folder, pairs['save in memory / SimpleIni composing both files'][0],
                         pairs['load / inih parsing both files'][0])
