@@ -134,7 +134,7 @@ std::pair<std::string, std::string> receiverOf(FakeFiles disk) {
     return {disk.files[kPaths[2]], disk.files[kPaths[3]]};
 }
 
-class CtlFaultLoopTest : public testing::TestWithParam<Fault> {
+class CtlFaultLoopTest : public testing::TestWithParam<DiskFault> {
 protected:
     void TearDown() override {
         EXPECT_GT(faults_, 0) << "no operation was hit";

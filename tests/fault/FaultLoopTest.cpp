@@ -241,7 +241,7 @@ protected:
         FakeFiles left;
         bool reached = false;
         {
-            Process process(disk, {Fault::InputOutput, n, 0, true});
+            Process process(disk, {DiskFault::InputOutput, n, 0, true});
             scenario.run(process);
             left = process.disk();
             reached = process.files().firstFailed();
@@ -260,7 +260,7 @@ protected:
         FakeFiles left;
         bool reached = false;
         {
-            Process process(disk, {Fault::InputOutput, n, 0, true});
+            Process process(disk, {DiskFault::InputOutput, n, 0, true});
             scenario.run(process);
             left = process.disk();
             reached = process.files().firstFailed();
@@ -313,7 +313,7 @@ protected:
     int faults = 0;  // runs that met the last fault of their plan
 };
 
-class FaultLoopTest : public Loop, public testing::WithParamInterface<Fault> {};
+class FaultLoopTest : public Loop, public testing::WithParamInterface<DiskFault> {};
 class FaultLoopTestPowerCut : public Loop {};
 
 }  // namespace

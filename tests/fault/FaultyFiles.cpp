@@ -1,22 +1,22 @@
 #include "fault/FaultyFiles.h"
 
-const char* nameOf(Fault fault) {
+const char* nameOf(DiskFault fault) {
     switch (fault) {
-        case Fault::NoSpace:
+        case DiskFault::NoSpace:
             return "no space";
-        case Fault::InputOutput:
+        case DiskFault::InputOutput:
             return "input/output error";
-        case Fault::ReadOnly:
+        case DiskFault::ReadOnly:
             return "read-only";
-        case Fault::NoDevice:
+        case DiskFault::NoDevice:
             return "no device";
-        case Fault::ShortWrite:
+        case DiskFault::ShortWrite:
             return "short write";
-        case Fault::FailedFlush:
+        case DiskFault::FailedFlush:
             return "failed flush";
-        case Fault::FailedClose:
+        case DiskFault::FailedClose:
             return "failed close";
-        case Fault::FailedRename:
+        case DiskFault::FailedRename:
             return "failed rename";
     }
     return "";
@@ -26,19 +26,19 @@ bool FaultyFiles::canHit(Kind kind) const {
     const bool writes = kind == Kind::Write || kind == Kind::UnflushedWrite;
     const bool renames = kind == Kind::Rename || kind == Kind::UnflushedRename;
     switch (plan_.fault) {
-        case Fault::NoSpace:  // a new name may need another block
+        case DiskFault::NoSpace:  // a new name may need another block
             return writes || renames || kind == Kind::CreateFolder;
-        case Fault::InputOutput:
-        case Fault::NoDevice:
+        case DiskFault::InputOutput:
+        case DiskFault::NoDevice:
             return true;
-        case Fault::ReadOnly:
+        case DiskFault::ReadOnly:
             return kind != Kind::Read;
-        case Fault::ShortWrite:
-        case Fault::FailedClose:
+        case DiskFault::ShortWrite:
+        case DiskFault::FailedClose:
             return writes;
-        case Fault::FailedFlush:
+        case DiskFault::FailedFlush:
             return kind == Kind::Write || kind == Kind::Rename || kind == Kind::FlushFolder;
-        case Fault::FailedRename:
+        case DiskFault::FailedRename:
             return renames;
     }
     return false;
@@ -73,10 +73,10 @@ FileRead FaultyFiles::readBack(std::u16string_view path) {
 
 std::string_view FaultyFiles::partOf(std::string_view bytes) const {
     switch (plan_.fault) {
-        case Fault::ShortWrite:
+        case DiskFault::ShortWrite:
             return bytes.substr(0, bytes.size() / 2);
-        case Fault::FailedFlush:
-        case Fault::FailedClose:
+        case DiskFault::FailedFlush:
+        case DiskFault::FailedClose:
             return bytes;
         default:
             return {};
@@ -107,7 +107,7 @@ bool FaultyFiles::rename(std::u16string_view from, std::u16string_view to, Flush
     if (!fails(flush == Flush::Now ? Kind::Rename : Kind::UnflushedRename)) {
         return ForwardingFiles::rename(from, to, flush);
     }
-    if (plan_.fault == Fault::FailedFlush) {
+    if (plan_.fault == DiskFault::FailedFlush) {
         ForwardingFiles::rename(from, to, Flush::Later);
     }
     return false;

@@ -5,13 +5,14 @@
 
 #include "fakes/ForwardingFiles.h"
 
-enum class Fault { NoSpace, InputOutput, ReadOnly, NoDevice, ShortWrite, FailedFlush, FailedClose, FailedRename };
-inline constexpr Fault kFaults[] = {Fault::NoSpace,    Fault::InputOutput, Fault::ReadOnly,    Fault::NoDevice,
-                                    Fault::ShortWrite, Fault::FailedFlush, Fault::FailedClose, Fault::FailedRename};
-const char* nameOf(Fault fault);
+enum class DiskFault { NoSpace, InputOutput, ReadOnly, NoDevice, ShortWrite, FailedFlush, FailedClose, FailedRename };
+inline constexpr DiskFault kFaults[] = {DiskFault::NoSpace,     DiskFault::InputOutput, DiskFault::ReadOnly,
+                                        DiskFault::NoDevice,    DiskFault::ShortWrite,  DiskFault::FailedFlush,
+                                        DiskFault::FailedClose, DiskFault::FailedRename};
+const char* nameOf(DiskFault fault);
 
 struct FaultPlan {
-    Fault fault = Fault::NoSpace;
+    DiskFault fault = DiskFault::NoSpace;
     int first = 0;         // 1-based number of the operation that fails; 0: none
     int second = 0;        // a second one, counted from the operation after the first; 0: none
     bool forGood = false;  // all operations from the first on fail
