@@ -1,5 +1,6 @@
 #include "storage/recovery/ListsAtStart.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "storage/lists/ListContent.h"
@@ -13,9 +14,10 @@ bool isListFile(std::string_view bytes) { return ListContent::hasSection(unconve
 
 // The newest copy that is whole enough to be a list file.
 std::optional<std::string> newestOf(Backup& backup, Files& files, std::u16string_view name) {
-    const auto copies = backup.copiesOf(name);
-    for (auto copy = copies.rbegin(); copy != copies.rend(); ++copy) {
-        auto bytes = readWorkingCopy(backup.pathOf(*copy), files);
+    auto copies = backup.copiesOf(name);
+    std::reverse(copies.begin(), copies.end());
+    for (const auto& copy : copies) {
+        auto bytes = readWorkingCopy(backup.pathOf(copy), files);
         if (bytes && ListContent::hasSection(*bytes)) {
             return bytes;
         }
