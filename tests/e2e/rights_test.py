@@ -1,4 +1,5 @@
 """The program opens only files of its own folder and of the receiver for writing."""
+import os
 import re
 import unittest
 
@@ -10,6 +11,8 @@ from session import SESSION, need
 # A call that could create, change or remove a file, with its result.
 CALL = re.compile(r'\b(open|openat|creat|rename|renameat2?|unlink|unlinkat|mkdir|mkdirat|rmdir|truncate|chmod|fchmodat2?|'
                   r'link|linkat|symlink|symlinkat)\((.*)\) += (-?\d+)')
+# A path and, before it, the folder that a relative one starts from: a descriptor with its path.
+PATH = re.compile(r'(?:\w+<([^>]*)>, )?"([^"]*)"')
 WRITES = re.compile(r"O_WRONLY|O_RDWR|O_CREAT|O_TRUNC|O_APPEND")
 
 
@@ -21,7 +24,7 @@ class Rights(ProgramCase):
             call = CALL.search(line)
             if not call or int(call[3]) < 0 or (call[1].startswith("open") and not WRITES.search(call[2])):
                 continue
-            found.update(re.findall(r'"([^"]*)"', call[2]))
+            found.update(os.path.normpath(os.path.join(*path)) for path in PATH.findall(call[2]))
         return found
 
     def test_only_its_own_folder_and_the_receiver_are_written(self):
@@ -30,7 +33,7 @@ class Rights(ProgramCase):
         program = self.program(SAMPLE_LIST, SAMPLE_USER)
         (program.folder / "config.ini").write_text(address + "\n")
         log = SESSION.folder / "calls"
-        program.start(wrapper=[need("strace"), "-D", "-f", "-qq", "-s", "4096", "-e", "trace=file", "-o", log])
+        program.start(wrapper=[need("strace"), "-D", "-f", "-qq", "-y", "-s", "4096", "-e", "trace=file", "-o", log])
         program.edit(1, 1, "Edited")
         program.keys("ctrl+s")
         self.assert_file_becomes(program, receiver.folder / "List.ini",
