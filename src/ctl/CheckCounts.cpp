@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "ctl/Lists.h"
 #include "storage/ini/IniReader.h"
 #include "storage/lists/ListFile.h"
 #include "storage/text/Numbers.h"
@@ -55,7 +54,7 @@ void checkCounts(const WorkingCopyBytes& bytes, CodePages& codePages, Faults& fa
         }
         IniReader file = readerOf(*bytes[id], codePages);
         for (const ListKind kind : kListKinds) {
-            if (fileOf(kind) == id) {
+            if (ListFile::fileOf(kind) == id) {
                 checkCount(file, kind, faults);
             }
         }

@@ -7,12 +7,10 @@
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "storage/lists/WorkingCopies.h"
+#include "storage/stations/ListColumns.h"
 #include "storage/stations/ReceiverSettings.h"
 #include "storage/stations/RowStore.h"
 #include "storage/stations/StationLists.h"
-
-inline constexpr std::array<ListKind, kListCount> kListKinds = {ListKind::Drm, ListKind::Am, ListKind::Fm,
-                                                                ListKind::Favourite};
 
 // The list's name on the command line and in CSV and JSON: "drm", "am", "fm", "fav".
 std::u16string_view shortNameOf(ListKind kind);
@@ -20,10 +18,7 @@ std::u16string_view shortNameOf(ListKind kind);
 std::u16string_view titleOf(ListKind kind);
 // The name in messages: "DRM", "AM", "FM", "Favourite".
 std::u16string_view nameOf(ListKind kind);
-constexpr int columnCountOf(ListKind kind) { return kind == ListKind::Drm ? 4 : 3; }
-
-// The file that holds the list.
-constexpr ListFileId fileOf(ListKind kind) { return kind == ListKind::Favourite ? ListFileId::User : ListFileId::List; }
+inline int columnCountOf(ListKind kind) { return static_cast<int>(columnsOf(kind).size()); }
 
 class Lists {
 public:

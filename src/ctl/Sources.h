@@ -8,6 +8,7 @@
 #include "ctl/Exit.h"
 #include "ctl/Lists.h"
 #include "ctl/Services.h"
+#include "storage/lists/ListFile.h"
 #include "storage/lists/WorkingCopies.h"
 
 inline constexpr std::u16string_view kNoReceiver = u"no disk is the receiver's; connect it and try again";
@@ -18,7 +19,7 @@ struct SourceFiles {
 
     bool isEmpty() const { return !bytes.list && !bytes.user; }
     // True if the source has the file with this list.
-    bool has(ListKind kind) const { return bytes[fileOf(kind)].has_value(); }
+    bool has(ListKind kind) const { return bytes[ListFile::fileOf(kind)].has_value(); }
 };
 
 // Empty: the working copies. On failure a message was written and `fault` is the exit code.

@@ -108,7 +108,7 @@ void ReceiverCopies::backUp(ListFileId file, const std::optional<std::string>& s
 void ReceiverCopies::reloadGrids(WorkingCopyBytes bytes) {
     const WorkingCopyBytes received = bytes;
     totals_.ShowTotals();
-    for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm, ListKind::Favourite}) {
+    for (const ListKind kind : kListKinds) {
         lists_.grid(kind).clear();
     }
     loader_.loadFrom(std::move(bytes));

@@ -1,7 +1,6 @@
 #include "storage/lists/ListContent.h"
 
 #include <algorithm>
-#include <array>
 
 #include "storage/lists/ListFile.h"
 #include "storage/text/mTextUTF.h"
@@ -33,8 +32,7 @@ bool startsWithName(std::string_view text, std::u16string_view name) {
 // `section`: the text after the opening bracket.
 bool isRecord(std::string_view section) {
     section = withoutLeading(section, kBlanks);
-    constexpr std::array kKinds = {ListKind::Drm, ListKind::Am, ListKind::Fm, ListKind::Favourite};
-    return std::any_of(kKinds.begin(), kKinds.end(), [section](ListKind kind) {
+    return std::any_of(kListKinds.begin(), kListKinds.end(), [section](ListKind kind) {
         const std::u16string_view prefix = ListFile::sectionPrefix(kind);
         return startsWithName(section, prefix) && section.size() > prefix.size() && isDigit(section[prefix.size()]);
     });

@@ -13,6 +13,8 @@ namespace ListFile {
 inline constexpr std::u16string_view kListName = u"List.ini";
 inline constexpr std::u16string_view kUserName = u"User.ini";
 constexpr std::u16string_view nameOf(ListFileId file) { return file == ListFileId::List ? kListName : kUserName; }
+// The file that holds the list.
+constexpr ListFileId fileOf(ListKind kind) { return kind == ListKind::Favourite ? ListFileId::User : ListFileId::List; }
 
 inline constexpr std::u16string_view kTotal = u"Total";
 inline constexpr std::u16string_view kVersion = u"Version";
