@@ -97,6 +97,6 @@ Exit restoreBackup(Services& services, const Options& options) {
         source->bytes[file] = source->bytes[file] ? source->bytes[file] : old[file];
     }
     Lists after;
-    after.load(source->bytes, services.files, services.codePages);
+    after.load(std::move(source->bytes), services.files, services.codePages);
     return storeLists(services, options, working, before, after);
 }

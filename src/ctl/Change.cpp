@@ -1,5 +1,7 @@
 #include "ctl/Change.h"
 
+#include <utility>
+
 #include "ctl/Commands.h"
 #include "ctl/ListsDiff.h"
 #include "ctl/Messages.h"
@@ -20,11 +22,11 @@ Exit openForChange(Services& services, const Options& options, WorkingLists& wor
     if (!options.dryRun && !working.claim()) {
         return Exit::Busy;
     }
-    const WorkingCopyBytes bytes = working.read();
+    WorkingCopyBytes bytes = working.read();
     if (working.isUnreadable()) {
         return fileFault(services.console, services.folder, u"the working copies cannot be read");
     }
-    lists.load(bytes, services.files, services.codePages);
+    lists.load(std::move(bytes), services.files, services.codePages);
     return Exit::Done;
 }
 

@@ -1,19 +1,19 @@
-#include <string>
-#include <unordered_map>
-#include <vector>
+#include <optional>
+#include <string_view>
+#include <utility>
 
 #include "adding/FieldRules.h"
 #include "ctl/CheckCounts.h"
 #include "ctl/Commands.h"
+#include "ctl/Duplicates.h"
 #include "ctl/Faults.h"
 #include "ctl/Lists.h"
 #include "ctl/Messages.h"
+#include "ctl/ParsedFiles.h"
 #include "ctl/Record.h"
 #include "ctl/Sources.h"
 #include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
-#include "storage/text/Utf8.h"
-#include "storage/text/mTextUTF.h"
 
 namespace {
 
@@ -41,8 +41,7 @@ public:
 private:
     void add(ListKind kind, int row, int column, std::u16string_view message) {
         const Grid& grid = lists_.grid(kind);
-        const std::u16string_view field = grid.columns()[static_cast<std::size_t>(column - 1)].caption;
-        faults_.add({kind, row, std::u16string(field), std::u16string(message)});
+        faults_.add({kind, row, grid.columns()[static_cast<std::size_t>(column - 1)].caption, message});
     }
 
     void checkText(ListKind kind, int row, int column, const FieldRule& rule) {
@@ -91,16 +90,10 @@ private:
 
     void checkDuplicates(ListKind kind) {
         const Grid& grid = lists_.grid(kind);
-        std::unordered_map<std::u16string, int> seen;
-        seen.reserve(static_cast<std::size_t>(grid.rowCount()));
+        Duplicates found(grid, columnCountOf(kind));
         for (int row = 1; row <= grid.rowCount(); ++row) {
-            std::u16string key;
-            for (int column = 1; column <= columnCountOf(kind); ++column) {
-                (key += grid.text(row, column)) += u'\0';  // the loader ends cells at their first NUL
-            }
-            const auto [first, isNew] = seen.emplace(std::move(key), row);
-            if (!isNew) {
-                faults_.add({kind, row, u"record", u"the same as row " + decimal(first->second)});
+            if (const int first = found.add(row); first != 0) {
+                faults_.add({kind, row, u"record", u"the same as row " + decimal(first)});
             }
         }
     }
@@ -109,33 +102,28 @@ private:
     Faults& faults_;
 };
 
-void checkEncoding(const std::optional<std::string>& bytes, std::u16string_view path, Faults& faults) {
-    if (!bytes || bytes->starts_with(TextFormatBom(TextFormat::Utf16Le))) {
-        return;
-    }
-    if (toUtf8(fromUtf8(*bytes)) != *bytes) {
-        faults.add({std::nullopt, 0, std::u16string(path), u"is not all UTF-8"});
-    }
-}
-
 }  // namespace
 
 Exit checkLists(Services& services, const Options& options) {
     Exit fault = Exit::Done;
-    Lists lists;
-    const auto source = openSource(services, options.source, lists, fault);
+    auto source = openSource(services, options.source, fault);
     if (!source) {
         return fault;
     }
-    Faults faults;
+    Faults faults(options.json);
+    ParsedFiles files = parsed(std::move(source->bytes));
     for (const ListFileId file : kListFiles) {
-        checkEncoding(source->bytes[file], source->paths[file], faults);
+        if (files[file] && !files[file]->isWellFormed) {
+            faults.add({std::nullopt, 0, source->paths[file], u"is not all UTF-8"});
+        }
     }
-    checkCounts(source->bytes, services.codePages, faults);
+    checkCounts(files, faults);
+    Lists lists;
+    lists.load(std::move(files), services.files, services.codePages);
     Checker checker(lists, faults);
     for (const ListKind kind : kListKinds) {
         checker.check(kind);
     }
-    return print(services.console, options.json ? faults.json() : faults.lines(),
-                 faults.isEmpty() ? Exit::Done : Exit::Different);
+    const Exit result = faults.isEmpty() ? Exit::Done : Exit::Different;
+    return print(services.console, faults.takeText(), result);
 }

@@ -5,16 +5,10 @@
 #include "storage/ini/IniReader.h"
 #include "storage/lists/ListFile.h"
 #include "storage/text/Numbers.h"
-#include "storage/text/mTextUTF.h"
 
 namespace {
 
 constexpr int kLargestCount = 32'767;
-
-IniReader readerOf(const std::string& bytes, CodePages& codePages) {
-    const bool isUtf16 = bytes.starts_with(TextFormatBom(TextFormat::Utf16Le));
-    return IniReader(decodeIni(isUtf16 ? bytes : convertedWorkingCopy(bytes), codePages).text);
-}
 
 void checkCount(IniReader& file, ListKind kind, Faults& faults) {
     const std::u16string_view text = file.get(ListFile::kTotal, ListFile::countKey(kind));
@@ -47,16 +41,10 @@ void checkCount(IniReader& file, ListKind kind, Faults& faults) {
 
 }  // namespace
 
-void checkCounts(const WorkingCopyBytes& bytes, CodePages& codePages, Faults& faults) {
-    for (const ListFileId id : kListFiles) {
-        if (!bytes[id]) {
-            continue;
-        }
-        IniReader file = readerOf(*bytes[id], codePages);
-        for (const ListKind kind : kListKinds) {
-            if (ListFile::fileOf(kind) == id) {
-                checkCount(file, kind, faults);
-            }
+void checkCounts(ParsedFiles& files, Faults& faults) {
+    for (const ListKind kind : kListKinds) {
+        if (auto& file = files[ListFile::fileOf(kind)]) {
+            checkCount(file->text, kind, faults);
         }
     }
 }

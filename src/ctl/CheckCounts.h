@@ -2,7 +2,6 @@
 #pragma once
 
 #include "ctl/Faults.h"
-#include "platform/CodePages.h"
-#include "storage/lists/WorkingCopies.h"
+#include "ctl/ParsedFiles.h"
 
-void checkCounts(const WorkingCopyBytes& bytes, CodePages& codePages, Faults& faults);
+void checkCounts(ParsedFiles& files, Faults& faults);

@@ -1,5 +1,7 @@
 #include "ctl/CsvWriter.h"
 
+#include <algorithm>
+
 #include "ctl/Record.h"
 #include "storage/lists/ComposedFile.h"
 
@@ -7,10 +9,17 @@ namespace {
 
 constexpr std::size_t kUsualRecordBytes = 64;
 
+// Readers may take any of these for a separator.
+bool isSpecial(char16_t unit) {
+    return unit == u'"' || unit == u',' || unit == u';' || unit == u'\t' || unit == u'\r' || unit == u'\n';
+}
+
+bool needsQuotes(std::u16string_view cell) {
+    return cell.starts_with(u' ') || cell.ends_with(u' ') || std::any_of(cell.begin(), cell.end(), isSpecial);
+}
+
 void appendCell(std::u16string& text, std::u16string_view cell) {
-    const bool needsQuotes =
-        cell.find_first_of(u"\",;\t\r\n") != cell.npos || cell.starts_with(u' ') || cell.ends_with(u' ');
-    if (!needsQuotes) {
+    if (!needsQuotes(cell)) {
         text += cell;
         return;
     }

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "ctl/Commands.h"
 #include "ctl/Lists.h"
 #include "ctl/ListsDiff.h"
@@ -12,15 +14,15 @@ Exit printDiff(Services& services, const Options& options, const Lists& before, 
 
 Exit diffSources(Services& services, const Options& options) {
     Exit fault = Exit::Done;
-    const auto oldSource = openSource(services, options.source, fault);
-    const auto newSource = oldSource ? openSource(services, options.newSource, fault) : std::nullopt;
+    auto oldSource = openSource(services, options.source, fault);
+    auto newSource = oldSource ? openSource(services, options.newSource, fault) : std::nullopt;
     if (!newSource) {
         return fault;
     }
     Lists before;
     Lists after;
-    before.load(oldSource->bytes, services.files, services.codePages);
-    after.load(newSource->bytes, services.files, services.codePages);
+    before.load(std::move(oldSource->bytes), services.files, services.codePages);
+    after.load(std::move(newSource->bytes), services.files, services.codePages);
     // Lists are compared only if both sources have their file.
     for (const ListKind kind : kListKinds) {
         if (!oldSource->has(kind) || !newSource->has(kind)) {

@@ -48,7 +48,7 @@ Exit exportIni(Services& services, const Options& options, const SourceFiles& so
     WorkingCopyBytes bytes = lists.compose(paths, services.files, services.codePages);
     std::vector<NewFile> newFiles;
     for (const ListFileId file : kListFiles) {
-        if (source.bytes[file] && bytes[file]) {
+        if (source.has(file) && bytes[file]) {
             newFiles.push_back({paths[file], std::move(*bytes[file])});
         }
     }

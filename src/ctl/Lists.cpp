@@ -1,11 +1,10 @@
 #include "ctl/Lists.h"
 
-#include <string>
+#include <utility>
 
 #include "storage/lists/ListLoader.h"
 #include "storage/lists/ListSaver.h"
 #include "storage/stations/ListColumns.h"
-#include "storage/text/mTextUTF.h"
 
 namespace {
 
@@ -21,14 +20,6 @@ const Names& namesOf(ListKind kind) {
                                                               {u"fm", u"FM List", u"FM"},
                                                               {u"fav", u"Favourite", u"Favourite"}}};
     return kNames[static_cast<std::size_t>(kind)];
-}
-
-// During a run of the window the working copies are UTF-16; all other files are in the receiver's UTF-8.
-std::string readyForLoader(const std::optional<std::string>& bytes) {
-    if (!bytes || bytes->starts_with(TextFormatBom(TextFormat::Utf16Le))) {
-        return bytes.value_or("");
-    }
-    return convertedWorkingCopy(*bytes);
 }
 
 }  // namespace
@@ -50,14 +41,21 @@ void Lists::copyFrom(const Lists& other) {
     settings_ = other.settings_;
 }
 
-void Lists::load(const WorkingCopyBytes& bytes, Files& files, CodePages& codePages) {
+void Lists::load(ParsedFiles parsedFiles, Files& files, CodePages& codePages) {
+    const auto readerOf = [&parsedFiles](ListFileId file) {
+        return parsedFiles[file] ? std::move(parsedFiles[file]->text) : IniReader();
+    };
     const WorkingCopies none;
     ListLoader loader(lists_, none, settings_, files, codePages);
-    loader.loadFrom({readyForLoader(bytes.list), readyForLoader(bytes.user)});
+    loader.loadFrom({readerOf(ListFileId::List), readerOf(ListFileId::User)});
     loader.LoadDrmList(false);
     loader.LoadAmList(false);
     loader.LoadFmList(false);
     loader.LoadFavList(false);
+}
+
+void Lists::load(WorkingCopyBytes bytes, Files& files, CodePages& codePages) {
+    load(parsed(std::move(bytes)), files, codePages);
 }
 
 WorkingCopyBytes Lists::compose(const WorkingCopies& copies, Files& files, CodePages& codePages) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "ctl/ParsedFiles.h"
 #include "platform/CodePages.h"
 #include "platform/Files.h"
 #include "storage/lists/WorkingCopies.h"
@@ -33,9 +34,9 @@ public:
 
     // For an empty object only.
     void copyFrom(const Lists& other);
-    // Appends the records of both files as a start of the window would; a file without bytes has none. Bytes with the
-    // mark of UTF-16 are decoded as such, all others as UTF-8.
-    void load(const WorkingCopyBytes& bytes, Files& files, CodePages& codePages);
+    // Appends the records of both files as a start of the window would; a file that is missing has none.
+    void load(ParsedFiles parsedFiles, Files& files, CodePages& codePages);
+    void load(WorkingCopyBytes bytes, Files& files, CodePages& codePages);
     // The files as the window would save them over these working copies.
     WorkingCopyBytes compose(const WorkingCopies& copies, Files& files, CodePages& codePages);
 

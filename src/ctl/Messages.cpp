@@ -1,5 +1,8 @@
 #include "ctl/Messages.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "storage/text/Utf8.h"
 
 namespace {
@@ -37,10 +40,14 @@ Exit print(Console& console, std::string_view text, Exit result) {
 }
 
 std::u16string printable(std::u16string_view text) {
-    constexpr char16_t kReplacement = 0xFFFD;
-    std::u16string shown(text);
-    for (char16_t& unit : shown) {
-        unit = isControl(unit) ? kReplacement : unit;
-    }
+    std::u16string shown;
+    appendPrintable(shown, text);
     return shown;
+}
+
+void appendPrintable(std::u16string& line, std::u16string_view text) {
+    constexpr char16_t kReplacement = 0xFFFD;
+    const auto start = static_cast<std::ptrdiff_t>(line.size());
+    line += text;
+    std::replace_if(line.begin() + start, line.end(), isControl, kReplacement);
 }

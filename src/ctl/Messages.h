@@ -18,3 +18,4 @@ Exit print(Console& console, std::string_view text, Exit result = Exit::Done);
 
 // The text without control characters, which in the cells of a file could move the terminal's cursor or break a line.
 std::u16string printable(std::u16string_view text);
+void appendPrintable(std::u16string& line, std::u16string_view text);

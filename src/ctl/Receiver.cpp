@@ -105,8 +105,8 @@ Exit saveToReceiver(Services& services, const Options& options) {
         return Exit::NoReceiver;
     }
     Lists theirs;
-    if (const auto old = receiver.files.read()) {
-        theirs.load({old->list, old->user}, services.files, services.codePages);
+    if (auto old = receiver.files.read()) {
+        theirs.load({std::move(old->list), std::move(old->user)}, services.files, services.codePages);
     }
     if (options.dryRun) {
         return printDiff(services, options, theirs, ours);

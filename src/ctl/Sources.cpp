@@ -53,9 +53,12 @@ public:
     Opened workingCopies() {
         WorkingLists lists(services_);
         const WorkingCopies& paths = lists.paths();
-        SourceFiles source{lists.read(), {paths.ListFilePath, paths.UserFilePath}};
+        SourceFiles source{lists.read(), {}};
+        for (const ListFileId file : kListFiles) {
+            source.paths[file] = source.bytes[file] ? paths[file] : u"";
+        }
         if (lists.isUnreadable()) {
-            return fail(source.paths[source.bytes.list ? ListFileId::User : ListFileId::List], u"cannot be read");
+            return fail(source.bytes.list ? paths.UserFilePath : paths.ListFilePath, u"cannot be read");
         }
         return source.isEmpty() ? fail(paths.ListFilePath, u"no such file") : Opened(std::move(source));
     }
@@ -174,7 +177,7 @@ std::u16string folderPath(std::u16string path, char16_t separator) {
 std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Lists& lists, Exit& fault) {
     auto opened = openSource(services, source, fault);
     if (opened) {
-        lists.load(opened->bytes, services.files, services.codePages);
+        lists.load(std::move(opened->bytes), services.files, services.codePages);
     }
     return opened;
 }

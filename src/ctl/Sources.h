@@ -14,17 +14,18 @@
 inline constexpr std::u16string_view kNoReceiver = u"no disk is the receiver's; connect it and try again";
 
 struct SourceFiles {
-    WorkingCopyBytes bytes;  // nullopt for a file that the source does not have
-    PerListFile<std::u16string> paths;
+    WorkingCopyBytes bytes;             // nullopt for a file that the source does not have
+    PerListFile<std::u16string> paths;  // empty for a file that the source does not have
 
-    bool isEmpty() const { return !bytes.list && !bytes.user; }
+    bool has(ListFileId file) const { return !paths[file].empty(); }
     // True if the source has the file with this list.
-    bool has(ListKind kind) const { return bytes[ListFile::fileOf(kind)].has_value(); }
+    bool has(ListKind kind) const { return has(ListFile::fileOf(kind)); }
+    bool isEmpty() const { return !has(ListFileId::List) && !has(ListFileId::User); }
 };
 
 // Empty: the working copies. On failure a message was written and `fault` is the exit code.
 std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Exit& fault);
-// The same; appends the records to `lists`.
+// The same; moves the bytes into `lists`.
 std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Lists& lists, Exit& fault);
 
 // In the system's notation. currentFolder ends with its separator.

@@ -93,7 +93,7 @@ void ListLoader::loadFromListFile(ListKind kind, bool setUpColumns) {
     if (setUpColumns) {
         addListColumns(lists_[kind]);
     }
-    if (!has(ListFileId::List)) {
+    if (!listFile_ && !has(ListFileId::List)) {
         return;
     }
     if (!listFile_ || (served_ & bitOf(kind)) != 0) {
@@ -149,9 +149,12 @@ void ListLoader::appendRecords(ListKind kind, IniReader& profile) {
     }
 }
 
-bool ListLoader::has(ListFileId file) { return given_[file] || files_.exists(copies_[file]); }
+bool ListLoader::has(ListFileId file) { return parsed_[file] || given_[file] || files_.exists(copies_[file]); }
 
 IniReader ListLoader::read(ListFileId file) {
+    if (parsed_[file]) {
+        return *std::exchange(parsed_[file], std::nullopt);
+    }
     return given_[file] ? IniReader(decodeIni(*given_[file], codePages_).text)
                         : readIni(copies_[file], files_, codePages_);
 }
@@ -162,8 +165,15 @@ void ListLoader::loadFrom(WorkingCopyBytes bytes) {
     given_ = std::move(bytes);
 }
 
+void ListLoader::loadFrom(PerListFile<std::optional<IniReader>> files) {
+    forgetFiles();
+    leftOut_ = {};
+    parsed_ = std::move(files);
+}
+
 void ListLoader::forgetFiles() {
     listFile_.reset();
     served_ = 0;
     given_ = {};
+    parsed_ = {};
 }

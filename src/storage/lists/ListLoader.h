@@ -29,6 +29,8 @@ public:
     // Bytes to parse instead of reading the files, if the caller has them; nullopt: read the file. Used until each list
     // has been loaded once.
     void loadFrom(WorkingCopyBytes bytes);
+    // The same with files that are already parsed.
+    void loadFrom(PerListFile<std::optional<IniReader>> files);
     // Call after changing a working copy: the next load reads both files again.
     void forgetFiles();
 
@@ -48,6 +50,7 @@ private:
     Files& files_;
     CodePages& codePages_;
     WorkingCopyBytes given_;
+    PerListFile<std::optional<IniReader>> parsed_;
     PerListFile<bool> leftOut_;
     std::optional<IniReader> listFile_;  // kept from the first to the last of its three lists
     unsigned served_ = 0;                // bit per ListKind: loaded from listFile_

@@ -128,15 +128,22 @@ std::u16string decimal(int value) {
 }
 
 double kilohertzOf(double megahertz) {
+    constexpr double kMostOfFewDigits = 1e9;
     const double product = megahertz * 1000;
     if (!std::isfinite(product)) {
         return product;
+    }
+    const double noise = std::abs(product) * std::numeric_limits<double>::epsilon();
+    // Fast path for frequencies: a whole number of so few digits is what rounding to 15 digits gives.
+    if (const double whole = std::nearbyint(product); std::abs(whole) < kMostOfFewDigits) {
+        if (std::abs(whole - product) <= noise) {
+            return whole;
+        }
     }
     constexpr int kDigitsAfterFirst = 14;  // 15 significant digits always survive in a double
     std::array<char, 40> text{};
     const auto result = std::to_chars(text.data(), text.data() + text.size(), product, std::chars_format::scientific,
                                       kDigitsAfterFirst);
     const double rounded = parse({text.data(), result.ptr}, std::chars_format::scientific);
-    const double noise = std::abs(product) * std::numeric_limits<double>::epsilon();
     return std::abs(rounded - product) <= noise ? rounded : product;
 }

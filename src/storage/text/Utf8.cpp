@@ -75,40 +75,59 @@ Sequence sequenceOf(unsigned char lead) {
     return {};
 }
 
+// Decodes the character at `i`, which is not ASCII, and moves `i` behind it. U+FFFD for an ill-formed one.
+char32_t takeCharacter(std::string_view bytes, std::size_t& i) {
+    Sequence next = sequenceOf(static_cast<unsigned char>(bytes[i++]));
+    if (next.more == 0) {
+        return kReplacement;
+    }
+    for (; next.more > 0; --next.more, ++i) {
+        const auto byte = static_cast<unsigned char>(i < bytes.size() ? bytes[i] : 0);
+        if (byte < next.low || byte > next.high) {
+            i += byte >= 0x80 && byte <= 0xBF ? 1 : 0;  // belongs to the ill-formed character, as on Windows
+            return kReplacement;
+        }
+        next.bits = (next.bits << 6) | (byte & 0x3FU);
+        next.low = 0x80;
+        next.high = 0xBF;
+    }
+    return next.bits;
+}
+
 }  // namespace
 
 std::u16string fromUtf8(std::string_view bytes) {
-    std::u16string text(bytes.size(), u'\0');  // each byte yields at most one unit
+    // In pieces, so that the NULs that resize writes are still in the processor's cache when overwritten, and the
+    // memory that the text does not need is never touched.
+    constexpr std::size_t kPiece = 8192;
+    constexpr std::size_t kMostUnitsOfCharacter = 2;
+    std::u16string text;
+    text.reserve(bytes.size());  // each byte yields at most one unit
     char16_t* end = text.data();
+    std::size_t room = 0;
     for (std::size_t i = 0; i < bytes.size();) {
-        const auto lead = static_cast<unsigned char>(bytes[i++]);
+        if (room < kMostUnitsOfCharacter) {
+            const auto length = static_cast<std::size_t>(end - text.data());
+            text.resize(std::min(length + kPiece, bytes.size()));
+            room = text.size() - length;
+        }
+        const char16_t* const start = end;
+        const auto lead = static_cast<unsigned char>(bytes[i]);
         if (lead < 0x80) {
             *end++ = lead;
-            const std::size_t run = copyAscii(bytes.substr(i), end, 0x8080808080808080U);
+            const std::size_t run = copyAscii(bytes.substr(++i, room - 1), end, 0x8080808080808080U);
             i += run;
             end += run;
-            continue;
-        }
-        Sequence next = sequenceOf(lead);
-        bool whole = next.more > 0;
-        for (; next.more > 0; --next.more, ++i) {
-            const auto byte = static_cast<unsigned char>(i < bytes.size() ? bytes[i] : 0);
-            if (byte < next.low || byte > next.high) {
-                whole = false;
-                i += byte >= 0x80 && byte <= 0xBF ? 1 : 0;  // belongs to the ill-formed character, as on Windows
-                break;
-            }
-            next.bits = (next.bits << 6) | (byte & 0x3FU);
-            next.low = 0x80;
-            next.high = 0xBF;
-        }
-        const char32_t c = whole ? next.bits : kReplacement;
-        if (c < 0x10000) {
-            *end++ = static_cast<char16_t>(c);
         } else {
-            *end++ = static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
-            *end++ = static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+            const char32_t c = takeCharacter(bytes, i);
+            if (c < 0x10000) {
+                *end++ = static_cast<char16_t>(c);
+            } else {
+                *end++ = static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
+                *end++ = static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+            }
         }
+        room -= static_cast<std::size_t>(end - start);
     }
     text.resize(static_cast<std::size_t>(end - text.data()));
     return text;

@@ -296,6 +296,21 @@ TEST_F(ListLoaderTest, BytesMayBeGivenForOneFileOnly) {
     EXPECT_EQ(favourites.rowCount(), 1);
 }
 
+TEST_F(ListLoaderTest, ParsedFilesAreLoadedOnceInsteadOfTheFiles) {
+    listFile() = utf16File(u"[Total]\r\ndrmnumber=2\r\n");
+    loader.loadFrom({IniReader(kThreeLists), IniReader(u"[Total]\r\nfavnumber=1\r\n")});
+    loadAll(false);
+    EXPECT_EQ(drm.rowCount(), 1);
+    EXPECT_EQ(am.rowCount(), 1);
+    EXPECT_EQ(fm.rowCount(), 1);
+    EXPECT_EQ(favourites.rowCount(), 1);
+    EXPECT_TRUE(files.accesses.empty());
+    clearAll();
+    loadAll(false);
+    EXPECT_EQ(drm.rowCount(), 2);
+    EXPECT_EQ(am.rowCount(), 0);
+}
+
 TEST_F(ListLoaderTest, ForgottenFilesAreReadAgain) {
     listFile() = utf16File(kThreeLists);
     loader.LoadDrmList(false);

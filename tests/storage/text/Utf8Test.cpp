@@ -184,3 +184,13 @@ TEST(Utf8Test, ALongTextIsConvertedCompletely) {
         EXPECT_EQ(toUtf8(text), bytes) << run;
     }
 }
+
+TEST(Utf8Test, ACharacterMayLieAnywhereInALongText) {
+    const std::u16string character = u"\U0001F4FB";
+    for (std::size_t before = 8180; before < 8200; ++before) {
+        for (const char16_t unit : {u'a', u'\u044F', u'\u5E7F'}) {
+            const std::u16string text = std::u16string(before, unit) + character + std::u16string(9000, unit);
+            EXPECT_TRUE(fromUtf8(toUtf8(text)) == text) << before;
+        }
+    }
+}
