@@ -1,5 +1,5 @@
 // A workload for an instruction counter, in a separate process: "load", "save" or "sort", or "nothing" for the cost of
-// the preparation. Lists of 256 records, files in memory.
+// the preparation. "compiler" prints what the counts depend on. Lists of 256 records, files in memory.
 #include <cstdio>
 #include <functional>
 #include <map>
@@ -28,6 +28,11 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
+    const std::string name = argc == 2 ? argv[1] : "";
+    if (name == "compiler") {
+        std::puts(COUNTED_COMPILER);
+        return 0;
+    }
     SampleLists sample(u"/");
     MemoryFiles files;
     PosixCodePages codePages;
@@ -50,9 +55,9 @@ int main(int argc, char** argv) {
         {"save", [&] { ListSaver(sample.lists(), sample.copies(), sample.settings(), files, codePages).SaveLists(); }},
         {"sort", [&] { sorter.headerClicked(sample.lists()[ListKind::Drm], u"PROG"); }},
     };
-    const auto work = works.find(argc == 2 ? argv[1] : "");
+    const auto work = works.find(name);
     if (work == works.end()) {
-        std::fprintf(stderr, "usage: counted_work nothing|load|save|sort\n");
+        std::fprintf(stderr, "usage: counted_work nothing|load|save|sort|compiler\n");
         return 2;
     }
     for (int i = 0; i < kTimes; ++i) {
