@@ -12,7 +12,7 @@
 Exit readInput(Services& services, std::u16string_view input, std::u16string& name, std::string& bytes) {
     const bool isStandard = input == u"-";
     name = isStandard ? u"standard input" : absolutePath(services.currentFolder, input);
-    auto read = isStandard ? services.console.readAll() : readWorkingCopy(name, services.files);
+    auto read = isStandard ? services.console.readAll() : readWorkingCopy(name, services.files).bytes;
     if (!read) {
         const bool isThere = isStandard || services.files.exists(name);
         return fileFault(services.console, name, isThere ? u"cannot be read" : u"no such file");

@@ -55,7 +55,8 @@ std::string broadcastersBeside(Services& services, std::u16string_view input) {
     }
     const std::u16string path = absolutePath(services.currentFolder, input);
     const std::size_t separator = path.find_last_of(u"/\\");
-    return readWorkingCopy(path.substr(0, separator + 1) + u"broadcas.txt", services.files).value_or("");
+    const std::u16string names = path.substr(0, separator + 1) + u"broadcas.txt";
+    return readWorkingCopy(names, services.files).bytes.value_or("");
 }
 
 class Selection {

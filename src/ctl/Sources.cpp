@@ -106,7 +106,7 @@ public:
         if (!services_.files.size(path)) {
             return folder(path);
         }
-        auto bytes = readWorkingCopy(path, services_.files);
+        auto bytes = readWorkingCopy(path, services_.files).bytes;
         if (!bytes) {
             return fail(path, u"cannot be read");
         }
@@ -132,7 +132,7 @@ private:
     Opened read(SourceFiles source, std::u16string_view where, std::u16string_view why) {
         for (const ListFileId file : kListFiles) {
             const std::u16string& path = source.paths[file];
-            if (!path.empty() && !(source.bytes[file] = readWorkingCopy(path, services_.files))) {
+            if (!path.empty() && !(source.bytes[file] = readWorkingCopy(path, services_.files).bytes)) {
                 return fail(path, u"cannot be read");
             }
         }

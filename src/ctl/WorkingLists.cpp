@@ -28,7 +28,9 @@ WorkingLists::WorkingLists(Services& services)
              services.folder + std::u16string(ListFile::kUserName)} {}
 
 WorkingCopyBytes WorkingLists::read() {
-    const Snapshot last = Recovery(services_.folder, services_.files).find().value_or(Snapshot());
+    Recovery recovery(services_.folder, services_.files);
+    const Snapshot last = recovery.find().value_or(Snapshot());
+    unreadable_ = unreadable_ || !recovery.foundAll();
     return {read(ListFileId::List, last), read(ListFileId::User, last)};
 }
 
@@ -40,7 +42,7 @@ std::optional<std::string> WorkingLists::read(ListFileId file, const Snapshot& l
 }
 
 FileState WorkingLists::stateOf(ListFileId file) {
-    const auto found = readWorkingCopy(paths_[file], services_.files);
+    const auto found = readWorkingCopy(paths_[file], services_.files).bytes;
     return found ? FileState::of(*found) : FileState();
 }
 

@@ -134,8 +134,8 @@ void ReceiverCopies::SaveToReceiver() {
 }
 
 void ReceiverCopies::copyToReceiver() {
-    auto list = readWorkingCopy(copies_.ListFilePath, files_);
-    auto user = readWorkingCopy(copies_.UserFilePath, files_);
+    auto list = readWorkingCopy(copies_.ListFilePath, files_).bytes;
+    auto user = readWorkingCopy(copies_.UserFilePath, files_).bytes;
     if (list && user) {
         receiver_.replace({std::move(*list), std::move(*user)});
     }

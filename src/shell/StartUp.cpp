@@ -7,6 +7,11 @@
 
 void StartUp::run(std::u16string_view RunMode) {
     const Snapshot last = recovery_.find().value_or(Snapshot());
+    if (const auto& unseen = recovery_.unseen()) {
+        for (const ListFileId file : kListFiles) {
+            backup_.keep(ListFile::nameOf(file), unseen->bytes[file].value_or(""));
+        }
+    }
     const bool isNormalRun = RunMode == u"NormalRun";
     for (const ListFileId file : kListFiles) {
         removeLeftover(files_, workingCopies_[file]);

@@ -154,7 +154,7 @@ TEST_F(ImportTest, AnUnreadableOrUnwritableFileIsNamed) {
     files.unreadable = {u"/k7/User.ini"};
     EXPECT_EQ(import(kOne), 3);
     files.unreadable = {};
-    files.failing = {u"/k7/Recovery"};
+    files.readOnly = {u"/k7/Recovery/Snapshot1", u"/k7/Recovery/Snapshot2"};
     EXPECT_EQ(import(kOne), 3);
     EXPECT_EQ(files.files[u"/k7/List.ini"], kCtlList);
 }

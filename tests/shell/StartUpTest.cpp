@@ -81,6 +81,20 @@ TEST_F(StartUpTest, ANormalRunNamesEachMissingFileAndContinues) {
     EXPECT_FALSE(platform.files.files.contains(kUser));
 }
 
+TEST_F(StartUpTest, ASnapshotThatTheRunBeforeCouldNotReadIsBackedUp) {
+    const std::string unread = "[DRMSchedule0]\r\nProgramme=Unread\r\n";
+    Recovery(u"/app/", platform.files).keep({unread, std::nullopt});
+    platform.files.unreadable = {u"/app/Recovery/Snapshot1"};
+    Recovery before(u"/app/", platform.files);
+    before.find();
+    before.keep({"[DRMSchedule0]\r\nProgramme=Later\r\n", std::nullopt});
+    platform.files.unreadable.clear();
+    run(u"LocalRun");
+    const auto kept = backup.copiesOf(u"List.ini");
+    ASSERT_FALSE(kept.empty());
+    EXPECT_EQ(platform.files.files[backup.pathOf(kept.front())], unread);
+}
+
 TEST_F(StartUpTest, AFolderInPlaceOfTheListFileGivesEmptyLists) {
     platform.files.folders.insert(kList);
     run(u"LocalRun");

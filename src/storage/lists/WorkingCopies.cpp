@@ -1,7 +1,5 @@
 #include "storage/lists/WorkingCopies.h"
 
-#include <utility>
-
 #include "storage/files/SafeFile.h"
 #include "storage/text/Utf16Bytes.h"
 #include "storage/text/Utf8.h"
@@ -12,16 +10,8 @@ void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePa
     mTextUTF(files, codePages).WriteTextFile(path, u" ", false, format, format, true, false);
 }
 
-std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& files) {
-    if (files.size(path).value_or(0) > kLargestTextFile) {
-        return std::nullopt;
-    }
-    constexpr int kAttempts = 3;
-    FileRead read;
-    for (int attempt = 0; attempt < kAttempts && !read.bytes && !read.isMissing; ++attempt) {
-        read = files.read(path);
-    }
-    return std::move(read.bytes);
+FileRead readWorkingCopy(std::u16string_view path, Files& files) {
+    return files.size(path).value_or(0) > kLargestTextFile ? FileRead::failed() : files.read(path);
 }
 
 std::string convertedWorkingCopy(std::string_view bytes) {
@@ -40,7 +30,7 @@ std::string unconvertedWorkingCopy(std::string_view bytes) {
 }
 
 std::optional<std::string> convertWorkingCopy(std::u16string_view path, Files& files) {
-    const auto bytes = readWorkingCopy(path, files);
+    const auto bytes = readWorkingCopy(path, files).bytes;
     if (!bytes) {
         return std::nullopt;
     }

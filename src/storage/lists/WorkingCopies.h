@@ -26,9 +26,8 @@ using WorkingCopyBytes = PerListFile<std::optional<std::string>>;
 inline constexpr std::string_view kNewWorkingCopy = "\xEF\xBB\xBF ";
 void createWorkingCopy(std::u16string_view path, Files& files, CodePages& codePages);
 
-// Reads the whole file, with retries: the next save overwrites it with the lists shown. nullopt if the file is missing,
-// cannot be read or has a size over 31 bits.
-std::optional<std::string> readWorkingCopy(std::u16string_view path, Files& files);
+// Reads the whole file. A size over 31 bits is a failure.
+FileRead readWorkingCopy(std::u16string_view path, Files& files);
 
 // Converts UTF-8 (not detected; a byte-order mark is accepted) to UTF-16LE with its mark.
 std::string convertedWorkingCopy(std::string_view bytes);

@@ -17,7 +17,7 @@ std::optional<std::string> newestOf(Backup& backup, Files& files, std::u16string
     auto copies = backup.copiesOf(name);
     std::reverse(copies.begin(), copies.end());
     for (const auto& copy : copies) {
-        auto bytes = readWorkingCopy(backup.pathOf(copy), files);
+        auto bytes = readWorkingCopy(backup.pathOf(copy), files).bytes;
         if (bytes && ListContent::hasSection(*bytes)) {
             return bytes;
         }
@@ -29,8 +29,9 @@ std::optional<std::string> newestOf(Backup& backup, Files& files, std::u16string
 
 ListsAtStart::ListsAtStart(ListFileId file, std::u16string_view path, const Snapshot& last, Files& files,
                            Backup& backup) {
-    auto found = readWorkingCopy(path, files);
-    if (found || !files.exists(path)) {
+    FileRead read = readWorkingCopy(path, files);
+    std::optional<std::string>& found = read.bytes;
+    if (found || read.isMissing) {
         state_ = found ? FileState::of(*found) : FileState();
     }
     if (const auto& kept = last.bytes[file]) {

@@ -1,5 +1,6 @@
 #include "storage/recovery/Recovery.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "storage/files/SafeFile.h"
@@ -12,19 +13,29 @@ Recovery::Recovery(std::u16string_view programFolder, Files& files)
 }
 
 std::optional<Snapshot> Recovery::find() {
+    std::optional<Snapshot> older;
     for (std::size_t slot = 0; slot < kSlots; ++slot) {
-        const auto bytes = readWorkingCopy(slots_[slot], files_);
-        auto file = bytes ? decodeSnapshot(*bytes) : std::nullopt;
+        const FileRead read = readWorkingCopy(slots_[slot], files_);
+        isUnread_[slot] = !read.bytes && !read.isMissing;
+        auto file = read.bytes ? decodeSnapshot(*read.bytes) : std::nullopt;
         if (!file) {
             continue;
         }
-        const Room room = readChanges(std::string_view(*bytes).substr(file->size), *file);
-        if (!kept_ || file->snapshot.number > kept_->number) {
-            newest_ = slot;
-            room_ = room;
-            kept_ = std::move(file->snapshot);
-            lastNumber_ = kept_->number;
+        const Room room = readChanges(std::string_view(*read.bytes).substr(file->size), *file);
+        if (kept_ && file->snapshot.number <= kept_->number) {
+            older = std::move(file->snapshot);
+            continue;
         }
+        older = std::exchange(kept_, std::move(file->snapshot));
+        newest_ = slot;
+        room_ = room;
+        lastNumber_ = kept_->number;
+    }
+    if (older && kept_->number - older->number > kMostNumbers) {
+        unseen_ = std::move(older);
+    }
+    if (!foundAll()) {
+        lastNumber_ += 2 * kMostNumbers;
     }
     return kept_;
 }
@@ -52,25 +63,25 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
         return true;
     }
     Snapshot snapshot{0, std::move(bytes), left_};
-    // A failed change may be in the file nevertheless, so every attempt gets a higher number.
-    snapshot.number = ++lastNumber_;
-    if (!append(snapshot)) {
-        snapshot.number = ++lastNumber_;
-        if (!write(snapshot)) {
-            return false;
-        }
+    if (!append(snapshot, room_.bytes) && !write(snapshot) && !append(snapshot, kAnyLength)) {
+        return false;
     }
     kept_ = std::move(snapshot);
     return true;
 }
 
-bool Recovery::append(const Snapshot& snapshot) {
-    const auto change = room_.changes > 0 ? encodeChange(*kept_, snapshot) : std::nullopt;
-    if (!change || change->size() > room_.bytes) {
+bool Recovery::append(Snapshot& snapshot, std::size_t mostBytes) {
+    if (room_.changes == 0) {
+        return false;
+    }
+    snapshot.number = ++lastNumber_;
+    const auto change = encodeChange(*kept_, snapshot);
+    if (!change || change->size() > mostBytes) {
         return false;
     }
     const std::u16string& slot = slots_[newest_];
-    const Room left{room_.start + change->size(), room_.bytes - change->size(), room_.changes - 1};
+    const Room left{room_.start + change->size(), room_.bytes - std::min(room_.bytes, change->size()),
+                    room_.changes - 1};
     const bool isThere = files_.size(slot) == std::exchange(room_, {}).start;
     if (!isThere || !files_.append(slot, *change)) {
         return false;
@@ -80,12 +91,18 @@ bool Recovery::append(const Snapshot& snapshot) {
     return true;
 }
 
-bool Recovery::write(const Snapshot& snapshot) {
-    // Never overwrite the newest whole snapshot.
-    const std::size_t slot = kept_ ? (newest_ + 1) % kSlots : newest_;
+bool Recovery::write(Snapshot& snapshot) {
+    snapshot.number = ++lastNumber_;
+    // Never overwrite a snapshot that was not read, nor, if there is a choice, the newest whole one.
+    const std::size_t other = kept_ ? (newest_ + 1) % kSlots : newest_;
+    const std::size_t slot = isUnread_[other] ? (other + 1) % kSlots : other;
     const std::string encoded = encodeSnapshot(snapshot);
-    const auto write = [&] { return files_.createFolder(folder_) && files_.write(slots_[slot], encoded, Flush::Now); };
-    if (!write() && !write()) {
+    if (isUnread_[slot] || !files_.createFolder(folder_)) {
+        return false;
+    }
+    if (!files_.write(slots_[slot], encoded, Flush::Now)) {
+        // It may be whole, but a start must not find what was reported as failed.
+        files_.remove(slots_[slot]);
         return false;
     }
     makeDurable(slot);
@@ -116,8 +133,10 @@ void Recovery::save(ListSaver& saver) {
 }
 
 void Recovery::keepNewestOnly() {
-    const std::u16string& older = slots_[(newest_ + 1) % kSlots];
-    if (files_.exists(older)) {
+    const std::size_t slot = (newest_ + 1) % kSlots;
+    const std::u16string& older = slots_[slot];
+    const bool isReadableAgain = isUnread_[slot] && files_.read(older).bytes;
+    if (!isReadableAgain && files_.exists(older)) {
         files_.remove(older);
     }
 }

@@ -26,6 +26,10 @@ public:
 
     // The newest whole snapshot of an earlier run; nullopt if there is none. Numbering continues from it.
     std::optional<Snapshot> find();
+    // False if find could not read a file. Its snapshot may be the newest, so it stays for a later start.
+    bool foundAll() const { return !isUnread_[0] && !isUnread_[1]; }
+    // A snapshot found that the run after it could not read, so its lists may be nowhere else.
+    const std::optional<Snapshot>& unseen() const { return unseen_; }
     // Adds a state in which this run may leave the working copy. Call before the file is written.
     void mayLeave(ListFileId file, const FileState& state) { left_[file].push_back(state); }
     // From now on this run leaves the working copy in this state, until mayLeave.
@@ -37,13 +41,16 @@ public:
     // Writes a snapshot, saves the lists, and writes another snapshot without the states before the save: a file in
     // such a state was then restored from outside. The saver reports whether both files were saved.
     void save(ListSaver& saver);
-    // Removes all but the newest snapshot.
+    // Removes all but the newest snapshot, except one that find could not read but that can be read now.
     void keepNewestOnly();
 
 private:
     // Two files in turns, so that after a torn write the other is whole. Changes of the newest snapshot are appended to
     // its file while they are shorter than half of it, so that not every edit writes all lists.
     static constexpr std::size_t kSlots = 2;
+    // More than runs ever use. A run that could not read a snapshot skips as many, to exceed that snapshot's number.
+    static constexpr std::uint64_t kMostNumbers = std::uint64_t{1} << 40U;
+    static constexpr std::size_t kAnyLength = ~std::size_t{0};
     // Limits the work of the next start, which applies each change to all lists.
     static constexpr int kMostChanges = 100;
     // The space for changes after the newest snapshot.
@@ -54,8 +61,10 @@ private:
     };
 
     static Room readChanges(std::string_view rest, SnapshotFile& file);
-    bool append(const Snapshot& snapshot);
-    bool write(const Snapshot& snapshot);
+    // Both number the snapshot: one that failed may be in the file nevertheless, so each attempt needs a higher number.
+    // append fails also if the change is longer than that.
+    bool append(Snapshot& snapshot, std::size_t mostBytes);
+    bool write(Snapshot& snapshot);
     void makeDurable(std::size_t slot);
 
     std::u16string folder_;
@@ -64,6 +73,8 @@ private:
     std::size_t newest_ = 0;  // the slot of kept_
     std::optional<Snapshot> kept_;
     std::uint64_t lastNumber_ = 0;  // highest number used, including failed attempts
+    std::array<bool, kSlots> isUnread_{};
+    std::optional<Snapshot> unseen_;
     Room room_;
     FileStates left_;
     // True if this run has made the name durable. The snapshot of a killed run may be in the system's cache only.
