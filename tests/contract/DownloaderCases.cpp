@@ -67,6 +67,7 @@ TEST_F(DownloaderContract, NoCredentialsAreEverSent) {
     std::u16string withCredentials = httpServer();
     withCredentials.insert(std::u16string_view(u"http://").size(), u"user:password@");
     for (const auto* resource : {u"/digest", u"/proxy-digest"}) {
+        ASSERT_TRUE(get(std::u16string(u"/requests-of") + resource)) << "starts the count";
         expectFailure(resource);
         EXPECT_FALSE(downloader.download(withCredentials + resource, target));
         ASSERT_TRUE(get(std::u16string(u"/requests-of") + resource));

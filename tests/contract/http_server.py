@@ -17,7 +17,7 @@ from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
 PLAIN = b"[DRMSchedule]\nplain\n"
 COUNTER = itertools.count(1)
-REQUESTS = collections.Counter()  # by path
+REQUESTS = collections.Counter()  # by path, since the last question for that path
 ENDING = threading.Event()
 
 
@@ -101,7 +101,7 @@ class Handler(BaseHTTPRequestHandler):
         elif path == "/proxy-digest":
             self.answer(PLAIN, 407, Proxy_Authenticate=f'Digest realm="r", nonce="{next(COUNTER)}"')
         elif path.startswith("/requests-of/"):
-            self.answer(str(REQUESTS[path.removeprefix("/requests-of")]).encode())
+            self.answer(str(REQUESTS.pop(path.removeprefix("/requests-of"), 0)).encode())
         elif path == "/404":
             self.answer(b"[DRMSchedule]\nnot here\n", 404)
         elif path == "/500":
