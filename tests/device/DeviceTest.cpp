@@ -66,7 +66,7 @@ protected:
         EXPECT_TRUE(files.read(volume.at(u"List.ini")).bytes == (isNew ? newList : oldList));
         EXPECT_TRUE(files.read(volume.at(u"User.ini")).bytes == (isNew ? newUser : oldUser));
     }
-    static bool nothingBeside(const Volume& volume) {
+    static bool noTemporaryFile(const Volume& volume) {
         return !std::filesystem::exists(volume.folder() + "/LIST.K7N") &&
                !std::filesystem::exists(volume.folder() + "/USER.K7N");
     }
@@ -105,7 +105,7 @@ TEST_F(DeviceTest, UnpluggedAtAnyOperationFilesStayWholeAndTheNextSaveCompletesT
             expectWhole(volume);
             EXPECT_TRUE(save(files, volume));
             expectBoth(volume, true);
-            EXPECT_TRUE(nothingBeside(volume));
+            EXPECT_TRUE(noTemporaryFile(volume));
         }
         ASSERT_FALSE(HasFailure()) << "pulled at operation " << pulled + 1;
     }
@@ -123,7 +123,7 @@ TEST_F(DeviceTest, AnyFreeSpaceGivesBothFilesOrNeither) {
         const bool done = save(files, volume);
         (done ? saved : refused)++;
         expectBoth(volume, done);
-        EXPECT_TRUE(nothingBeside(volume));
+        EXPECT_TRUE(noTemporaryFile(volume));
         volume.empty();
         ASSERT_FALSE(HasFailure()) << free << " bytes free";
     }
@@ -148,7 +148,7 @@ TEST_F(DeviceTest, AnyFreeSpaceLeavesWholeWorkingCopiesAndSnapshots) {
         EXPECT_TRUE(files.read(volume.at(u"List.ini")).bytes == (list ? newList : oldList));
         const bool user = replaceFile(files, volume.at(u"User.ini"), newUser);
         EXPECT_TRUE(files.read(volume.at(u"User.ini")).bytes == (user ? newUser : oldUser));
-        EXPECT_TRUE(nothingBeside(volume));
+        EXPECT_TRUE(noTemporaryFile(volume));
         std::filesystem::remove_all(volume.folder() + "/Recovery");
         volume.empty();
         ASSERT_FALSE(HasFailure()) << free << " bytes free";
@@ -163,7 +163,7 @@ TEST_F(DeviceTest, AReadOnlyVolumeStaysUnchanged) {
     EXPECT_FALSE(replaceFile(files, volume.at(u"List.ini"), newList));
     EXPECT_FALSE(Recovery(volume.at(u""), files).keep({newList, newUser}));
     expectBoth(volume, false);
-    EXPECT_TRUE(nothingBeside(volume));
+    EXPECT_TRUE(noTemporaryFile(volume));
 }
 
 TEST(DeviceTestLinks, AreNotFollowedForWriting) {

@@ -77,7 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     program.saver.SaveLists();
     promise(program.saver.ListsSaved(), "what was loaded can be saved");
-    promise(program.files.files.size() == 2, "nothing is left beside");
+    promise(program.files.files.size() == 2, "no temporary file is left");
     const auto saved = program.files.files;
     program.load();
     const std::vector<Rows> second = program.all();

@@ -26,7 +26,7 @@ protected:
         drm.appendRow({u"shown"});
     }
     bool gridsAreUntouched() const { return rowsOf(drm, 1) == Rows{{u"shown"}} && favourites.rowCount() == 0; }
-    bool nothingIsLeftBeside() const {
+    bool noTemporaryFileIsLeft() const {
         return std::none_of(files.files.begin(), files.files.end(),
                             [](const auto& file) { return file.first.ends_with(u".K7N"); });
     }
@@ -155,7 +155,7 @@ TEST_F(ReceiverCopiesTest, SaveCopiesTheSavedListsToTheReceiver) {
     EXPECT_EQ(files.files[u"/disk/User.ini"], userFile());
     EXPECT_NE(listFile().find("Programme=shown"), std::string::npos);
     EXPECT_NE(userFile().find("[kvt update end]"), std::string::npos);
-    EXPECT_TRUE(nothingIsLeftBeside());
+    EXPECT_TRUE(noTemporaryFileIsLeft());
 }
 
 TEST_F(ReceiverCopiesTest, SaveWithoutDiskStillSavesTheWorkingCopies) {
@@ -181,7 +181,7 @@ TEST_F(ReceiverCopiesTest, AFailedCopyOfEitherFileKeepsBothFilesOfTheReceiver) {
         receiver.SaveToReceiver();
         EXPECT_EQ(files.files[u"/disk/List.ini"], kList) << narrow(fault);
         EXPECT_EQ(files.files[u"/disk/User.ini"], kUser) << narrow(fault);
-        EXPECT_TRUE(nothingIsLeftBeside()) << narrow(fault);
+        EXPECT_TRUE(noTemporaryFileIsLeft()) << narrow(fault);
     }
     files.readOnly.clear();
     receiver.SaveToReceiver();

@@ -10,7 +10,7 @@
 
 // The temporary file for a path, in the same folder: "LIST.K7N" for "List.ini". A short name in capitals takes a single
 // entry of a FAT folder, and the root folder of a FAT volume has few.
-std::u16string besideOf(std::u16string_view path);
+std::u16string temporaryPathOf(std::u16string_view path);
 
 // Removes the temporary file that an interrupted run may have left.
 void removeLeftover(Files& files, std::u16string_view path);

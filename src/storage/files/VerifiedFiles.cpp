@@ -19,13 +19,13 @@ public:
         old_ = std::move(present.bytes);
         wasMissing_ = present.isMissing;
     }
-    bool writeBeside() {
+    bool writeTemporary() {
         removeLeftover(files_, path_);
-        return files_.write(besideOf(path_), bytes_, Flush::Now);
+        return files_.write(temporaryPathOf(path_), bytes_, Flush::Now);
     }
-    bool besideHolds() { return files_.readBack(besideOf(path_)).bytes == bytes_; }
+    bool temporaryHolds() { return files_.readBack(temporaryPathOf(path_)).bytes == bytes_; }
     void abandon() { removeLeftover(files_, path_); }
-    bool put() { return files_.rename(besideOf(path_), path_, Flush::Now) && holds(bytes_); }
+    bool put() { return files_.rename(temporaryPathOf(path_), path_, Flush::Now) && holds(bytes_); }
     // Room for the new bytes and, if they fail, for the old ones again.
     bool fitsInPlace(std::uint64_t free) const { return old_ && bytes_.size() <= old_->size() + free; }
     bool overwrite() {
@@ -36,7 +36,7 @@ public:
     void putBack() {
         abandon();
         if (!old_) {
-            // A file that cannot be read has no content to restore: it stays, or the new file in its place.
+            // A file that cannot be read has no content to restore. It stays, or the new file that replaced it does.
             if (wasMissing_ && files_.exists(path_)) {
                 files_.remove(path_);
             }
@@ -94,7 +94,7 @@ bool allOrNone(Replacements& replacements, Step step) {
     return false;
 }
 
-std::optional<std::uint64_t> freeBeside(Files& files, std::u16string_view path) {
+std::optional<std::uint64_t> freeSpaceAt(Files& files, std::u16string_view path) {
     return files.freeSpace(path.substr(0, std::min(path.find_last_of(u"/\\"), path.size())));
 }
 
@@ -113,8 +113,8 @@ bool replaceVerified(Files& files, const std::vector<NewFile>& newFiles) {
     for (Replacement& one : replacements) {
         one.readOld();
     }
-    if (all(replacements, [](Replacement& one) { return one.writeBeside(); })) {
-        if (all(replacements, [](Replacement& one) { return one.besideHolds(); })) {
+    if (all(replacements, [](Replacement& one) { return one.writeTemporary(); })) {
+        if (all(replacements, [](Replacement& one) { return one.temporaryHolds(); })) {
             return allOrNone(replacements, [](Replacement& one) { return one.put(); });
         }
         abandonAll(replacements);
@@ -122,15 +122,15 @@ bool replaceVerified(Files& files, const std::vector<NewFile>& newFiles) {
     }
     abandonAll(replacements);
     constexpr std::uint64_t kOverhead = 65'536;  // partly used clusters and folder entries, with a margin
-    const auto free = freeBeside(files, newFiles.front().path);
+    const auto free = freeSpaceAt(files, newFiles.front().path);
     if (!free || *free >= needed + kOverhead) {
         return false;  // there was room, so the disk is failing: stop before more is lost
     }
     return allOrNone(replacements, [&](Replacement& one) {
-        if (one.writeBeside()) {
-            return one.besideHolds() && one.put();
+        if (one.writeTemporary()) {
+            return one.temporaryHolds() && one.put();
         }
         one.abandon();
-        return one.fitsInPlace(freeBeside(files, newFiles.front().path).value_or(0)) && one.overwrite();
+        return one.fitsInPlace(freeSpaceAt(files, newFiles.front().path).value_or(0)) && one.overwrite();
     });
 }

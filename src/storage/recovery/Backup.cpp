@@ -114,7 +114,7 @@ void Backup::keep(std::u16string_view name, std::string_view bytes) {
 }
 
 void Backup::removeLeftovers() {
-    const std::u16string ending = besideOf(u"");
+    const std::u16string ending = temporaryPathOf(u"");
     for (const std::u16string& name : files_.list(folder_)) {
         if (name.ends_with(ending)) {
             files_.remove(pathOf(name));

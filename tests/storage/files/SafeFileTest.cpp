@@ -10,7 +10,7 @@
 namespace {
 
 constexpr auto kPath = u"/disk/List.ini";
-constexpr auto kBeside = u"/disk/LIST.K7N";
+constexpr auto kTemporary = u"/disk/LIST.K7N";
 
 // A disk of limited size, whose device may lose bytes written to a path.
 class SmallDisk : public FakeFiles {
@@ -61,9 +61,9 @@ public:
 
     std::size_t room = 1000;
     std::u16string losing;
-    int losses = 1000;  // readings of it that come back damaged
+    int losses = 1000;  // how many reads of it return damaged bytes
     std::u16string refusing;
-    int refusals = 0;  // writings of it that fail
+    int refusals = 0;  // how many writes of it fail
 };
 
 bool replaceVerified(Files& files, std::u16string_view path, std::string_view bytes) {
@@ -92,10 +92,10 @@ TEST_F(SafeFileTest, ReplacesAtomically) {
 }
 
 TEST_F(SafeFileTest, TheTemporaryNameIsShortAndInCapitals) {
-    EXPECT_EQ(besideOf(u"/the.disk/List.ini"), u"/the.disk/LIST.K7N");
-    EXPECT_EQ(besideOf(u"e:\\user.ini"), u"e:\\USER.K7N");
-    EXPECT_EQ(besideOf(u"/disk.d/lists"), u"/disk.d/LISTS.K7N");
-    EXPECT_EQ(besideOf(u"az\u00E9{`.b.csv"), u"AZ\u00E9{`.B.K7N");
+    EXPECT_EQ(temporaryPathOf(u"/the.disk/List.ini"), u"/the.disk/LIST.K7N");
+    EXPECT_EQ(temporaryPathOf(u"e:\\user.ini"), u"e:\\USER.K7N");
+    EXPECT_EQ(temporaryPathOf(u"/disk.d/lists"), u"/disk.d/LISTS.K7N");
+    EXPECT_EQ(temporaryPathOf(u"az\u00E9{`.b.csv"), u"AZ\u00E9{`.B.K7N");
 }
 
 TEST_F(SafeFileTest, CreatesAMissingFile) {
@@ -129,7 +129,7 @@ TEST_F(SafeFileTest, VerifiedReadsBackBeforeAndAfterReplacing) {
 
 TEST_F(SafeFileTest, VerifiedKeepsTheOldFileWhenTheTemporaryFileIsDamaged) {
     disk.files[kPath] = "old";
-    disk.losing = kBeside;
+    disk.losing = kTemporary;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
 }
@@ -144,7 +144,7 @@ TEST_F(SafeFileTest, VerifiedRestoresTheOldFileWhenTheNewOneIsDamagedAfterTheRen
 TEST_F(SafeFileTest, VerifiedPutsTheOldFileBackASecondTimeWhenItIsDamaged) {
     disk.files[kPath] = "old";
     disk.losing = kPath;
-    disk.losses = 3;  // the new one, then the old one before and after it is put back
+    disk.losses = 3;  // the new file, then the old one before and after it is restored
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
     EXPECT_EQ(countOf("onto /disk/List.ini"), 3);
@@ -156,7 +156,7 @@ TEST_F(SafeFileTest, VerifiedWritesTheOldBytesBackASecondTimeWhenThatFails) {
     disk.room = 12;
     disk.refusing = kPath;
     disk.losing = kPath;
-    // The new bytes reach the disk and are damaged; the old ones are refused once.
+    // The disk damages the new bytes and refuses the old ones once.
     class Refusing : public SmallDisk {
     public:
         FileRead readBack(std::u16string_view path) override {
@@ -173,11 +173,11 @@ TEST_F(SafeFileTest, VerifiedWritesTheOldBytesBackASecondTimeWhenThatFails) {
     EXPECT_EQ(refusing.refusals, -1) << "refused once, then written";
 }
 
-// What lies on a disk that is as good as full may be written in place; on one that has room the fault is the disk's.
+// Only a disk that is almost full justifies overwriting in place; with room left, the disk is failing.
 TEST_F(SafeFileTest, VerifiedWritesInPlaceUpToTheFreeSpaceOfAFullDisk) {
     constexpr std::uint64_t kFull = 3 + 65'536;
     disk.files[kPath] = "old";
-    disk.failing = {kBeside};
+    disk.failing = {kTemporary};
     disk.free = kFull;
     EXPECT_FALSE(replaceVerified(disk, kPath, "new"));
     expectOnly("old");
@@ -188,7 +188,7 @@ TEST_F(SafeFileTest, VerifiedWritesInPlaceUpToTheFreeSpaceOfAFullDisk) {
 
 TEST_F(SafeFileTest, VerifiedWritesInPlaceOnlyWhatSurelyFits) {
     disk.files[kPath] = "12345678";
-    disk.failing = {kBeside};
+    disk.failing = {kTemporary};
     disk.free = 2;
     EXPECT_FALSE(replaceVerified(disk, kPath, "abcdefghijk"));
     expectOnly("12345678");
@@ -282,7 +282,7 @@ TEST_F(SafeFileTestVerifiedPair, BothAreReplaced) {
 }
 
 TEST_F(SafeFileTestVerifiedPair, ADamagedSecondFileRestoresTheFirst) {
-    for (const auto* const fault : {kPath, kOther, kBeside, u"/disk/USER.K7N"}) {
+    for (const auto* const fault : {kPath, kOther, kTemporary, u"/disk/USER.K7N"}) {
         disk.losing = fault;
         EXPECT_FALSE(replace());
         EXPECT_EQ(disk.files, old);
@@ -290,7 +290,7 @@ TEST_F(SafeFileTestVerifiedPair, ADamagedSecondFileRestoresTheFirst) {
 }
 
 TEST_F(SafeFileTestVerifiedPair, LeftoversOfAnEarlierAttemptAreReplaced) {
-    disk.files[kBeside] = "half";
+    disk.files[kTemporary] = "half";
     disk.files[u"/disk/USER.K7N"] = "half";
     EXPECT_TRUE(replace());
     EXPECT_EQ(disk.files, both);
@@ -307,19 +307,19 @@ TEST_F(SafeFileTestVerifiedPair, EachUsesTheSpaceLeftByTheOther) {
 
 TEST_F(SafeFileTestVerifiedPair, ADiskThatFailsWithRoomLeftIsNotWrittenInPlace) {
     disk.room = 1'000'000;
-    disk.failing = {kBeside};
+    disk.failing = {kTemporary};
     EXPECT_FALSE(replace());
     EXPECT_EQ(disk.files, old);
     EXPECT_EQ(std::count(disk.accesses.begin(), disk.accesses.end(), "write /disk/List.ini"), 0);
 }
 
 TEST_F(SafeFileTestVerifiedPair, AWholeNewFileIsNeverTornByPuttingTheOldOneBack) {
-    // The second file is damaged, and then nothing can be written beside the first one.
+    // The second file is damaged, and then nothing can be written next to the first one.
     class Failing : public SmallDisk {
     public:
         FileRead readBack(std::u16string_view path) override {
             if (path == kOther) {
-                failing = {kBeside};
+                failing = {kTemporary};
             }
             return SmallDisk::readBack(path);
         }
@@ -349,7 +349,7 @@ TEST_F(SafeFileTest, WithoutAFlushReadersFindTheNewFileButAPowerCutMayDamageIt) 
         expectOnly("1234");
         disk.cutPower([fate = fate](std::u16string_view) { return fate; });
         EXPECT_EQ(disk.files[kPath], left);
-        disk.files.erase(kBeside);
+        disk.files.erase(kTemporary);
     }
     ASSERT_TRUE(replaceFile(disk, kPath, "flushed"));
     disk.cutPower([](std::u16string_view) { return Fate::Old; });
@@ -358,7 +358,7 @@ TEST_F(SafeFileTest, WithoutAFlushReadersFindTheNewFileButAPowerCutMayDamageIt) 
 
 TEST_F(SafeFileTest, AFailedUnflushedReplacementKeepsTheOldFile) {
     disk.files[kPath] = "old";
-    disk.failing = {kBeside};
+    disk.failing = {kTemporary};
     EXPECT_FALSE(replaceFile(disk, kPath, "new", Flush::Later));
     disk.failing = {kPath};
     EXPECT_FALSE(replaceFile(disk, kPath, "new", Flush::Later));
@@ -373,7 +373,7 @@ TEST_F(SafeFileTest, SeveralAreReplacedAndDurableTogether) {
 }
 
 TEST_F(SafeFileTest, AFailureOfOneFileDoesNotPreventTheOthers) {
-    for (const auto* const fault : {kPath, kBeside}) {
+    for (const auto* const fault : {kPath, kTemporary}) {
         disk.files = {{kPath, "old"}};
         disk.failing = {fault};
         EXPECT_FALSE(replaceFiles(disk, {NewFile{kPath, "list"}, NewFile{kOther, "user"}}));
