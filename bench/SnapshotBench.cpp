@@ -1,5 +1,5 @@
-// What a command pays so that a killed run does not lose it: composing both files of four lists and keeping them,
-// flushed, in the folder that TMPDIR names.
+// Measures what crash recovery adds to a command: composing both files of four lists and writing them, flushed, to the
+// folder named by TMPDIR.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 

@@ -1,5 +1,5 @@
 // Writes a "List.ini" and a "User.ini" as a save leaves them. Usage: write_lists FOLDER/ RECORDS mixed|latin, where
-// the last one says in which scripts the names are.
+// the last argument selects the scripts of the names.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>

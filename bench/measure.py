@@ -24,7 +24,7 @@ PLOT = ROOT / 'docs/growth.svg'
 START_ROUNDS = 11
 CALL_ROUNDS = 3
 WORSE = 1.25  # a ratio past this many times the written one fails the check
-NOISE = 0.01  # ratios below this are chance: the other side has not even been measured in turns with ours
+NOISE = 0.01  # ratios below this vary by chance: their two sides are not measured in turns
 # Compared with their bound, since the figure depends on the machine. One that misses its bound is compared with the
 # written figure like a ratio, so that it does not get worse.
 ABSOLUTE = (' ms', ' wake-ups')

@@ -1,4 +1,4 @@
-"""When scripts/bench --check takes a figure for worse, and what it reads from the page."""
+"""Which figures fail scripts/bench --check, and how it reads the page."""
 import contextlib
 import io
 import pathlib

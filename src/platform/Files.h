@@ -68,8 +68,8 @@ public:
     // Bytes available to this user on the folder's volume; nullopt if unknown.
     virtual std::optional<std::uint64_t> freeSpace(std::u16string_view folder) = 0;
 
-    // The same files by the same paths, but what is in this folder is reached through the folder as it is now: what
-    // takes its place later, such as the folder below a mount point that is unmounted, is never touched. Its volume is
-    // in use as long as the result lives. Null if there is no such folder.
+    // Opens a folder. In the result, paths inside it refer to the folder as opened, even if another takes its place
+    // later, such as the folder below a mount point that is unmounted; other paths are as usual. The result keeps the
+    // volume in use. Null if there is no such folder.
     virtual std::unique_ptr<Files> openFolder(std::u16string_view folder) = 0;
 };

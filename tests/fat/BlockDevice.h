@@ -22,7 +22,7 @@ public:
     BlockDevice& operator=(const BlockDevice&) = delete;
 
     bool isAttached() const { return device_ >= 0; }
-    // Counts, records and, by the plan, fails the requests from here on.
+    // From now on counts and records the requests, and fails those planned.
     void start(const DeviceFaults& faults);
     void mark();
     bool faultReached();

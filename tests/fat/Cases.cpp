@@ -7,7 +7,7 @@ namespace {
 
 constexpr const char* kDesktop = "uid=1000,gid=1000,shortname=mixed,utf8=1,showexec,flush";
 constexpr int kSlots = 16;   // entries in a sector of a FAT folder
-constexpr int kAcross = 11;  // before the files: the names that a save writes cross a sector then
+constexpr int kAcross = 11;  // fillers after which the entries that a save writes span two sectors
 
 const std::vector<std::string> kOperations{"replace", "first", "folder", "full", "crowded"};
 const std::vector<std::string> kFaults{"write-once", "write-for-good", "flush-once", "flush-for-good",
@@ -17,7 +17,7 @@ bool isQuick(const std::string& operation, const std::string& options) {
     return options == "default" ? operation != "full" : operation == "replace";
 }
 
-// Those of a root folder that is filled up have no say in where the names lie.
+// In a full root folder the only free entries are at its end, whatever comes before the files.
 int alignmentsOf(const Settings& settings, const std::string& operation) {
     return operation == "crowded" ? 1 : settings.alignments;
 }
@@ -31,7 +31,7 @@ void addFat(std::vector<Case>& cases, const Settings& settings, const std::strin
         }
     }
     for (const std::string& fault : kFaults) {
-        // That disk is found among the mounted ones, by its capacity.
+        // This fault needs the search by capacity among the mounted disks.
         const bool isPossible = fault != "unmounted" || image == "fat1024";
         if (isPossible && (settings.thorough || options == "default")) {
             cases.push_back({"vfat", image, options, "replace", 0, fault});

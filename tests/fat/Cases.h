@@ -7,14 +7,14 @@
 struct Settings {
     std::string recorder;   // the program that the kernel runs
     std::string table;      // where the table of states goes; empty: nowhere
-    std::string page;       // whose table of states is replaced; empty: none
-    std::string only;       // cases whose name holds this
+    std::string page;       // the page whose table of states is replaced; empty: none
+    std::string only;       // runs only cases whose name contains this
     bool thorough = false;  // every volume and every set of mount options
-    int alignments = 1;     // how many positions of the names in their sector, up to 16
+    int alignments = 1;     // how many positions of the folder entries in their sector to try, up to 16
     int kills = 3;          // kernels that are killed during a save
     int seconds = 900;      // for the kernel's run
 };
-// From "--recorder=PROGRAM", "--thorough" and so on; arguments of other names are passed over.
+// From "--recorder=PROGRAM", "--thorough" and so on; ignores other arguments.
 Settings settingsOf(const std::vector<std::string>& arguments);
 
 struct Case {

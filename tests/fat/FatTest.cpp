@@ -22,7 +22,7 @@ namespace {
 
 Settings settings;
 
-// What the next start shows on the files of a program folder.
+// What the next start shows with these files in the program folder.
 std::u16string shownBy(const Tree& tree) {
     FakeFiles files;
     for (const auto& [path, bytes] : tree) {
@@ -55,7 +55,7 @@ bool isWhole(const Case& one, const Tree& tree, int returned) {
     const bool list = holds(u"List.ini", kOldList, kNewList);
     const bool user = holds(u"User.ini", kOldUser, kNewUser);
     if (one.operation == "full" && returned == 0) {
-        // Without room for second copies one after the other is overwritten in place, and a cut may tear that one.
+        // Without room for second copies the files are overwritten in place, one by one; a cut may tear one of them.
         const auto other = tree.find(u"FILLER");
         return (list || user) && other != tree.end() && other->second &&
                other->second->find_first_not_of('f') == std::string::npos;

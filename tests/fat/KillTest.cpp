@@ -1,4 +1,4 @@
-// A kernel that is killed during a save: what it has given to the device by then is all that there is.
+// A kernel that is killed during a save: only what it has written to the device remains.
 #include "fat/KillTest.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@
 
 namespace {
 
-// A kernel in a process group of its own that saves to an image until this object goes.
+// A kernel in its own process group that saves to an image until this object is destroyed.
 class SavingKernel {
 public:
     SavingKernel(const std::string& recorder, const WorkFolder& work, const std::string& image) {
@@ -36,7 +36,7 @@ public:
         arguments.push_back(nullptr);
         process_ = ::fork();
         if (process_ == 0) {
-            ::setsid();  // the kernel would do it itself, and its group must be known
+            ::setsid();  // the kernel would call it later, but the destructor must know the group
             ::setenv("HOME", work.path().c_str(), 1);
             ::dup2(console[1], STDOUT_FILENO);
             ::close(console[0]);
@@ -50,7 +50,7 @@ public:
     ~SavingKernel() {
         ::kill(-process_, SIGKILL);
         ::waitpid(process_, nullptr, 0);
-        // The end comes when the last of its processes is gone.
+        // The pipe ends when the last process of the kernel has exited.
         std::array<char, 64> rest{};
         while (::read(console_, rest.data(), rest.size()) > 0) {
         }
@@ -59,7 +59,7 @@ public:
     SavingKernel(const SavingKernel&) = delete;
     SavingKernel& operator=(const SavingKernel&) = delete;
 
-    // False: the kernel has ended before.
+    // False: the kernel ended first.
     bool awaitOperations(int count) const {
         char next = 0;
         while (count > 0 && ::read(console_, &next, 1) == 1) {
@@ -90,7 +90,7 @@ void expectWholeFilesAfterKills(const std::string& recorder, int kills) {
     for (int kill = 1; kill <= kills; ++kill) {
         const std::string image = work.at("killed");
         ASSERT_TRUE(succeeds("cp " + work.at("fat1024") + " " + image));
-        constexpr int kOperations = 9;  // of a save; a number prime to it reaches each of them in turn
+        constexpr int kOperations = 9;  // of a save; a step that is prime to it reaches each in turn
         {
             const SavingKernel kernel(recorder, work, image);
             ASSERT_TRUE(kernel.awaitOperations(1 + kill * (kOperations + 2))) << "needs linux.uml";

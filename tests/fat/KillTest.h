@@ -2,5 +2,5 @@
 
 #include <string>
 
-// Kills so many kernels, each during a save to a disk, and reads the disk as it is and after a check.
+// Kills that many kernels, each during a save to a disk, and reads the disk as found and after a check.
 void expectWholeFilesAfterKills(const std::string& recorder, int kills);

@@ -1,4 +1,4 @@
-// Disk images: made, checked and read without mounting them.
+// Creates, checks and reads disk images without mounting them.
 #pragma once
 
 #include <string>
@@ -24,7 +24,7 @@ std::string contentOf(const std::string& path);
 // One of each kind that Case::image names, empty.
 bool makeImages(const WorkFolder& work);
 
-// What a file system holds: by path; nullopt: the file cannot be read.
+// The files of a file system by path; nullopt: the file cannot be read.
 using Tree = FatImage::Tree;
 
 class Medium {
@@ -32,7 +32,7 @@ public:
     explicit Medium(const WorkFolder& work) : file_(work.at("state")) {}
 
     static Tree rawFat(const std::string& bytes) { return FatImage(bytes).files(); }
-    // After a check that puts right what it finds; nothing if it fails.
+    // After a check that repairs the file system; empty if the check fails.
     Tree checkedFat(const std::string& bytes) const;
     Tree checkedExt(const std::string& bytes) const;
 

@@ -38,7 +38,7 @@ public:
     }
 
 private:
-    // Answers every box with OK: the files may make one appear.
+    // Answers every box with OK: failing files may show one.
     class AnyMessageBox : public StandardMessageBox {
     public:
         int show(std::u16string_view, int, std::u16string_view) override { return BoxAnswer::Ok; }

@@ -1,4 +1,4 @@
-// How many states were tried and how many of them broke a promise, as a table of docs/reliability.md.
+// How many states were tried and how many of them broke a promise: the table in docs/reliability.md.
 #pragma once
 
 #include <map>
@@ -12,5 +12,5 @@ struct StateRow {
 using StateTable = std::map<std::string, StateRow>;  // by Case::rowName()
 
 std::string tableOf(const StateTable& table);
-// Replaces what stands between the marks of the page. False: the page has no marks or cannot be written.
+// Replaces the table between the marks of the page. False: the page has no marks or cannot be written.
 bool replaceTable(const std::string& page, const std::string& table);

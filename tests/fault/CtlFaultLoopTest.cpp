@@ -183,8 +183,8 @@ private:
         }
     }
 
-    // A command that says that it is done has done it. One that fails has changed nothing, unless the process was gone
-    // before it could put back what it had begun; both files are old or new then.
+    // A command that reports success has changed the lists. One that fails has changed nothing, unless its process was
+    // killed before it could undo its first steps; the lists are then old or new.
     void checkLists(const FakeFiles& before, const FakeFiles& done, const Outcome& run, bool isKilled) const {
         const Shown shown = shownAfter(run.left);
         const bool isDone = run.exit == kDone;

@@ -112,8 +112,8 @@ bool PosixFiles::rename(std::u16string_view from, std::u16string_view to, Flush 
 
 bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(folderOf(at(path))); }
 
-// A rename over a file is flushed after the folder: until then the entry may lead to the old clusters. A rename to a
-// new name is flushed before it, since a new entry without its file would be empty.
+// A file that replaced another is flushed after the folder, as its entry may still locate the old clusters until then.
+// A file with a new name is flushed before the folder, as a new entry would otherwise describe an empty file.
 bool PosixFiles::flushFolder(const PosixPath& folder) {
     const auto flushMoved = [&](bool replacing) {
         return std::count_if(renamings_.begin(), renamings_.end(), [&](const Renaming& renaming) {

@@ -30,9 +30,9 @@ public:
     std::unique_ptr<Files> openFolder(std::u16string_view folder) override;
 
 private:
-    // A rename that is not durable yet. FAT keeps the location of a file in its folder entry and writes that entry with
-    // the file, not with the folder. Until then the entry leads to the clusters of the replaced file, which are not
-    // reused while `replaced` is open.
+    // A rename that is not durable yet. FAT stores the location of a file in its folder entry and writes the entry when
+    // the file is flushed, not the folder. Until then the entry on the device locates the clusters of the replaced
+    // file, which are not reused while `replaced` is open.
     struct Renaming {
         std::string folder;
         PosixFile moved;
@@ -44,6 +44,6 @@ private:
     bool flushFolder(const PosixPath& folder);
 
     std::vector<Renaming> renamings_;
-    std::string folder_;                 // what starts with it is reached through opened_
-    std::unique_ptr<PosixFile> opened_;  // null: every path is the system's own
+    std::string folder_;                 // paths inside it are relative to opened_
+    std::unique_ptr<PosixFile> opened_;  // null: all paths are absolute
 };

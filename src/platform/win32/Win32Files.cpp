@@ -147,8 +147,8 @@ bool Win32Files::rename(std::u16string_view from, std::u16string_view to, Flush 
     return flush == Flush::Later || flushFolderOf(to);
 }
 
-// Folders cannot be flushed. Flushing a file writes its own folder entry, where FAT keeps the location of the file, and
-// flushes the journal of NTFS, which has all names.
+// Folders cannot be flushed. Flushing a file writes its folder entry, in which FAT stores the location of the file, and
+// on NTFS the journal, which contains all names.
 bool Win32Files::flushFolderOf(std::u16string_view path) {
     moved_.emplace_back(path);
     const auto refused = std::count_if(moved_.begin(), moved_.end(), [](const std::u16string& name) {
@@ -204,7 +204,7 @@ std::optional<std::uint64_t> Win32Files::freeSpace(std::u16string_view folder) {
     return available.QuadPart;
 }
 
-// No folder lies below a drive letter: when the volume goes, every path on it fails.
+// A drive letter hides no folder: once the volume is removed, every path on it fails.
 std::unique_ptr<Files> Win32Files::openFolder(std::u16string_view folder) {
     const DWORD attributes = GetFileAttributesW((toWide(folder) + L"\\").c_str());
     const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;

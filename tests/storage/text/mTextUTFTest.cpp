@@ -284,7 +284,7 @@ TEST_F(mTextUTFTest, AppendingToAMissingFileWithAnUnknownDefaultCreatesAnEmptyFi
 TEST_F(mTextUTFTest, AppendingToAFileOfUnknownFormatIsAFailure) {
     files.files[kPath] = "old";
     files.failing.insert(kPath);
-    EXPECT_FALSE(append(u"a", TextFormat::Detect)) << "its format cannot be told";
+    EXPECT_FALSE(append(u"a", TextFormat::Detect)) << "its format cannot be detected";
     files.failing.clear();
     files.sizes[kPath] = 0x80000000U;
     EXPECT_FALSE(append(u"a", TextFormat::Detect)) << "it is too large to look at";
