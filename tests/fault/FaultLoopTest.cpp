@@ -5,29 +5,27 @@
 #include <algorithm>
 #include <functional>
 #include <iostream>
-#include <memory>
+#include <string>
+#include <vector>
 
-#include "fakes/FakePlatform.h"
+#include "fakes/FakeFiles.h"
 #include "fakes/Text.h"
 #include "fault/FaultyFiles.h"
+#include "fault/FaultyRun.h"
 #include "fault/LongLists.h"
-#include "shell/MainForm.h"
 #include "storage/ini/IniReader.h"
 #include "storage/lists/ListFile.h"
 #include "storage/text/Utf8.h"
 
 namespace {
 
-using Texts = std::vector<std::u16string>;  // the programmes of the four lists
+using Texts = FaultyRun::Programmes;
 
 constexpr const char16_t* kList = u"/app/List.ini";
 constexpr const char16_t* kUser = u"/app/User.ini";
 constexpr const char16_t* kReceiverList = u"/rx/List.ini";
 constexpr const char16_t* kReceiverUser = u"/rx/User.ini";
 
-constexpr const char* kSchedule =
-    "[DRMSchedule]\r\nStartStopTimeUTC=0600-0730\r\nDays=1234567\r\nFrequency=7000\r\nTarget=Asia\r\nPower=10\r\n"
-    "Programme=Synced\r\nLanguage=English\r\nSite=A\r\nCountry=XA\r\n";
 const std::string kEnd = "\r\n[kvt update end]\r\n";
 
 std::string listFile(const std::string& programme) {
@@ -45,71 +43,9 @@ std::string userFile(const std::string& programme) {
            programme + "\r\nFrequency=198\r\nTYPE=AM\r\nUserDef=0\r\n" + kEnd;
 }
 
-// Answers every box with OK: faults may change which box appears.
-class AnyMessageBox : public StandardMessageBox {
-public:
-    int show(std::u16string_view, int, std::u16string_view) override { return BoxAnswer::Ok; }
-};
-
-// A run of the program, from its start until it is destroyed.
-class Process {
-public:
-    Process(const FakeFiles& disk, const FaultPlan& plan) {
-        platform_.files = disk;
-        platform_.connectReceiver(u"/rx/");
-        platform_.httpClient.answer.body = kSchedule;
-        files_.plan(plan);
-        form_ = std::make_unique<MainForm>(bundle());
-        form_->Form_Load();
-    }
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
-
-    void edit() {
-        if (platform_.rows(0).rowCount() == 0) {
-            couldEdit_ = false;
-            return;
-        }
-        platform_.gridViews[0].grid->setSelected(1, true);
-        platform_.grid(0).itemDoubleClicked();
-        platform_.editBox.content = u"Edited";
-        platform_.editBox.listener->enterPressed();
-    }
-    void choose(MenuItem item) { platform_.popupMenu.listener->menuChosen(item); }
-    void close() { platform_.mainWindow.close(); }
-
-    FakeFiles& disk() { return platform_.files; }
-    const FaultyFiles& files() const { return files_; }
-    // False if a list that could not be read left nothing to edit.
-    bool couldEdit() const { return couldEdit_; }
-    Texts programmes() {
-        Texts texts(kListCount);
-        for (int tab = 0; tab < kListCount; ++tab) {
-            for (int row = 1; row <= platform_.rows(tab).rowCount(); ++row) {
-                texts[static_cast<std::size_t>(tab)] += std::u16string(platform_.rows(tab).text(row, 1)) + u';';
-            }
-        }
-        return texts;
-    }
-
-private:
-    Platform bundle() {
-        const Platform& p = platform_.bundle;
-        return {p.gridViews,  p.tabs,        p.editBox,        p.statusBar, p.popupMenu,    box_,
-                p.windowHook, p.addFormView, p.mainWindow,     files_,      p.volumes,      p.httpClient,
-                p.codePages,  p.textCompare, p.singleInstance, p.clock,     p.programFolder};
-    }
-
-    FakePlatform platform_;
-    FaultyFiles files_{platform_.files};
-    bool couldEdit_ = true;
-    AnyMessageBox box_;
-    std::unique_ptr<MainForm> form_;
-};
-
 struct Scenario {
     const char* name;
-    std::function<void(Process&)> run;
+    std::function<void(FaultyRun&)> run;
     bool closes;
     // What the next start may show; the first is what it shows if the run met no fault, the last if the run changed
     // nothing.
@@ -125,25 +61,25 @@ const Texts kSynced = {u"Synced;", u"中;", u"", u"Favourite;"};
 
 const std::vector<Scenario>& scenarios() {
     static const std::vector<Scenario> all = {
-        {"start", [](Process&) {}, false, {kOld}, true},
-        {"start and close", [](Process& p) { p.close(); }, true, {kOld}, true},
-        {"edit", [](Process& p) { p.edit(); }, false, {kEdited, kOld}, true},
-        {"edit and close", [](Process& p) { p.edit(), p.close(); }, true, {kEdited, kOld}, true},
-        {"save", [](Process& p) { p.edit(), p.choose(MenuItem::SaveToReceiver); }, false, {kEdited, kOld}, true},
+        {"start", [](FaultyRun&) {}, false, {kOld}, true},
+        {"start and close", [](FaultyRun& p) { p.close(); }, true, {kOld}, true},
+        {"edit", [](FaultyRun& p) { p.edit(); }, false, {kEdited, kOld}, true},
+        {"edit and close", [](FaultyRun& p) { p.edit(), p.close(); }, true, {kEdited, kOld}, true},
+        {"save", [](FaultyRun& p) { p.edit(), p.choose(MenuItem::SaveToReceiver); }, false, {kEdited, kOld}, true},
         {"save and close",
-         [](Process& p) { p.edit(), p.choose(MenuItem::SaveToReceiver), p.close(); },
+         [](FaultyRun& p) { p.edit(), p.choose(MenuItem::SaveToReceiver), p.close(); },
          true,
          {kEdited, kOld},
          true},
-        {"load", [](Process& p) { p.choose(MenuItem::LoadFromReceiver); }, false, {kLoaded, kOld}, false},
+        {"load", [](FaultyRun& p) { p.choose(MenuItem::LoadFromReceiver); }, false, {kLoaded, kOld}, false},
         {"load and close",
-         [](Process& p) { p.choose(MenuItem::LoadFromReceiver), p.close(); },
+         [](FaultyRun& p) { p.choose(MenuItem::LoadFromReceiver), p.close(); },
          true,
          {kLoaded, kOld},
          false},
-        {"sync", [](Process& p) { p.choose(MenuItem::SyncInternet); }, false, {kSynced, kOld}, false},
+        {"sync", [](FaultyRun& p) { p.choose(MenuItem::SyncInternet); }, false, {kSynced, kOld}, false},
         {"sync and close",
-         [](Process& p) { p.choose(MenuItem::SyncInternet), p.close(); },
+         [](FaultyRun& p) { p.choose(MenuItem::SyncInternet), p.close(); },
          true,
          {kSynced, kOld},
          false},
@@ -177,7 +113,7 @@ Scenario ofLongLists(Scenario scenario) {
 
 // An interrupted run leaves UTF-16 working copies and its snapshots.
 FakeFiles diskOfAKilledRun() {
-    Process killed(soundDisk(), {});
+    FaultyRun killed(soundDisk(), {});
     return killed.disk();
 }
 
@@ -226,7 +162,7 @@ protected:
         bool reached = false;
         bool couldEdit = true;
         {
-            Process process(disk, plan);
+            FaultyRun process(disk, plan);
             scenario.run(process);
             left = process.disk();
             couldEdit = process.couldEdit();
@@ -254,7 +190,7 @@ protected:
         FakeFiles left;
         bool reached = false;
         {
-            Process process(disk, {DiskFault::InputOutput, n, 0, true});
+            FaultyRun process(disk, {DiskFault::InputOutput, n, 0, true});
             scenario.run(process);
             left = process.disk();
             reached = process.files().firstFailed();
@@ -273,7 +209,7 @@ protected:
         FakeFiles left;
         bool reached = false;
         {
-            Process process(disk, {DiskFault::InputOutput, n, 0, true});
+            FaultyRun process(disk, {DiskFault::InputOutput, n, 0, true});
             scenario.run(process);
             left = process.disk();
             reached = process.files().firstFailed();
@@ -281,7 +217,7 @@ protected:
         faults += reached ? 1 : 0;
         left.files[kList] = listFile("Foreigner");
         left.files.erase(kUser);
-        Process next(left, {});
+        FaultyRun next(left, {});
         EXPECT_EQ(next.programmes(), (Texts{u"Foreigner;", u"中;", u"", u""}));
         next.close();
         EXPECT_EQ(next.disk().files[kList], listFile("Foreigner"));
@@ -299,7 +235,7 @@ protected:
     static void checkRestart(const Scenario& scenario, const FakeFiles& left, bool first, bool sound) {
         FakeFiles afterwards;
         {
-            Process next(left, {});
+            FaultyRun next(left, {});
             const auto shown = next.programmes();
             const auto end = first ? scenario.outcomes.begin() + 1 : scenario.outcomes.end();
             EXPECT_NE(std::find(scenario.outcomes.begin(), end, shown), end)
@@ -344,7 +280,7 @@ TEST_P(FaultLoopTest, AChangeBehindASnapshotFails) {
         if (!name.starts_with("edit") && !name.starts_with("save")) {
             continue;
         }
-        Process sound(longDisk(), {});
+        FaultyRun sound(longDisk(), {});
         scenario.run(sound);
         EXPECT_TRUE(LongLists::changeWasAppended(sound.disk()));
         for (const bool forGood : {false, true}) {
