@@ -57,6 +57,7 @@ struct Options {
 
     std::u16string source;  // empty: the working copies; for backup commands: the backup
     std::optional<ListKind> list;
+    bool isListOrSource = false;  // show: `source` may have been meant as a list
     // find
     std::u16string text;
     std::optional<FrequencyRange> kHz;

@@ -9,6 +9,11 @@
 #include "ctl/Sources.h"
 
 Exit showLists(Services& services, const Options& options) {
+    if (options.isListOrSource && options.source != kReceiver && !options.source.starts_with(kBackupPrefix) &&
+        !services.files.exists(absolutePath(services.currentFolder, options.source))) {
+        return fileFault(services.console, options.source,
+                         u"is none of drm, am, fm and fav, and there is no such file or folder");
+    }
     Exit fault = Exit::Done;
     Lists lists;
     const auto source = openSource(services, options.source, lists, fault);

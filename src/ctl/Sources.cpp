@@ -12,9 +12,6 @@
 
 namespace {
 
-constexpr std::u16string_view kReceiver = u"receiver";
-constexpr std::u16string_view kBackupPrefix = u"backup:";
-
 using Opened = std::optional<SourceFiles>;
 
 bool isSeparator(char16_t unit) { return unit == u'/' || unit == u'\\'; }

@@ -11,6 +11,8 @@
 #include "storage/lists/ListFile.h"
 #include "storage/lists/WorkingCopies.h"
 
+inline constexpr std::u16string_view kReceiver = u"receiver";
+inline constexpr std::u16string_view kBackupPrefix = u"backup:";
 inline constexpr std::u16string_view kNoReceiver = u"no disk is the receiver's; connect it and try again";
 
 struct SourceFiles {
