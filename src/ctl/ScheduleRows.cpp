@@ -23,13 +23,9 @@ constexpr std::u16string_view kMidnight = u"2400";
 bool isAddress(std::u16string_view input) { return input.starts_with(u"http://") || input.starts_with(u"https://"); }
 
 Exit download(Services& services, std::u16string_view address, std::string& bytes) {
-    if (services.console.showsProgress()) {
-        services.console.writeError("Downloading...");
-    }
+    services.progress.begin();
     auto body = Downloader(services.httpClient, services.files).fetch(std::u16string(address));
-    if (services.console.showsProgress()) {
-        services.console.writeError(body ? " " + std::to_string(body->size()) + " bytes\n" : "\n");
-    }
+    services.progress.end();
     if (!body) {
         complain(services.console, std::u16string(address) + u": the download failed");
         return Exit::Download;

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "ctl/DownloadProgress.h"
 #include "platform/Clock.h"
 #include "platform/CodePages.h"
 #include "platform/Console.h"
@@ -19,6 +20,7 @@ struct Services {
     SingleInstance& singleInstance;  // for `folder`
     Clock& clock;
     Console& console;
+    DownloadProgress& progress;    // updated by `httpClient`
     std::u16string folder;         // folder of the working copies, with trailing separator
     std::u16string currentFolder;  // base of relative paths, with trailing separator
 };

@@ -9,6 +9,7 @@
 
 #include "ctl/CommandLine.h"
 #include "ctl/Commands.h"
+#include "ctl/DownloadProgress.h"
 #include "ctl/WorkingFolder.h"
 #include "platform/posix/NativePath.h"
 #include "platform/posix/PosixClock.h"
@@ -43,9 +44,10 @@ int main(int argc, char** argv) {  // NOLINT(bugprone-exception-escape)
     const std::u16string folder = workingFolder(*options, current, folders, files);
     PosixCodePages codePages;
     PosixVolumes volumes;
-    PosixHttpClient httpClient;
+    DownloadProgress progress(console);
+    PosixHttpClient httpClient([&progress](const HttpProgress& soFar) { progress.update(soFar); });
     PosixSingleInstance singleInstance(folder);
     PosixClock clock;
-    Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, folder, current};
+    Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, progress, folder, current};
     return static_cast<int>(runCommand(services, *options));
 }

@@ -7,6 +7,7 @@
 
 #include "ctl/CommandLine.h"
 #include "ctl/Commands.h"
+#include "ctl/DownloadProgress.h"
 #include "ctl/Sources.h"
 #include "ctl/WorkingFolder.h"
 #include "platform/win32/WideText.h"
@@ -51,9 +52,10 @@ int wmain(int argc, wchar_t** argv) {
     const std::u16string folder = workingFolder(*options, current, folders, files);
     Win32CodePages codePages;
     Win32Volumes volumes;
-    Win32HttpClient httpClient;
+    DownloadProgress progress(console);
+    Win32HttpClient httpClient([&progress](const HttpProgress& soFar) { progress.update(soFar); });
     Win32SingleInstance singleInstance(folder);
     Win32Clock clock;
-    Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, folder, current};
+    Services services{files, codePages, volumes, httpClient, singleInstance, clock, console, progress, folder, current};
     return static_cast<int>(runCommand(services, *options));
 }

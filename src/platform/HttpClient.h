@@ -3,6 +3,8 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,6 +25,13 @@ struct HttpAnswer {
     std::string encoding;                        // Content-Encoding, as sent; empty: none
     std::string body;                            // as sent, still encoded
 };
+
+// The body of a response so far.
+struct HttpProgress {
+    std::uint64_t received = 0;              // bytes, still encoded
+    std::optional<std::uint64_t> announced;  // nullopt: unknown
+};
+using HttpObserver = std::function<void(const HttpProgress&)>;
 
 class HttpClient {
 public:

@@ -7,6 +7,7 @@
 
 #include "ctl/CommandLine.h"
 #include "ctl/Commands.h"
+#include "ctl/DownloadProgress.h"
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeConsole.h"
 #include "fakes/FakeFiles.h"
@@ -24,7 +25,8 @@ struct CtlProgram {
         if (const auto* const end = std::get_if<CommandLineEnd>(&parsed)) {
             return static_cast<int>(endCommandLine(console, *end));
         }
-        Services services{other, codePages, volumes, httpClient, singleInstance, clock, console, folder, u"/home/"};
+        Services services{other, codePages, volumes,  httpClient, singleInstance,
+                          clock, console,   progress, folder,     u"/home/"};
         return static_cast<int>(runCommand(services, std::get<Options>(parsed)));
     }
 
@@ -36,4 +38,5 @@ struct CtlProgram {
     FakeSingleInstance singleInstance;
     FakeClock clock;
     FakeConsole console;
+    DownloadProgress progress{console};
 };

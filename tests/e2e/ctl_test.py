@@ -4,11 +4,13 @@ Runs on every system. HALCYON_CTL: the program, HALCYON_HOLD: the program that h
 """
 import os
 import pathlib
+import pty
 import random
 import shutil
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 import unittest
 
@@ -50,6 +52,12 @@ IS_WINE = CTL[0] == WINE
 ENVIRONMENT = {**os.environ, "DISPLAY": "none", "LC_ALL": "C.UTF-8"} if IS_WINE else {**os.environ, "LC_ALL": "C"}
 
 
+def messages(errors):
+    """Standard error of the program, without Wine's own lines, such as those about drives of the host."""
+    return "".join(line for line in errors.decode("utf-8").splitlines(keepends=True)
+                   if line.strip() and not line.startswith("wine: "))
+
+
 class CtlCase(unittest.TestCase):
     maxDiff = 4000
 
@@ -76,10 +84,7 @@ class CtlCase(unittest.TestCase):
         done = subprocess.run(self.words(*words), cwd=self.root, env=ENVIRONMENT, input=given, capture_output=True,
                               timeout=120, check=False)
         self.last = f"{words}: {done.returncode} {done.stdout!r} {done.stderr!r}"
-        # Wine's own words about drives of the host are not the program's.
-        errors = "".join(line for line in done.stderr.decode("utf-8").splitlines(keepends=True)
-                         if line.strip() and not line.startswith("wine: "))
-        return done.returncode, done.stdout.decode("utf-8"), errors
+        return done.returncode, done.stdout.decode("utf-8"), messages(done.stderr)
 
     def succeed(self, *words, given=b""):
         code, out, errors = self.run_program(*words, given=given)
@@ -143,9 +148,15 @@ class Ends(CtlCase):
         for code, words, message in (
                 (1, ["find", "nothing like it"], "nothing found"),
                 (1, ["import", "bad.csv"], "bad.csv:1: frequency_khz is missing from the first line"),
-                (2, ["shwo"], "subcommand"),
-                (2, [], "subcommand"),
-                (3, ["show", "nowhere 中"], "nowhere 中: no such file or folder"),
+                (2, ["shwo"], '"shwo" is no command; the commands are show, find, check,'),
+                (2, [], "a command is missing; the commands are show, find, check,"),
+                (2, ["receiver", "laod"], '"laod" is no command of "receiver"; the commands are status, load and save'),
+                (2, ["show", "--jason"], '"--jason" is no option of "show"'),
+                (2, ["import", "a.csv", "--list", "中"], '--list: "中" is none of drm, am, fm and fav'),
+                (2, ["diff", "a"], '"diff" needs NEW'),
+                (2, ["check", "a", "b"], '"b" is one word too many for "check"'),
+                (3, ["show", "drn"], "drn: is none of drm, am, fm and fav, and there is no such file or folder"),
+                (3, ["check", "nowhere 中"], "nowhere 中: no such file or folder"),
                 (3, ["import", "nowhere.csv"], "nowhere.csv: no such file"),
                 (3, ["export", "-o", "no/folder/x.csv"], "x.csv: cannot be written"),
                 (4, ["receiver", "status"], "no disk is the receiver's"),
@@ -180,7 +191,7 @@ class Ends(CtlCase):
         process = self.start("show")
         self.assertTrue(process.stdout.readline().startswith(b"DRM List: 20000"))
         process.stdout.close()
-        self.assertEqual(process.stderr.read(), b"")
+        self.assertEqual(messages(process.stderr.read()), "")
         process.stderr.close()
         self.assertEqual(process.wait(timeout=60), 0)
 
@@ -195,6 +206,56 @@ class Ends(CtlCase):
         self.put(list_ini([("广播", "6095", "06:00-07:30", "Österreich")]), SAMPLE_USER)
         self.assertIn("广播", self.succeed("find", "österreich"[1:]))
         self.assertIn("Österreich", self.succeed("find", "广"))
+
+
+def read_until(terminal, end):
+    """What the program writes to the terminal up to these bytes, or all of it."""
+    seen = b""
+    while end is None or end not in seen:
+        try:
+            seen += os.read(terminal, 4096)
+        except OSError:  # the program has ended
+            return seen
+    return seen
+
+
+@unittest.skipIf(IS_WINE, "a terminal of this system is no console of Wine")
+class Terminals(CtlCase):
+    def test_a_terminal_shows_the_progress_of_a_download(self):
+        rest = threading.Event()
+        server = WebServer(SCHEDULE, rest=rest)
+        self.addCleanup(server.stop)
+        terminal, other = pty.openpty()
+        self.addCleanup(os.close, terminal)
+        process = subprocess.Popen(self.words("schedule", "show", server.address), cwd=self.root, env=ENVIRONMENT,
+                                   stdout=subprocess.PIPE, stderr=other)
+        os.close(other)
+        half = f"\rDownloading... {len(SCHEDULE) // 2} of {len(SCHEDULE)} bytes".encode()
+        seen = read_until(terminal, half)
+        self.assertTrue(seen.startswith(b"Downloading...\r"), seen)
+        self.assertIn(half, seen)
+        rest.set()
+        seen += read_until(terminal, None)
+        out, _ = process.communicate()
+        self.assertTrue(seen.endswith(f"\rDownloading... {len(SCHEDULE)} of {len(SCHEDULE)} bytes\r\n".encode()), seen)
+        self.assertEqual(seen.count(b"\n"), 1, seen)
+        self.assertEqual((process.returncode, b"6000" in out), (0, True))
+
+    def test_standard_error_that_is_no_terminal_shows_no_progress(self):
+        server = WebServer(SCHEDULE)
+        self.addCleanup(server.stop)
+        self.assertIn("6000", self.succeed("schedule", "show", server.address))
+
+    def test_colours_are_for_terminals_without_no_color(self):
+        for colour, environment in ((True, {}), (True, {"NO_COLOR": ""}), (False, {"NO_COLOR": "1"})):
+            terminal, other = pty.openpty()
+            process = subprocess.Popen(self.words("show", "am"), cwd=self.root, env={**ENVIRONMENT, **environment},
+                                       stdout=other, stderr=subprocess.PIPE)
+            os.close(other)
+            seen = read_until(terminal, None)
+            os.close(terminal)
+            self.assertEqual(process.communicate(), (None, b""))
+            self.assertEqual(b"\x1b[1m" in seen, colour, seen)
 
 
 class Kills(CtlCase):

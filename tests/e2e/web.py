@@ -4,9 +4,11 @@ import threading
 
 
 class WebServer:
-    """`address` is one of its addresses; `requests` are the paths asked for so far. It answers once the event is set."""
+    """`address` is one of its addresses; `requests` are the paths asked for so far.
 
-    def __init__(self, content, status=200, when=None):
+    It answers once the event `when` is set, and sends the second half of the content once `rest` is."""
+
+    def __init__(self, content, status=200, when=None, rest=None):
         self.requests = requests = []
 
         class Handler(http.server.BaseHTTPRequestHandler):
@@ -17,7 +19,11 @@ class WebServer:
                 self.send_response(status)
                 self.send_header("Content-Length", str(len(content)))
                 self.end_headers()
-                self.wfile.write(content)
+                first = len(content) if rest is None else len(content) // 2
+                self.wfile.write(content[:first])
+                if rest is not None:
+                    rest.wait()
+                    self.wfile.write(content[first:])
 
             def log_message(self, *_):
                 pass

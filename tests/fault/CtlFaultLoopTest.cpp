@@ -1,5 +1,5 @@
 // The commands that change the lists on files whose n-th operation fails, for every n until a run meets no fault: once,
-// or for good as if the process were killed there. Afterwards a sound process reads what is left.
+// or for good as if the process were killed or the power were cut there. Afterwards a sound process reads what is left.
 #include <gtest/gtest.h>
 
 #include <iostream>
@@ -134,20 +134,31 @@ std::pair<std::string, std::string> receiverOf(FakeFiles disk) {
     return {disk.files[kPaths[2]], disk.files[kPaths[3]]};
 }
 
-class CtlFaultLoopTest : public testing::TestWithParam<DiskFault> {
+class CtlLoop : public testing::Test {
 protected:
     void TearDown() override {
         EXPECT_GT(faults_, 0) << "no operation was hit";
         std::cout << runs_ << " runs, " << faults_ << " with a fault\n";
     }
 
-    void loop(const FakeFiles& disk, bool forGood) {
+    void loop(const FakeFiles& disk, DiskFault fault, bool forGood) {
         for (const Command& command : kCommands) {
             const Outcome sound(disk, command, {});
             ASSERT_EQ(sound.exit, kDone) << command.name << ": " << sound.errors;
             old_ = shownAfter(disk);
             new_ = shownAfter(sound.left);
-            for (int n = 1; check(disk, command, sound.left, {GetParam(), n, 0, forGood}) && !HasFailure(); ++n) {
+            for (int n = 1; check(disk, command, sound.left, {fault, n, 0, forGood}) && !HasFailure(); ++n) {
+            }
+        }
+    }
+
+    // Cuts the power at every operation. Files that were not flushed get the given fates; the others stay.
+    void cutPower(const FakeFiles& disk, FakeFiles::Fate list, FakeFiles::Fate user) {
+        for (const Command& command : kCommands) {
+            const Outcome sound(disk, command, {});
+            old_ = shownAfter(disk);
+            new_ = shownAfter(sound.left);
+            for (int n = 1; cut(disk, command, sound.left, n, list, user) && !HasFailure(); ++n) {
             }
         }
     }
@@ -167,6 +178,19 @@ private:
         }
         checkFiles(disk, done, run.left);
         checkLists(disk, done, run, plan.forGood);
+        return run.reached;
+    }
+
+    bool cut(const FakeFiles& disk, const Command& command, const FakeFiles& done, int n, FakeFiles::Fate list,
+             FakeFiles::Fate user) {
+        SCOPED_TRACE(std::string(command.name) + ": power cut at " + std::to_string(n) + ", fates " +
+                     std::to_string(static_cast<int>(list)) + " and " + std::to_string(static_cast<int>(user)));
+        Outcome run(disk, command, {DiskFault::InputOutput, n, 0, true});
+        ++runs_;
+        faults_ += run.reached ? 1 : 0;
+        run.left.cutPower([&](std::u16string_view path) { return path.find(u"User") != path.npos ? user : list; });
+        checkFiles(disk, done, run.left);
+        checkLists(disk, done, run, true);
         return run.reached;
     }
 
@@ -204,15 +228,33 @@ private:
     int faults_ = 0;
 };
 
+class CtlFaultLoopTest : public CtlLoop, public testing::WithParamInterface<DiskFault> {};
+class CtlFaultLoopTestPowerCut : public CtlLoop {};
+
 }  // namespace
 
-TEST_P(CtlFaultLoopTest, EveryOperationFailsOnce) { loop(soundDisk(), false); }
+TEST_P(CtlFaultLoopTest, EveryOperationFailsOnce) { loop(soundDisk(), GetParam(), false); }
 
-TEST_P(CtlFaultLoopTest, EveryOperationAndAllAfterItFail) { loop(soundDisk(), true); }
+TEST_P(CtlFaultLoopTest, EveryOperationAndAllAfterItFail) { loop(soundDisk(), GetParam(), true); }
 
-TEST_P(CtlFaultLoopTest, EveryOperationFailsOnceAfterAKilledRunOfTheWindow) { loop(diskWithSnapshot(), false); }
+TEST_P(CtlFaultLoopTest, EveryOperationFailsOnceAfterAKilledRunOfTheWindow) {
+    loop(diskWithSnapshot(), GetParam(), false);
+}
 
-TEST_P(CtlFaultLoopTest, EveryOperationAndAllAfterItFailAfterAKilledRunOfTheWindow) { loop(diskWithSnapshot(), true); }
+TEST_P(CtlFaultLoopTest, EveryOperationAndAllAfterItFailAfterAKilledRunOfTheWindow) {
+    loop(diskWithSnapshot(), GetParam(), true);
+}
+
+TEST_F(CtlFaultLoopTestPowerCut, AtEveryOperation) {
+    using Fate = FakeFiles::Fate;
+    for (const FakeFiles& disk : {soundDisk(), diskWithSnapshot()}) {
+        for (const Fate list : {Fate::Old, Fate::New, Fate::Empty, Fate::Torn}) {
+            for (const Fate user : {Fate::Old, Fate::New, Fate::Empty, Fate::Torn}) {
+                cutPower(disk, list, user);
+            }
+        }
+    }
+}
 
 INSTANTIATE_TEST_SUITE_P(Kinds, CtlFaultLoopTest, testing::ValuesIn(kFaults), [](const auto& kind) {
     std::string name = nameOf(kind.param);

@@ -29,7 +29,7 @@ public:
     Exchange(const Exchange&) = delete;
     Exchange& operator=(const Exchange&) = delete;
 
-    HttpAnswer run(const std::string& url, const std::function<bool()>& whileWaiting) {
+    HttpAnswer run(const std::string& url, const std::function<bool(const HttpProgress&)>& whileWaiting) {
         if (easy_ == nullptr || multi_ == nullptr || !setUrl(url)) {
             return {};
         }
@@ -78,7 +78,7 @@ private:
         return size;
     }
 
-    bool isCompleted(const std::function<bool()>& whileWaiting) {
+    bool isCompleted(const std::function<bool(const HttpProgress&)>& whileWaiting) {
         constexpr int kPollMilliseconds = 20;
         auto lastSign = std::chrono::steady_clock::now();
         std::uint64_t received = 0;
@@ -89,7 +89,7 @@ private:
             if (running == 0) {
                 int left = 0;
                 const CURLMsg* message = curl_.multiInfoRead(multi_, &left);
-                return message != nullptr && message->data.result == CURLE_OK;
+                return whileWaiting(progress()) && message != nullptr && message->data.result == CURLE_OK;
             }
             if (const std::uint64_t now = bytesReceived(); now != received) {
                 received = now;
@@ -100,10 +100,16 @@ private:
                 return false;
             }
             curl_.multiPoll(multi_, nullptr, 0, kPollMilliseconds, nullptr);
-            if (!whileWaiting()) {
+            if (!whileWaiting(progress())) {
                 return false;
             }
         }
+    }
+
+    HttpProgress progress() const {
+        curl_off_t announced = -1;
+        curl_.getInfo(easy_, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
+        return {body_.size(), announced < 0 ? std::nullopt : std::optional<std::uint64_t>(announced)};
     }
 
     // Counted at the socket: libcurl counts neither chunk extensions nor 1xx responses.
@@ -152,7 +158,8 @@ private:
 
 }  // namespace
 
-HttpAnswer httpGet(std::u16string_view url, const HttpLimits& limits, const std::function<bool()>& whileWaiting) {
+HttpAnswer httpGet(std::u16string_view url, const HttpLimits& limits,
+                   const std::function<bool(const HttpProgress&)>& whileWaiting) {
     const CurlLibrary curl;
     return curl.isLoaded() ? Exchange(curl, limits).run(nativePath(url), whileWaiting) : HttpAnswer{};
 }

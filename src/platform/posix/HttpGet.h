@@ -7,6 +7,7 @@
 
 #include "platform/HttpClient.h"
 
-// As HttpClient::get, but calls `whileWaiting` at least fifty times a second instead of repainting a window; false from
-// it aborts.
-HttpAnswer httpGet(std::u16string_view url, const HttpLimits& limits, const std::function<bool()>& whileWaiting);
+// As HttpClient::get, but calls `whileWaiting` at least fifty times a second, and at the end, instead of repainting a
+// window; false from it aborts.
+HttpAnswer httpGet(std::u16string_view url, const HttpLimits& limits,
+                   const std::function<bool(const HttpProgress&)>& whileWaiting);

@@ -14,7 +14,7 @@ HttpAnswer QtHttpClient::get(std::u16string_view url, const HttpLimits& limits) 
     std::atomic<bool> isWanted = true;
     QEventLoop loop;
     std::thread exchange([&] {
-        answer = httpGet(url, limits, [&isWanted] { return isWanted.load(); });
+        answer = httpGet(url, limits, [&isWanted](const HttpProgress&) { return isWanted.load(); });
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
     loop.exec();  // the program's end also ends it

@@ -1,6 +1,8 @@
 #include "platform/win32/HttpGet.h"
 
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -96,6 +98,13 @@ std::optional<std::string> narrowHeader(const WinHttp& http, HINTERNET request, 
     return text;
 }
 
+std::uint64_t lengthOf(const std::optional<std::string>& announced) {
+    std::uint64_t length = 0;
+    const char* const end = announced ? announced->data() + announced->size() : nullptr;
+    const bool isNumber = announced && std::from_chars(announced->data(), end, length).ptr == end && length > 0;
+    return isNumber ? length : HttpSigns::kUnknown;
+}
+
 // Empty if the response is no redirect.
 std::wstring redirectTarget(const WinHttp& http, HINTERNET request, const std::wstring& from) {
     const auto location = header(http, request, WINHTTP_QUERY_LOCATION);
@@ -107,8 +116,7 @@ std::wstring redirectTarget(const WinHttp& http, HINTERNET request, const std::w
     return target.data();
 }
 
-std::optional<std::string> readBody(const WinHttp& http, HINTERNET request, std::size_t mostBytes,
-                                    std::atomic<unsigned>& signs) {
+std::optional<std::string> readBody(const WinHttp& http, HINTERNET request, std::size_t mostBytes, HttpSigns& signs) {
     std::string body;
     std::vector<char> part(std::size_t{16} * 1024);
     for (;;) {
@@ -123,13 +131,14 @@ std::optional<std::string> readBody(const WinHttp& http, HINTERNET request, std:
             return std::nullopt;
         }
         body.append(part.data(), got);
-        ++signs;
+        signs.received = body.size();
+        ++signs.events;
     }
 }
 
 // Bodies of errors and redirects are not read, since they are not used.
 HttpAnswer receive(const WinHttp& http, HINTERNET request, const std::wstring& url, const HttpLimits& limits,
-                   std::atomic<unsigned>& signs) {
+                   HttpSigns& signs) {
     constexpr int kOk = 200;
     DWORD status = 0;
     DWORD size = sizeof status;
@@ -141,6 +150,8 @@ HttpAnswer receive(const WinHttp& http, HINTERNET request, const std::wstring& u
         return {};
     }
     HttpAnswer answer;
+    answer.announcedLength = narrowHeader(http, request, WINHTTP_QUERY_CONTENT_LENGTH);
+    signs.announced = lengthOf(answer.announcedLength);
     if (status == kOk) {
         auto body = readBody(http, request, limits.bytes, signs);
         if (!body) {
@@ -150,14 +161,13 @@ HttpAnswer receive(const WinHttp& http, HINTERNET request, const std::wstring& u
     }
     answer.status = static_cast<int>(status);
     answer.location = fromWide(redirectTarget(http, request, url));
-    answer.announcedLength = narrowHeader(http, request, WINHTTP_QUERY_CONTENT_LENGTH);
     answer.encoding = narrowHeader(http, request, WINHTTP_QUERY_CONTENT_ENCODING).value_or("");
     return answer;
 }
 
 }  // namespace
 
-HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, std::atomic<unsigned>& signs) {
+HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, HttpSigns& signs) {
     const WinHttp http;
     const auto address = http.isLoaded() ? addressOf(http, url) : std::nullopt;
     if (!address) {
@@ -183,6 +193,6 @@ HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, std::atomi
         http.receiveResponse(request.get(), nullptr) == 0) {
         return {};
     }
-    ++signs;
+    ++signs.events;
     return receive(http, request.get(), url, limits, signs);
 }

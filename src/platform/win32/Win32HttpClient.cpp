@@ -3,9 +3,10 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -19,7 +20,7 @@ namespace {
 struct Fetch {
     std::wstring url;
     HttpLimits limits;
-    std::atomic<unsigned> signs = 0;
+    HttpSigns signs;
     HttpAnswer answer;  // written by the fetching thread until it ends
 };
 
@@ -57,20 +58,31 @@ void keepPainted() {
     }
 }
 
+void report(const Fetch& fetch, const HttpObserver& observer) {
+    if (observer) {
+        const std::uint64_t announced = fetch.signs.announced;
+        observer({fetch.signs.received, announced == HttpSigns::kUnknown ? std::nullopt : std::optional(announced)});
+    }
+}
+
 // False on a timeout. The fetching thread then keeps its share and is abandoned, since not every version of the system
 // can interrupt a wait in its client.
-bool waitFor(HANDLE thread, const Fetch& fetch) {
+bool waitFor(HANDLE thread, const Fetch& fetch, const HttpObserver& observer) {
     using Clock = std::chrono::steady_clock;
-    unsigned seen = fetch.signs;
+    constexpr std::chrono::milliseconds kBetweenReports(100);
+    unsigned seen = fetch.signs.events;
     Clock::time_point deadline = Clock::now() + fetch.limits.idle;
     for (;;) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        left = observer ? std::min(left, kBetweenReports) : left;
         const DWORD patience = static_cast<DWORD>(std::max<std::chrono::milliseconds::rep>(left.count(), 0));
         if (MsgWaitForMultipleObjects(1, &thread, FALSE, patience, QS_ALLINPUT) == WAIT_OBJECT_0) {
+            report(fetch, observer);
             return true;
         }
         keepPainted();
-        if (const unsigned now = fetch.signs; now != seen) {
+        report(fetch, observer);
+        if (const unsigned now = fetch.signs.events; now != seen) {
             seen = now;
             deadline = Clock::now() + fetch.limits.idle;
         } else if (Clock::now() >= deadline) {
@@ -91,7 +103,7 @@ HttpAnswer Win32HttpClient::get(std::u16string_view url, const HttpLimits& limit
         return {};
     }
     static_cast<void>(share.release());  // the thread owns it now
-    const bool ended = waitFor(thread.get(), *fetch);
+    const bool ended = waitFor(thread.get(), *fetch, observer_);
     keepPainted();  // also discards the input during the last wait
     return ended ? std::move(fetch->answer) : HttpAnswer{};
 }
