@@ -28,7 +28,7 @@ class Program:
         self.process = None
         self.header_clicks = 0
 
-    # Life
+    # Start and end
 
     def launch(self, environment=None, wrapper=()):
         """Starts the program without waiting for its window."""
@@ -75,7 +75,7 @@ class Program:
     def read(self, name):
         return (self.folder / name).read_bytes()
 
-    # Looking
+    # Reading the window
 
     def ask(self, question, otherwise=None):
         """A value read from the accessible tree; `otherwise` if the node has gone meanwhile."""
@@ -182,7 +182,7 @@ class Program:
         """The in-place edit box while it is shown."""
         return self.find(Atspi.Role.TEXT)
 
-    # Doing
+    # Input
 
     def has_keyboard(self):
         """Waits until the newest window is active for the toolkit and for the screen; before that, keys are lost."""
@@ -328,8 +328,8 @@ class Program:
         self.wait(self.popup_is_up, "the popup menu")
 
     def menu_items(self):
-        """The items of the menu that is up, by their captions. The toolkit keeps a popup menu out of the tree of
-        windows; it is found from an item that reports the focus, which the Down key makes one do."""
+        """The items of the open menu by their captions. The toolkit keeps a popup menu out of the tree of windows, so it
+        is found from the item that reports the focus after the Down key."""
         menu = FOCUS.menu()
         if menu is None or not showing(menu):
             return {}

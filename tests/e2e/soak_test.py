@@ -1,8 +1,8 @@
-"""Does everything hundreds of times in one run of the program: its memory and open files must not grow after the first
+"""Repeats each command hundreds of times in one run of the program: memory and open files must not grow after the first
 hundred times.
 
-HALCYON_SOAK_PAGE names the page whose table of figures the run replaces; HALCYON_SOAK_SHARE=4 does everything a quarter
-as often, but at least 200 times.
+HALCYON_SOAK_PAGE: the page whose table of figures the run replaces. HALCYON_SOAK_SHARE=4: a quarter of the repetitions,
+but at least 200.
 """
 import os
 import pathlib
@@ -29,8 +29,8 @@ RECORD = (b"StartStopTimeUTC=0600-0700\nx\nFrequency=6000\nTarget=T\nx\nProgramm
 
 
 def commands_kept(program):
-    """The number of the newest snapshot: each command that changes a list counts it up by one or two. Changes follow a
-    snapshot in its file; each begins a page and has its number behind that of the snapshot before.
+    """The number of the newest snapshot, which each command that changes a list increases. Changes follow a snapshot in
+    its file; each begins a page and contains its number after that of the snapshot before.
     """
     numbers = []
     for path in (program.folder / "Recovery").iterdir():

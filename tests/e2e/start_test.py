@@ -13,7 +13,7 @@ from nodes import Atspi
 from program import TABS
 from session import SESSION, need
 
-# Without these capabilities file modes bind root, too.
+# Without these capabilities file modes apply to root, too.
 AS_ANYBODY = [need("setpriv"), "--bounding-set", "-dac_override,-dac_read_search"] if os.geteuid() == 0 else []
 
 

@@ -1,6 +1,6 @@
 """A bare Debian in a folder, made by debootstrap: without this project and without a desktop.
 
-The bare system is made once and kept in build/package; each test works in a layer above it that goes with the test.
+The bare system is created once and kept in build/package; each test works in an overlay on it, which the test removes.
 """
 import atexit
 import os
@@ -55,8 +55,8 @@ def base():
 
 
 class CleanSystem:
-    """Its root is `root`. Everything under it is a copy or made for it: no device, socket or file of this machine is
-    mounted in, so nothing that goes wrong there reaches further."""
+    """Its root is `root`. No device, socket or file of this machine is mounted in it, so a fault inside has no effect
+    outside."""
 
     def __init__(self):
         lower = base()

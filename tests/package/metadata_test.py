@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""What a distribution asks of a package, by its own checkers.
+"""Checks the packages with the tools that distributions use for it.
 
 usage: metadata_test.py PACKAGES VERSION
 """

@@ -79,7 +79,7 @@ class WindowsZip(unittest.TestCase):
         self.assertEqual(sorted(folder.iterdir()), content)
 
     def test_copies_lists_from_a_folder_that_cannot_be_written(self):
-        """To the user's application data, where they are from then on."""
+        """The lists are copied to the user's application data, and the program uses those from then on."""
         data = self.user_data()
         folder = self.unpack(SESSION.folder / "read-only")
         for name in ("List.ini", "User.ini"):
