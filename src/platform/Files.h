@@ -42,7 +42,8 @@ public:
     // becomes durable with the next rename with Flush::Now in its folder, or with flushFolderOf. Never follows a link
     // at the path.
     virtual bool write(std::u16string_view path, std::string_view bytes, Flush flush) = 0;
-    // Writes at the end of the file, creating it if missing, and flushes.
+    // Writes at the end of the file, creating it if missing, and flushes. The name of a new file becomes durable as
+    // with write.
     virtual bool append(std::u16string_view path, std::string_view bytes) = 0;
     // Renames atomically within a folder, replacing `to` if it exists. With Flush::Now false may also mean that the new
     // name exists but could not be made durable. With Flush::Later it becomes durable with the next rename with

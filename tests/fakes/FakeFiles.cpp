@@ -78,7 +78,11 @@ bool FakeFiles::append(std::u16string_view path, std::string_view bytes) {
     if (!writable("append", path)) {
         return false;
     }
-    files[std::u16string(path)] += bytes;
+    const std::u16string key(path);
+    if (!files.contains(key)) {
+        keepOld(key);
+    }
+    files[key] += bytes;
     return true;
 }
 

@@ -91,9 +91,8 @@ bool PosixFiles::write(std::u16string_view path, std::string_view bytes, Flush f
 }
 
 bool PosixFiles::append(std::u16string_view path, std::string_view bytes) {
-    const PosixPath place = at(path);
-    PosixFile file(place, O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
-    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush() && flushFolder(folderOf(place));
+    PosixFile file(at(path), O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
+    const bool written = file.isRegular() && file.writeAll(bytes) && file.flush();
     return file.close() && written;
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include "platform/posix/PosixFiles.h"
@@ -7,8 +8,25 @@
 
 namespace {
 
+int flushedFiles = 0;
+int flushedFolders = 0;
+
+}  // namespace
+
+// Counts the flushes of this program, then flushes.
+extern "C" int fsync(int descriptor) {
+    struct stat status = {};
+    const bool isFolder = ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+    ++(isFolder ? flushedFolders : flushedFiles);
+    return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+
+namespace {
+
 class PosixFilesTest : public testing::Test {
 protected:
+    void SetUp() override { flushedFiles = flushedFolders = 0; }
+
     TemporaryFolder folder;
     PosixFiles files;
 };
@@ -75,6 +93,36 @@ TEST_F(PosixFilesTest, AFolderThatTakesThePlaceOfAnOpenedOneIsNotTouched) {
     EXPECT_EQ(files.list(folder.at(u"disk")), std::vector<std::u16string>{});
     EXPECT_EQ(files.list(folder.at(u"gone")), std::vector<std::u16string>{u"old"});
     EXPECT_EQ(files.read(folder.at(u"gone/old")).bytes, "new");
+}
+
+// A flush of the folder would double the time of a snapshot.
+TEST_F(PosixFilesTest, WritingAndAppendingFlushTheFileOnly) {
+    ASSERT_TRUE(files.write(folder.at(u"file"), "one", Flush::Now));
+    EXPECT_EQ(flushedFiles, 1);
+    ASSERT_TRUE(files.append(folder.at(u"file"), "two"));
+    EXPECT_EQ(flushedFiles, 2);
+    ASSERT_TRUE(files.append(folder.at(u"new"), "three"));
+    EXPECT_EQ(flushedFiles, 3);
+    EXPECT_EQ(flushedFolders, 0);
+    ASSERT_TRUE(files.flushFolderOf(folder.at(u"new")));
+    EXPECT_EQ(flushedFolders, 1);
+}
+
+// The renamed file is flushed once more: on FAT its folder entry has another place.
+TEST_F(PosixFilesTest, TwoFilesAreReplacedWithOneFlushOfTheFolder) {
+    for (const char16_t* name : {u"a", u"b"}) {
+        ASSERT_TRUE(files.write(folder.at(name), "old", Flush::Now));
+    }
+    SetUp();
+    for (const char16_t* name : {u"a", u"b"}) {
+        ASSERT_TRUE(files.write(folder.at(u"new"), "new", Flush::Now));
+        ASSERT_TRUE(files.rename(folder.at(u"new"), folder.at(name), Flush::Later));
+    }
+    EXPECT_EQ(flushedFiles, 2);
+    EXPECT_EQ(flushedFolders, 0);
+    ASSERT_TRUE(files.flushFolderOf(folder.at(u"b")));
+    EXPECT_EQ(flushedFiles, 4);
+    EXPECT_EQ(flushedFolders, 1);
 }
 
 TEST_F(PosixFilesTest, AMissingFolderIsNotOpened) { EXPECT_FALSE(files.openFolder(folder.at(u"none"))); }

@@ -364,6 +364,20 @@ TEST_F(RecoveryTest, TheNameOfEachSlotSurvivesAPowerCut) {
     EXPECT_EQ(found(), two);
 }
 
+TEST_F(RecoveryTestChanges, TheNameOfAKilledRunsSnapshotSurvivesAPowerCut) {
+    recovery.keep(edited(0));
+    const std::string snapshot = std::move(files.files[kFirst]);
+    files.files.clear();
+    // Interrupted before the flush of the folder.
+    files.write(kFirst, snapshot, Flush::Now);
+    Recovery next(u"/app/", files);
+    next.find();
+    EXPECT_TRUE(next.keep(edited(1)));
+    EXPECT_EQ(writes(), 2) << "the change is appended";
+    files.cutPower([](std::u16string_view) { return FakeFiles::Fate::Old; });
+    EXPECT_EQ(found(), edited(1));
+}
+
 TEST_F(RecoveryTest, ALinkInPlaceOfTheFolderIsNotFollowed) {
     files.files[u"/app/Recovery"] = "not a folder";
     EXPECT_FALSE(recovery.keep(one));
