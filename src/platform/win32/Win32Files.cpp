@@ -77,9 +77,9 @@ HANDLE openForWriting(std::u16string_view path, DWORD access) {
     if (file == INVALID_HANDLE_VALUE) {
         return file;
     }
-    BY_HANDLE_FILE_INFORMATION information{};
-    if (GetFileInformationByHandle(file, &information) == 0 ||
-        (information.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+    FILE_BASIC_INFO information{};
+    if (GetFileInformationByHandleEx(file, FileBasicInfo, &information, sizeof information) == 0 ||
+        (information.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
         CloseHandle(file);
         return INVALID_HANDLE_VALUE;
     }
