@@ -10,20 +10,40 @@
 
 namespace {
 
-// Empty if the system has no such folder.
+// Empty if the system has no such folder. Loads the library of this function only when it is called: the start of a
+// portable program does without.
 std::wstring knownFolder(REFKNOWNFOLDERID id, DWORD flags) {
+    HMODULE shell = LoadLibraryExW(L"shell32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const auto find = shell != nullptr ? reinterpret_cast<decltype(&SHGetKnownFolderPath)>(
+                                             reinterpret_cast<void*>(GetProcAddress(shell, "SHGetKnownFolderPath")))
+                                       : nullptr;
     wchar_t* path = nullptr;
     std::wstring folder;
-    if (SUCCEEDED(SHGetKnownFolderPath(id, flags, nullptr, &path))) {
+    if (find != nullptr && SUCCEEDED(find(id, flags, nullptr, &path))) {
         folder = std::wstring(path) + L'\\';
     }
     CoTaskMemFree(path);
     return folder;
 }
 
+// A folder for installed programs, which the system names in the environment of every program.
+std::wstring programFiles(const wchar_t* variable, REFKNOWNFOLDERID id) {
+    std::wstring path(MAX_PATH, L'\0');
+    const DWORD length = GetEnvironmentVariableW(variable, path.data(), static_cast<DWORD>(path.size()));
+    if (length == 0 || length >= path.size()) {
+        return knownFolder(id, 0);
+    }
+    path.resize(length);
+    return path + L'\\';
+}
+
 // Replaces short names in a path. Unchanged if the system does not know the long ones.
 std::wstring withLongNames(const std::wstring& path) {
-    std::wstring names(GetLongPathNameW(path.c_str(), nullptr, 0), L'\0');
+    if (path.find(L'~') == path.npos) {
+        return path;  // no name is short; the call below would read every folder of the path
+    }
+    constexpr std::size_t kLongestPath = 32'767;
+    std::wstring names(kLongestPath, L'\0');
     const DWORD length = GetLongPathNameW(path.c_str(), names.data(), static_cast<DWORD>(names.size()));
     if (length == 0 || length >= names.size()) {
         return path;
@@ -55,8 +75,8 @@ std::u16string Win32ProgramFolders::ofExecutable() {
 
 bool Win32ProgramFolders::isForInstalledPrograms(std::u16string_view folder) {
     const std::wstring path = withLongNames(toWide(folder));
-    return isBelow(path, knownFolder(FOLDERID_ProgramFiles, 0)) ||
-           isBelow(path, knownFolder(FOLDERID_ProgramFilesX86, 0));
+    return isBelow(path, programFiles(L"ProgramFiles", FOLDERID_ProgramFiles)) ||
+           isBelow(path, programFiles(L"ProgramFiles(x86)", FOLDERID_ProgramFilesX86));
 }
 
 bool Win32ProgramFolders::canWrite(std::u16string_view folder) {
