@@ -17,8 +17,7 @@
 
 namespace {
 
-constexpr int kRowPadding = 8;       // pixels, above and below the text in total
-constexpr int kSmallestColumn = 24;  // pixels; a narrower column could not be dragged wider again
+constexpr int kRowPadding = 8;  // pixels, above and below the text in total
 
 Rgb rgbOf(const QColor& color) { return {color.red(), color.green(), color.blue()}; }
 

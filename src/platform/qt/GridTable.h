@@ -6,6 +6,8 @@
 
 class GridTable : public QTableView {
 public:
+    static constexpr int kSmallestColumn = 24;  // pixels; a narrower column could not be dragged wider again
+
     explicit GridTable(QWidget* parent);
 
     // Searches the first column, whichever cell was clicked last.

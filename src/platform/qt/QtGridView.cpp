@@ -6,53 +6,118 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 #include "platform/Grid.h"
 #include "platform/qt/GridModel.h"
 #include "platform/qt/GridTable.h"
 #include "platform/qt/Units.h"
 
-QtGridView::QtGridView(const QString& objectName, const QString& caption)
-    : page_(new QWidget), table_(new GridTable(page_)), model_(new GridModel(table_)) {
+namespace {
+
+// Calls a function before it is shown.
+class Page : public QWidget {
+public:
+    explicit Page(std::function<void()> beforeShown) : beforeShown_(std::move(beforeShown)) {}
+    void setVisible(bool visible) override {
+        if (visible) {
+            beforeShown_();
+        }
+        QWidget::setVisible(visible);
+    }
+
+private:
+    std::function<void()> beforeShown_;
+};
+
+}  // namespace
+
+QtGridView::QtGridView(QString objectName, QString caption)
+    : objectName_(std::move(objectName)), caption_(std::move(caption)), page_(new Page([this] { createTable(); })) {}
+
+void QtGridView::createTable() {
+    if (table_ != nullptr) {
+        return;
+    }
+    table_ = new GridTable(page_);
+    model_ = new GridModel(table_);
     table_->setModel(model_);
-    table_->setObjectName(objectName);
-    table_->setAccessibleName(caption);
+    table_->setObjectName(objectName_);
+    table_->setAccessibleName(caption_);
     auto* layout = new QVBoxLayout(page_);
     const int margin = std::max(0, kBorder - table_->frameWidth());
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->addWidget(table_);
+    fill();
 }
 
 void QtGridView::attach(Grid& grid, GridListener& listener) {
     grid_ = &grid;
     listener_ = &listener;
-    model_->setGrid(grid);
+    fill();
+}
+
+void QtGridView::fill() {
+    if (table_ == nullptr || grid_ == nullptr) {
+        return;
+    }
+    model_->setGrid(*grid_);
+    model_->beforeReset();
+    for (std::size_t column = 0; column < grid_->columns().size(); ++column) {
+        model_->columnAdded();
+    }
+    model_->afterReset();
+    for (std::size_t column = 0; column < grid_->columns().size(); ++column) {
+        showColumnWidth(static_cast<int>(column) + 1, grid_->columns()[column].width);
+    }
     connectSignals();
+    const QScopedValueRollback guard(ownChange_, true);
+    restoreSelection();
 }
 
 void QtGridView::columnAdded(int) {
-    const QScopedValueRollback guard(ownChange_, true);
-    model_->columnAdded();
+    if (table_ != nullptr) {
+        const QScopedValueRollback guard(ownChange_, true);
+        model_->columnAdded();
+    }
 }
 
 double QtGridView::showColumnWidth(int column, double widthTwips) {
+    if (table_ == nullptr) {
+        return toTwips(std::max(toPixels(widthTwips), GridTable::kSmallestColumn));
+    }
     const QScopedValueRollback guard(ownChange_, true);
     QHeaderView* header = table_->horizontalHeader();
     header->resizeSection(column - 1, toPixels(widthTwips));
     return toTwips(header->sectionSize(column - 1));
 }
 
-void QtGridView::beforeAppend(int row) { model_->beforeAppend(row); }
+void QtGridView::beforeAppend(int row) {
+    if (table_ != nullptr) {
+        model_->beforeAppend(row);
+    }
+}
 
-void QtGridView::afterAppend(int) { model_->afterAppend(); }
+void QtGridView::afterAppend(int) {
+    if (table_ != nullptr) {
+        model_->afterAppend();
+    }
+}
 
 void QtGridView::beforeReset() {
+    if (table_ == nullptr) {
+        return;
+    }
     savedRow_ = table_->currentIndex().row();
     savedScroll_ = table_->verticalScrollBar()->value();
     model_->beforeReset();
 }
 
 void QtGridView::afterReset() {
+    if (table_ == nullptr) {
+        return;
+    }
     const QScopedValueRollback guard(ownChange_, true);
     model_->afterReset();
     table_->doItemsLayout();
@@ -60,12 +125,18 @@ void QtGridView::afterReset() {
     restoreSelection();
 }
 
-void QtGridView::cellChanged(int row, int column) { model_->cellChanged(row, column); }
+void QtGridView::cellChanged(int row, int column) {
+    if (table_ != nullptr) {
+        model_->cellChanged(row, column);
+    }
+}
 
 void QtGridView::selectionChanged(int focusedRow) {
     const QScopedValueRollback guard(ownChange_, true);
     savedRow_ = focusedRow - 1;
-    restoreSelection();
+    if (table_ != nullptr) {
+        restoreSelection();
+    }
 }
 
 void QtGridView::restoreSelection() {
@@ -88,6 +159,9 @@ void QtGridView::restoreSelection() {
 }
 
 GridGeometry QtGridView::geometry(int row) {
+    if (row > 0) {
+        createTable();
+    }
     QWidget* stack = page_->parentWidget();
     // The stack of the tab control does not lay out a page before it is shown.
     if (stack != nullptr && page_->isHidden()) {
@@ -99,6 +173,9 @@ GridGeometry QtGridView::geometry(int row) {
     result.top = toTwips(corner.y());
     result.width = toTwips(page_->width());
     result.height = toTwips(page_->height());
+    if (table_ == nullptr) {
+        return result;
+    }
     table_->fitScrollBars();
     result.rowLeft = -toTwips(table_->horizontalScrollBar()->value());
     const QModelIndex index = model_->index(row - 1, 0);
@@ -112,7 +189,10 @@ GridGeometry QtGridView::geometry(int row) {
     return result;
 }
 
-void QtGridView::takeFocus() { table_->setFocus(Qt::OtherFocusReason); }
+void QtGridView::takeFocus() {
+    createTable();
+    table_->setFocus(Qt::OtherFocusReason);
+}
 
 int QtGridView::headerHeight() const { return table_->horizontalHeader()->height(); }
 

@@ -1,8 +1,10 @@
-// A grid of the main window: the page of its tab, which contains the table.
+// A grid of the main window: the page of its tab, which contains the table. The table is created when the page is first
+// shown, so that the program starts faster.
 #pragma once
 
 #include <QItemSelection>
 #include <QObject>
+#include <QString>
 
 #include "platform/GridView.h"
 
@@ -20,10 +22,10 @@ public:
     static constexpr int kBorder = 3;
 
     // Once the page has been added to the tab control, that owns the page and the table in it.
-    QtGridView(const QString& objectName, const QString& caption);
+    QtGridView(QString objectName, QString caption);
 
     QWidget* page() const { return page_; }
-    GridTable* table() const { return table_; }
+    GridTable* table() const { return table_; }  // null before the page is first shown
     // x and y as in GridListener.
     QPoint toGlobal(double x, double y) const;
 
@@ -42,6 +44,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void createTable();
+    void fill();
     void connectSignals();
     bool filterTable(QEvent* event);
     bool filterViewport(QEvent* event);
@@ -55,10 +59,12 @@ private:
     void restoreSelection();
     int headerHeight() const;
 
+    QString objectName_;
+    QString caption_;
     QWidget* page_;
-    GridTable* table_;
+    GridTable* table_ = nullptr;
     QWidget* viewport_ = nullptr;  // sends events even during the destruction of the table
-    GridModel* model_;
+    GridModel* model_ = nullptr;
     Grid* grid_ = nullptr;
     GridListener* listener_ = nullptr;
     Qt::MouseButton pressedButton_ = Qt::NoButton;

@@ -23,12 +23,24 @@ std::wstring captionOfShownList(HWND parent) {
 
 }  // namespace
 
-void Win32EditBox::createWindow(HWND parent) {
-    const DWORD style = WS_CHILD | WS_BORDER | WS_CLIPSIBLINGS | ES_AUTOHSCROLL;
-    name_ = CreateWindowExW(0, WC_STATICW, L"", WS_CHILD | SS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
-                            GetModuleHandleW(nullptr), nullptr);
-    window_ = CreateWindowExW(0, WC_EDITW, L"", style, 0, 0, 0, 0, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
-    subclass_.install(window_, procedure, this);
+HWND Win32EditBox::created() {
+    if (window_ == nullptr) {
+        const DWORD style = WS_CHILD | WS_BORDER | WS_CLIPSIBLINGS | ES_AUTOHSCROLL;
+        HINSTANCE instance = GetModuleHandleW(nullptr);
+        name_ = CreateWindowExW(0, WC_STATICW, L"", WS_CHILD | SS_NOPREFIX, 0, 0, 0, 0, parent_, nullptr, instance,
+                                nullptr);
+        window_ = CreateWindowExW(0, WC_EDITW, L"", style, 0, 0, 0, 0, parent_, nullptr, instance, nullptr);
+        setFont(font_);
+        subclass_.install(window_, procedure, this);
+    }
+    return window_;
+}
+
+void Win32EditBox::setFont(HFONT font) {
+    font_ = font;
+    if (window_ != nullptr) {
+        SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+    }
 }
 
 LRESULT CALLBACK Win32EditBox::procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -54,17 +66,17 @@ bool Win32EditBox::uses(UINT message, WPARAM w) {
     return (message == WM_CHAR && isControlOfOneLine(w)) || limit_.uses(window_, message, w);
 }
 
-void Win32EditBox::setLimit(int units) { limit_.setLimit(window_, units); }
+void Win32EditBox::setLimit(int units) { limit_.setLimit(created(), units); }
 
 void Win32EditBox::setText(std::u16string_view text) {
-    SetWindowTextW(window_, toWide(text).c_str());
+    SetWindowTextW(created(), toWide(text).c_str());
     SendMessageW(window_, EM_SETSEL, 0, -1);
 }
 
 std::u16string Win32EditBox::text() const { return fromWide(windowText(window_)); }
 
 void Win32EditBox::setBounds(double left, double top, double width, double height) {
-    const Scale scale(window_);
+    const Scale scale(created());
     SetWindowPos(name_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     SetWindowPos(window_, name_, scale.pixels(left), scale.pixels(top), scale.pixels(width), scale.pixels(height),
                  SWP_NOACTIVATE);
@@ -72,7 +84,10 @@ void Win32EditBox::setBounds(double left, double top, double width, double heigh
 
 void Win32EditBox::setVisible(bool visible) {
     if (visible) {
-        SetWindowTextW(name_, captionOfShownList(GetParent(window_)).c_str());
+        HWND box = created();
+        SetWindowTextW(name_, captionOfShownList(parent_).c_str());
+        ShowWindow(box, SW_SHOWNA);
+    } else if (window_ != nullptr) {
+        ShowWindow(window_, SW_HIDE);
     }
-    ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
 }

@@ -25,21 +25,6 @@ int headerItemAt(HWND header, LPARAM point) {
 
 bool isPointerMessage(UINT message) { return message >= WM_MOUSEMOVE && message <= WM_MBUTTONDBLCLK; }
 
-// Messages at which a list view must have its rows: it is shown, or somebody asks for them.
-bool needsRows(UINT message) {
-    constexpr UINT kMessages = 0x100;  // a control's own, from LVM_FIRST on
-    switch (message) {
-        case WM_SHOWWINDOW:
-        case WM_SETFOCUS:
-        case WM_NCPAINT:
-        case WM_PAINT:
-        case WM_GETOBJECT:
-            return true;
-        default:
-            return message >= LVM_FIRST && message < LVM_FIRST + kMessages;
-    }
-}
-
 }  // namespace
 
 LRESULT CALLBACK Win32GridView::listProcedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -48,9 +33,6 @@ LRESULT CALLBACK Win32GridView::listProcedure(HWND window, UINT message, WPARAM 
 }
 
 LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
-    if (!isFilled_ && needsRows(message)) {
-        fill();
-    }
     if (isPointerMessage(message)) {
         pointerAt(window_, l);
         tipAt({GET_X_LPARAM(l), GET_Y_LPARAM(l)});

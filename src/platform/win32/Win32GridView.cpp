@@ -5,53 +5,95 @@
 #include "platform/win32/Scale.h"
 #include "platform/win32/WideText.h"
 
-void Win32GridView::createWindow(HWND parent, HWND tabControl, std::u16string_view name) {
-    tabControl_ = tabControl;
-    const DWORD style =
-        WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
-    constexpr int kAnySize = 100;  // pixels; a window of size 0 has no border to measure
-    window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, toWide(name).c_str(), style, 0, 0, kAnySize, kAnySize,
-                              parent, nullptr, GetModuleHandleW(nullptr), nullptr);
+namespace {
+
+constexpr DWORD kStyle =
+    WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
+constexpr DWORD kExtendedStyle = WS_EX_CLIENTEDGE;
+
+}  // namespace
+
+void Win32GridView::setParent(HWND parent, std::u16string_view name) {
+    parent_ = parent;
+    name_ = toWide(name);
+}
+
+void Win32GridView::createWindow() {
+    if (window_ != nullptr) {
+        return;
+    }
+    window_ = CreateWindowExW(kExtendedStyle, WC_LISTVIEWW, name_.c_str(), kStyle, bounds_.left, bounds_.top,
+                              bounds_.right - bounds_.left, bounds_.bottom - bounds_.top, parent_, nullptr,
+                              GetModuleHandleW(nullptr), nullptr);
     const DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
     headerWindow_ = reinterpret_cast<HWND>(send(LVM_GETHEADER));
     SetWindowLongPtrW(headerWindow_, GWL_STYLE,
                       GetWindowLongPtrW(headerWindow_, GWL_STYLE) & ~static_cast<LONG_PTR>(HDS_BUTTONS));
     tip_.setList(window_);
+    setFont(font_);
     list_.install(window_, listProcedure, this);
     header_.install(headerWindow_, headerProcedure, this);
+    fill();
+}
+
+void Win32GridView::show() {
+    createWindow();
+    SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+void Win32GridView::setFont(HFONT font) {
+    font_ = font;
+    if (window_ != nullptr) {
+        send(WM_SETFONT, reinterpret_cast<WPARAM>(font_), TRUE);
+    }
+}
+
+void Win32GridView::place(const RECT& bounds, POINT corner) {
+    corner_ = corner;
+    const SIZE before{bounds_.right - bounds_.left, bounds_.bottom - bounds_.top};
+    const SIZE size{bounds.right - bounds.left, bounds.bottom - bounds.top};
+    bounds_ = bounds;
+    if (window_ != nullptr) {
+        MoveWindow(window_, bounds.left, bounds.top, size.cx, size.cy, TRUE);
+    } else if (listener_ != nullptr && (size.cx != before.cx || size.cy != before.cy)) {
+        listener_->resized();
+    }
 }
 
 int Win32GridView::border() const {
-    RECT outer{};
-    POINT inner{};
-    GetWindowRect(window_, &outer);
-    ClientToScreen(window_, &inner);
-    return static_cast<int>(inner.y - outer.top);
+    RECT edge{};
+    AdjustWindowRectExForDpi(&edge, kStyle, FALSE, kExtendedStyle, static_cast<UINT>(Scale(parent_).dpi()));
+    return static_cast<int>(-edge.top);
 }
 
 void Win32GridView::attach(Grid& grid, GridListener& listener) {
     grid_ = &grid;
     listener_ = &listener;
-    InvalidateRect(window_, nullptr, FALSE);
+    fill();
 }
 
 void Win32GridView::fill() {
-    isFilled_ = true;
+    if (window_ == nullptr || grid_ == nullptr) {
+        return;
+    }
     const Quiet quiet(quiet_);
     for (int column = 1; column <= static_cast<int>(grid_->columns().size()); ++column) {
         insertColumn(column);
     }
     afterReset();
+    measureRows();
+}
+
+void Win32GridView::measureRows() const {
+    HDC nothing = CreateCompatibleDC(nullptr);
+    send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(nothing), PRF_CLIENT);
+    DeleteDC(nothing);
 }
 
 int Win32GridView::columnCount() const { return static_cast<int>(SendMessageW(headerWindow_, HDM_GETITEMCOUNT, 0, 0)); }
 
-void Win32GridView::columnAdded(int column) {
-    if (isFilled_) {
-        insertColumn(column);
-    }
-}
+void Win32GridView::columnAdded(int column) { insertColumn(column); }
 
 void Win32GridView::insertColumn(int column) {
     const Quiet quiet(quiet_);
@@ -67,8 +109,8 @@ void Win32GridView::insertColumn(int column) {
 
 double Win32GridView::showColumnWidth(int column, double widthTwips) {
     const Quiet quiet(quiet_);
-    const Scale scale(window_);
-    if (!isFilled_) {
+    const Scale scale(parent_);
+    if (window_ == nullptr) {
         return scale.twips(scale.pixels(widthTwips));
     }
     const auto index = static_cast<WPARAM>(column - 1);
@@ -88,14 +130,10 @@ void Win32GridView::showRowCount(DWORD flags) {
     send(LVM_SETITEMCOUNT, static_cast<WPARAM>(grid_->rowCount()), static_cast<LPARAM>(flags));
 }
 
-void Win32GridView::afterAppend(int) {
-    if (isFilled_) {
-        showRowCount(LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
-    }
-}
+void Win32GridView::afterAppend(int) { showRowCount(LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL); }
 
 void Win32GridView::afterReset() {
-    if (!isFilled_) {
+    if (window_ == nullptr) {
         return;
     }
     showRowCount(LVSICF_NOSCROLL);
@@ -114,15 +152,14 @@ void Win32GridView::showSelection() {
 }
 
 void Win32GridView::selectionChanged(int focusedRow) {
+    createWindow();
     showSelection();
     setRowState(focusedRow - 1, LVIS_FOCUSED, LVIS_FOCUSED);
     send(LVM_SETSELECTIONMARK, 0, focusedRow - 1);
 }
 
 void Win32GridView::cellChanged(int row, int) {
-    if (isFilled_) {
-        send(LVM_REDRAWITEMS, static_cast<WPARAM>(row - 1), static_cast<LPARAM>(row - 1));
-    }
+    send(LVM_REDRAWITEMS, static_cast<WPARAM>(row - 1), static_cast<LPARAM>(row - 1));
 }
 
 void Win32GridView::setRowState(int index, UINT state, UINT mask) {
@@ -140,15 +177,18 @@ RECT Win32GridView::rowBounds(int index) const {
 }
 
 GridGeometry Win32GridView::geometry(int row) {
-    const Scale scale(window_);
-    RECT outer{};
-    GetWindowRect(window_, &outer);
-    MapWindowPoints(nullptr, tabControl_, reinterpret_cast<POINT*>(&outer), 2);
+    if (row > 0) {
+        createWindow();
+    }
+    const Scale scale(parent_);
     GridGeometry result;
-    result.left = scale.twips(outer.left);
-    result.top = scale.twips(outer.top);
-    result.width = scale.twips(outer.right - outer.left);
-    result.height = scale.twips(outer.bottom - outer.top);
+    result.left = scale.twips(bounds_.left - corner_.x);
+    result.top = scale.twips(bounds_.top - corner_.y);
+    result.width = scale.twips(bounds_.right - bounds_.left);
+    result.height = scale.twips(bounds_.bottom - bounds_.top);
+    if (window_ == nullptr) {
+        return result;
+    }
     RECT header{};
     GetWindowRect(headerWindow_, &header);
     MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&header), 2);
@@ -161,6 +201,11 @@ GridGeometry Win32GridView::geometry(int row) {
         result.rowHeight = scale.twips(bounds.bottom - bounds.top);
     }
     return result;
+}
+
+void Win32GridView::takeFocus() {
+    createWindow();
+    SetFocus(window_);
 }
 
 LRESULT Win32GridView::notified(const NMHDR& header) {

@@ -15,9 +15,15 @@
 
 class Win32GridView : public GridView {
 public:
-    // Screen readers read the name.
-    void createWindow(HWND parent, HWND tabControl, std::u16string_view name);
-    HWND window() const { return window_; }
+    // The window itself is created when it is first shown: each list view costs a start hundreds of messages. Screen
+    // readers read the name.
+    void setParent(HWND parent, std::u16string_view name);
+    HWND window() const { return window_; }  // null before it is first shown
+    void show();                             // above its siblings, without the focus
+    void hide() const { ShowWindow(window_, SW_HIDE); }
+    void setFont(HFONT font);
+    // `bounds` in the parent's client area, `corner` of the tab control there, too.
+    void place(const RECT& bounds, POINT corner);
     // Pixels from the window's outer edge to the rows and header.
     int border() const;
     // Handles a WM_NOTIFY of the list view, which its parent receives.
@@ -35,7 +41,7 @@ public:
     void cellChanged(int row, int column) override;
     void selectionChanged(int focusedRow) override;
     GridGeometry geometry(int row) override;
-    void takeFocus() override { SetFocus(window_); }
+    void takeFocus() override;
 
 private:
     // Scope guard: changes are made by the program and not reported as the user's.
@@ -64,12 +70,16 @@ private:
     void headerNotified(const NMHDR& header);
     int rowAt(LPARAM point) const;  // 0-based, -1 if none
 
+    // Nothing before the window is created.
     LRESULT send(UINT message, WPARAM w = 0, LPARAM l = 0) const { return SendMessageW(window_, message, w, l); }
     RECT rowBounds(int index) const;
     int columnCount() const;
-    // Gives columns, rows and selection to the list view. That takes hundreds of messages, so a list view gets them
-    // when it is first shown or asked for them.
+    void createWindow();
+    // Gives columns, rows and selection to the list view.
     void fill();
+    // The control measures its rows in its first drawing, after which it places header and scroll bar again. A drawing
+    // into an empty bitmap while it is hidden avoids that on the screen.
+    void measureRows() const;
     void insertColumn(int column);
     void setRowState(int index, UINT state, UINT mask);
     void showRowCount(DWORD flags);
@@ -82,15 +92,18 @@ private:
     int findRow(const NMLVFINDITEMW& wanted) const;
     void reportViewChange();
 
+    HWND parent_ = nullptr;
+    std::wstring name_;
+    HFONT font_ = nullptr;
+    RECT bounds_{};
+    POINT corner_{};
     HWND window_ = nullptr;
     HWND headerWindow_ = nullptr;
-    HWND tabControl_ = nullptr;
     Subclass list_;
     Subclass header_;
     CellTip tip_;
     Grid* grid_ = nullptr;
     GridListener* listener_ = nullptr;
-    bool isFilled_ = false;
     int quiet_ = 0;
     int pressedHeader_ = -1;
     bool rightDown_ = false;

@@ -17,8 +17,6 @@ CameFrom cameFrom(HWND window) {
 Win32MainWindow::Win32MainWindow(const WindowDesign& design) : gridTopInset_(design.gridTopInset) {
     createFrame(design);
     createControls(design);
-    setFonts();
-    layOut();
     statusBar_.showTime(kClockTimer);
 }
 
@@ -29,6 +27,7 @@ Win32MainWindow::~Win32MainWindow() {
 }
 
 void Win32MainWindow::show(int command) {
+    tabs_.showCurrentPage();
     ShowWindow(window_, command);
     // When the window was activated during its construction there was no list to focus.
     if (GetActiveWindow() == window_) {
@@ -76,9 +75,7 @@ LRESULT CALLBACK Win32MainWindow::procedure(HWND window, UINT message, WPARAM w,
 LRESULT Win32MainWindow::handle(UINT message, WPARAM w, LPARAM l) {
     switch (message) {
         case WM_SIZE:
-            if (w != SIZE_MINIMIZED && statusBar_.window() != nullptr) {
-                layOut();
-            }
+            resized(w, l);
             return 0;
         case WM_NOTIFY:
             return notified(*reinterpret_cast<const NMHDR*>(l));
@@ -123,6 +120,14 @@ LRESULT Win32MainWindow::handle(UINT message, WPARAM w, LPARAM l) {
         }
         default:
             return DefWindowProcW(window_, message, w, l);
+    }
+}
+
+void Win32MainWindow::resized(WPARAM kind, LPARAM size) {
+    // When the window is shown the system reports a size that has not changed.
+    const bool isNew = LOWORD(size) != laidOut_.cx || HIWORD(size) != laidOut_.cy;
+    if (kind != SIZE_MINIMIZED && statusBar_.window() != nullptr && isNew) {
+        layOut();
     }
 }
 

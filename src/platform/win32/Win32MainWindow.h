@@ -42,7 +42,10 @@ private:
     void createFrame(const WindowDesign& design);
     void createControls(const WindowDesign& design);
     void setFonts();
+    RECT tabBounds() const;
     void layOut();
+    void placeGrids();
+    void resized(WPARAM kind, LPARAM size);
     void passToChildren(UINT message, WPARAM w, LPARAM l);
     LRESULT notified(const NMHDR& header);
     void activated(WORD state, HWND other);
@@ -53,13 +56,14 @@ private:
     static constexpr UINT_PTR kClockTimer = 1;
 
     std::array<Win32GridView, kTabCount> grids_;  // by tab
-    Win32TabControl tabs_;
+    Win32TabControl tabs_{grids_};
     Win32EditBox editBox_;
     Win32StatusBar statusBar_;
-    Win32PopupMenu popupMenu_;
+    Win32PopupMenu popupMenu_{grids_};
     double gridTopInset_;
     HWND window_ = nullptr;
     SystemFont font_;
+    SIZE laidOut_{};  // the client area of the last layout
     HWND lastFocus_ = nullptr;
     MainWindowListener* listener_ = nullptr;
 };

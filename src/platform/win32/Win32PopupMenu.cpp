@@ -16,10 +16,8 @@ Win32PopupMenu::~Win32PopupMenu() {
     }
 }
 
-void Win32PopupMenu::create(HWND owner, const std::array<std::u16string, kMenuItemCount>& captions,
-                            const std::array<HWND, kTabCount>& grids) {
+void Win32PopupMenu::create(HWND owner, const std::array<std::u16string, kMenuItemCount>& captions) {
     owner_ = owner;
-    grids_ = grids;
     menu_ = CreatePopupMenu();
     for (int i = 0; i < kMenuItemCount; ++i) {
         AppendMenuW(menu_, MF_STRING, identifier(static_cast<MenuItem>(i)),
@@ -35,7 +33,7 @@ void Win32PopupMenu::show(int tab, double x, double y) {
     if (tab < 0 || tab >= static_cast<int>(grids_.size())) {
         return;
     }
-    HWND grid = grids_[static_cast<std::size_t>(tab)];
+    HWND grid = grids_[static_cast<std::size_t>(tab)].window();
     const Scale scale(grid);
     POINT at{scale.pixels(x), scale.pixels(y)};
     ClientToScreen(grid, &at);

@@ -7,17 +7,17 @@
 #include <string>
 
 #include "platform/PopupMenu.h"
-#include "platform/TabControl.h"
+#include "platform/win32/Win32TabControl.h"
 
 class Win32PopupMenu : public PopupMenu {
 public:
-    Win32PopupMenu() = default;
+    // The grids outlive this object.
+    explicit Win32PopupMenu(const Win32TabControl::Pages& grids) : grids_(grids) {}
     ~Win32PopupMenu() override;
     Win32PopupMenu(const Win32PopupMenu&) = delete;
     Win32PopupMenu& operator=(const Win32PopupMenu&) = delete;
 
-    void create(HWND owner, const std::array<std::u16string, kMenuItemCount>& captions,
-                const std::array<HWND, kTabCount>& grids);
+    void create(HWND owner, const std::array<std::u16string, kMenuItemCount>& captions);
 
     void setListener(MenuListener& listener) override { listener_ = &listener; }
     void setEnabled(MenuItem item, bool enabled) override;
@@ -26,6 +26,6 @@ public:
 private:
     HMENU menu_ = nullptr;
     HWND owner_ = nullptr;
-    std::array<HWND, kTabCount> grids_{};
+    const Win32TabControl::Pages& grids_;
     MenuListener* listener_ = nullptr;
 };

@@ -5,11 +5,12 @@
 #include "platform/win32/Scale.h"
 #include "platform/win32/WideText.h"
 
-void Win32TabControl::createWindow(HWND parent, const std::array<std::u16string, kTabCount>& captions) {
+void Win32TabControl::createWindow(HWND parent, const std::array<std::u16string, kTabCount>& captions,
+                                   const RECT& bounds) {
     // A click must not move the focus: the edit box would commit when it loses the focus.
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | TCS_FOCUSNEVER;
-    window_ = CreateWindowExW(0, WC_TABCONTROLW, L"SSTab1", style, 0, 0, 0, 0, parent, nullptr,
-                              GetModuleHandleW(nullptr), nullptr);
+    window_ = CreateWindowExW(0, WC_TABCONTROLW, L"SSTab1", style, bounds.left, bounds.top, bounds.right - bounds.left,
+                              bounds.bottom - bounds.top, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
     for (std::size_t i = 0; i < captions.size(); ++i) {
         std::wstring caption = toWide(captions[i]);
         TCITEMW item{};
@@ -29,9 +30,20 @@ LRESULT CALLBACK Win32TabControl::procedure(HWND window, UINT message, WPARAM w,
     return result;
 }
 
-HWND Win32TabControl::currentPage() const {
+Win32GridView* Win32TabControl::currentView() const {
     const int tab = currentTab();
-    return tab >= 0 && tab < static_cast<int>(pages_.size()) ? pages_[static_cast<std::size_t>(tab)] : nullptr;
+    return tab >= 0 && tab < static_cast<int>(pages_.size()) ? &pages_[static_cast<std::size_t>(tab)] : nullptr;
+}
+
+HWND Win32TabControl::currentPage() const {
+    const Win32GridView* page = currentView();
+    return page != nullptr ? page->window() : nullptr;
+}
+
+void Win32TabControl::showCurrentPage() {
+    if (Win32GridView* page = currentView(); page != nullptr) {
+        page->show();
+    }
 }
 
 RECT Win32TabControl::bounds() const {
@@ -58,15 +70,14 @@ void Win32TabControl::step(int step) {
 }
 
 void Win32TabControl::selectionChanged() {
-    HWND page = currentPage();
-    ShowWindow(page, SW_SHOWNA);
+    showCurrentPage();
     // Before the other pages are hidden: the focused one would pass the focus on before an open edit is discarded.
     if (listener_ != nullptr) {
         listener_->tabClicked();
     }
-    for (HWND other : pages_) {
-        if (other != page) {
-            ShowWindow(other, SW_HIDE);
+    for (const Win32GridView& page : pages_) {
+        if (&page != currentView() && page.window() != nullptr) {
+            page.hide();
         }
     }
 }

@@ -8,13 +8,21 @@
 
 #include "platform/TabControl.h"
 #include "platform/win32/Subclass.h"
+#include "platform/win32/Win32GridView.h"
 
 class Win32TabControl : public TabControl {
 public:
-    void createWindow(HWND parent, const std::array<std::u16string, kTabCount>& captions);
-    void setPages(const std::array<HWND, kTabCount>& pages) { pages_ = pages; }
+    using Pages = std::array<Win32GridView, kTabCount>;
+
+    // The pages outlive this object.
+    explicit Win32TabControl(Pages& pages) : pages_(pages) {}
+    // `bounds` in the parent's client area, wide enough for all captions: else the control creates arrows to scroll
+    // them.
+    void createWindow(HWND parent, const std::array<std::u16string, kTabCount>& captions, const RECT& bounds);
+
     HWND window() const { return window_; }
-    HWND currentPage() const;
+    HWND currentPage() const;  // null before it is first shown
+    void showCurrentPage();
     // In coordinates of the parent's client area.
     RECT displayArea() const;
     // Acts as a click on a neighbour of the current tab: 1 to the right, -1 to the left.
@@ -28,10 +36,11 @@ public:
 
 private:
     static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM);
+    Win32GridView* currentView() const;
     RECT bounds() const;
 
+    Pages& pages_;
     HWND window_ = nullptr;
     Subclass subclass_;
-    std::array<HWND, kTabCount> pages_{};
     TabListener* listener_ = nullptr;
 };

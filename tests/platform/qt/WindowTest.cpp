@@ -44,6 +44,37 @@ TEST_F(WindowTest, HasItsDesignSizeAndCaptions) {
     EXPECT_EQ(tabs()->objectName(), "SSTab1");
 }
 
+TEST_F(WindowTest, ATableIsCreatedWhenItsTabIsFirstShown) {
+    fill(5, 1);
+    grid(1).setSelected(3, true);
+    grid(1).setColumnWidth(2, 3300);
+    grid(1).setColumnWidth(1, 15);
+    EXPECT_EQ(grid(1).columns()[0].width, toTwips(GridTable::kSmallestColumn));
+    const GridGeometry first = view(0).geometry(0);
+    const GridGeometry hidden = view(1).geometry(0);
+    EXPECT_EQ(table(1), nullptr);
+    tabs()->setCurrentIndex(1);
+    ASSERT_NE(table(1), nullptr);
+    EXPECT_EQ(table(2), nullptr);
+    EXPECT_TRUE(table(1)->isVisible());
+    EXPECT_EQ(table(1)->accessibleName(), "Two");
+    EXPECT_EQ(table(1)->model()->rowCount(), 5);
+    EXPECT_EQ(table(1)->model()->index(4, 0).data().toString(), "Radio 5");
+    EXPECT_TRUE(table(1)->selectionModel()->isRowSelected(2, {}));
+    EXPECT_EQ(table(1)->columnWidth(0), GridTable::kSmallestColumn);
+    EXPECT_EQ(table(1)->columnWidth(1), 220);
+    for (const GridGeometry& shown : {hidden, view(1).geometry(0)}) {
+        EXPECT_EQ(shown.left, first.left);
+        EXPECT_EQ(shown.top, first.top);
+        EXPECT_EQ(shown.width, first.width);
+        EXPECT_EQ(shown.height, first.height);
+    }
+    GridTable* created = table(1);
+    tabs()->setCurrentIndex(0);
+    tabs()->setCurrentIndex(1);
+    EXPECT_EQ(table(1), created);
+}
+
 TEST_F(WindowTest, TheStatusBarShowsMessageDateAndTime) {
     platform.statusBar.setMessage(u"Total <b>");
     EXPECT_EQ(panel("Panel1")->text(), "Total <b>");

@@ -37,6 +37,11 @@ protected:
         }
         return widths;
     }
+    RECT placeOf(HWND list) {
+        RECT place{};
+        GetWindowRect(list, &place);
+        return place;
+    }
     void expectReadableRows(HWND list) {
         EXPECT_TRUE(IsWindowVisible(list));
         EXPECT_EQ(program().columnTexts(list, 1), (std::vector<std::wstring>{L"Charlie", L"alpha", L"Bravo"}));
@@ -83,9 +88,27 @@ TEST_F(LooksTest, AnotherResolutionMovesTheWindowAndLosesNothing) {
     GetWindowRect(drm, &grid);
     EXPECT_NEAR(static_cast<double>(columnWidths(drm)[0]), static_cast<double>(grid.right - grid.left) / 5, 1);
     expectReadableRows(drm);
-    EXPECT_EQ(program().cell(program().list(kFavourite), 1, 2), L"98.5  MHz");
+    EXPECT_EQ(program().cell(showFavourites(), 1, 2), L"98.5  MHz");
+    showDrm();
     ASSERT_TRUE(opensBoxAt(drm, 3, 4));
     expectBoxOnCell(drm, 3, 4);
+}
+
+TEST_F(LooksTest, AListThatIsFirstShownLaterIsPlacedAsTheFirst) {
+    start();
+    HWND drm = program().list(kDrm);
+    EXPECT_EQ(program().list(kAm), nullptr);
+    SetWindowPos(program().window(), nullptr, 0, 0, 900, 400, SWP_NOMOVE | SWP_NOZORDER);
+    const RECT place = placeOf(drm);
+    HWND am = showAm();
+    const RECT taken = placeOf(am);
+    EXPECT_TRUE(EqualRect(&place, &taken));
+    EXPECT_NEAR(static_cast<double>(columnWidths(am)[0]), static_cast<double>(place.right - place.left) / 3.1, 1);
+    EXPECT_EQ(SendMessageW(am, WM_GETFONT, 0, 0), SendMessageW(drm, WM_GETFONT, 0, 0));
+    EXPECT_TRUE(eventually([&] { return IsWindowVisible(am) != 0 && IsWindowVisible(drm) == 0; }));
+    EXPECT_EQ(program().focus(), am);
+    showDrm();
+    EXPECT_EQ(showAm(), am);
 }
 
 TEST_F(LooksTest, ADraggedColumnKeepsItsWidthInAnotherResolution) {

@@ -143,6 +143,12 @@ HWND Program::dialogBy(WORD key, const wchar_t* title) const {
 
 HWND Program::menu() const { return findOwnWindow(L"#32768", nullptr); }
 
+HWND Program::showTab(int tab, const wchar_t* caption) const {
+    HWND tabs = FindWindowExW(window_, nullptr, WC_TABCONTROLW, nullptr);
+    SendMessageW(tabs, TCM_SETCURFOCUS, static_cast<WPARAM>(tab - 1), 0);
+    return list(caption);
+}
+
 bool Program::close() {
     PostMessageW(window_, WM_CLOSE, 0, 0);
     return eventually([this] { return hasEnded(); });

@@ -24,7 +24,10 @@ public:
     Program& operator=(const Program&) = delete;
 
     HWND window() const { return window_; }
+    // Null if the tab has not been shown yet.
     HWND list(const wchar_t* tabCaption) const { return FindWindowExW(window_, nullptr, L"SysListView32", tabCaption); }
+    // Shows a tab, 1-based, as its user does; returns its list.
+    HWND showTab(int tab, const wchar_t* caption) const;
     HWND box() const { return FindWindowExW(window_, nullptr, L"Edit", nullptr); }
     bool boxIsOpen() const { return IsWindowVisible(box()) != 0; }
     // Waits for a dialog or message box with this title; null if none appears.

@@ -96,6 +96,11 @@ protected:
         EXPECT_NEAR(box.bottom, cell.bottom, 1);
     }
 
+    HWND showDrm() { return program().showTab(1, kDrm); }
+    HWND showAm() { return program().showTab(2, kAm); }
+    HWND showFm() { return program().showTab(3, kFm); }
+    HWND showFavourites() { return program().showTab(4, kFavourite); }
+
     Program& program() { return *program_; }
     void start() { program_ = std::make_unique<Program>(folder); }
 

@@ -10,11 +10,11 @@ TEST_F(WindowTest, ShowsTheListsAndSavesThemUnchanged) {
     HWND drm = program().list(kDrm);
     EXPECT_EQ(program().columnTexts(drm, 1), (std::vector<std::wstring>{L"Charlie", L"alpha", L"Bravo"}));
     EXPECT_EQ(program().cell(drm, 2, 3), L"06:00-07:30");
-    EXPECT_EQ(program().cell(program().list(kAm), 1, 3), L"LW");
-    EXPECT_EQ(program().cell(program().list(kFm), 1, 1), L"\u7535\u53F0");
-    EXPECT_EQ(program().cell(program().list(kFm), 1, 2), L"98.5");
-    EXPECT_EQ(program().cell(program().list(kFavourite), 1, 2), L"98.5  MHz");
     EXPECT_TRUE(statusBecomes(L"Total Number Of DRM List: 3"));
+    EXPECT_EQ(program().cell(showAm(), 1, 3), L"LW");
+    EXPECT_EQ(program().cell(showFm(), 1, 1), L"\u7535\u53F0");
+    EXPECT_EQ(program().cell(program().list(kFm), 1, 2), L"98.5");
+    EXPECT_EQ(program().cell(showFavourites(), 1, 2), L"98.5  MHz");
     ASSERT_TRUE(program().close());
     EXPECT_EQ(folder.read("List.ini"), savedFile(totals(3) + drmRecords() + otherRecords()));
     EXPECT_EQ(folder.read("User.ini"), userFile(1, favouriteRecord(0, "City FM", "98500", "FM")));
@@ -149,7 +149,8 @@ TEST_F(WindowTest, DeletesByKeyAndByMenu) {
 
 TEST_F(WindowTest, AddsTheSelectedRowToTheFavourites) {
     start();
-    HWND favourites = program().list(kFavourite);
+    HWND favourites = showFavourites();
+    showDrm();
     const auto addFirst = [&] {
         // Without Ctrl the letter would select another row.
         program().click(program().list(kDrm), 1, 1);
