@@ -31,6 +31,7 @@ _halcyon_k7ctl() {
         schedule:) words='show merge replace' ;;
         schedule:*) words='--format --drm-only --target --day --first --dry-run --json' files=-f ;;
         backup:) words='list show restore' ;;
+        backup:list) words='--json' ;;
         backup:show | backup:restore)
             words=$("${COMP_WORDS[0]}" backup list 2>/dev/null | sed -n '2,$s/ .*//p') ;;
         receiver:) words='status load save' ;;

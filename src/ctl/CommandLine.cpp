@@ -75,7 +75,7 @@ std::string reasonOf(const CLI::App& app, const CLI::Error& error) {
         return wrongWord(app);
     }
     if (code == CLI::ExitCodes::ArgumentMismatch) {
-        const bool isMissing = text.find("required") != text.npos;
+        const bool isMissing = text.find("missing") != text.npos;
         return text.substr(0, text.find(':')) + (isMissing ? " needs a value" : " may be given only once");
     }
     return text;
@@ -84,6 +84,7 @@ std::string reasonOf(const CLI::App& app, const CLI::Error& error) {
 void addGlobalOptions(CLI::App& app, CommandWords& words) {
     // "/" begins a path on every system, but the library takes it for an option on Windows.
     app.allow_windows_style_options(false);
+    app.set_help_flag("-h,--help", "print this help");
     app.set_version_flag("--version", HALCYON_VERSION, "print the version");
     app.add_option("--folder", words.folder, "the folder of the working copies")->type_name("DIR");
     app.add_flag("--json", words.flags.json, "print JSON");
@@ -111,8 +112,6 @@ std::variant<Options, CommandLineEnd> parseCommandLine(std::vector<std::string> 
                 throw CLI::ValidationError("LIST", fault);
             }
         }
-    } catch (const CLI::CallForAllHelp&) {
-        return CommandLineEnd{app.help("", CLI::AppFormatMode::All)};
     } catch (const CLI::CallForHelp&) {
         return CommandLineEnd{app.help()};
     } catch (const CLI::CallForVersion&) {

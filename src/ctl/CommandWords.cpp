@@ -117,7 +117,7 @@ Options optionsOf(const CommandWords& words) {
     // "show" accepts a list, a source or both.
     options.isListOrSource = !options.list && !words.list.empty();
     options.source = fromUtf8(options.isListOrSource ? words.list : words.source);
-    if (!words.stamp.empty()) {
+    if (options.verb == Verb::BackupShow || options.verb == Verb::BackupRestore) {
         options.source = std::u16string(kBackupPrefix) + fromUtf8(words.stamp);
     }
     options.newSource = fromUtf8(words.newSource);

@@ -38,7 +38,7 @@ public:
             }
             auto& place = places_[static_cast<std::size_t>(known - kCsvColumns.begin())];
             if (place) {
-                fault(row.line, *known, u"stands twice in the first line");
+                fault(row.line, *known, u"is in the first line twice");
             }
             place = i;
         }

@@ -41,7 +41,7 @@ Exit exportIni(Services& services, const Options& options, const SourceFiles& so
     const std::u16string folder =
         folderPath(absolutePath(services.currentFolder, options.output), services.folder.back());
     if (!services.files.createFolder(folder.substr(0, folder.size() - 1))) {
-        return fileFault(services.console, folder, u"is no folder and cannot be made one");
+        return fileFault(services.console, folder, u"is no folder and cannot be created");
     }
     const WorkingCopies paths{folder + std::u16string(ListFile::kListName),
                               folder + std::u16string(ListFile::kUserName)};

@@ -125,7 +125,7 @@ private:
         return read(std::move(source), path, u"holds neither List.ini nor User.ini");
     }
 
-    // The files of its paths, of which an empty one names none. `where` and `why` are for a source without a file.
+    // Reads the files at the paths of the source. `where` and `why`: the message if it has no file.
     Opened read(SourceFiles source, std::u16string_view where, std::u16string_view why) {
         for (const ListFileId file : kListFiles) {
             const std::u16string& path = source.paths[file];

@@ -78,7 +78,11 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
         recovery.mayLeave(file, FileState::of(*bytes[file]));
     }
     if (!recovery.keep(bytes)) {
-        fileFault(services_.console, services_.folder + u"Recovery", u"cannot be written");
+        if (services_.files.exists(services_.folder)) {
+            fileFault(services_.console, services_.folder + u"Recovery", u"cannot be written");
+        } else {
+            fileFault(services_.console, services_.folder, u"no such folder");
+        }
         return false;
     }
     for (const ListFileId file : kListFiles) {

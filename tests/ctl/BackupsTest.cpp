@@ -62,3 +62,11 @@ TEST_F(BackupsTest, ARestoreHasADryRunAndRespectsTheWindow) {
     EXPECT_EQ(run({"backup", "restore", "20990101T000000Z"}), 3);
     EXPECT_EQ(files.files[u"/k7/List.ini"], kCtlList);
 }
+
+TEST_F(BackupsTest, AnEmptyStampIsNoBackup) {
+    for (const char* const command : {"show", "restore"}) {
+        EXPECT_EQ(run({"backup", command, ""}), 3);
+        EXPECT_EQ(errors, "halcyon_k7ctl: /k7/Backup: no backup \n");
+        EXPECT_EQ(out, "");
+    }
+}

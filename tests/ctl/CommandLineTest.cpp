@@ -54,6 +54,7 @@ TEST_F(CommandLineTest, AWrongWordIsNamedWithWhatIsExpected) {
              {{"diff", "a"}, "\"diff\" needs NEW\n"},
              {{"backup", "show"}, "\"backup show\" needs STAMP\n"},
              {{"export", "--format"}, "--format needs a value\n"},
+             {{"--folder", "a", "show", "--folder", "b"}, "--folder may be given only once\n"},
              {{"import", "a", "--list", "sw"}, "--list: \"sw\" is none of drm, am, fm and fav\n"},
              {{"show", "sw", "lists"}, "LIST: \"sw\" is none of drm, am, fm and fav\n"},
              {{"export", "--format", "xml"}, "--format: \"xml\" is none of csv, json, ini, html and gqrx\n"},

@@ -106,7 +106,7 @@ TEST_F(ImportTest, TwentyFaultsAreListed) {
 TEST_F(ImportTest, MissingColumnsAreNamed) {
     EXPECT_EQ(import("programme,programme\n"), 1);
     EXPECT_EQ(errors,
-              "halcyon_k7ctl: /home/in.csv:1: programme stands twice in the first line\n"
+              "halcyon_k7ctl: /home/in.csv:1: programme is in the first line twice\n"
               "halcyon_k7ctl: /home/in.csv:1: frequency_khz is missing from the first line\n"
               "halcyon_k7ctl: /home/in.csv:1: list is missing from the first line\n"
               "halcyon_k7ctl: nothing has been changed\n");

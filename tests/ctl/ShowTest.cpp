@@ -101,7 +101,7 @@ TEST_F(ShowTest, CaptionsAreBoldOnATerminal) {
 
 TEST_F(ShowTest, AnUnreadableSourceIsNamed) {
     EXPECT_EQ(run({"show", "nowhere"}), 3);
-    EXPECT_EQ(errors, "halcyon_k7ctl: /home/nowhere: no such file or folder\n");
+    EXPECT_EQ(errors, "halcyon_k7ctl: nowhere: is none of drm, am, fm and fav, and there is no such file or folder\n");
     files.unreadable = {u"/k7/User.ini"};
     EXPECT_EQ(run({"show"}), 3);
     EXPECT_EQ(errors, "halcyon_k7ctl: /k7/User.ini: cannot be read\n");

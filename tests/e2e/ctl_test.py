@@ -158,6 +158,8 @@ class Ends(CtlCase):
                 (3, ["show", "drn"], "drn: is none of drm, am, fm and fav, and there is no such file or folder"),
                 (3, ["check", "nowhere 中"], "nowhere 中: no such file or folder"),
                 (3, ["import", "nowhere.csv"], "nowhere.csv: no such file"),
+                (2, ["show", "--folder", "other"], "--folder may be given only once"),
+                (3, ["backup", "restore", ""], "no backup"),
                 (3, ["export", "-o", "no/folder/x.csv"], "x.csv: cannot be written"),
                 (4, ["receiver", "status"], "no disk is the receiver's"),
                 (6, ["schedule", "show", server.address], "the download failed")):
@@ -168,6 +170,14 @@ class Ends(CtlCase):
                 self.assertTrue(errors.startswith("halcyon_k7ctl: "), errors)
                 self.assertIn(message, errors)
                 self.assertEqual(self.files(), before)
+
+    def test_a_missing_folder_is_named(self):
+        shutil.rmtree(self.folder)
+        self.assertEqual(self.run_program("show")[0], 3, self.last)
+        code, out, errors = self.run_program("schedule", "merge", "-", given=SCHEDULE)
+        self.assertEqual((code, out), (3, ""), self.last)
+        self.assertIn("no such folder", errors)
+        self.assertFalse(self.folder.exists())
 
     def test_a_folder_in_use_is_not_changed(self):
         (self.root / "new.csv").write_text("list,programme,frequency_khz\nam,Night,666\n")
