@@ -139,4 +139,5 @@ void Recovery::keepNewestOnly() {
     if (!isReadableAgain && files_.exists(older)) {
         files_.remove(older);
     }
+    isNamed_[slot] = false;
 }

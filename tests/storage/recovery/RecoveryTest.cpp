@@ -378,6 +378,15 @@ TEST_F(RecoveryTestChanges, TheNameOfAKilledRunsSnapshotSurvivesAPowerCut) {
     EXPECT_EQ(found(), edited(1));
 }
 
+TEST_F(RecoveryTest, ASlotThatIsWrittenAgainAfterItsRemovalSurvivesAPowerCut) {
+    recovery.keep(one);
+    recovery.keep(two);
+    recovery.keepNewestOnly();
+    recovery.keep(one);
+    files.cutPower([](std::u16string_view) { return FakeFiles::Fate::Old; });
+    EXPECT_EQ(found(), one);
+}
+
 TEST_F(RecoveryTest, ALinkInPlaceOfTheFolderIsNotFollowed) {
     files.files[u"/app/Recovery"] = "not a folder";
     EXPECT_FALSE(recovery.keep(one));
