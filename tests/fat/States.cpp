@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <random>
 #include <set>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,26 +16,74 @@ constexpr int kSample = 100;
 
 using Writes = std::vector<const BlockEvent*>;
 
-void apply(std::string& medium, const BlockEvent& write, std::size_t size) {
-    medium.replace(static_cast<std::size_t>(write.offset), size, write.bytes, 0, size);
-}
+// A medium whose checksum follows each write, so that states are told apart without reading all their bytes.
+class HashedMedium {
+public:
+    explicit HashedMedium(std::string bytes) : bytes_(std::move(bytes)) { toggle(0, bytes_.size()); }
 
+    const std::string& bytes() const { return bytes_; }
+    std::size_t hash() const { return hash_; }
+    // Returns the bytes that are replaced.
+    std::string put(std::size_t offset, std::string_view bytes) {
+        std::string old = bytes_.substr(offset, bytes.size());
+        toggle(offset, bytes.size());
+        bytes_.replace(offset, bytes.size(), bytes);
+        toggle(offset, bytes.size());
+        return old;
+    }
+
+private:
+    // Adds the sectors to the checksum, or removes them from it.
+    void toggle(std::size_t offset, std::size_t size) {
+        for (std::size_t sector = offset / kSector; sector * kSector < offset + size; ++sector) {
+            const auto bytes = std::string_view(bytes_).substr(sector * kSector, kSector);
+            hash_ ^= std::hash<std::string_view>()(bytes) * (2 * sector + 1);
+        }
+    }
+
+    std::string bytes_;
+    std::size_t hash_ = 0;
+};
+
+// Writes to a medium until it is destroyed.
+class Attempt {
+public:
+    explicit Attempt(HashedMedium& medium) : medium_(medium) {}
+    ~Attempt() {
+        for (; !replaced_.empty(); replaced_.pop_back()) {
+            medium_.put(replaced_.back().first, replaced_.back().second);
+        }
+    }
+    Attempt(const Attempt&) = delete;
+    Attempt& operator=(const Attempt&) = delete;
+
+    void put(const BlockEvent& write, std::size_t size) {
+        const auto offset = static_cast<std::size_t>(write.offset);
+        replaced_.emplace_back(offset, medium_.put(offset, std::string_view(write.bytes).substr(0, size)));
+    }
+
+private:
+    HashedMedium& medium_;
+    std::vector<std::pair<std::size_t, std::string>> replaced_;
+};
+
+// The writes between two flushes.
 class Epoch {
 public:
-    Epoch(const std::string& base, const Writes& writes, const std::function<void(const std::string&)>& check)
-        : base_(base), writes_(writes), check_(check) {}
+    Epoch(HashedMedium& medium, const Writes& writes, const std::function<void()>& check)
+        : medium_(medium), writes_(writes), check_(check) {}
 
     void prefixes() const {
-        std::string medium = base_;
-        check_(medium);
+        Attempt whole(medium_);
+        check_();
         for (const BlockEvent* const write : writes_) {
             for (std::size_t torn = kSector; torn < write->bytes.size(); torn += kSector) {
-                std::string part = medium;
-                apply(part, *write, torn);
-                check_(part);
+                Attempt part(medium_);
+                part.put(*write, torn);
+                check_();
             }
-            apply(medium, *write, write->bytes.size());
-            check_(medium);
+            whole.put(*write, write->bytes.size());
+            check_();
         }
     }
 
@@ -62,34 +111,34 @@ public:
 private:
     template <typename Chosen>
     void with(const Chosen& chosen) const {
-        std::string medium = base_;
+        Attempt attempt(medium_);
         for (std::size_t i = 0; i < writes_.size(); ++i) {
             if (chosen(i)) {
-                apply(medium, *writes_[i], writes_[i]->bytes.size());
+                attempt.put(*writes_[i], writes_[i]->bytes.size());
             }
         }
-        check_(medium);
+        check_();
     }
 
-    const std::string& base_;
+    HashedMedium& medium_;
     const Writes& writes_;
-    const std::function<void(const std::string&)>& check_;
+    const std::function<void()>& check_;
 };
 
 }  // namespace
 
 void eachState(const BlockLog& log, const std::function<void(const std::string& medium, int returned)>& check) {
     std::set<std::pair<std::size_t, int>> seen;
-    std::string base = log.before;
+    HashedMedium medium(log.before);
     Writes writes;
     int marks = 0;
-    const std::function<void(const std::string&)> once = [&](const std::string& medium) {
-        if (seen.emplace(std::hash<std::string>()(medium), marks).second) {
-            check(medium, marks);
+    const std::function<void()> once = [&] {
+        if (seen.emplace(medium.hash(), marks).second) {
+            check(medium.bytes(), marks);
         }
     };
     const auto endEpoch = [&] {
-        const Epoch epoch(base, writes, once);
+        const Epoch epoch(medium, writes, once);
         epoch.prefixes();
         epoch.subsets();
     };
@@ -104,7 +153,7 @@ void eachState(const BlockLog& log, const std::function<void(const std::string& 
             continue;
         }
         for (const BlockEvent* const write : writes) {
-            apply(base, *write, write->bytes.size());
+            medium.put(static_cast<std::size_t>(write->offset), write->bytes);
         }
         writes.clear();
     }
