@@ -7,7 +7,7 @@
 struct Settings {
     std::string recorder;   // the program that the kernel runs
     std::string table;      // where the table of states goes; empty: nowhere
-    std::string page;       // the page whose table of states is replaced; empty: none
+    std::string page;       // the page whose table of states is renewed; empty: none
     std::string only;       // runs only cases whose name contains this
     bool thorough = false;  // every volume and every set of mount options
     int alignments = 1;     // how many positions of the folder entries in their sector to try, up to 16

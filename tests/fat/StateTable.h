@@ -1,4 +1,4 @@
-// How many states were tried and how many of them broke a promise: the table in docs/reliability.md.
+// How many states were tried and how many of them broke a promise: the tables in docs/reliability.md.
 #pragma once
 
 #include <map>
@@ -11,6 +11,11 @@ struct StateRow {
 };
 using StateTable = std::map<std::string, StateRow>;  // by Case::rowName()
 
+enum class Loop { Test, Soak };  // each has a table of its own
+
 std::string tableOf(const StateTable& table);
-// Replaces the table between the marks of the page. False: the page has no marks or cannot be written.
-bool replaceTable(const std::string& page, const std::string& table);
+// Empty if the page has no such table.
+StateTable tableOnPage(const std::string& page, Loop loop);
+// Replaces the loop's table. The soak, which may run in parts, replaces only the rows of its part. False: the page has
+// no marks or cannot be written.
+bool putOnPage(const std::string& page, Loop loop, StateTable table);
