@@ -14,12 +14,12 @@ std::optional<std::uint64_t> MemoryFiles::size(std::u16string_view path) {
 
 FileRead MemoryFiles::read(std::u16string_view path) {
     const std::string* bytes = find(path);
-    return bytes == nullptr ? FileRead::missing() : FileRead{*bytes};
+    return bytes == nullptr ? FileRead::missing() : FileRead::whole(*bytes);
 }
 
 FileRead MemoryFiles::readStart(std::u16string_view path, std::size_t mostBytes) {
     const std::string* bytes = find(path);
-    return bytes == nullptr ? FileRead::missing() : FileRead{bytes->substr(0, mostBytes)};
+    return bytes == nullptr ? FileRead::missing() : FileRead::whole(bytes->substr(0, mostBytes));
 }
 
 bool MemoryFiles::write(std::u16string_view path, std::string_view bytes, Flush) {

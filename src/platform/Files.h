@@ -8,15 +8,18 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 // The result of reading a file.
 struct FileRead {
-    static FileRead missing() { return {std::nullopt, true}; }
-    static FileRead failed() { return {}; }
+    static FileRead whole(std::string bytes) { return {std::move(bytes), false, {}}; }
+    static FileRead missing() { return {std::nullopt, true, {}}; }
+    static FileRead failed(std::string part = {}) { return {std::nullopt, false, std::move(part)}; }
 
     std::optional<std::string> bytes;  // the whole file, or as much as was asked for
     bool isMissing = false;            // the file does not exist; if false and there are no bytes, the read failed
+    std::string part;                  // of a failed read: what came before the failure, or less
 };
 
 // When a change reaches the device: before the call returns, or when the system chooses.

@@ -41,8 +41,11 @@ bool ReceiverFiles::replace(ListFilePair pair) {
     std::vector<NewFile> newFiles;
     for (const ListFileId file : kListFiles) {
         newFiles.push_back({pathOf(file), std::move(pair[file])});
-        if (const auto old = disk->read(newFiles.back().path).bytes) {
-            backup_.keep(ListFile::nameOf(file), *old);
+        const FileRead old = disk->read(newFiles.back().path);
+        if (old.bytes) {
+            backup_.keep(ListFile::nameOf(file), *old.bytes);
+        } else {
+            backup_.keepPart(ListFile::nameOf(file), old.part);
         }
     }
     return replaceVerified(*disk, newFiles);

@@ -27,8 +27,8 @@ public:
     std::optional<std::u16string> missingFile();
     // nullopt if either file cannot be read, or if the disk is gone.
     std::optional<ListFilePair> read();
-    // Replaces both files or neither, and verifies them on the device. The old ones are backed up. False if the old
-    // ones remain.
+    // Replaces both files or neither, and verifies them on the device. The old ones are backed up, of one that cannot
+    // be read the part before the failure. False if the old ones remain.
     bool replace(ListFilePair pair);
 
 private:

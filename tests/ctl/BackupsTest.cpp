@@ -29,6 +29,12 @@ TEST_F(BackupsTest, StampsAreListedFromTheOldest) {
         << out;
 }
 
+TEST_F(BackupsTest, ThePartOfADamagedFileIsNoBackup) {
+    files.files = {{u"/k7/Backup/List.part-20260101T000000Z.ini", "[DRMSchedule0]\n"}};
+    EXPECT_EQ(run({"backup", "list"}), 1);
+    EXPECT_EQ(run({"backup", "show", "20260101T000000Z"}), 3);
+}
+
 TEST_F(BackupsTest, WithoutBackupsNothingIsFound) {
     files.files.clear();
     files.folders.clear();

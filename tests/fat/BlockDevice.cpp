@@ -116,6 +116,10 @@ bool BlockDevice::fails(std::uint32_t type) {
     return count_ == faults_.first || (count_ > faults_.first && (faults_.forGood || cut));
 }
 
+bool BlockDevice::isBad(std::size_t offset, std::size_t size) const {
+    return recording_ && faults_.badSector >= offset && faults_.badSector < offset + size;
+}
+
 bool BlockDevice::handle(std::uint32_t type, std::uint64_t offset, std::string& bytes) {
     const std::lock_guard lock(mutex_);
     if (fails(type)) {
@@ -124,9 +128,15 @@ bool BlockDevice::handle(std::uint32_t type, std::uint64_t offset, std::string& 
     const auto at = static_cast<std::size_t>(offset);
     switch (type) {
         case NBD_CMD_READ:
+            if (isBad(at, bytes.size())) {
+                return false;
+            }
             bytes = medium_.substr(at, bytes.size());
             return true;
         case NBD_CMD_WRITE:
+            if (isBad(at, bytes.size())) {
+                faults_.badSector = std::string::npos;
+            }
             medium_.replace(at, bytes.size(), bytes);
             if (recording_) {
                 log_.events.push_back({BlockEvent::Kind::Write, offset, bytes});

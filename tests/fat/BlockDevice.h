@@ -1,7 +1,7 @@
 // A block device in memory (/dev/nbd0), which records its writes and flushes and can fail.
 #pragma once
 
-#include <atomic>
+#include <cstddef>
 #include <mutex>
 #include <thread>
 
@@ -12,6 +12,8 @@ struct DeviceFaults {
     Kind kind = Kind::None;
     int first = 0;         // 1-based number of the failing request of that kind; for Cut, of a write or flush
     bool forGood = false;  // all requests from the first on fail
+    // Offset of a sector that cannot be read until it is written.
+    std::size_t badSector = std::string::npos;
 };
 
 class BlockDevice {
@@ -33,6 +35,7 @@ private:
     void serve();
     bool handle(std::uint32_t type, std::uint64_t offset, std::string& bytes);
     bool fails(std::uint32_t type);
+    bool isBad(std::size_t offset, std::size_t size) const;
 
     std::mutex mutex_;
     std::string medium_;

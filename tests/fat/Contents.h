@@ -12,6 +12,9 @@ inline const std::string kOldUser = ofSize(5 * 1024, 'p');
 inline const std::string kNewList = ofSize(24 * 1024, 'n');
 inline const std::string kNewUser = ofSize(6 * 1024, 'm');
 
+// Of the old list, before the sector that cannot be read: whole pages of the system.
+inline constexpr std::size_t kReadablePart = 12 * 1024;
+
 // On the console, before each operation of the run that is killed.
 inline constexpr char kOperationMark = '\1';
 

@@ -30,6 +30,7 @@ namespace {
 
 constexpr const char* kMountPoint = "/mnt/disk";
 const std::u16string kRoot = u"/mnt/disk/";
+constexpr std::size_t kSector = 512;
 
 struct Case {
     std::string name;
@@ -106,7 +107,7 @@ bool mountDevice(const Case& one) {
     return ::mount("/dev/nbd0", kMountPoint, one.fileSystem.c_str(), 0, options) == 0;
 }
 
-// As the window and the command-line program save to the receiver.
+// As the window and the command-line program save to the receiver. Of a damaged file the readable part must be kept.
 bool save(const Case& one, Files& files, const ListFilePair& pair) {
     PosixVolumes mounted;
     FakeVolumes present;  // of any capacity
@@ -118,7 +119,11 @@ bool save(const Case& one, Files& files, const ListFilePair& pair) {
     mFindDiskDriver driver(volumes, files);
     std::u16string root;
     ReceiverFiles receiver(driver, root, files, backup);
-    return receiver.findDisk() && receiver.replace(pair);
+    if (!receiver.findDisk() || !receiver.replace(pair)) {
+        return false;
+    }
+    return one.operation != "damaged" ||
+           elsewhere.files[u"/app/Backup/List.part-20261120T224501Z.ini"] == kOldList.substr(0, kReadablePart);
 }
 
 bool write(Files& files, std::u16string_view name, const std::string& bytes) {
@@ -180,13 +185,13 @@ bool run(const Case& one, Files& files, BlockDevice& device) {
     return true;
 }
 
-DeviceFaults faultsOf(const std::string& fault, int n) {
+DeviceFaults faultsOf(const std::string& fault, int n, std::size_t badSector = std::string::npos) {
     using Kind = DeviceFaults::Kind;
     const Kind kind = fault.starts_with("write")   ? Kind::Write
                       : fault.starts_with("flush") ? Kind::Flush
                       : fault.starts_with("cut")   ? Kind::Cut
                                                    : Kind::None;
-    return {kind, n, fault.ends_with("for-good")};
+    return {kind, n, fault.ends_with("for-good"), badSector};
 }
 
 void act(const std::string& fault) {
@@ -214,7 +219,8 @@ bool runCase(const Case& one, const std::string& image, int n, const std::string
         results << one.name << " cannot be mounted\n";
         return false;
     }
-    device.start(faultsOf(one.fault, n));
+    const std::size_t list = medium.find(kOldList.substr(0, kSector));
+    device.start(faultsOf(one.fault, n, one.operation == "damaged" ? list + kReadablePart : std::string::npos));
     bool saved = false;
     bool reached = false;
     {

@@ -59,16 +59,21 @@ std::optional<std::uint64_t> FaultyFiles::size(std::u16string_view path) {
     return fails(Kind::Read) ? std::nullopt : ForwardingFiles::size(path);
 }
 
-FileRead FaultyFiles::read(std::u16string_view path) {
-    return fails(Kind::Read) ? FileRead::failed() : ForwardingFiles::read(path);
-}
+FileRead FaultyFiles::read(std::u16string_view path) { return cutShort(ForwardingFiles::read(path)); }
 
 FileRead FaultyFiles::readStart(std::u16string_view path, std::size_t mostBytes) {
-    return fails(Kind::Read) ? FileRead::failed() : ForwardingFiles::readStart(path, mostBytes);
+    return cutShort(ForwardingFiles::readStart(path, mostBytes));
 }
 
-FileRead FaultyFiles::readBack(std::u16string_view path) {
-    return fails(Kind::Read) ? FileRead::failed() : ForwardingFiles::readBack(path);
+FileRead FaultyFiles::readBack(std::u16string_view path) { return cutShort(ForwardingFiles::readBack(path)); }
+
+// If the operation fails, half of the bytes are read before that, as from a disk with a bad block.
+FileRead FaultyFiles::cutShort(const FileRead& whole) {
+    if (!fails(Kind::Read)) {
+        return whole;
+    }
+    const bool isHalf = plan_.fault == DiskFault::InputOutput && whole.bytes;
+    return FileRead::failed(isHalf ? whole.bytes->substr(0, whole.bytes->size() / 2) : std::string());
 }
 
 std::string_view FaultyFiles::partOf(std::string_view bytes) const {

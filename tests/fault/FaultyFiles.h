@@ -51,6 +51,7 @@ private:
     enum class Kind { Read, Write, UnflushedWrite, Rename, UnflushedRename, CreateFolder, FlushFolder, Change };
     bool canHit(Kind kind) const;
     bool fails(Kind kind);
+    FileRead cutShort(const FileRead& whole);
     // The bytes that a failed write leaves in the file.
     std::string_view partOf(std::string_view bytes) const;
 

@@ -64,6 +64,26 @@ TEST_F(ReceiverFilesTest, ReplacingBacksUpTheOldFiles) {
     EXPECT_EQ(files.files[u"/k7/Backup/User-20261120T224501Z.ini"], "user");
 }
 
+TEST_F(ReceiverFilesTest, OfAnUnreadableFileTheReadablePartIsBackedUp) {
+    // The name can be replaced; only the old content is unreadable.
+    class BadBlock : public FakeFiles {
+    public:
+        bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
+            unreadable.erase(std::u16string(to));
+            return FakeFiles::rename(from, to, flush);
+        }
+    };
+    BadBlock disk;
+    static_cast<FakeFiles&>(disk) = files;
+    disk.unreadable = {u"/disk/List.ini"};
+    Backup kept(u"/k7/", disk, clock);
+    EXPECT_TRUE(ReceiverFiles(driver, root, disk, kept).replace({"new list", "new user"}));
+    EXPECT_EQ(disk.files, (std::map<std::u16string, std::string>{{u"/disk/List.ini", "new list"},
+                                                                 {u"/disk/User.ini", "new user"},
+                                                                 {u"/k7/Backup/List.part-20261120T224501Z.ini", "li"},
+                                                                 {u"/k7/Backup/User-20261120T224501Z.ini", "user"}}));
+}
+
 TEST_F(ReceiverFilesTest, AFailureLeavesBothOldFiles) {
     for (const std::u16string_view fault : {u"/disk/List.ini", u"/disk/USER.K7N"}) {
         files.readOnly = {std::u16string(fault)};

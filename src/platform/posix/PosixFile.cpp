@@ -18,23 +18,21 @@ bool PosixFile::isRegular() const {
     return isOpen() && ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-std::optional<std::string> PosixFile::readUpTo(std::size_t mostBytes) const {
+bool PosixFile::readUpTo(std::size_t mostBytes, std::string& bytes) const {
     constexpr std::size_t kMore = 4096;  // the file may grow during the read
     struct stat status = {};
     const bool sized = ::fstat(descriptor_, &status) == 0;
-    std::string bytes(std::min((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, mostBytes), '\0');
+    bytes.resize(std::min((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, mostBytes));
     std::size_t length = 0;
     while (true) {
         const ssize_t count = ::read(descriptor_, bytes.data() + length, bytes.size() - length);
-        if (count == 0) {
+        if (count == 0 || (count < 0 && errno != EINTR)) {
             bytes.resize(length);
-            return bytes;
+            return count == 0;
         }
         if (count > 0) {
             length += static_cast<std::size_t>(count);
             bytes.resize(std::min(std::max(bytes.size(), length + kMore), mostBytes));
-        } else if (errno != EINTR) {
-            return std::nullopt;
         }
     }
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -27,8 +26,9 @@ public:
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
     bool isRegular() const;
-    // Reads from the current position to the end, or that many bytes; nullopt on a read error.
-    std::optional<std::string> readUpTo(std::size_t mostBytes) const;
+    // Reads from the current position to the end, or that many bytes. False on a read error; `bytes` then holds what
+    // came before it.
+    bool readUpTo(std::size_t mostBytes, std::string& bytes) const;
     bool writeAll(std::string_view bytes) const;
     bool cutTo(std::size_t size) const;  // truncates
     bool flush() const;                  // to the device; also true if the file system has no such operation

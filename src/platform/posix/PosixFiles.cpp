@@ -42,7 +42,8 @@ FileRead contentOf(const PosixPath& path, bool fromDevice, std::size_t mostBytes
     if (fromDevice) {
         file.forgetCachedPages();
     }
-    return {file.readUpTo(mostBytes)};
+    std::string bytes;
+    return file.readUpTo(mostBytes, bytes) ? FileRead::whole(std::move(bytes)) : FileRead::failed(std::move(bytes));
 }
 
 // Overwrites, then truncates: truncating first would cost a journal a second flush.

@@ -11,6 +11,7 @@ namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD kBlock = 64 * 1024;
+constexpr DWORD kSmallBlock = 4096;
 
 // Page-aligned memory, required for uncached reads.
 class AlignedBlock {
@@ -29,6 +30,12 @@ private:
     void* memory_;
 };
 
+bool seek(HANDLE file, std::size_t offset) {
+    LARGE_INTEGER place{};
+    place.QuadPart = static_cast<LONGLONG>(offset);
+    return SetFilePointerEx(file, place, nullptr, FILE_BEGIN) != 0;
+}
+
 FileRead contentOf(std::u16string_view path, DWORD flags, std::size_t mostBytes = std::string::npos) {
     const Handle file(
         CreateFileW(toWide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
@@ -42,15 +49,22 @@ FileRead contentOf(std::u16string_view path, DWORD flags, std::size_t mostBytes 
         return FileRead::failed();
     }
     std::string bytes;
+    DWORD most = kBlock;
     for (;;) {
-        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(kBlock, mostBytes - bytes.size()));
+        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(most, mostBytes - bytes.size()));
         DWORD got = 0;
-        if (ReadFile(file.get(), block.get(), wanted, &got, nullptr) == 0) {
-            // Some systems report the end of the file as an error on uncached reads.
-            return GetLastError() == ERROR_HANDLE_EOF ? FileRead{bytes} : FileRead::failed();
+        const bool succeeded = ReadFile(file.get(), block.get(), wanted, &got, nullptr) != 0;
+        // Some systems report the end of the file as an error on uncached reads.
+        if (succeeded ? got == 0 : GetLastError() == ERROR_HANDLE_EOF) {
+            return FileRead::whole(std::move(bytes));
         }
-        if (got == 0) {
-            return {bytes};
+        if (!succeeded) {
+            // One bad sector fails a whole block: smaller blocks give more of what lies before it.
+            if (most == kSmallBlock || !seek(file.get(), bytes.size())) {
+                return FileRead::failed(std::move(bytes));
+            }
+            most = kSmallBlock;
+            continue;
         }
         bytes.append(block.get(), got);
     }

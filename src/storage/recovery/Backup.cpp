@@ -113,6 +113,11 @@ void Backup::keep(std::u16string_view name, std::string_view bytes) {
     }
 }
 
+void Backup::keepPart(std::u16string_view name, std::string_view bytes) {
+    const std::size_t dot = std::min(name.rfind(u'.'), name.size());
+    keep(std::u16string(name.substr(0, dot)) + u".part" + std::u16string(name.substr(dot)), bytes);
+}
+
 void Backup::removeLeftovers() {
     const std::u16string ending = temporaryPathOf(u"");
     for (const std::u16string& name : files_.list(folder_)) {

@@ -21,6 +21,10 @@ public:
     // only.
     void keep(std::u16string_view name, std::string_view bytes);
 
+    // What could be read of a damaged file: "List.part-20261120T224501Z.ini". It is none of the copies, so that no
+    // start and no command takes it for a whole file. Else as keep; the newest kCopies of these are kept, too.
+    void keepPart(std::u16string_view name, std::string_view bytes);
+
     // Removes unfinished copies of an interrupted run; call at start-up.
     void removeLeftovers();
 

@@ -54,6 +54,13 @@ TEST_F(PosixFilesTest, APipeIsNoFileAndDoesNotBlock) {
     EXPECT_FALSE(files.write(folder.at(u"pipe"), "x", Flush::Now));
 }
 
+TEST_F(PosixFilesTest, AFileThatFailsAtItsFirstByteHasNoPart) {
+    const FileRead read = files.read(u"/proc/self/mem");  // nothing is mapped at address 0
+    EXPECT_EQ(read.bytes, std::nullopt);
+    EXPECT_FALSE(read.isMissing);
+    EXPECT_EQ(read.part, "");
+}
+
 TEST_F(PosixFilesTest, ANewFileHasTheUsersDefaultPermissions) {
     const mode_t mask = ::umask(027);
     EXPECT_TRUE(files.write(folder.at(u"new"), "x", Flush::Now));

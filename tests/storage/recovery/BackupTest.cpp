@@ -142,3 +142,23 @@ TEST_F(BackupTest, CopiesAreListedFromTheOldestToTheNewest) {
     EXPECT_EQ(files.files[backup.pathOf(backup.copiesOf(u"List.ini").back())], "d");
     EXPECT_EQ(backup.copiesOf(u"User.ini").size(), 1U);
 }
+
+TEST_F(BackupTest, APartOfAFileIsNoCopyOfIt) {
+    backup.keepPart(u"List.ini", "half");
+    EXPECT_EQ(names(), (Names{u"List.part-20261120T224501Z.ini"}));
+    EXPECT_EQ(content(names().front()), "half");
+    EXPECT_TRUE(backup.copiesOf(u"List.ini").empty());
+    EXPECT_TRUE(backup.copies().list.empty());
+    backup.keep(u"List.ini", "whole");
+    EXPECT_EQ(backup.copiesOf(u"List.ini").size(), 1U);
+    EXPECT_EQ(backup.copiesOf(u"List.ini").front().name, u"List-20261120T224501Z.ini");
+    backup.keepPart(u"List.ini", "half");
+    EXPECT_EQ(names().size(), 2U) << "the same part again";
+    backup.keepPart(u"User.ini", "");
+    EXPECT_EQ(names().size(), 2U) << "nothing was read";
+    for (std::size_t i = 0; i < 2 * Backup::kCopies; ++i) {
+        backup.keepPart(u"List.ini", std::to_string(i));
+    }
+    EXPECT_EQ(names().size(), 1 + Backup::kCopies);
+    EXPECT_TRUE(files.files.contains(u"/app/Backup/List-20261120T224501Z.ini"));
+}

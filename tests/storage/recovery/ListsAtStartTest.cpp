@@ -70,6 +70,13 @@ TEST_F(ListsAtStartTest, TheSnapshotCountsForADamagedWorkingCopy) {
     EXPECT_EQ(start().state(), std::nullopt);
 }
 
+TEST_F(ListsAtStartTest, ThePartOfAFileIsNoBackup) {
+    backup.keepPart(u"List.ini", kBackedUp);
+    ASSERT_EQ(files.files.size(), 1U);
+    files.files[kPath] = "";
+    expect(Source::WorkingCopy, "", std::nullopt);
+}
+
 TEST_F(ListsAtStartTest, WithoutASnapshotTheNewestBackupCountsForADamagedWorkingCopy) {
     backup.keep(u"List.ini", "[DRMSchedule0]\r\nProgramme=Older\r\n");
     backup.keep(u"User.ini", "[FAVSchedule0]\r\nProgramme=Other file\r\n");
