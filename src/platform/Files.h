@@ -45,6 +45,9 @@ public:
     // becomes durable with the next rename with Flush::Now in its folder, or with flushFolderOf. Never follows a link
     // at the path.
     virtual bool write(std::u16string_view path, std::string_view bytes, Flush flush) = 0;
+    // True if a file with this name cannot be created because its folder or the disk has no room for the name. False if
+    // the name exists, if it fits, or if another fault prevents the file. Leaves no file.
+    virtual bool lacksRoomForName(std::u16string_view path) = 0;
     // Writes at the end of the file, creating it if missing, and flushes. The name of a new file becomes durable as
     // with write.
     virtual bool append(std::u16string_view path, std::string_view bytes) = 0;

@@ -87,6 +87,15 @@ TEST_F(FilesContract, AFolderExistsButIsNoFile) {
     EXPECT_EQ(folder->names(), (Names{u"a", u"sub"}));
 }
 
+TEST_F(FilesContract, AskingForRoomForANameLeavesNoFile) {
+    EXPECT_FALSE(files.lacksRoomForName(at(u"NEW.K7N")));
+    EXPECT_FALSE(files.lacksRoomForName(at(u"none") + folder->path().back() + u"none")) << "no folder";
+    EXPECT_EQ(folder->names(), Names{});
+    ASSERT_TRUE(files.write(at(u"a"), "a", Flush::Now));
+    EXPECT_FALSE(files.lacksRoomForName(at(u"a")));
+    EXPECT_EQ(files.read(at(u"a")).bytes, "a");
+}
+
 TEST_F(FilesContract, AppendingCreatesAndContinues) {
     ASSERT_TRUE(files.append(at(u"a"), "one"));
     ASSERT_TRUE(files.append(at(u"a"), "two"));

@@ -50,7 +50,7 @@ FileRead FakeFiles::readStart(std::u16string_view path, std::size_t mostBytes) {
 FileRead FakeFiles::readBack(std::u16string_view path) { return read(path); }
 
 bool FakeFiles::write(std::u16string_view path, std::string_view bytes, Flush flush) {
-    if (!writable(flush == Flush::Now ? "write" : "writeUnflushed", path)) {
+    if (!writable(flush == Flush::Now ? "write" : "writeUnflushed", path) || lacksRoomForName(path)) {
         return false;
     }
     if (vanishing.contains(std::u16string(path))) {
@@ -75,6 +75,10 @@ void FakeFiles::put(std::u16string_view path, std::string_view bytes) {
 void FakeFiles::keepOld(const std::u16string& path) {
     const auto found = files.find(path);
     old_.emplace(path, found == files.end() ? std::nullopt : std::optional(found->second));
+}
+
+bool FakeFiles::lacksRoomForName(std::u16string_view path) {
+    return !exists(path) && !failing.contains(std::u16string(path)) && files.size() + folders.size() >= most;
 }
 
 bool FakeFiles::append(std::u16string_view path, std::string_view bytes) {

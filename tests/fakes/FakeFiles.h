@@ -18,6 +18,7 @@ public:
     FileRead readStart(std::u16string_view path, std::size_t mostBytes) override;
     FileRead readBack(std::u16string_view path) override;
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
+    bool lacksRoomForName(std::u16string_view path) override;
     bool append(std::u16string_view path, std::string_view bytes) override;
     bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override;
     bool flushFolderOf(std::u16string_view path) override;
@@ -41,7 +42,8 @@ public:
     std::set<std::u16string> readOnly;              // cannot be written, replaced by rename or removed
     std::map<std::u16string, std::uint64_t> sizes;  // sizes reported for files that are not in `files`
     std::optional<std::uint64_t> free;              // result of freeSpace
-    std::set<std::u16string> unreadable;            // can be written but not read
+    std::size_t most = std::string::npos;           // how many files and folders there can be
+    std::set<std::u16string> unreadable;            // can be written; reading fails after the first half
     std::set<std::u16string> vanishing;             // writing reports success, but the file is gone
     std::set<std::u16string> failing;               // every operation on these paths fails
 

@@ -17,6 +17,7 @@ public:
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
         return files_.write(path, bytes, flush);
     }
+    bool lacksRoomForName(std::u16string_view path) override { return files_.lacksRoomForName(path); }
     bool append(std::u16string_view path, std::string_view bytes) override { return files_.append(path, bytes); }
     bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
         return files_.rename(from, to, flush);

@@ -9,7 +9,8 @@ constexpr const char* kDesktop = "uid=1000,gid=1000,shortname=mixed,utf8=1,showe
 constexpr int kSlots = 16;   // entries in a sector of a FAT folder
 constexpr int kAcross = 11;  // fillers after which the entries that a save writes span two sectors
 
-const std::vector<std::string> kOperations{"replace", "first", "folder", "full", "crowded"};
+const std::vector<std::string> kOperations{"replace", "first",    "folder",   "damaged",
+                                           "full",    "crowded2", "crowded1", "crowded0"};
 const std::vector<std::string> kFaults{"write-once", "write-for-good", "flush-once", "flush-for-good",
                                        "cut",        "read-only",      "unmounted"};
 
@@ -19,7 +20,7 @@ bool isQuick(const std::string& operation, const std::string& options) {
 
 // In a full root folder the only free entries are at its end, whatever comes before the files.
 int alignmentsOf(const Settings& settings, const std::string& operation) {
-    return operation == "crowded" ? 1 : settings.alignments;
+    return operation.starts_with("crowded") ? 1 : settings.alignments;
 }
 
 void addFat(std::vector<Case>& cases, const Settings& settings, const std::string& image, const std::string& options) {

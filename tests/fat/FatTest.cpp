@@ -54,8 +54,12 @@ bool isWhole(const Case& one, const Tree& tree, int returned) {
     };
     const bool list = holds(u"List.ini", kOldList, kNewList);
     const bool user = holds(u"User.ini", kOldUser, kNewUser);
+    // Without room for second copies, or for their names, the files are overwritten in place, one by one; a cut may tear
+    // one of them.
+    if (one.operation == "crowded0" && returned == 0) {
+        return list || user;
+    }
     if (one.operation == "full" && returned == 0) {
-        // Without room for second copies the files are overwritten in place, one by one; a cut may tear one of them.
         const auto other = tree.find(u"FILLER");
         return (list || user) && other != tree.end() && other->second &&
                other->second->find_first_not_of('f') == std::string::npos;

@@ -130,8 +130,8 @@ bool write(Files& files, std::u16string_view name, const std::string& bytes) {
     return files.write(kRoot + std::u16string(name), bytes, Flush::Now);
 }
 
-// Leaves an entry of the root folder for each temporary file. Empty files have an entry and no cluster.
-bool fillRootFolder(PosixFiles& files) {
+// Leaves so many entries of the root folder. Empty files have an entry and no cluster.
+bool fillRootFolder(PosixFiles& files, int free) {
     const auto nameOf = [](int number) {
         std::u16string digits;
         for (; number > 0; number /= 10) {
@@ -144,7 +144,11 @@ bool fillRootFolder(PosixFiles& files) {
     while (files.write(nameOf(written + 1), "", Flush::Later)) {
         ++written;
     }
-    return written > kFewer && files.remove(nameOf(written)) && files.remove(nameOf(written - 1));
+    bool removed = written > kFewer;
+    for (; free > 0; --free) {
+        removed = files.remove(nameOf(written--)) && removed;
+    }
+    return removed;
 }
 
 // Writes the files that exist before the case.
@@ -163,8 +167,8 @@ bool putOld(const Case& one, PosixFiles& files) {
         const auto free = files.freeSpace(kRoot.substr(0, kRoot.size() - 1));
         done = free && *free > kLeft && write(files, u"FILLER", std::string(*free - kLeft, 'f')) && done;
     }
-    if (one.operation == "crowded") {
-        done = fillRootFolder(files) && done;
+    if (one.operation.starts_with("crowded")) {
+        done = fillRootFolder(files, one.operation.back() - '0') && done;
     }
     ::sync();
     return done;

@@ -98,6 +98,10 @@ bool FaultyFiles::write(std::u16string_view path, std::string_view bytes, Flush 
     return false;
 }
 
+bool FaultyFiles::lacksRoomForName(std::u16string_view path) {
+    return fails(Kind::CreateFolder) ? plan_.fault == DiskFault::NoSpace : ForwardingFiles::lacksRoomForName(path);
+}
+
 bool FaultyFiles::append(std::u16string_view path, std::string_view bytes) {
     if (!fails(Kind::Write)) {
         return ForwardingFiles::append(path, bytes);

@@ -36,6 +36,7 @@ public:
     FileRead readStart(std::u16string_view path, std::size_t mostBytes) override;
     FileRead readBack(std::u16string_view path) override;
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
+    bool lacksRoomForName(std::u16string_view path) override;
     bool append(std::u16string_view path, std::string_view bytes) override;
     bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override;
     bool flushFolderOf(std::u16string_view path) override;

@@ -91,6 +91,15 @@ bool PosixFiles::write(std::u16string_view path, std::string_view bytes, Flush f
     return fill(at(path), bytes, flush);
 }
 
+bool PosixFiles::lacksRoomForName(std::u16string_view path) {
+    const PosixPath place = at(path);
+    if (!PosixFile(place, O_WRONLY | O_CREAT | O_EXCL, kDefaultPermissions).isOpen()) {
+        return errno == ENOSPC;
+    }
+    ::unlinkat(place.folder, place.name.c_str(), 0);
+    return false;
+}
+
 bool PosixFiles::append(std::u16string_view path, std::string_view bytes) {
     PosixFile file(at(path), O_WRONLY | O_APPEND | O_NOFOLLOW | O_CREAT, kDefaultPermissions);
     const bool written = file.isRegular() && file.writeAll(bytes) && file.flush();

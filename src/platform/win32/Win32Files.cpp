@@ -147,6 +147,14 @@ bool Win32Files::write(std::u16string_view path, std::string_view bytes, Flush f
     return file && fill(file.get(), bytes) && (flush == Flush::Later || flushFile(file.get()));
 }
 
+bool Win32Files::lacksRoomForName(std::u16string_view path) {
+    const Handle file(CreateFileW(toWide(path).c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    // ERROR_CANNOT_MAKE: the root folder of a FAT volume is full.
+    const DWORD error = file ? ERROR_SUCCESS : GetLastError();
+    return error == ERROR_CANNOT_MAKE || error == ERROR_DISK_FULL;
+}
+
 bool Win32Files::append(std::u16string_view path, std::string_view bytes) {
     const Handle file(openForWriting(path, FILE_APPEND_DATA | SYNCHRONIZE));
     return file && writeAll(file.get(), bytes) && flushFile(file.get());

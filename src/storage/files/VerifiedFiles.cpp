@@ -19,10 +19,18 @@ public:
         old_ = std::move(present.bytes);
         wasMissing_ = present.isMissing;
     }
+    // Versions before the short names left this one. It takes folder entries and space that the new files may need.
+    void removeLongLeftover() {
+        const std::u16string leftover = path_ + u".k7new";
+        if (files_.exists(leftover)) {
+            files_.remove(leftover);
+        }
+    }
     bool writeTemporary() {
         removeLeftover(files_, path_);
         return files_.write(temporaryPathOf(path_), bytes_, Flush::Now);
     }
+    bool lacksRoomForName() { return files_.lacksRoomForName(temporaryPathOf(path_)); }
     bool temporaryHolds() { return files_.readBack(temporaryPathOf(path_)).bytes == bytes_; }
     void abandon() { removeLeftover(files_, path_); }
     bool put() { return files_.rename(temporaryPathOf(path_), path_, Flush::Now) && holds(bytes_); }
@@ -112,6 +120,7 @@ bool replaceVerified(Files& files, const std::vector<NewFile>& newFiles) {
     }
     for (Replacement& one : replacements) {
         one.readOld();
+        one.removeLongLeftover();
     }
     if (all(replacements, [](Replacement& one) { return one.writeTemporary(); })) {
         if (all(replacements, [](Replacement& one) { return one.temporaryHolds(); })) {
@@ -120,10 +129,13 @@ bool replaceVerified(Files& files, const std::vector<NewFile>& newFiles) {
         abandonAll(replacements);
         return false;
     }
+    const bool lacksNames =
+        std::any_of(replacements.begin(), replacements.end(), [](Replacement& one) { return one.lacksRoomForName(); });
     abandonAll(replacements);
     constexpr std::uint64_t kOverhead = 65'536;  // partly used clusters and folder entries, with a margin
     const auto free = freeSpaceAt(files, newFiles.front().path);
-    if (!free || *free >= needed + kOverhead) {
+    const bool isFull = free && *free < needed + kOverhead;
+    if (!isFull && !lacksNames) {
         return false;  // there was room, so the disk is failing: stop before more is lost
     }
     return allOrNone(replacements, [&](Replacement& one) {

@@ -296,6 +296,54 @@ TEST_F(SafeFileTestVerifiedPair, LeftoversOfAnEarlierAttemptAreReplaced) {
     EXPECT_EQ(disk.files, both);
 }
 
+TEST_F(SafeFileTestVerifiedPair, LeftoversOfAnEarlierVersionAreRemoved) {
+    disk.files[u"/disk/List.ini.k7new"] = std::string(disk.room - 20, 'x');
+    disk.files[u"/disk/User.ini.k7new"] = "half";
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(disk.files, both);
+    EXPECT_EQ(countOf("write /disk/List.ini"), 0) << "in place";
+}
+
+TEST_F(SafeFileTestVerifiedPair, WithRoomForOneNameTheFilesAreReplacedOneAfterTheOther) {
+    disk.room = 1'000'000;
+    disk.most = 3;
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(disk.files, both);
+    EXPECT_EQ(countOf("write /disk/List.ini"), 0);
+    EXPECT_EQ(countOf("write /disk/User.ini"), 0);
+}
+
+TEST_F(SafeFileTestVerifiedPair, WithoutRoomForANameTheFilesAreOverwritten) {
+    disk.room = 1'000'000;
+    disk.most = 2;
+    EXPECT_TRUE(replace());
+    EXPECT_EQ(disk.files, both);
+    EXPECT_EQ(countOf("write /disk/List.ini"), 1);
+    EXPECT_EQ(countOf("write /disk/User.ini"), 1);
+}
+
+TEST_F(SafeFileTestVerifiedPair, WithoutRoomForANameADamagedFileRestoresBoth) {
+    disk.room = 1'000'000;
+    disk.most = 2;
+    for (const auto* const fault : {kPath, kOther}) {
+        disk.losing = fault;
+        EXPECT_FALSE(replace());
+        EXPECT_EQ(disk.files, old);
+    }
+}
+
+TEST_F(SafeFileTestVerifiedPair, WithoutRoomForANameAnUnreadableOrMissingFileStaysAsItIs) {
+    disk.room = 1'000'000;
+    disk.most = 2;
+    disk.unreadable = {kOther};
+    EXPECT_FALSE(replace());
+    EXPECT_EQ(disk.files, old);
+    disk.files.erase(kOther);
+    disk.most = 1;
+    EXPECT_FALSE(replace());
+    EXPECT_EQ(disk.files, (std::map<std::u16string, std::string>{{kPath, "old list"}}));
+}
+
 TEST_F(SafeFileTestVerifiedPair, EachUsesTheSpaceLeftByTheOther) {
     for (std::size_t room = 16; room < 40; ++room) {
         disk.files = old;
