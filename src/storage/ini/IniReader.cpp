@@ -19,57 +19,22 @@ bool beginsLine(std::u16string_view text, std::size_t at) {
     return at == 0 || text[at - 1] == u'\n' || text[at - 1] == u'\r';
 }
 
-// The position of the first "]" from `at` on, or the end of the line if that comes first.
-std::size_t endOfSectionName(std::u16string_view text, std::size_t at) {
-    UnitFinder marks(text, at, [](char16_t c) { return c <= u'\r' || c == u']'; });
-    std::size_t close = marks.next();
-    while (close < text.size() && text[close] != u']' && text[close] != u'\r' && text[close] != u'\n') {
-        close = marks.next();
-    }
-    return close;
+// True if `line` is this key, in the same spelling, with a value.
+bool startsWithKey(std::u16string_view line, std::u16string_view key) {
+    return line.size() > key.size() && line[key.size()] == u'=' && std::equal(key.begin(), key.end(), line.begin());
 }
 
 }  // namespace
 
 IniReader::IniReader(std::u16string text) : text_(std::make_shared<const std::u16string>(std::move(text))) {
-    findSections();
-    buildIndex();
-}
-
-// Brackets are rarer than lines, so most of the text is scanned only once, here.
-void IniReader::findSections() {
-    // Shorter than the average section of a list, so the vector rarely grows; growing would fragment the heap.
+    // Shorter than the average section of a list, so that the index is rarely enlarged.
     constexpr std::size_t kShortSection = 48;
-    const std::u16string_view text = *text_;
-    sections_.reserve(text.size() / kShortSection);
-    UnitFinder brackets(text, 0, [](char16_t c) { return c == u'['; });
-    for (std::size_t at = brackets.next(); at < text.size(); at = brackets.next()) {
-        if (!beginsLine(text, at)) {
-            continue;
-        }
-        const std::size_t close = endOfSectionName(text, at);
-        const IniLine line = parseIniLine(text.substr(at, close + 1 - at));
-        if (line.kind == IniLineKind::Section) {
-            sections_.push_back({static_cast<std::uint32_t>(line.name.data() - text.data()),
-                                 static_cast<std::uint32_t>(line.name.size()), nameHash(line.name),
-                                 static_cast<std::uint32_t>(close)});
-        }
-    }
+    const std::size_t mostSections = text_->size() / kShortSection + 1;
+    sections_.reserve(mostSections);
+    slots_.assign(std::bit_ceil(mostSections + 1), 0);
 }
 
-void IniReader::buildIndex() {
-    slots_.assign(std::bit_ceil(sections_.size() * 2 + 1), 0);
-    for (std::size_t i = 0; i < sections_.size(); ++i) {
-        std::uint32_t& slot = slotOf(nameOf(sections_[i]), sections_[i].hash);
-        if (slot == 0) {
-            slot = static_cast<std::uint32_t>(i + 1);
-            sections_[i].isFirst = true;
-        }
-    }
-}
-
-// The slot that holds the section of that name, or the free one for it.
-std::uint32_t& IniReader::slotOf(std::u16string_view name, std::uint32_t hash) {
+std::size_t IniReader::slotOf(std::u16string_view name, std::uint32_t hash) const {
     const std::size_t mask = slots_.size() - 1;
     std::size_t slot = hash & mask;
     while (slots_[slot] != 0) {
@@ -79,48 +44,116 @@ std::uint32_t& IniReader::slotOf(std::u16string_view name, std::uint32_t hash) {
         }
         slot = (slot + 1) & mask;
     }
-    return slots_[slot];
+    return slot;
 }
 
-const IniReader::Section* IniReader::find(std::u16string_view name) {
-    const auto isNext = [&](const Section& section) { return section.isFirst && sameName(nameOf(section), name); };
-    if (next_ >= sections_.size() || !isNext(sections_[next_])) {
-        const std::uint32_t number = slotOf(name, nameHash(name));
-        if (number == 0) {
-            return nullptr;
-        }
-        next_ = number - 1;
+void IniReader::enlargeIndex() {
+    slots_.assign(slots_.size() * 2, 0);
+    for (std::size_t i = 0; i < sections_.size(); ++i) {
+        slots_[slotOf(nameOf(sections_[i]), sections_[i].hash)] = static_cast<std::uint32_t>(i + 1);
     }
-    return &sections_[next_++];
+}
+
+void IniReader::add(std::u16string_view name, std::uint32_t hash, std::size_t slot) {
+    constexpr std::size_t kMostFilled = 3;  // of four slots
+    sections_.push_back(
+        {static_cast<std::uint32_t>(name.data() - text_->data()), static_cast<std::uint32_t>(name.size()), hash});
+    slots_[slot] = static_cast<std::uint32_t>(sections_.size());
+    if (sections_.size() * 4 > slots_.size() * kMostFilled) {
+        enlargeIndex();
+    }
+}
+
+std::optional<std::u16string_view> IniReader::nextHeader() {
+    const std::u16string_view text = *text_;
+    const auto isOpen = [](char16_t c) { return c == u'['; };
+    const auto mayEndName = [](char16_t c) { return c == u']' || c == u'\r' || c == u'\n'; };
+    for (std::size_t at = findUnit(text, indexed_, isOpen); at < text.size(); at = findUnit(text, at + 1, isOpen)) {
+        const std::size_t close = beginsLine(text, at) ? findUnit(text, at, mayEndName) : text.size();
+        if (close < text.size() && text[close] == u']') {
+            indexed_ = close;
+            return trimmed(text.substr(at + 1, close - at - 1));
+        }
+    }
+    indexed_ = text.size();
+    return std::nullopt;
+}
+
+std::optional<std::size_t> IniReader::find(std::u16string_view name) {
+    const std::uint32_t hash = nameHash(name);
+    std::size_t slot = slotOf(name, hash);
+    if (slots_[slot] != 0) {
+        const Section& section = sections_[slots_[slot] - 1];
+        return text_->find(u']', section.name + section.nameLength);
+    }
+    while (const auto header = nextHeader()) {
+        if (sameName(*header, name)) {
+            add(*header, hash, slot);
+            return indexed_;
+        }
+        const std::uint32_t otherHash = nameHash(*header);
+        if (const std::size_t other = slotOf(*header, otherHash); slots_[other] == 0) {
+            add(*header, otherHash, other);
+            slot = slotOf(name, hash);
+        }
+    }
+    return std::nullopt;
+}
+
+template <class Take>
+void IniReader::readLines(std::u16string_view section, Take take) {
+    const std::optional<std::size_t> close = find(section);
+    if (!close) {
+        return;
+    }
+    const std::u16string_view text = *text_;
+    std::size_t at = findLineEnd(text, *close).next;
+    while (at < text.size()) {
+        const IniLineEnd lineEnd = findLineEnd(text, at);
+        if (!take(text.substr(at, lineEnd.end - at), lineEnd)) {
+            break;
+        }
+        at = lineEnd.next;
+    }
+    // No header precedes the line that was read last, so the search for the next one continues there.
+    indexed_ = *close == indexed_ ? at : indexed_;
 }
 
 std::u16string_view IniReader::get(std::u16string_view section, std::u16string_view key) {
     std::u16string_view value;
-    get(section, {&key, 1}, {&value, 1});
+    readLines(section, [&](std::u16string_view units, const IniLineEnd&) {
+        const IniLine line = parseIniLine(units);
+        const bool isKey = line.kind == IniLineKind::Key && sameName(line.name, key);
+        value = isKey ? iniValue(line.value) : value;
+        return !isKey && line.kind != IniLineKind::Section;
+    });
     return value;
 }
 
 void IniReader::get(std::u16string_view section, std::span<const std::u16string_view> keys,
                     std::span<std::u16string_view> values) {
     std::fill(values.begin(), values.end(), std::u16string_view());
-    const Section* const found = find(section);
-    if (found == nullptr) {
-        return;
-    }
+    // A value already found points into the text, even if it is empty.
+    const auto isMissing = [values](std::size_t key) { return values[key].data() == nullptr; };
     std::size_t missing = keys.size();
-    IniLine line;
-    IniLines lines(*text_, found->close);
-    lines.next(line);  // skips the rest of the header
-    while (missing > 0 && lines.next(line) && line.kind != IniLineKind::Section) {
-        for (std::size_t i = 0; line.kind == IniLineKind::Key && i < keys.size(); ++i) {
-            // A value already found points into the text, even if it is empty.
-            if (values[i].data() == nullptr && sameName(line.name, keys[i])) {
-                values[i] = iniValue(line.value);
-                --missing;
-                break;
+    std::size_t expected = 0;
+    const auto keep = [&](std::size_t key, std::u16string_view raw, const IniLineEnd& lineEnd) {
+        values[key] = lineEnd.hasControls ? PtrToStrW(iniValue(raw)) : iniValue(raw);
+        expected = key + 1;
+        return --missing > 0;
+    };
+    readLines(section, [&](std::u16string_view units, const IniLineEnd& lineEnd) {
+        if (expected < keys.size() && isMissing(expected) && startsWithKey(units, keys[expected])) {
+            return keep(expected, units.substr(keys[expected].size() + 1), lineEnd);
+        }
+        const IniLine line = parseIniLine(units);
+        for (std::size_t key = 0; line.kind == IniLineKind::Key && key < keys.size(); ++key) {
+            if (isMissing(key) && sameName(line.name, keys[key])) {
+                return keep(key, line.value, lineEnd);
             }
         }
-    }
+        return line.kind != IniLineKind::Section;
+    });
 }
 
 IniText decodeIni(std::string_view bytes, CodePages& codePages) {

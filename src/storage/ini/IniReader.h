@@ -1,8 +1,11 @@
-// A profile (INI) text, indexed once for any number of reads. Of duplicate names the first one counts.
+// Reads a profile (INI) text. Of duplicate names the first one counts. Sections are indexed up to the last one found,
+// so reading them in the order of the text is one pass over it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,11 +23,12 @@ public:
     // The value by the rules of iniValue, NULs included; empty if the section or key does not exist. All values are
     // views into text().
     std::u16string_view get(std::u16string_view section, std::u16string_view key);
-    // Several keys of one section, in one pass over it. `values` has at least the size of `keys`.
+    // Several keys of one section, in one pass over it; each value ends at its first NUL. The keys consist of letters;
+    // reading is fastest if the section has them in the same order. `values` has at least the size of `keys`.
     void get(std::u16string_view section, std::span<const std::u16string_view> keys,
              std::span<std::u16string_view> values);
 
-    bool hasSection(std::u16string_view name) { return find(name) != nullptr; }
+    bool hasSection(std::u16string_view name) { return find(name).has_value(); }
 
     // May outlive the reader.
     const std::shared_ptr<const std::u16string>& text() const { return text_; }
@@ -35,22 +39,27 @@ private:
         std::uint32_t name = 0;
         std::uint32_t nameLength = 0;
         std::uint32_t hash = 0;
-        std::uint32_t close = 0;  // the closing bracket of the header
-        bool isFirst = false;     // the first section of its name
     };
 
     std::u16string_view nameOf(const Section& section) const {
         return std::u16string_view(*text_).substr(section.name, section.nameLength);
     }
-    void findSections();
-    void buildIndex();
-    std::uint32_t& slotOf(std::u16string_view name, std::uint32_t hash);
-    const Section* find(std::u16string_view name);
+    // The position in slots_ of the section of that name, or of the free slot for it.
+    std::size_t slotOf(std::u16string_view name, std::uint32_t hash) const;
+    void add(std::u16string_view name, std::uint32_t hash, std::size_t slot);
+    void enlargeIndex();
+    // The name in the next header; indexed_ is then the position of its closing bracket.
+    std::optional<std::u16string_view> nextHeader();
+    // The position of the closing bracket of the first section of that name.
+    std::optional<std::size_t> find(std::u16string_view name);
+    // Calls take(line, lineEnd) for the lines after the section's header, until it returns false.
+    template <class Take>
+    void readLines(std::u16string_view section, Take take);
 
     std::shared_ptr<const std::u16string> text_;
+    std::size_t indexed_ = 0;  // all sections before this position are in the index
     std::vector<Section> sections_;
     std::vector<std::uint32_t> slots_;  // open addressing: 1 + index of a section, 0 if free
-    std::size_t next_ = 0;              // follows the section found last: most reads are in the order of the text
 };
 
 struct IniText {

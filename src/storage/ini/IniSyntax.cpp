@@ -4,7 +4,13 @@
 #include <bit>
 #include <cstring>
 
+#include "storage/text/Numbers.h"
+
 namespace {
+
+char16_t folded(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c | 0x20) : c; }
+
+}  // namespace
 
 std::u16string_view trimmed(std::u16string_view text) {
     while (!text.empty() && isBlank(text.front())) {
@@ -16,37 +22,30 @@ std::u16string_view trimmed(std::u16string_view text) {
     return text;
 }
 
-char16_t folded(char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c | 0x20) : c; }
-
-}  // namespace
-
-IniLine parseIniLine(std::u16string_view line, std::size_t equals) {
+IniLine parseIniLine(std::u16string_view line) {
+    while (!line.empty() && isBlank(line.front())) {
+        line.remove_prefix(1);
+    }
+    if (line.empty() || line.front() == u';') {
+        return {};
+    }
     if (line.front() == u'[') {
         const std::size_t close = line.find(u']');
         return close == line.npos ? IniLine() : IniLine{IniLineKind::Section, trimmed(line.substr(1, close - 1)), {}};
     }
-    if (line.front() == u';' || equals == 0 || equals >= line.size()) {
+    const std::size_t equals = line.find(u'=');
+    if (equals == 0 || equals == line.npos) {
         return {};
     }
     return {IniLineKind::Key, trimmed(line.substr(0, equals)), line.substr(equals + 1)};
 }
 
-IniLine parseIniLine(std::u16string_view line) {
-    while (!line.empty() && isBlank(line.front())) {
-        line.remove_prefix(1);
-    }
-    return line.empty() ? IniLine() : parseIniLine(line, line.find(u'='));
-}
-IniLineEnd findLineEnd(std::u16string_view text, std::size_t start) {
-    const std::size_t end = findUnit(text, start, [](char16_t c) { return c == u'\r' || c == u'\n'; });
-    if (end == text.size()) {
-        return {end, end};
-    }
-    const bool pair = text[end] == u'\r' && end + 1 < text.size() && text[end + 1] == u'\n';
-    return {end, end + (pair ? 2U : 1U)};
-}
-
 std::u16string_view iniValue(std::u16string_view raw) {
+    // Fast path: most values begin and end with a letter or a digit.
+    const auto isPlain = [](char16_t c) { return c > u'\'' || (!isBlank(c) && c != u'"' && c != u'\''); };
+    if (!raw.empty() && raw.size() <= kIniValueUnits && isPlain(raw.front()) && isPlain(raw.back())) {
+        return raw;
+    }
     raw = trimmed(raw);
     const bool quoted = raw.size() >= 2 && raw.front() == raw.back() && (raw.front() == u'"' || raw.front() == u'\'');
     if (quoted) {

@@ -1,12 +1,10 @@
 // The grammar of INI files, line by line, as the system's profile functions read them.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
-#include "storage/text/Numbers.h"
 #include "storage/text/UnitFinder.h"
 
 inline constexpr std::size_t kIniValueUnits = 254;  // the functions use a buffer of 255 UTF-16 units with its NUL
@@ -22,50 +20,35 @@ struct IniLine {
 
 // `line` without its line end.
 IniLine parseIniLine(std::u16string_view line);
-// Parses a line that does not begin with a blank. equals: the position of its first "=", or any position past its end.
-IniLine parseIniLine(std::u16string_view line, std::size_t equals);
 
 // Where the line that starts at `start` ends and where the next one starts, after CR LF, LF or CR. Positions in UTF-16
 // units.
 struct IniLineEnd {
     std::size_t end = 0;
     std::size_t next = 0;
+    bool hasControls = false;  // whether a unit below CR, such as NUL, is in the line; LF excepted
 };
-IniLineEnd findLineEnd(std::u16string_view text, std::size_t start);
 
-// Iterates over the lines of a text; `start` is the start of a line.
-class IniLines {
-public:
-    IniLines(std::u16string_view text, std::size_t start) : text_(text), start_(start), marks_(text, start, {}) {}
-    // False at the end of the text. Inline, so that the finder stays in registers.
-    bool next(IniLine& line) {
-        if (start_ >= text_.size()) {
-            return false;
-        }
-        std::size_t equals = text_.npos;
-        std::size_t end = marks_.next();
-        for (; end < text_.size() && text_[end] != u'\r' && text_[end] != u'\n'; end = marks_.next()) {
-            equals = text_[end] == u'=' ? std::min(equals, end) : equals;
-        }
-        const std::u16string_view units = text_.substr(start_, end - start_);
-        line = units.empty() || isBlank(units.front()) ? parseIniLine(units) : parseIniLine(units, equals - start_);
-        start_ = end + 1;
-        if (start_ < text_.size() && text_[end] == u'\r' && text_[start_] == u'\n') {
-            start_ = marks_.next() + 1;
-        }
-        return true;
-    }
-
-private:
-    // Line ends and "=", and a few rare control characters.
-    struct IsMark {
-        bool operator()(char16_t c) const { return c <= u'\r' || c == u'='; }
+// Inline: a load calls it for every line.
+inline IniLineEnd findLineEnd(std::u16string_view text, std::size_t start) {
+    const auto isLow = [](char16_t c) { return c <= u'\r'; };
+    const auto endsLine = [text](std::size_t at) {
+        return at == text.size() || text[at] == u'\r' || text[at] == u'\n';
     };
+    std::size_t end = findUnit(text, start, isLow);
+    const bool hasControls = !endsLine(end);
+    while (!endsLine(end)) {
+        end = findUnit(text, end + 1, isLow);
+    }
+    if (end == text.size()) {
+        return {end, end, hasControls};
+    }
+    const bool isPair = text[end] == u'\r' && end + 1 < text.size() && text[end + 1] == u'\n';
+    return {end, end + (isPair ? 2U : 1U), hasControls};
+}
 
-    std::u16string_view text_;
-    std::size_t start_;  // of the next line
-    UnitFinder<IsMark> marks_;
-};
+// Without surrounding blanks.
+std::u16string_view trimmed(std::u16string_view text);
 
 // The value without surrounding blanks and one pair of equal quotes, cut to kIniValueUnits.
 std::u16string_view iniValue(std::u16string_view raw);

@@ -29,7 +29,12 @@ RecordSection::RecordSection(ListKind kind)
     : name_(ListFile::sectionPrefix(kind)), prefixLength_(ListFile::sectionPrefix(kind).size()) {}
 
 std::u16string_view RecordSection::of(int index) {
-    name_.resize(prefixLength_);
-    name_ += decimal(index);
+    if (index > 0 && index == last_ + 1 && name_.back() != u'9') {
+        ++name_.back();
+    } else {
+        name_.resize(prefixLength_);
+        appendDecimal(name_, index);
+    }
+    last_ = index;
     return name_;
 }

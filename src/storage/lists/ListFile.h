@@ -33,7 +33,7 @@ std::u16string_view countKey(ListKind kind);       // in kTotal
 std::u16string_view sectionPrefix(ListKind kind);  // followed by the 0-based number of the record
 }  // namespace ListFile
 
-// The names of a list's record sections, one after the other, in one buffer.
+// The names of a list's record sections, in one buffer. In rising order each costs little more than its last digit.
 class RecordSection {
 public:
     explicit RecordSection(ListKind kind);
@@ -43,4 +43,5 @@ public:
 private:
     std::u16string name_;
     std::size_t prefixLength_;
+    int last_ = -1;
 };

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "storage/lists/ListFile.h"
 #include "storage/stations/Bands.h"
@@ -23,63 +24,70 @@ std::optional<int> countOf(IniReader& profile, ListKind kind) {
     return roundToInt16(leadingNumber(profile.get(ListFile::kTotal, ListFile::countKey(kind))));
 }
 
-// The stored values of one record at a time.
-class Record {
+// The cells of one record at a time; valid until the next.
+class RecordCells {
 public:
-    explicit Record(std::span<const ListColumn> columns) {
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (columns[i].storedPlace != 0) {
-                columns_[stored_] = i;
-                keys_[stored_++] = columns[i].storedKey;
-            }
+    explicit RecordCells(std::span<const ListColumn> columns) : columns_(columns), stored_(storedColumns(columns)) {
+        for (const int number : stored_) {
+            keys_.push_back(columnAt(columns, number)->storedKey);
         }
+        values_.resize(keys_.size());
     }
-    void read(IniReader& profile, std::u16string_view section) {
-        std::array<std::u16string_view, kMaxColumns> values;
-        profile.get(section, std::span<const std::u16string_view>(keys_).first(stored_), values);
-        for (std::size_t i = 0; i < stored_; ++i) {
-            values_[columns_[i]] = PtrToStrW(values[i]);
+
+    std::span<const std::u16string_view> read(IniReader& profile, std::u16string_view section) {
+        profile.get(section, keys_, values_);
+        for (std::size_t i = 0; i < stored_.size(); ++i) {
+            cell(stored_[i]) = values_[i];
         }
+        const std::u16string_view stored = cell(kFrequencyColumn);
+        for (int number = 1; number <= static_cast<int>(columns_.size()); ++number) {
+            compute(columns_[at(number)].content, number, stored);
+        }
+        return std::span(cells_).first(columns_.size());
     }
-    std::u16string_view value(int column) const { return values_[static_cast<std::size_t>(column - 1)]; }
-    double kilohertz() const { return leadingNumber(value(kFrequencyColumn)); }
-    double megahertz() const { return kilohertz() / 1000; }
 
 private:
-    std::size_t stored_ = 0;
-    std::array<std::u16string_view, kMaxColumns> keys_;
-    std::array<std::size_t, kMaxColumns> columns_{};       // 0-based column of each key
-    std::array<std::u16string_view, kMaxColumns> values_;  // by column
-};
+    static std::size_t at(int number) { return static_cast<std::size_t>(number - 1); }
+    std::u16string_view& cell(int number) { return cells_[at(number)]; }
 
-// `made` holds the text of a cell whose text is not in the file.
-std::u16string_view cellText(CellContent content, int column, const Record& record, std::u16string& made) {
-    switch (content) {
-        case CellContent::StoredText:
-            break;
-        case CellContent::Megahertz:
-            return made = shortestDecimal(record.megahertz());
-        case CellContent::FrequencyWithUnit: {
-            const std::u16string_view type = record.value(kSystemColumn);
-            made = shortestDecimal(ReceptionSystem::isFm(type) ? record.megahertz() : record.kilohertz());
-            return made += ReceptionSystem::unitOf(type);
+    // `frequency`: as stored, in kHz.
+    void compute(CellContent content, int number, std::u16string_view frequency) {
+        switch (content) {
+            case CellContent::StoredText:
+                return;
+            case CellContent::Megahertz:
+                cell(number) = decimalOf(number, leadingNumber(frequency) / 1000);
+                return;
+            case CellContent::FrequencyWithUnit: {
+                const std::u16string_view type = cell(kSystemColumn);
+                const double kilohertz = leadingNumber(frequency);
+                decimalOf(number, ReceptionSystem::isFm(type) ? kilohertz / 1000 : kilohertz);
+                cell(number) = computed_[at(number)].append(ReceptionSystem::unitOf(type));
+                return;
+            }
+            case CellContent::AmBand:
+                cell(number) = Bands::ofLoadedRecord(leadingNumber(frequency));
+                return;
+            case CellContent::FmBand:
+                cell(number) = Bands::kVhf;
+                return;
         }
-        case CellContent::AmBand:
-            return Bands::ofLoadedRecord(record.kilohertz());
-        case CellContent::FmBand:
-            return Bands::kVhf;
     }
-    return record.value(column);
-}
 
-void appendRecord(const StationList& list, const Record& record) {
-    std::array<std::u16string, kMaxColumns> made;
-    std::array<std::u16string_view, kMaxColumns> cells;
-    for (std::size_t i = 0; i < list.columns.size(); ++i) {
-        cells[i] = cellText(list.columns[i].content, static_cast<int>(i) + 1, record, made[i]);
+    const std::u16string& decimalOf(int number, double value) {
+        std::u16string& text = computed_[at(number)];
+        text.clear();
+        appendShortestDecimal(text, value);
+        return text;
     }
-    list.grid.appendRow(std::span<const std::u16string_view>(cells).first(list.columns.size()));
-}
+
+    std::span<const ListColumn> columns_;
+    std::vector<int> stored_;                  // column numbers, in the order of the file
+    std::vector<std::u16string_view> keys_;    // of stored_
+    std::vector<std::u16string_view> values_;  // of stored_
+    std::array<std::u16string_view, kMaxColumns> cells_;
+    std::array<std::u16string, kMaxColumns> computed_;  // the texts of cells that are not in the file
+};
 
 void keepUnlessEmpty(std::u16string& remembered, std::u16string_view read) {
     if (!read.empty()) {
@@ -142,10 +150,9 @@ void ListLoader::appendRecords(ListKind kind, IniReader& profile) {
     const GridUpdate update(list.grid);
     list.grid.expectRows(*count, profile.text());
     RecordSection section(kind);
-    Record record(list.columns);
+    RecordCells cells(list.columns);
     for (int index = 0; index < *count; ++index) {
-        record.read(profile, section.of(index));
-        appendRecord(list, record);
+        list.grid.appendRow(cells.read(profile, section.of(index)));
     }
 }
 

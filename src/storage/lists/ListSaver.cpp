@@ -1,9 +1,7 @@
 #include "storage/lists/ListSaver.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <iterator>
-#include <span>
 #include <utility>
 #include <vector>
 
@@ -55,20 +53,6 @@ void appendCell(std::u16string& text, const ListColumn& column, int number, cons
         case CellContent::FmBand:
             break;
     }
-}
-
-// The numbers of the stored columns, in the order of the file.
-std::vector<int> storedColumns(std::span<const ListColumn> columns) {
-    std::vector<int> numbers;
-    for (int number = 1; number <= static_cast<int>(columns.size()); ++number) {
-        if (columnAt(columns, number)->storedPlace != 0) {
-            numbers.push_back(number);
-        }
-    }
-    std::sort(numbers.begin(), numbers.end(), [columns](int left, int right) {
-        return columnAt(columns, left)->storedPlace < columnAt(columns, right)->storedPlace;
-    });
-    return numbers;
 }
 
 bool hasUnits(const Grid& favourites) {

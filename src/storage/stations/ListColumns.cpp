@@ -1,5 +1,6 @@
 #include "storage/stations/ListColumns.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -56,6 +57,19 @@ std::span<const ListColumn> columnsOf(ListKind kind) {
 const ListColumn* columnAt(std::span<const ListColumn> columns, int number) {
     const bool isThere = number >= 1 && number <= static_cast<int>(columns.size());
     return isThere ? &columns[static_cast<std::size_t>(number - 1)] : nullptr;
+}
+
+std::vector<int> storedColumns(std::span<const ListColumn> columns) {
+    std::vector<int> numbers;
+    for (int number = 1; number <= static_cast<int>(columns.size()); ++number) {
+        if (columnAt(columns, number)->storedPlace != 0) {
+            numbers.push_back(number);
+        }
+    }
+    std::sort(numbers.begin(), numbers.end(), [columns](int left, int right) {
+        return columnAt(columns, left)->storedPlace < columnAt(columns, right)->storedPlace;
+    });
+    return numbers;
 }
 
 void addListColumns(StationList& list) {

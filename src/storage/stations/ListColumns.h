@@ -43,6 +43,8 @@ inline constexpr int kTargetColumn = 4;  // DRM
 std::span<const ListColumn> columnsOf(ListKind kind);
 // nullptr if the table has no such number.
 const ListColumn* columnAt(std::span<const ListColumn> columns, int number);
+// The numbers of the stored columns, in the order of the file.
+std::vector<int> storedColumns(std::span<const ListColumn> columns);
 
 // Adds the list's columns to its grid; if a window shows the list, with their standard widths.
 void addListColumns(StationList& list);

@@ -25,11 +25,12 @@ void RowStore::columnDragged(int column, double widthTwips) {
 }
 
 RowStore::Cell RowStore::cellOf(std::u16string_view text) {
-    const auto number = [](const auto* unit) { return reinterpret_cast<std::uintptr_t>(unit); };
+    const auto number = [](const char16_t* unit) { return reinterpret_cast<std::uintptr_t>(unit); };
     const auto length = static_cast<std::uint32_t>(text.size());
-    if (number(text.data()) >= number(loaded_->data()) &&
-        number(text.data() + length) <= number(loaded_->data() + loaded_->size())) {
-        return {static_cast<std::uint32_t>(text.data() - loaded_->data()), length};
+    // A text that begins before the loaded one gives an offset larger than any.
+    const std::uintptr_t offset = (number(text.data()) - number(loaded_->data())) / sizeof(char16_t);
+    if (offset <= loaded_->size() && length <= loaded_->size() - offset) {
+        return {static_cast<std::uint32_t>(offset), length};
     }
     const std::size_t start = loaded_->size() + own_.size();
     own_ += text;
@@ -62,9 +63,6 @@ std::u16string RowStore::gather(const std::shared_ptr<const std::u16string>& loa
 }
 
 std::u16string RowStore::makeRoom(std::size_t units) {
-    if (own_.capacity() - own_.size() >= units) {
-        return {};
-    }
     if (hasUnused_) {
         return gather(loaded_, units);
     }
@@ -93,7 +91,7 @@ void RowStore::setText(int row, int column, std::u16string text) {
     if (!hasRow(row) || !hasCell(column)) {
         return;
     }
-    const std::u16string former = makeRoom(text.size());
+    const std::u16string former = hasRoom(text.size()) ? std::u16string() : makeRoom(text.size());
     rows_[at(row)].cells[at(column)] = cellOf(text);
     hasUnused_ = true;
     ++changes_;
@@ -113,7 +111,7 @@ void RowStore::appendRow(std::span<const std::u16string_view> cells) {
     for (const std::u16string_view cell : cells) {
         units += cell.size();
     }
-    const std::u16string former = makeRoom(units);
+    const std::u16string former = hasRoom(units) ? std::u16string() : makeRoom(units);
     Row& added = rows_.emplace_back();
     auto to = added.cells.begin();
     for (const std::u16string_view cell : cells) {

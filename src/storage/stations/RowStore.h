@@ -54,7 +54,9 @@ private:
         return cell.start < loaded ? std::u16string_view(*loaded_).substr(cell.start, cell.length)
                                    : std::u16string_view(own_).substr(cell.start - loaded, cell.length);
     }
+    // A text outside the loaded one is copied into own_, which has room for it.
     Cell cellOf(std::u16string_view text);
+    bool hasRoom(std::size_t units) const { return own_.capacity() - own_.size() >= units; }
     // Makes `loaded` the loaded text. Texts in use that are not in it move to a new own text, with as much free room
     // again. Returns the former own text, since the texts to be added may be views into it.
     std::u16string gather(const std::shared_ptr<const std::u16string>& loaded, std::size_t room);

@@ -44,12 +44,10 @@ double parse(std::string_view number, std::chars_format format) {
     return large ? (number.front() == '-' ? -kLargest : kLargest) : 0;
 }
 
-std::u16string widen(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
-
 constexpr double kMostOfThreeDecimals = 1'000'000;
 
-std::u16string thousandthsText(int thousandths) {
-    std::u16string text = decimal(thousandths / 1000);
+void appendThousandths(std::u16string& text, int thousandths) {
+    appendDecimal(text, thousandths / 1000);
     int rest = thousandths % 1000;
     if (rest > 0) {
         text += u'.';
@@ -58,7 +56,6 @@ std::u16string thousandthsText(int thousandths) {
         text += static_cast<char16_t>(u'0' + rest / place);
         rest %= place;
     }
-    return text;
 }
 
 // Fast path for a text of a few digits, as most frequencies are; -1 for any other.
@@ -86,23 +83,31 @@ double leadingNumber(std::u16string_view text) {
     return parse(numberText(text), std::chars_format::fixed);
 }
 
-std::u16string shortestDecimal(double value) {
+void appendShortestDecimal(std::u16string& text, double value) {
     if (std::isnan(value) || value == 0) {
-        return u"0";
+        text += u'0';
+        return;
     }
     if (std::isinf(value)) {
         value = std::copysign(kLargest, value);
     }
     // Fast path for frequencies: if three decimals reproduce the value, no other text is shorter.
     if (value > 0 && value < kMostOfThreeDecimals) {
-        const int thousandths = static_cast<int>(std::lround(value * 1000));
+        const int thousandths = static_cast<int>(value * 1000 + 0.5);
         if (thousandths / 1000.0 == value) {
-            return thousandthsText(thousandths);
+            appendThousandths(text, thousandths);
+            return;
         }
     }
-    std::array<char, 800> text;  // the smallest double has over 320 zeros after the point
-    const auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
-    return widen({text.data(), result.ptr});
+    std::array<char, 800> digits;  // the smallest double has over 320 zeros after the point
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
+    text.append(digits.data(), result.ptr);
+}
+
+std::u16string shortestDecimal(double value) {
+    std::u16string text;
+    appendShortestDecimal(text, value);
+    return text;
 }
 
 std::optional<int> roundToInt16(double value) {
@@ -121,10 +126,24 @@ int saturateToInt16(double value) {
     return static_cast<int>(rounded < kInt16Min ? kInt16Min : (rounded > kInt16Max ? kInt16Max : rounded));
 }
 
+void appendDecimal(std::u16string& text, int value) {
+    std::array<char16_t, 12> units;
+    auto first = units.end();
+    unsigned rest = value < 0 ? 0U - static_cast<unsigned>(value) : static_cast<unsigned>(value);
+    do {
+        *--first = static_cast<char16_t>(u'0' + rest % 10);
+        rest /= 10;
+    } while (rest > 0);
+    if (value < 0) {
+        *--first = u'-';
+    }
+    text.append(first, units.end());
+}
+
 std::u16string decimal(int value) {
-    std::array<char, 12> text{};
-    const auto result = std::to_chars(text.data(), text.data() + text.size(), value);
-    return widen({text.data(), result.ptr});
+    std::u16string text;
+    appendDecimal(text, value);
+    return text;
 }
 
 double kilohertzOf(double megahertz) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <utility>
+#include <vector>
 
 #include "fakes/FakeCodePages.h"
 #include "fakes/FakeFiles.h"
@@ -57,6 +58,42 @@ TEST(IniReaderTest, SeveralKeysAreReadAtOnce) {
     std::array<std::u16string_view, 3> values = {u"as it was", u"as it was", u"as it was"};
     profile.get(u"A", std::array<std::u16string_view, 3>{u"z", u"x", u"w"}, values);
     EXPECT_EQ(values, (std::array<std::u16string_view, 3>{u"4", u"", u""})) << "the first x is empty, w is in B";
+}
+
+TEST(IniReaderTest, KeysInAnyOrderAndSpellingAreReadAtOnce) {
+    const std::array<std::u16string_view, 3> keys = {u"x", u"y", u"z"};
+    const std::array<std::u16string_view, 3> expected = {u"1", u"2", u"3"};
+    for (const std::u16string_view text :
+         {u"[A]\nx=1\ny=2\nz=3\n", u"[A]\nz=3\nx=1\ny=2", u"[A]\nX=1\nx=4\n y =2\n[\nz= 3\n",
+          u"[A]\n;x=4\ny=2\nX=1\nx=4\nxx=4\nz='3'", u"[A]\nx=1\nx=4\ny=2\ny=4\nz=3\nz=4\n"}) {
+        IniReader profile{std::u16string(text)};
+        std::array<std::u16string_view, 3> values;
+        profile.get(u"A", keys, values);
+        EXPECT_EQ(values, expected) << narrow(std::u16string(text));
+    }
+}
+
+TEST(IniReaderTest, AValueReadWithOthersEndsAtItsFirstNul) {
+    IniReader profile(u"[A]\nx=a\0b\ny= \0\nz=c\n"s);
+    std::array<std::u16string_view, 3> values;
+    profile.get(u"A", std::array<std::u16string_view, 3>{u"x", u"y", u"z"}, values);
+    EXPECT_EQ(values, (std::array<std::u16string_view, 3>{u"a", u"", u"c"}));
+}
+
+// Whatever has been read before, of equal sections the first counts and nothing is passed over.
+TEST(IniReaderTest, TheOrderOfReadingChangesNoValue) {
+    const std::vector<std::u16string_view> sections = {u"A", u"B", u"C", u"D", u"missing"};
+    for (const std::u16string_view first : sections) {
+        for (const std::u16string_view second : sections) {
+            IniReader profile(u"[A]x\nx=1\n[B]\nx=2\ny=[A]\n[a]\nx=3\n  [ C ]\nx=4\n[B]\nx=5\n[D]\nx=6\n[C]\nx=7");
+            std::array<std::u16string_view, 1> value;
+            profile.get(first, std::array<std::u16string_view, 1>{u"x"}, value);
+            EXPECT_EQ(profile.hasSection(second), second != u"missing");
+            for (const auto& [section, expected] : {std::pair(u"A", u"1"), {u"B", u"2"}, {u"C", u"4"}, {u"D", u"6"}}) {
+                EXPECT_EQ(profile.get(section, u"x"), expected) << narrow(std::u16string(first));
+            }
+        }
+    }
 }
 
 TEST(IniReaderTest, OnePairOfEqualQuotesIsDropped) {

@@ -17,3 +17,24 @@ TEST(IniSyntaxTest, TheEndOfALineIsNotSearchedPastTheText) {
     EXPECT_EQ(findLineEnd(text.substr(0, 2), 0).next, 2U) << "the LF is not part of the text";
     EXPECT_EQ(findLineEnd(text.substr(0, 1), 0).next, 1U);
 }
+
+TEST(IniSyntaxTest, ControlsInALineAreReportedAndEndNoLine) {
+    const std::u16string_view text(u"a\tb\0c\r\nd\n\v", 10);
+    const IniLineEnd first = findLineEnd(text, 0);
+    EXPECT_EQ(first.end, 5U);
+    EXPECT_EQ(first.next, 7U);
+    EXPECT_TRUE(first.hasControls);
+    const IniLineEnd second = findLineEnd(text, first.next);
+    EXPECT_EQ(second.end, 8U);
+    EXPECT_FALSE(second.hasControls);
+    EXPECT_EQ(findLineEnd(text, second.next).end, 10U) << "a control at the end of the text";
+}
+
+TEST(IniSyntaxTest, AValueIsTrimmedAtBothEnds) {
+    for (const std::u16string_view raw : {u" a", u"a ", u"\ta", u"a\t", u"'a'", u"\"a\"", u" 'a' "}) {
+        EXPECT_EQ(iniValue(raw), u"a");
+    }
+    for (const std::u16string_view whole : {u"'a", u"a'", u"a\"", u"!a!", u"(a)", u"\"a'"}) {
+        EXPECT_EQ(iniValue(whole), whole);
+    }
+}

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "fakes/Text.h"
 #include "storage/lists/ListFile.h"
 
@@ -14,4 +16,14 @@ TEST(ListFileTest, NamesTheRecordsAndCountsOfEachList) {
     EXPECT_EQ(narrow(ListFile::countKey(ListKind::Am)), "amnumber");
     EXPECT_EQ(narrow(ListFile::countKey(ListKind::Fm)), "fmnumber");
     EXPECT_EQ(narrow(ListFile::countKey(ListKind::Favourite)), "favnumber");
+}
+
+TEST(ListFileTest, NamesARecordWhateverWasNamedBefore) {
+    RecordSection section(ListKind::Am);
+    for (int index = 0; index < 2100; ++index) {
+        ASSERT_EQ(narrow(section.of(index)), "AMSchedule" + std::to_string(index));
+    }
+    for (const int index : {5, 5, 6, 8, 7, 9, 10, 0, 1}) {
+        ASSERT_EQ(narrow(section.of(index)), "AMSchedule" + std::to_string(index));
+    }
 }
