@@ -1,11 +1,14 @@
 // Measures the cost per row of load, save, merging a schedule and deleting, from the receiver's number of rows to the
-// maximum count in a list file. Prints: name, rows, nanoseconds of processor time per row (the median).
+// maximum count in a list file. The sizes alternate, as the speed of a processor changes with what else runs on it.
+// Prints: name, rows, nanoseconds of processor time per row, its ratio to that of the smallest size (medians).
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <ctime>
-#include <functional>
+#include <deque>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "MemoryFiles.h"
@@ -19,7 +22,8 @@
 namespace {
 
 constexpr std::array kSizes = {256, 512, 1024, 2048, 4096, 8192, 16384, 32767};
-constexpr int kRowsMeasured = 700'000;  // per size; small lists are measured more often
+constexpr int kRowsOfARound = 32'767;  // small lists are measured several times in a round
+constexpr int kRounds = 15;
 
 struct Lists {
     explicit Lists(int records) : sample(u"/"), rows(records) { sample.fill(records); }
@@ -51,23 +55,60 @@ double processorNanoseconds() {
     return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
 }
 
-double medianOf(const Work& work, int runs) {
-    std::vector<double> times;
-    for (int run = 0; run <= runs; ++run) {
-        work.prepare();
-        const double start = processorNanoseconds();
-        work.run();
-        times.push_back(processorNanoseconds() - start);
-    }
-    times.erase(times.begin());  // the first run is the warm-up
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
+double medianOf(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
     return *middle;
 }
 
-void report(const char* name, int rows, const Work& work, double rowsTouched) {
-    std::printf("%s\t%d\t%.2f\n", name, rows, medianOf(work, std::max(9, kRowsMeasured / rows)) / rowsTouched);
-    std::fflush(stdout);
+double nanosecondsOf(const Work& work) {
+    work.prepare();
+    const double start = processorNanoseconds();
+    work.run();
+    return processorNanoseconds() - start;
+}
+
+// One kind of work on lists of one size.
+struct Point {
+    const char* name;
+    int rows;
+    Work work;
+    double rowsTouched;
+    std::vector<double> costs;  // per row, one for each round
+
+    void measure() {
+        std::vector<double> times;
+        for (int rowsDone = 0; rowsDone < kRowsOfARound; rowsDone += rows) {
+            times.push_back(nanosecondsOf(work));
+        }
+        costs.push_back(medianOf(std::move(times)) / rowsTouched);
+    }
+};
+
+// The first point of each name is its smallest size.
+void report(const std::vector<Point>& points) {
+    for (const Point& point : points) {
+        const auto smallest = std::find_if(points.begin(), points.end(), [&](const Point& other) {
+            return std::string_view(other.name) == point.name;
+        });
+        std::vector<double> growth;
+        for (std::size_t round = 0; round < point.costs.size(); ++round) {
+            growth.push_back(point.costs[round] / smallest->costs[round]);
+        }
+        std::printf("%s\t%d\t%.2f\t%.3f\n", point.name, point.rows, medianOf(point.costs), medianOf(growth));
+    }
+}
+
+void measure(std::vector<Point>& points) {
+    for (int round = 0; round <= kRounds; ++round) {
+        for (Point& point : points) {
+            point.measure();
+        }
+    }
+    for (Point& point : points) {
+        point.costs.erase(point.costs.begin());  // the first round is the warm-up
+    }
+    report(points);
 }
 
 // Of the size of a schedule with that many records; a real one is limited to 32,767 characters.
@@ -76,32 +117,45 @@ std::u16string scheduleOf(int records) {
     return sampleSchedule(static_cast<std::size_t>(records) * kRecordLength);
 }
 
-void measure(int rows) {
-    Lists lists(rows);
-    lists.sample.writeUtf16(lists.files, lists.codePages);
-    report("load", rows, {[&] { lists.load(); }, [&] { lists.sample.clear(); }}, 4.0 * rows);
-    report("save", rows, {[&] { lists.save(); }}, 4.0 * rows);
-    report("delete", rows, {[&] { lists.sample.grid(ListKind::Drm).removeSelectedRows(); }, [&] { lists.select(); }},
-           rows);
+void addLists(std::vector<Point>& points, Lists& lists) {
+    const int rows = lists.rows;
+    points.push_back({"load", rows, {[&] { lists.load(); }, [&] { lists.sample.clear(); }}, 4.0 * rows, {}});
+    points.push_back({"save", rows, {[&] { lists.save(); }}, 4.0 * rows, {}});
+    const auto remove = [&] { lists.sample.grid(ListKind::Drm).removeSelectedRows(); };
+    points.push_back({"delete", rows, {remove, [&] { lists.select(); }}, 1.0 * rows, {}});
+}
+
+void measureLists() {
+    std::deque<Lists> lists;  // a deque, as the points refer to them
+    std::vector<Point> points;
+    for (const int rows : kSizes) {
+        Lists& added = lists.emplace_back(rows);
+        added.sample.writeUtf16(added.files, added.codePages);
+        addLists(points, added);
+    }
+    measure(points);
 }
 
 // No record after the 257th is added, as in the command itself.
-void measureSchedule(int rows) {
-    const std::u16string schedule = scheduleOf(rows);
+void measureSchedules() {
     RowStore grid;
-    const int added = AddScheduleRecords(grid, schedule, 0);
-    report("schedule", added, {[&] { AddScheduleRecords(grid, schedule, 0); }, [&] { grid.clear(); }}, added);
+    std::deque<std::u16string> schedules;
+    std::vector<Point> points;
+    for (const int rows : {8, 32, 128, 256}) {
+        const std::u16string& schedule = schedules.emplace_back(scheduleOf(rows));
+        const int added = AddScheduleRecords(grid, schedule, 0);
+        grid.clear();
+        const Work work{[&] { AddScheduleRecords(grid, schedule, 0); }, [&] { grid.clear(); }};
+        points.push_back({"schedule", added, work, 1.0 * added, {}});
+    }
+    measure(points);
 }
 
 }  // namespace
 
 int main() {
     keepFreedMemory();
-    for (const int rows : kSizes) {
-        measure(rows);
-    }
-    for (const int rows : {8, 32, 128, 256}) {
-        measureSchedule(rows);
-    }
+    measureLists();
+    measureSchedules();
     return 0;
 }
