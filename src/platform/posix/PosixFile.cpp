@@ -3,9 +3,15 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#ifdef __linux__
+#include <linux/magic.h>
+#include <sys/vfs.h>
+#endif
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdint>
 
 PosixFile::PosixFile(const PosixPath& path, int flags, unsigned permissions)
     // Without O_NONBLOCK opening a named pipe would block.
@@ -16,6 +22,19 @@ PosixFile::~PosixFile() { close(); }
 bool PosixFile::isRegular() const {
     struct stat status = {};
     return isOpen() && ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool PosixFile::isLocatedByEntry() const {
+#ifdef __linux__
+    constexpr std::array<std::uint32_t, 3> kWithInodes{EXT4_SUPER_MAGIC /* also ext2 and ext3 */, BTRFS_SUPER_MAGIC,
+                                                       XFS_SUPER_MAGIC};
+    struct statfs volume = {};
+    if (::fstatfs(descriptor_, &volume) == 0) {
+        const auto kind = static_cast<std::uint32_t>(volume.f_type);
+        return std::find(kWithInodes.begin(), kWithInodes.end(), kind) == kWithInodes.end();
+    }
+#endif
+    return true;
 }
 
 bool PosixFile::readUpTo(std::size_t mostBytes, std::string& bytes) const {

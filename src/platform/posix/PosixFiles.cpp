@@ -121,13 +121,14 @@ bool PosixFiles::rename(std::u16string_view from, std::u16string_view to, Flush 
 
 bool PosixFiles::flushFolderOf(std::u16string_view path) { return flushFolder(folderOf(at(path))); }
 
-// A file that replaced another is flushed after the folder, as its entry may still locate the old clusters until then.
-// A file with a new name is flushed before the folder, as a new entry would otherwise describe an empty file.
+// A file that replaced another is flushed after the folder, as its entry may still locate the old clusters until then;
+// an entry that names an inode is complete. A file with a new name is flushed before the folder, as a new entry would
+// otherwise describe an empty file.
 bool PosixFiles::flushFolder(const PosixPath& folder) {
     const auto flushMoved = [&](bool replacing) {
         return std::count_if(renamings_.begin(), renamings_.end(), [&](const Renaming& renaming) {
                    return renaming.folder == folder.name && renaming.replaced.isOpen() == replacing &&
-                          !renaming.moved.flush();
+                          (!replacing || renaming.moved.isLocatedByEntry()) && !renaming.moved.flush();
                }) == 0;
     };
     const bool created = flushMoved(false);
