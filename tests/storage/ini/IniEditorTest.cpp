@@ -25,6 +25,7 @@ TEST(IniEditorTest, AnUnchangedTextKeepsItsBytes) {
 TEST(IniEditorTest, ABracketIsNotClosedByALaterLine) {
     EXPECT_EQ(afterSet(u"[broken\r\n[A]\r\nx=1\r\n", u"A", u"x", u"2"), "[broken\r\n[A]\r\nx=2\r\n");
     EXPECT_EQ(afterSet(u"y\r\n[broken\r\n[A]\r\nx=1\r\n", u"A", u"x", u"2"), "y\r\n[broken\r\n[A]\r\nx=2\r\n");
+    EXPECT_EQ(afterSet(u"[A]\r\n[broken\r\nx=1 ]\r\n", u"A", u"x", u"2"), "[A]\r\n[broken\r\nx=2\r\n");
 }
 
 TEST(IniEditorTest, ANewSectionIsAddedAtTheEndOnItsOwnLine) {
