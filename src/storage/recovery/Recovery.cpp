@@ -103,6 +103,7 @@ bool Recovery::write(Snapshot& snapshot) {
     if (!files_.write(slots_[slot], encoded, Flush::Now)) {
         // It may be whole, but a start must not find what was reported as failed.
         files_.remove(slots_[slot]);
+        isNamed_[slot] = false;
         return false;
     }
     makeDurable(slot);

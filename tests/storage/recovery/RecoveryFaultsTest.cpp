@@ -1,0 +1,148 @@
+// Snapshots on a disk that fails: writes that are not complete, files that cannot be read.
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "fakes/FakeFiles.h"
+#include "fakes/ForwardingFiles.h"
+#include "storage/recovery/Recovery.h"
+
+namespace {
+
+constexpr const char16_t* kFirst = u"/app/Recovery/Snapshot1";
+constexpr const char16_t* kSecond = u"/app/Recovery/Snapshot2";
+
+// Writes that store all bytes may report a failure.
+class FailedClose : public ForwardingFiles {
+public:
+    using ForwardingFiles::ForwardingFiles;
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+        return ForwardingFiles::write(path, bytes, flush) && !fails;
+    }
+    bool fails = false;
+};
+
+class RecoveryFaultsTest : public testing::Test {
+protected:
+    // What the next run reads.
+    std::optional<WorkingCopyBytes> found() {
+        const auto snapshot = Recovery(u"/app/", files).find();
+        return snapshot ? std::optional(snapshot->bytes) : std::nullopt;
+    }
+
+    FakeFiles files;
+    Recovery recovery{u"/app/", files};
+    const WorkingCopyBytes one{"list 1", "user 1"};
+    const WorkingCopyBytes two{"list 2", "user 2"};
+    const WorkingCopyBytes three{"list 3", "user 3"};
+};
+
+}  // namespace
+
+// Closing fails: the snapshot may be whole, but a start must not find what was reported as failed.
+TEST_F(RecoveryFaultsTest, ASnapshotWhoseWriteFailedIsRemoved) {
+    FailedClose failedClose(files);
+    failedClose.fails = true;
+    EXPECT_FALSE(Recovery(u"/app/", failedClose).keep(one));
+    EXPECT_EQ(found(), std::nullopt);
+}
+
+TEST_F(RecoveryFaultsTest, TheNameOfASnapshotAfterAFailedWriteSurvivesAPowerCut) {
+    FailedClose failedClose(files);
+    Recovery failing(u"/app/", failedClose);
+    failing.keep(one);
+    failing.keep(two);
+    failedClose.fails = true;
+    failing.keep(three);
+    failedClose.fails = false;
+    files.files[kSecond] = "torn";
+    EXPECT_TRUE(failing.keep(one));
+    files.cutPower([](std::u16string_view) { return FakeFiles::Fate::Old; });
+    EXPECT_EQ(found(), one);
+}
+
+TEST_F(RecoveryFaultsTest, EachNameIsMadeDurableOnce) {
+    class CountedFlushes : public ForwardingFiles {
+    public:
+        using ForwardingFiles::ForwardingFiles;
+        bool flushFolderOf(std::u16string_view path) override {
+            flushed.emplace_back(path);
+            return ForwardingFiles::flushFolderOf(path);
+        }
+        std::vector<std::u16string> flushed;
+    };
+    CountedFlushes counted(files);
+    Recovery counting(u"/app/", counted);
+    counting.keep(one);
+    EXPECT_EQ(counted.flushed, (std::vector<std::u16string>{kFirst, u"/app/Recovery"}));
+    counting.keep(two);
+    counting.keep(three);
+    EXPECT_EQ(counted.flushed, (std::vector<std::u16string>{kFirst, u"/app/Recovery", kSecond}));
+}
+
+TEST_F(RecoveryFaultsTest, AnUnreadSnapshotIsNotOverwrittenAndSeenByALaterStart) {
+    recovery.keep(one);
+    recovery.keep(two);
+    for (const char16_t* const unread : {kFirst, kSecond}) {
+        FakeFiles disk = files;
+        const std::string whole = disk.files[unread];
+        disk.unreadable = {unread};
+        Recovery next(u"/app/", disk);
+        const auto last = next.find();
+        EXPECT_EQ(last->bytes, unread == kFirst ? two : one);
+        EXPECT_FALSE(next.foundAll());
+        EXPECT_EQ(next.unseen(), std::nullopt);
+        constexpr int kMoreThanFitBehindOne = 300;
+        for (int edit = 1; edit <= kMoreThanFitBehindOne; ++edit) {
+            ASSERT_TRUE(next.keep(edit % 2 == 0 ? three : one)) << edit;
+        }
+        EXPECT_EQ(disk.files[unread], whole);
+
+        disk.unreadable.clear();
+        Recovery third(u"/app/", disk);
+        EXPECT_EQ(third.find()->bytes, three) << "newer than the unread one, whose number was not known";
+        EXPECT_TRUE(third.foundAll());
+        ASSERT_TRUE(third.unseen());
+        EXPECT_EQ(third.unseen()->bytes, unread == kFirst ? one : two);
+    }
+}
+
+TEST_F(RecoveryFaultsTest, TheOlderSnapshotOfOneRunWasSeen) {
+    recovery.keep(one);
+    recovery.keep(two);
+    Recovery next(u"/app/", files);
+    next.find();
+    EXPECT_TRUE(next.foundAll());
+    EXPECT_EQ(next.unseen(), std::nullopt);
+}
+
+TEST_F(RecoveryFaultsTest, WithoutAReadableSlotNothingIsWritten) {
+    recovery.keep(one);
+    recovery.keep(two);
+    const auto before = files.files;
+    files.unreadable = {kFirst, kSecond};
+    Recovery next(u"/app/", files);
+    EXPECT_EQ(next.find(), std::nullopt);
+    EXPECT_FALSE(next.keep(three));
+    EXPECT_EQ(files.files, before);
+}
+
+TEST_F(RecoveryFaultsTest, TheEndRemovesAnUnreadSnapshotUnlessItCanBeReadNow) {
+    recovery.keep(one);
+    recovery.keep(two);
+    for (const bool isReadable : {false, true}) {
+        FakeFiles disk = files;
+        disk.unreadable = {kSecond};
+        Recovery next(u"/app/", disk);
+        next.find();
+        next.keep(three);
+        if (isReadable) {
+            disk.unreadable.clear();
+        }
+        next.keepNewestOnly();
+        EXPECT_EQ(disk.files.contains(kSecond), isReadable);
+        EXPECT_TRUE(disk.files.contains(kFirst));
+    }
+}
