@@ -52,12 +52,12 @@ struct Options {
     std::optional<std::u16string> folder;
     bool json = false;
     bool dryRun = false;
+    bool isListOrSource = false;  // show: `source` may have been meant as a list
 
     bool isReadOnly() const { return dryRun || !isChange(verb); }
 
     std::u16string source;  // empty: the working copies; for backup commands: the backup
     std::optional<ListKind> list;
-    bool isListOrSource = false;  // show: `source` may have been meant as a list
     // find
     std::u16string text;
     std::optional<FrequencyRange> kHz;

@@ -109,6 +109,7 @@ std::u16string fromUtf8(std::string_view bytes) {
         if (room < kMostUnitsOfCharacter) {
             const auto length = static_cast<std::size_t>(end - text.data());
             text.resize(std::min(length + kPiece, bytes.size()));
+            end = text.data() + length;
             room = text.size() - length;
         }
         const char16_t* const start = end;
