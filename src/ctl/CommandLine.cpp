@@ -65,7 +65,7 @@ std::string missingOperand(const CLI::App& command) {
 }
 
 std::string reasonOf(const CLI::App& app, const CLI::Error& error) {
-    const std::string text = error.what();
+    std::string text = error.what();
     const auto code = static_cast<CLI::ExitCodes>(error.get_exit_code());
     if (code == CLI::ExitCodes::RequiredError) {
         const std::string operand = missingOperand(lastCommand(app));

@@ -45,6 +45,7 @@ std::string enumeration(const std::vector<std::string_view>& names);
 template <typename Names>
 std::string namesOf(const Names& names) {
     std::vector<std::string_view> words;
+    words.reserve(names.size());
     for (const auto& named : names) {
         words.push_back(named.name);
     }
