@@ -34,7 +34,7 @@ struct Lists {
         loader.LoadFmList(false);
         loader.LoadFavList(false);
     }
-    void save() { ListSaver(sample.lists(), sample.copies(), sample.settings(), files, codePages).SaveLists(); }
+    void save() { ListSaver(sample.lists(), sample.copies(), sample.settings(), savedFiles, codePages).SaveLists(); }
     void select() {
         sample.fill(rows);
         for (int row = 1; row <= rows; row += 2) {
@@ -43,6 +43,7 @@ struct Lists {
     }
 
     MemoryFiles files;
+    MemoryFiles savedFiles;  // of their own: a save writes UTF-8, which a load expects to be converted first
     PosixCodePages codePages;
     SampleLists sample;
     int rows;
@@ -131,6 +132,7 @@ void measureLists() {
     for (const int rows : kSizes) {
         Lists& added = lists.emplace_back(rows);
         added.sample.writeUtf16(added.files, added.codePages);
+        added.sample.writeUtf8(added.savedFiles, added.codePages);
         addLists(points, added);
     }
     measure(points);
