@@ -75,7 +75,7 @@ std::optional<std::wstring> header(const WinHttp& http, HINTERNET request, DWORD
         0) {
         return std::nullopt;
     }
-    return text.data();
+    return std::wstring(text.data());
 }
 
 // Counted here because Wine ignores the option that limits them.
