@@ -18,13 +18,13 @@ double microsecondsOf(const Work& work) {
     return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
 }
 
+}  // namespace
+
 double medianOf(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
     return *middle;
 }
-
-}  // namespace
 
 void measurePair(std::string_view name, const Work& ours, const Work& other, int rounds) {
     const auto timeOurs = [&] { return microsecondsOf(ours); };

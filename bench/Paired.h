@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string_view>
+#include <vector>
 
 struct Work {
     std::function<void()> run;
@@ -15,6 +16,9 @@ void measurePair(std::string_view name, const Work& ours, const Work& other, int
 // The same for two functions that measure themselves, in microseconds.
 void reportPairs(std::string_view name, int rounds, const std::function<double()>& ours,
                  const std::function<double()>& other);
+
+// The upper one of two in the middle. `values` is not empty.
+double medianOf(std::vector<double> values);
 
 // Keeps the compiler from removing the computation of `value`.
 void keep(std::size_t value);
