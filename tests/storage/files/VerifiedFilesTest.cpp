@@ -176,6 +176,11 @@ namespace {
 class VerifiedFilesTestPair : public VerifiedFilesTest {
 protected:
     VerifiedFilesTestPair() { disk.files = old; }
+    // A disk with room for any content, but not for more files than these.
+    void limitNames(std::size_t most) {
+        disk.room = 1'000'000;
+        disk.most = most;
+    }
     bool replace() { return replaceVerified(disk, {NewFile{kPath, "new list"}, NewFile{kOther, "new user"}}); }
 
     const std::map<std::u16string, std::string> old{{kPath, "old list"}, {kOther, "old user"}};
@@ -213,8 +218,7 @@ TEST_F(VerifiedFilesTestPair, LeftoversOfAnEarlierVersionAreRemoved) {
 }
 
 TEST_F(VerifiedFilesTestPair, WithRoomForOneNameTheFilesAreReplacedOneAfterTheOther) {
-    disk.room = 1'000'000;
-    disk.most = 3;
+    limitNames(3);
     EXPECT_TRUE(replace());
     EXPECT_EQ(disk.files, both);
     EXPECT_EQ(countOf("write /disk/List.ini"), 0);
@@ -222,8 +226,7 @@ TEST_F(VerifiedFilesTestPair, WithRoomForOneNameTheFilesAreReplacedOneAfterTheOt
 }
 
 TEST_F(VerifiedFilesTestPair, WithoutRoomForANameTheFilesAreOverwritten) {
-    disk.room = 1'000'000;
-    disk.most = 2;
+    limitNames(2);
     EXPECT_TRUE(replace());
     EXPECT_EQ(disk.files, both);
     EXPECT_EQ(countOf("write /disk/List.ini"), 1);
@@ -231,8 +234,7 @@ TEST_F(VerifiedFilesTestPair, WithoutRoomForANameTheFilesAreOverwritten) {
 }
 
 TEST_F(VerifiedFilesTestPair, WithoutRoomForANameADamagedFileRestoresBoth) {
-    disk.room = 1'000'000;
-    disk.most = 2;
+    limitNames(2);
     for (const auto* const fault : {kPath, kOther}) {
         disk.losing = fault;
         EXPECT_FALSE(replace());
@@ -241,8 +243,7 @@ TEST_F(VerifiedFilesTestPair, WithoutRoomForANameADamagedFileRestoresBoth) {
 }
 
 TEST_F(VerifiedFilesTestPair, WithoutRoomForANameAnUnreadableOrMissingFileStaysAsItIs) {
-    disk.room = 1'000'000;
-    disk.most = 2;
+    limitNames(2);
     disk.unreadable = {kOther};
     EXPECT_FALSE(replace());
     EXPECT_EQ(disk.files, old);
