@@ -63,14 +63,15 @@ bool Recovery::keep(WorkingCopyBytes bytes) {
         return true;
     }
     Snapshot snapshot{0, std::move(bytes), left_};
-    if (!append(snapshot, room_.bytes) && !write(snapshot) && !append(snapshot, kAnyLength)) {
+    const std::uint64_t mostBytes = std::min<std::uint64_t>(room_.bytes, room_.start / kLongChange);
+    if (!append(snapshot, mostBytes) && !write(snapshot) && !append(snapshot, kAnyLength)) {
         return false;
     }
     kept_ = std::move(snapshot);
     return true;
 }
 
-bool Recovery::append(Snapshot& snapshot, std::size_t mostBytes) {
+bool Recovery::append(Snapshot& snapshot, std::uint64_t mostBytes) {
     if (room_.changes == 0) {
         return false;
     }

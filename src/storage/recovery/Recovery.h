@@ -50,7 +50,10 @@ private:
     static constexpr std::size_t kSlots = 2;
     // More than runs ever use. A run that could not read a snapshot skips as many, to exceed that snapshot's number.
     static constexpr std::uint64_t kMostNumbers = std::uint64_t{1} << 40U;
-    static constexpr std::size_t kAnyLength = ~std::size_t{0};
+    static constexpr std::uint64_t kAnyLength = ~std::uint64_t{0};
+    // A change longer than this part of the file, as after a sort, is written as a whole snapshot: overwriting the
+    // other file takes less time than letting this one grow and truncating it later.
+    static constexpr std::uint64_t kLongChange = 8;
     // Limits the work of the next start, which applies each change to all lists.
     static constexpr int kMostChanges = 100;
     // The space for changes after the newest snapshot.
@@ -63,7 +66,7 @@ private:
     static Room readChanges(std::string_view rest, SnapshotFile& file);
     // Both number the snapshot: one that failed may be in the file nevertheless, so each attempt needs a higher number.
     // append fails also if the change is longer than that.
-    bool append(Snapshot& snapshot, std::size_t mostBytes);
+    bool append(Snapshot& snapshot, std::uint64_t mostBytes);
     bool write(Snapshot& snapshot);
     void makeDurable(std::size_t slot);
 

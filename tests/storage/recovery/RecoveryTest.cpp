@@ -168,6 +168,22 @@ TEST_F(RecoveryTestChanges, AnEditOfLongListsIsWrittenBehindTheSnapshot) {
     EXPECT_EQ(files.files[kFirst].size(), size + 5 * 4096U);
 }
 
+TEST_F(RecoveryTestChanges, SortsGoToBothSlotsWithoutChangingTheirSize) {
+    const auto sorted = [](char first) {
+        return WorkingCopyBytes{std::string(30'000, first), std::string(70'000, 'z')};
+    };
+    ASSERT_TRUE(recovery.keep(sorted('a')));
+    ASSERT_TRUE(recovery.keep(sorted('b')));
+    const std::size_t size = files.files[kFirst].size();
+    EXPECT_EQ(files.files[kSecond].size(), size);
+    for (const char first : {'a', 'b', 'c', 'd'}) {
+        ASSERT_TRUE(recovery.keep(sorted(first)));
+        EXPECT_EQ(found(), sorted(first));
+        EXPECT_EQ(files.files[kFirst].size(), size);
+        EXPECT_EQ(files.files[kSecond].size(), size);
+    }
+}
+
 TEST_F(RecoveryTestChanges, ManyEditsGoToBothSlots) {
     for (int edit = 0; edit < 300; ++edit) {
         ASSERT_TRUE(recovery.keep(edited(edit)));
