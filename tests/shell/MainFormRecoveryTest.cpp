@@ -1,64 +1,11 @@
 // Interrupted runs: the form is destroyed without its window being closed.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-
-#include "fakes/FakePlatform.h"
-#include "shell/MainForm.h"
+#include "shell/MainFormRecoveryFixture.h"
 
 namespace {
 
-constexpr const char16_t* kList = u"/app/List.ini";
-constexpr const char16_t* kUser = u"/app/User.ini";
 constexpr const char16_t* kRecovery = u"/app/Recovery";
-constexpr const char16_t* kBackup = u"/app/Backup/List-20261120T224501Z.ini";
 
-const std::string kTwoStations =
-    " \r\n[Total]\r\ndrmnumber=2\r\namnumber=0\r\nfmnumber=0\r\n"
-    "[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=\xE4\xB8\xAD\r\nStartStopTimeUTC=06:00-07:00\r\nTarget=EU\r\n"
-    "UserDef=0\r\n[DRMSchedule1]\r\nFrequency=7000\r\nProgramme=BB\r\nStartStopTimeUTC=06:00-07:00\r\nTarget=EU\r\n"
-    "UserDef=0\r\n\r\n[kvt update end]\r\n";
-
-std::string replaced(std::string text, std::string_view from, std::string_view to) {
-    return text.replace(text.find(from), from.size(), to);
-}
-
-class MainFormRecoveryTest : public testing::Test {
-protected:
-    MainFormRecoveryTest() { platform->files.files[kList] = kTwoStations; }
-
-    void start() {
-        form = std::make_unique<MainForm>(platform->bundle);
-        ASSERT_TRUE(form->Form_Load());
-    }
-    // Starts a new process on the present files.
-    void killAndRestart() {
-        const FakeFiles files = platform->files;
-        form.reset();
-        platform = std::make_unique<FakePlatform>();
-        platform->files = files;
-        platform->files.failing.clear();
-        start();
-    }
-    void close() {
-        platform->mainWindow.close();
-        form.reset();
-    }
-    std::u16string programme(int row) { return std::u16string(platform->rows(0).text(row, 1)); }
-    void select(int tab, int row) { platform->gridViews[static_cast<std::size_t>(tab)].grid->setSelected(row, true); }
-    void choose(MenuItem item) { platform->popupMenu.listener->menuChosen(item); }
-    void edit(const std::u16string& text) {
-        select(0, 1);
-        platform->grid(0).itemDoubleClicked();
-        ASSERT_TRUE(platform->editBox.visible);
-        platform->editBox.content = text;
-        platform->editBox.listener->enterPressed();
-    }
-
-    std::unique_ptr<FakePlatform> platform = std::make_unique<FakePlatform>();
-    std::unique_ptr<MainForm> form;
-};
+class MainFormRecoveryTest : public MainFormRecoveryFixture {};
 
 }  // namespace
 
@@ -194,7 +141,7 @@ TEST_F(MainFormRecoveryTest, WithoutASnapshotTheFilesAreConverted) {
     start();
     EXPECT_EQ(programme(1), u"中");
     EXPECT_TRUE(platform->files.files[kList].starts_with("\xFF\xFE"));
-    EXPECT_EQ(platform->files.files[u"/app/Backup/List-20261120T224501Z.ini"], kTwoStations);
+    EXPECT_EQ(platform->files.files[kBackup], kTwoStations);
     killAndRestart();
     EXPECT_EQ(programme(1), u"中") << "the UTF-16 that a killed run has left is read as UTF-16";
 }
@@ -254,144 +201,4 @@ TEST_F(MainFormRecoveryTest, ListsThatCannotBeWrittenBackAreShownAndKept) {
     platform->files.failing.clear();
     close();
     EXPECT_NE(platform->files.files[kList].find("Programme=Edited\r\n"), std::string::npos);
-}
-
-TEST_F(MainFormRecoveryTest, AFileReplacedAfterAKillCounts) {
-    const std::string other = replaced(kTwoStations, "Programme=BB", "Programme=CC");
-    start();
-    edit(u"Edited");
-    platform->files.files[kList] = other;
-    killAndRestart();
-    EXPECT_EQ(programme(1), u"中");
-    EXPECT_EQ(programme(2), u"CC");
-    EXPECT_NE(platform->files.files[kBackup].find("Programme=Edited\r\n"), std::string::npos);
-    close();
-    EXPECT_EQ(platform->files.files[kList], other);
-}
-
-TEST_F(MainFormRecoveryTest, FilesRemovedAfterAKillStayRemoved) {
-    start();
-    edit(u"Edited");
-    platform->files.files.erase(kList);
-    platform->files.files.erase(kUser);
-    killAndRestart();
-    EXPECT_EQ(platform->rows(0).rowCount(), 0);
-    EXPECT_NE(platform->files.files[kBackup].find("Programme=Edited\r\n"), std::string::npos);
-    EXPECT_EQ(platform->files.list(u"/app/Backup").size(), 1U) << "no copy of favourites without a record";
-    close();
-    start();
-    EXPECT_EQ(platform->rows(0).rowCount(), 0);
-}
-
-TEST_F(MainFormRecoveryTest, FilesCreatedByAKilledRunMayBeRemoved) {
-    platform->files.files.clear();
-    start();
-    platform->tabs.click(1);
-    choose(MenuItem::AddNew);
-    platform->addFormView.at(AddField::txtLabel).text = u"Added";
-    platform->addFormView.at(AddField::txtFreq).text = u"198";
-    platform->addFormView.listener->saveClicked();
-    const FakeFiles killed = platform->files;
-    killAndRestart();
-    EXPECT_EQ(platform->rows(1).rowCount(), 1);
-    platform->files = killed;
-    platform->files.files.erase(kList);
-    platform->files.files.erase(kUser);
-    killAndRestart();
-    EXPECT_EQ(platform->rows(1).rowCount(), 0);
-}
-
-TEST_F(MainFormRecoveryTest, AfterASaveTheFormerFileCountsAsChanged) {
-    platform->connectReceiver(u"/media/rx/");
-    start();
-    edit(u"Edited");
-    choose(MenuItem::SaveToReceiver);
-    edit(u"Once more");
-    const FakeFiles killed = platform->files;
-    killAndRestart();
-    EXPECT_EQ(programme(1), u"Once more");
-    platform->files = killed;
-    platform->files.files[kList] = kTwoStations;
-    killAndRestart();
-    EXPECT_EQ(programme(1), u"中");
-}
-
-TEST_F(MainFormRecoveryTest, AFileChangedAfterANormalEndCounts) {
-    start();
-    edit(u"Edited");
-    close();
-    platform->files.files[kList] = kTwoStations;
-    start();
-    EXPECT_EQ(programme(1), u"中");
-    EXPECT_NE(platform->files.files[kBackup].find("Programme=Edited\r\n"), std::string::npos);
-}
-
-TEST_F(MainFormRecoveryTest, ListsLostByTheMediumAreRestored) {
-    for (const std::string& damaged : {std::string(), std::string(4096, '\0'), std::string("\xFF\xFE[\0T", 5)}) {
-        platform->files.files[kList] = kTwoStations;
-        killAndRestart();
-        edit(u"Edited");
-        close();
-        platform->files.files[kList] = damaged;
-        killAndRestart();
-        EXPECT_EQ(programme(1), u"Edited") << damaged.size();
-        close();
-        EXPECT_NE(platform->files.files[kList].find("Programme=Edited\r\n"), std::string::npos);
-    }
-}
-
-TEST_F(MainFormRecoveryTest, UnreadableListsAreRestored) {
-    start();
-    edit(u"Edited");
-    close();
-    platform->files.unreadable = {kList};
-    killAndRestart();
-    EXPECT_EQ(programme(1), u"Edited");
-    platform->files.unreadable.clear();
-    close();
-    EXPECT_NE(platform->files.files[kList].find("Programme=Edited\r\n"), std::string::npos);
-}
-
-TEST_F(MainFormRecoveryTest, ContentFoundInPlaceOfListsIsBackedUp) {
-    start();
-    close();
-    platform->files.files[kList] = "no list file";
-    start();
-    EXPECT_EQ(programme(1), u"中");
-    EXPECT_EQ(platform->files.files[kBackup], "no list file");
-}
-
-TEST_F(MainFormRecoveryTest, AFileWithACountOutside16BitsIsKeptBeforeItIsSaved) {
-    const std::string file = replaced(kTwoStations, "drmnumber=2", "drmnumber=40000");
-    platform->files.files[kList] = file;
-    start();
-    EXPECT_EQ(platform->rows(0).rowCount(), 0);
-    EXPECT_EQ(platform->files.files[kBackup], file);
-    close();
-    EXPECT_NE(platform->files.files[kList].find("drmnumber=0\r\n"), std::string::npos);
-}
-
-TEST_F(MainFormRecoveryTest, AReceiversFileWithACountOutside16BitsIsKeptToo) {
-    const std::string file = replaced(kTwoStations, "drmnumber=2", "drmnumber=-40000");
-    platform->connectReceiver(u"/media/rx/");
-    platform->files.files[u"/media/rx/List.ini"] = file;
-    platform->files.files[u"/media/rx/User.ini"] = "";
-    start();
-    choose(MenuItem::LoadFromReceiver);
-    EXPECT_EQ(platform->rows(0).rowCount(), 0);
-    const auto copies = platform->files.list(u"/app/Backup");
-    EXPECT_TRUE(std::any_of(copies.begin(), copies.end(), [&](const std::u16string& name) {
-        return platform->files.files[u"/app/Backup/" + name] == file;
-    }));
-}
-
-TEST_F(MainFormRecoveryTest, AFirstLoadBacksUpNothing) {
-    platform->files.files.clear();
-    platform->connectReceiver(u"/media/rx/");
-    platform->files.files[u"/media/rx/List.ini"] = kTwoStations;
-    platform->files.files[u"/media/rx/User.ini"] = "";
-    start();
-    choose(MenuItem::LoadFromReceiver);
-    EXPECT_EQ(platform->rows(0).rowCount(), 2);
-    EXPECT_FALSE(platform->files.folders.contains(u"/app/Backup"));
 }

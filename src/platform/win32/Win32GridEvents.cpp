@@ -43,13 +43,8 @@ LRESULT Win32GridView::listMessage(UINT message, WPARAM w, LPARAM l) {
         case WM_SYSKEYDOWN:
             return keyMessage(message, w, l);
         case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK: {
-            // Focus first, so that an open edit ends while its row is still selected.
-            SetFocus(window_);
-            const LRESULT result = list_.original(window_, message, w, l);
-            pressed(l, message == WM_LBUTTONDBLCLK);
-            return result;
-        }
+        case WM_LBUTTONDBLCLK:
+            return leftPressed(message, w, l);
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
             rightPressed(l);
@@ -119,14 +114,18 @@ int Win32GridView::rowAt(LPARAM point) const {
     return static_cast<int>(send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)));
 }
 
-void Win32GridView::pressed(LPARAM point, bool twice) {
-    if (rowAt(point) < 0) {
+LRESULT Win32GridView::leftPressed(UINT message, WPARAM w, LPARAM l) {
+    // Focus first, so that an open edit ends while its row is still selected.
+    SetFocus(window_);
+    const LRESULT result = list_.original(window_, message, w, l);
+    if (rowAt(l) < 0) {
         reportViewChange();
-    } else if (twice) {
+    } else if (message == WM_LBUTTONDBLCLK) {
         listener_->itemDoubleClicked();
     } else {
         listener_->itemClicked();
     }
+    return result;
 }
 
 // The control must not get the press: it would clear the selection on empty space and consume the release.

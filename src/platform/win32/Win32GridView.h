@@ -62,7 +62,7 @@ private:
     LRESULT keyMessage(UINT message, WPARAM w, LPARAM l);
     LRESULT scroll(UINT message, WPARAM w, LPARAM l);
     void pointerAt(HWND source, LPARAM point);
-    void pressed(LPARAM point, bool twice);
+    LRESULT leftPressed(UINT message, WPARAM w, LPARAM l);
     void rightPressed(LPARAM point);
     void rightReleased(LPARAM point);
     std::pair<int, int> scrollPosition() const;
