@@ -178,9 +178,8 @@ def plot(data):
 @contextlib.contextmanager
 def display():
     read, write = os.pipe()
-    server = subprocess.Popen(['Xvfb', '-displayfd', str(write), '-screen', '0', '1280x1024x24',
-                               '-noreset'],  # between two programs it would forget the one that is just connecting
-                             
+    # Without a reset between two programs, which would drop the one that is just connecting.
+    server = subprocess.Popen(['Xvfb', '-displayfd', str(write), '-screen', '0', '1280x1024x24', '-noreset'],
                               pass_fds=[write], stderr=subprocess.DEVNULL)
     os.close(write)
     try:

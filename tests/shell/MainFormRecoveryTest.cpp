@@ -87,10 +87,10 @@ TEST_F(MainFormRecoveryTest, AddedFavouritesAreKeptBeforeTheMessageAboutAFullLis
     select(0, 1);
     select(0, 2);
     platform->messageBox.expect({u"Max number of each list is 256!"});
-    FakeFiles whenTold;
-    platform->messageBox.whileShown = [&] { whenTold = platform->files; };
+    FakeFiles whenShown;
+    platform->messageBox.whileShown = [&] { whenShown = platform->files; };
     choose(MenuItem::AddTo);
-    platform->files = whenTold;
+    platform->files = whenShown;
     killAndRestart();
     ASSERT_EQ(platform->rows(3).rowCount(), 256);
     EXPECT_EQ(platform->rows(3).text(256, 1), u"中");

@@ -79,7 +79,7 @@ TEST_F(ProgramFolderTest, ListsNextToTheExecutableAreCopiedToTheUsersFolder) {
     EXPECT_EQ(fileOfUser(u"List.ini"), "lists");
     EXPECT_EQ(fileOfUser(u"User.ini"), "favourites");
     EXPECT_EQ(fileOfUser(u"config.ini"), "address");
-    EXPECT_EQ(files.files.size(), 6U) << "the files beside the executable stay, and nothing else is written";
+    EXPECT_EQ(files.files.size(), 6U) << "the files next to the executable stay, and nothing else is written";
 }
 
 TEST_F(ProgramFolderTest, ListsAreCopiedOnce) {

@@ -15,14 +15,14 @@
 
 class Win32GridView : public GridView {
 public:
-    // The window itself is created when it is first shown: each list view costs a start hundreds of messages. Screen
-    // readers read the name.
+    // The window itself is created when it is first shown: each list view costs hundreds of messages. Screen readers
+    // read the name.
     void setParent(HWND parent, std::u16string_view name);
     HWND window() const { return window_; }  // null before it is first shown
     void show();                             // above its siblings, without the focus
     void hide() const { ShowWindow(window_, SW_HIDE); }
     void setFont(HFONT font);
-    // `bounds` in the parent's client area, `corner` of the tab control there, too.
+    // In the parent's client area: the bounds of the grid, and the top left corner of the tab control.
     void place(const RECT& bounds, POINT corner);
     // Pixels from the window's outer edge to the rows and header.
     int border() const;

@@ -10,8 +10,8 @@
 
 namespace {
 
-// Empty if the system has no such folder. Loads the library of this function only when it is called: the start of a
-// portable program does without.
+// Empty if the system has no such folder. Loads the library of this function only when it is called, because the start
+// of a portable program does not need it.
 std::wstring knownFolder(REFKNOWNFOLDERID id, DWORD flags) {
     HMODULE shell = LoadLibraryExW(L"shell32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     const auto find = shell != nullptr ? reinterpret_cast<decltype(&SHGetKnownFolderPath)>(
