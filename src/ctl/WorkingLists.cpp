@@ -9,7 +9,6 @@
 #include "storage/ini/IniReader.h"
 #include "storage/lists/ListFile.h"
 #include "storage/recovery/ListsAtStart.h"
-#include "storage/recovery/Recovery.h"
 #include "storage/text/Utf8.h"
 
 namespace {
@@ -70,21 +69,33 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
         return false;
     }
     backUp(old);
-    // As in a save of the window: with this snapshot a start finds the new lists even if only one file is replaced.
     Recovery recovery(services_.folder, services_.files);
+    if (!keepNew(recovery, bytes)) {
+        return false;
+    }
+    const bool replaced = write(bytes);
+    keepResult(recovery, replaced ? bytes : old, replaced);
+    return replaced;
+}
+
+bool WorkingLists::keepNew(Recovery& recovery, const WorkingCopyBytes& bytes) {
     recovery.find();
     for (const ListFileId file : kListFiles) {
         recovery.mayLeave(file, stateOf(file));
         recovery.mayLeave(file, FileState::of(*bytes[file]));
     }
-    if (!recovery.keep(bytes)) {
-        if (services_.files.exists(services_.folder)) {
-            fileFault(services_.console, services_.folder + u"Recovery", u"cannot be written");
-        } else {
-            fileFault(services_.console, services_.folder, u"no such folder");
-        }
-        return false;
+    if (recovery.keep(bytes)) {
+        return true;
     }
+    if (services_.files.exists(services_.folder)) {
+        fileFault(services_.console, services_.folder + u"Recovery", u"cannot be written");
+    } else {
+        fileFault(services_.console, services_.folder, u"no such folder");
+    }
+    return false;
+}
+
+bool WorkingLists::write(const WorkingCopyBytes& bytes) {
     for (const ListFileId file : kListFiles) {
         if (services_.files.exists(paths_[file])) {
             services_.files.clearAttributes(paths_[file]);
@@ -95,17 +106,17 @@ bool WorkingLists::replace(const WorkingCopyBytes& bytes) {
     if (!replaced) {
         fileFault(services_.console, services_.folder, u"the lists cannot be written");
     }
-    WorkingCopyBytes kept = old;
+    return replaced;
+}
+
+void WorkingLists::keepResult(Recovery& recovery, WorkingCopyBytes present, bool replaced) {
     for (const ListFileId file : kListFiles) {
         if (replaced) {
-            recovery.leaves(file, FileState::of(*bytes[file]));
-            kept[file] = bytes[file];
-        } else if (!kept[file]) {
-            kept[file] = kNewWorkingCopy;  // the file was missing
+            recovery.leaves(file, FileState::of(*present[file]));
+        } else if (!present[file]) {
+            present[file] = kNewWorkingCopy;  // the file was missing
         }
     }
-    // Files that could not be put back are old or new after a failure; the snapshot has the old lists for both.
-    recovery.keep(kept);
+    recovery.keep(std::move(present));
     recovery.keepNewestOnly();
-    return replaced;
 }

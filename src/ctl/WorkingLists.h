@@ -7,6 +7,7 @@
 #include "ctl/Services.h"
 #include "storage/lists/WorkingCopies.h"
 #include "storage/recovery/Backup.h"
+#include "storage/recovery/Recovery.h"
 #include "storage/recovery/Snapshot.h"
 
 class WorkingLists {
@@ -31,6 +32,13 @@ private:
     std::optional<std::string> read(ListFileId file, const Snapshot& last);
     void backUp(const WorkingCopyBytes& old);
     FileState stateOf(ListFileId file);
+    // Writes a snapshot of the new lists, as a save of the window does: a start then finds them even if only one file
+    // has been replaced. False, with a message, on failure.
+    bool keepNew(Recovery& recovery, const WorkingCopyBytes& bytes);
+    bool write(const WorkingCopyBytes& bytes);  // false, with a message, on failure
+    // Writes a snapshot of the lists that count from now on. After a failed replacement these are the old ones for both
+    // files, since a file that could not be put back may be old or new.
+    static void keepResult(Recovery& recovery, WorkingCopyBytes present, bool replaced);
 
     Services& services_;
     WorkingCopies paths_;
