@@ -33,8 +33,9 @@ std::optional<int> countOf(std::u16string_view text) {
         return 1;
     }
     constexpr std::size_t kMostDigits = 6;
+    const bool isNumber = text.starts_with(u'-');
     text.remove_prefix(1);
-    if (text.empty() || text.size() > kMostDigits || !std::all_of(text.begin(), text.end(), isDigit)) {
+    if (!isNumber || text.empty() || text.size() > kMostDigits || !std::all_of(text.begin(), text.end(), isDigit)) {
         return std::nullopt;
     }
     int count = 0;

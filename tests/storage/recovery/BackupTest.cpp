@@ -76,6 +76,8 @@ TEST_F(BackupTest, OtherFilesAreNotTouched) {
                        u"List-20261120T224501Z-.ini",
                        u"List-20261120T224501Z-x.ini",
                        u"List-20261120T224501Z-9999999.ini",
+                       u"List-20261120T224501Z_2.ini",
+                       u"List-20261120T224501Z02.ini",
                        u"List-20261120T2245012.ini",
                        u"List-mine.ini",
                        u"List.ini",
