@@ -1,7 +1,11 @@
 // The bytes that the cases save, and the texts of their lists.
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
+
+#include "fault/LongLists.h"
 
 inline std::string ofSize(std::size_t size, char letter) {
     return std::string(size, letter) + "\r\n[kvt update end]\r\n";
@@ -18,11 +22,19 @@ inline constexpr std::size_t kReadablePart = 12 * 1024;
 // On the console, before each operation of the run that is killed.
 inline constexpr char kOperationMark = '\1';
 
-// Working copies with one DRM station of that name, and with one favourite.
+// A working copy with one DRM station of that name, so long that an edit appends its change to the snapshot.
 inline std::string listOf(const std::string& programme) {
-    return " \r\n[Total]\r\ndrmnumber=1\r\namnumber=0\r\nfmnumber=0\r\n[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=" +
-           programme + "\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\nUserDef=0\r\n\r\n[kvt update end]\r\n";
+    std::string list =
+        " \r\n[Total]\r\ndrmnumber=1\r\namnumber=0\r\nfmnumber=0\r\n[DRMSchedule0]\r\nFrequency=6095\r\nProgramme=" +
+        programme + "\r\nStartStopTimeUTC=06:00-07:30\r\nTarget=Europe\r\nUserDef=0\r\n\r\n[kvt update end]\r\n";
+    LongLists::addTo(list);
+    return list;
 }
+
+// The programmes that the program's own folder shows before the first edit and after each.
+inline constexpr std::array<std::u16string_view, 3> kProgrammes{u"Old", u"Edited", u"Edited again"};
+
+// A working copy with one favourite.
 inline std::string favourites() {
     return " \r\n[Version]\r\nmajor=1\r\n[LAST]\r\nTYPE=DRM\r\nStation=1\r\nname=x\r\nIndex=1\r\n[Total]\r\n"
            "favnumber=1\r\n[FAVSchedule0]\r\nProgramme=Favourite\r\nFrequency=198\r\nTYPE=AM\r\nUserDef=0\r\n"

@@ -1,6 +1,7 @@
 #include "fat/FatImage.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -49,6 +50,13 @@ unsigned char sumOf(std::string_view shortEntry) {
     return static_cast<unsigned char>(sum);
 }
 
+// The system reads pages, and none with a cluster that is not in the chain.
+FileRead broken(std::string bytes) {
+    constexpr std::size_t kPage = 4096;
+    bytes.resize(bytes.size() / kPage * kPage);
+    return FileRead::failed(std::move(bytes));
+}
+
 }  // namespace
 
 FatImage::FatImage(std::string_view medium) : medium_(medium) {
@@ -77,23 +85,23 @@ std::uint32_t FatImage::next(std::uint32_t cluster) const {
 }
 
 // Folders have no size of their own: 0 means the whole chain.
-std::optional<std::string> FatImage::chain(std::uint32_t cluster, std::size_t size) const {
+FileRead FatImage::chain(std::uint32_t cluster, std::size_t size) const {
     std::string bytes;
     for (std::uint32_t read = 0; size == 0 || bytes.size() < size; ++read) {
         if (size == 0 && cluster >= kEndOfChain) {
-            return bytes;
+            return FileRead::whole(std::move(bytes));
         }
         if (cluster < kFirstCluster || cluster >= clusters_ + kFirstCluster || read > clusters_) {
-            return std::nullopt;
+            return broken(std::move(bytes));
         }
         bytes += medium_.substr(data_ + (cluster - kFirstCluster) * clusterSize_, clusterSize_);
         cluster = next(cluster);
         if (cluster == 0) {  // free: the chain is broken, also behind the last byte
-            return std::nullopt;
+            return broken(std::move(bytes));
         }
     }
     bytes.resize(size);
-    return bytes;
+    return FileRead::whole(std::move(bytes));
 }
 
 void FatImage::readFolder(const std::string& entries, const std::u16string& prefix, int depth) {
@@ -122,13 +130,13 @@ void FatImage::readFolder(const std::string& entries, const std::u16string& pref
             }
             if ((attributes & 0x10U) != 0) {
                 folders_.push_back(path);
-                const auto content = chain(cluster, 0);
+                const auto content = chain(cluster, 0).bytes;
                 if (content && depth < kDeepest) {
                     readFolder(*content, path + u'/', depth + 1);
                 }
             } else {
                 const std::size_t size = unitAt(entry, 28) | (static_cast<std::size_t>(unitAt(entry, 30)) << 16U);
-                files_.emplace(path, size == 0 ? std::optional(std::string()) : chain(cluster, size));
+                files_.emplace(path, size == 0 ? FileRead::whole({}) : chain(cluster, size));
             }
         }
     }

@@ -8,10 +8,12 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Files.h"
+
 class FatImage {
 public:
-    // By path ("List.ini", "Recovery/Snapshot1"); nullopt: reading the file gives an input/output error.
-    using Tree = std::map<std::u16string, std::optional<std::string>>;
+    // By path ("List.ini", "Recovery/Snapshot1").
+    using Tree = std::map<std::u16string, FileRead>;
 
     explicit FatImage(std::string_view medium);
 
@@ -21,7 +23,7 @@ public:
 private:
     std::uint32_t number(std::size_t offset, std::size_t size) const;
     std::uint32_t next(std::uint32_t cluster) const;
-    std::optional<std::string> chain(std::uint32_t cluster, std::size_t size) const;
+    FileRead chain(std::uint32_t cluster, std::size_t size) const;
     void readFolder(const std::string& entries, const std::u16string& prefix, int depth);
 
     std::string_view medium_;

@@ -78,7 +78,7 @@ void expectWhole(const Tree& tree, const std::string& when) {
          {std::tuple(u"List.ini", kOldList, kNewList), std::tuple(u"User.ini", kOldUser, kNewUser)}) {
         const auto found = tree.find(name);
         ASSERT_NE(found, tree.end()) << when;
-        EXPECT_TRUE(found->second == oldBytes || found->second == newBytes) << when;
+        EXPECT_TRUE(found->second.bytes == oldBytes || found->second.bytes == newBytes) << when;
     }
 }
 

@@ -74,7 +74,8 @@ Tree Medium::checkedExt(const std::string& bytes) const {
     Tree tree;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(copies)) {
         if (entry.is_regular_file()) {
-            tree[std::filesystem::relative(entry.path(), copies).u16string()] = contentOf(entry.path());
+            tree[std::filesystem::relative(entry.path(), copies).u16string()] =
+                FileRead::whole(contentOf(entry.path()));
         }
     }
     return tree;

@@ -24,7 +24,7 @@ std::string contentOf(const std::string& path);
 // One of each kind that Case::image names, empty.
 bool makeImages(const WorkFolder& work);
 
-// The files of a file system by path; nullopt: the file cannot be read.
+// The files of a file system by path.
 using Tree = FatImage::Tree;
 
 class Medium {

@@ -25,6 +25,7 @@
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixVolumes.h"
 #include "receiver/ReceiverFiles.h"
+#include "storage/text/Utf8.h"
 
 namespace {
 
@@ -66,6 +67,10 @@ public:
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
         return step_.count(), ForwardingFiles::write(path, bytes, flush);
     }
+    bool append(std::u16string_view path, std::string_view bytes) override {
+        ++appends_;
+        return step_.count(), ForwardingFiles::append(path, bytes);
+    }
     bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
         return step_.count(), ForwardingFiles::rename(from, to, flush);
     }
@@ -74,9 +79,11 @@ public:
         auto opened = PosixFiles().openFolder(folder);
         return opened ? std::make_unique<SteppedFiles>(std::move(opened), step_) : nullptr;
     }
+    int appends() const { return appends_; }
 
 private:
     Step& step_;
+    int appends_ = 0;
     std::unique_ptr<Files> owned_;
 };
 
@@ -158,7 +165,8 @@ bool putOld(const Case& one, PosixFiles& files) {
         done = write(files, u"A" + std::u16string(1, static_cast<char16_t>(u'A' + i)), "") && done;
     }
     if (one.operation == "folder") {
-        done = write(files, u"List.ini", listOf("Old")) && write(files, u"User.ini", favourites()) && done;
+        done = write(files, u"List.ini", listOf(toUtf8(kProgrammes[0]))) && write(files, u"User.ini", favourites()) &&
+               done;
     } else if (one.operation != "first") {
         done = write(files, u"List.ini", kOldList) && write(files, u"User.ini", kOldUser) && done;
     }
@@ -175,18 +183,23 @@ bool putOld(const Case& one, PosixFiles& files) {
 }
 
 // Nothing is retried: the medium keeps its state at the end.
-bool run(const Case& one, Files& files, BlockDevice& device) {
+bool run(const Case& one, SteppedFiles& files, BlockDevice& device) {
     if (one.operation != "folder") {
         const bool saved = save(one, files, {kNewList, kNewUser});
         device.mark();
         return saved;
     }
     Program program(files, kRoot);
-    program.rename(u"Edited");
-    device.mark();
+    bool appended = true;
+    for (std::size_t edit = 1; edit < kProgrammes.size(); ++edit) {
+        const int before = files.appends();
+        program.rename(kProgrammes[edit]);
+        device.mark();
+        appended = files.appends() == before + 1 && appended;
+    }
     program.close();
     device.mark();
-    return true;
+    return appended;
 }
 
 DeviceFaults faultsOf(const std::string& fault, int n, std::size_t badSector = std::string::npos) {

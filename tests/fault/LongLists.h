@@ -8,7 +8,7 @@
 #include "storage/text/Utf8.h"
 
 namespace LongLists {
-inline constexpr int kRecords = 30;
+inline constexpr int kRecords = 40;
 
 inline std::u16string name() { return std::u16string(254, u'\u4E2D'); }
 

@@ -17,11 +17,16 @@ std::optional<Snapshot> Recovery::find() {
     for (std::size_t slot = 0; slot < kSlots; ++slot) {
         const FileRead read = readWorkingCopy(slots_[slot], files_);
         isUnread_[slot] = !read.bytes && !read.isMissing;
-        auto file = read.bytes ? decodeSnapshot(*read.bytes) : std::nullopt;
+        // A change that a power cut has torn can make the end of its file unreadable; what is before it was kept.
+        const std::string& bytes = read.bytes ? *read.bytes : read.part;
+        auto file = decodeSnapshot(bytes);
         if (!file) {
             continue;
         }
-        const Room room = readChanges(std::string_view(*read.bytes).substr(file->size), *file);
+        Room room = readChanges(std::string_view(bytes).substr(file->size), *file);
+        if (isUnread_[slot]) {
+            room = {};
+        }
         if (kept_ && file->snapshot.number <= kept_->number) {
             older = std::move(file->snapshot);
             continue;

@@ -146,3 +146,31 @@ TEST_F(RecoveryFaultsTest, TheEndRemovesAnUnreadSnapshotUnlessItCanBeReadNow) {
         EXPECT_TRUE(disk.files.contains(kFirst));
     }
 }
+
+// A power cut during an append can leave a file that cannot be read to its end.
+TEST_F(RecoveryFaultsTest, WhatIsBeforeAnUnreadableChangeIsFound) {
+    class BadEnd : public ForwardingFiles {
+    public:
+        using ForwardingFiles::ForwardingFiles;
+        FileRead read(std::u16string_view path) override {
+            constexpr std::size_t kChange = 4096;
+            FileRead whole = ForwardingFiles::read(path);
+            return path == kFirst ? FileRead::failed(whole.bytes->substr(0, whole.bytes->size() - kChange)) : whole;
+        }
+    };
+    const auto edited = [](char letter) {
+        return WorkingCopyBytes{std::string(1, letter) + std::string(50'000, 'y'), std::string(30'000, 'z')};
+    };
+    for (const char letter : {'a', 'b', 'c'}) {
+        ASSERT_TRUE(recovery.keep(edited(letter)));
+    }
+    const std::string whole = files.files[kFirst];
+    BadEnd disk(files);
+    Recovery next(u"/app/", disk);
+    EXPECT_EQ(next.find()->bytes, edited('b'));
+    EXPECT_FALSE(next.foundAll());
+    EXPECT_TRUE(next.keep(edited('d')));
+    EXPECT_EQ(files.files[kFirst], whole) << "nothing is appended to it";
+    EXPECT_EQ(Recovery(u"/app/", disk).find()->bytes, edited('d'));
+    EXPECT_EQ(found(), edited('d'));
+}
