@@ -43,6 +43,10 @@ void StartUp::run(std::u16string_view RunMode) {
 
 std::optional<std::string> StartUp::content(ListFileId file, const Snapshot& last) {
     const ListsAtStart start(file, workingCopies_[file], last, files_, backup_);
+    // A power cut may still undo the unflushed replacement of the file that the killed run found.
+    if (start.source() == ListsAtStart::Source::Snapshot && !last.left[file].empty()) {
+        recovery_.mayLeave(file, last.left[file].front());
+    }
     if (start.state()) {
         recovery_.mayLeave(file, *start.state());
     }

@@ -117,6 +117,17 @@ FakeFiles diskOfAKilledRun() {
     return killed.disk();
 }
 
+FakeFiles diskOfAKilledRunWithAnEdit() {
+    FaultyRun killed(soundDisk(), {});
+    killed.edit();
+    return killed.disk();
+}
+
+Scenario afterAnEdit(Scenario scenario) {
+    std::replace(scenario.outcomes.begin(), scenario.outcomes.end(), kOld, kEdited);
+    return scenario;
+}
+
 // True if the bytes begin as a list file, end with the end marker and contain every counted record.
 bool isWhole(const std::string& bytes) {
     FakeCodePages codePages;
@@ -263,7 +274,18 @@ protected:
 };
 
 class FaultLoopTest : public Loop, public testing::WithParamInterface<DiskFault> {};
-class FaultLoopTestPowerCut : public Loop {};
+class FaultLoopTestPowerCut : public Loop {
+protected:
+    void cutEverywhere(const Scenario& scenario, const FakeFiles& disk) {
+        using Fate = FakeFiles::Fate;
+        for (const Fate list : {Fate::Old, Fate::New, Fate::Empty, Fate::Torn}) {
+            for (const Fate user : {Fate::Old, Fate::New, Fate::Empty, Fate::Torn}) {
+                for (int n = 1; cut(scenario, disk, n, list, user) && !HasFailure(); ++n) {
+                }
+            }
+        }
+    }
+};
 
 }  // namespace
 
@@ -326,16 +348,16 @@ TEST_F(FaultLoopTestPowerCut, AFileChangedAfterwardsCounts) {
 }
 
 TEST_F(FaultLoopTestPowerCut, AtEveryOperation) {
-    using Fate = FakeFiles::Fate;
     for (const FakeFiles& disk : {soundDisk(), diskOfAKilledRun()}) {
         for (const Scenario& scenario : scenarios()) {
-            for (const Fate list : {Fate::Old, Fate::New, Fate::Empty, Fate::Torn}) {
-                for (const Fate user : {Fate::Old, Fate::New, Fate::Empty, Fate::Torn}) {
-                    for (int n = 1; cut(scenario, disk, n, list, user) && !HasFailure(); ++n) {
-                    }
-                }
-            }
+            cutEverywhere(scenario, disk);
         }
+    }
+}
+
+TEST_F(FaultLoopTestPowerCut, AtEveryOperationAfterAKilledRunWithAnEdit) {
+    for (const Scenario& scenario : scenarios()) {
+        cutEverywhere(afterAnEdit(scenario), diskOfAKilledRunWithAnEdit());
     }
 }
 
