@@ -7,9 +7,9 @@
 
 void StartUp::run(std::u16string_view RunMode) {
     const Snapshot last = recovery_.find().value_or(Snapshot());
-    if (const auto& unseen = recovery_.unseen()) {
+    for (const Snapshot& unseen : recovery_.unseen()) {
         for (const ListFileId file : kListFiles) {
-            backup_.keep(ListFile::nameOf(file), unseen->bytes[file].value_or(""));
+            backup_.keep(ListFile::nameOf(file), unseen.bytes[file].value_or(""));
         }
     }
     const bool isNormalRun = RunMode == u"NormalRun";

@@ -103,6 +103,10 @@ bool FakeFiles::rename(std::u16string_view from, std::u16string_view to, Flush f
     keepOld(target);
     files[target] = files[source];
     files.erase(source);
+    unreadable.erase(target);
+    if (unreadable.erase(source) > 0) {
+        unreadable.insert(target);
+    }
     unflushed_.erase(target);
     if (unflushed_.erase(source) > 0) {
         unflushed_.insert(target);

@@ -43,9 +43,9 @@ public:
     std::map<std::u16string, std::uint64_t> sizes;  // sizes reported for files that are not in `files`
     std::optional<std::uint64_t> free;              // result of freeSpace
     std::size_t most = std::string::npos;           // how many files and folders there can be
-    std::set<std::u16string> unreadable;            // can be written; reading fails after the first half
-    std::set<std::u16string> vanishing;             // writing reports success, but the file is gone
-    std::set<std::u16string> failing;               // every operation on these paths fails
+    std::set<std::u16string> unreadable;  // can be written; reading fails after the first half, under a new name, too
+    std::set<std::u16string> vanishing;   // writing reports success, but the file is gone
+    std::set<std::u16string> failing;     // every operation on these paths fails
 
 private:
     bool allowed(std::string_view operation, std::u16string_view path);

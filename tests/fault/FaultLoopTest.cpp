@@ -123,6 +123,13 @@ FakeFiles diskOfAKilledRunWithAnEdit() {
     return killed.disk();
 }
 
+// The older of the snapshots cannot be read.
+FakeFiles diskWithAnUnreadSnapshot() {
+    FakeFiles disk = diskOfAKilledRunWithAnEdit();
+    disk.unreadable = {u"/app/Recovery/Snapshot1"};
+    return disk;
+}
+
 Scenario afterAnEdit(Scenario scenario) {
     std::replace(scenario.outcomes.begin(), scenario.outcomes.end(), kOld, kEdited);
     return scenario;
@@ -274,6 +281,7 @@ protected:
 };
 
 class FaultLoopTest : public Loop, public testing::WithParamInterface<DiskFault> {};
+class FaultLoopTestWrites : public Loop, public testing::WithParamInterface<DiskFault> {};
 class FaultLoopTestPowerCut : public Loop {
 protected:
     void cutEverywhere(const Scenario& scenario, const FakeFiles& disk) {
@@ -286,6 +294,12 @@ protected:
         }
     }
 };
+
+std::string nameOfTest(const testing::TestParamInfo<DiskFault>& kind) {
+    std::string name = nameOf(kind.param);
+    std::erase_if(name, [](char c) { return std::isalpha(static_cast<unsigned char>(c)) == 0; });
+    return name;
+}
 
 }  // namespace
 
@@ -328,6 +342,17 @@ TEST_P(FaultLoopTest, OneFailsInAStartAfterAKilledRun) {
     }
 }
 
+// If the other snapshot cannot be read either, the edit is lost.
+TEST_P(FaultLoopTestWrites, OneFailsBesideAnUnreadSnapshot) {
+    for (const bool forGood : {false, true}) {
+        for (const Scenario& scenario : scenarios()) {
+            const FakeFiles disk = diskWithAnUnreadSnapshot();
+            for (int n = 1; run(afterAnEdit(scenario), disk, {GetParam(), n, 0, forGood}) && !HasFailure(); ++n) {
+            }
+        }
+    }
+}
+
 TEST_P(FaultLoopTest, ASecondOneFailsDuringTheRecoveryFromTheFirst) {
     constexpr int kRecoveryOperations = 12;
     for (const Scenario& scenario : scenarios()) {
@@ -356,13 +381,15 @@ TEST_F(FaultLoopTestPowerCut, AtEveryOperation) {
 }
 
 TEST_F(FaultLoopTestPowerCut, AtEveryOperationAfterAKilledRunWithAnEdit) {
-    for (const Scenario& scenario : scenarios()) {
-        cutEverywhere(afterAnEdit(scenario), diskOfAKilledRunWithAnEdit());
+    for (const FakeFiles& disk : {diskOfAKilledRunWithAnEdit(), diskWithAnUnreadSnapshot()}) {
+        for (const Scenario& scenario : scenarios()) {
+            cutEverywhere(afterAnEdit(scenario), disk);
+        }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, FaultLoopTest, testing::ValuesIn(kFaults), [](const auto& kind) {
-    std::string name = nameOf(kind.param);
-    std::erase_if(name, [](char c) { return std::isalpha(static_cast<unsigned char>(c)) == 0; });
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Kinds, FaultLoopTest, testing::ValuesIn(kFaults), nameOfTest);
+INSTANTIATE_TEST_SUITE_P(Kinds, FaultLoopTestWrites,
+                         testing::Values(DiskFault::NoSpace, DiskFault::ReadOnly, DiskFault::ShortWrite,
+                                         DiskFault::FailedFlush, DiskFault::FailedClose, DiskFault::FailedRename),
+                         nameOfTest);

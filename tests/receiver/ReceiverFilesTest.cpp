@@ -65,23 +65,12 @@ TEST_F(ReceiverFilesTest, ReplacingBacksUpTheOldFiles) {
 }
 
 TEST_F(ReceiverFilesTest, OfAnUnreadableFileTheReadablePartIsBackedUp) {
-    // The name can be replaced; only the old content is unreadable.
-    class BadBlock : public FakeFiles {
-    public:
-        bool rename(std::u16string_view from, std::u16string_view to, Flush flush) override {
-            unreadable.erase(std::u16string(to));
-            return FakeFiles::rename(from, to, flush);
-        }
-    };
-    BadBlock disk;
-    static_cast<FakeFiles&>(disk) = files;
-    disk.unreadable = {u"/disk/List.ini"};
-    Backup kept(u"/k7/", disk, clock);
-    EXPECT_TRUE(ReceiverFiles(driver, root, disk, kept).replace({"new list", "new user"}));
-    EXPECT_EQ(disk.files, (std::map<std::u16string, std::string>{{u"/disk/List.ini", "new list"},
-                                                                 {u"/disk/User.ini", "new user"},
-                                                                 {u"/k7/Backup/List.part-20261120T224501Z.ini", "li"},
-                                                                 {u"/k7/Backup/User-20261120T224501Z.ini", "user"}}));
+    files.unreadable = {u"/disk/List.ini"};
+    EXPECT_TRUE(receiver.replace({"new list", "new user"}));
+    EXPECT_EQ(files.files, (std::map<std::u16string, std::string>{{u"/disk/List.ini", "new list"},
+                                                                  {u"/disk/User.ini", "new user"},
+                                                                  {u"/k7/Backup/List.part-20261120T224501Z.ini", "li"},
+                                                                  {u"/k7/Backup/User-20261120T224501Z.ini", "user"}}));
 }
 
 TEST_F(ReceiverFilesTest, AFailureLeavesBothOldFiles) {

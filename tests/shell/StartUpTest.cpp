@@ -95,6 +95,17 @@ TEST_F(StartUpTest, ASnapshotThatTheRunBeforeCouldNotReadIsBackedUp) {
     EXPECT_EQ(platform.files.files[backup.pathOf(kept.front())], unread);
 }
 
+TEST_F(StartUpTest, ASnapshotThatWasSetAsideIsBackedUp) {
+    const std::string unread = "[DRMSchedule0]\r\nProgramme=Unread\r\n";
+    Recovery(u"/app/", platform.files).keep({unread, std::nullopt});
+    platform.files.rename(u"/app/Recovery/Snapshot1", u"/app/Recovery/Unread", Flush::Now);
+    run(u"LocalRun");
+    EXPECT_EQ(rows[0].rowCount(), 0) << "never restored";
+    const auto kept = backup.copiesOf(u"List.ini");
+    ASSERT_EQ(kept.size(), 1U);
+    EXPECT_EQ(platform.files.files[backup.pathOf(kept.front())], unread);
+}
+
 TEST_F(StartUpTest, AFolderInPlaceOfTheListFileGivesEmptyLists) {
     platform.files.folders.insert(kList);
     run(u"LocalRun");

@@ -10,6 +10,7 @@ Recovery::Recovery(std::u16string_view programFolder, Files& files)
     : folder_(std::u16string(programFolder) + u"Recovery"), files_(files) {
     const char16_t separator = programFolder.empty() ? u'/' : programFolder.back();
     slots_ = {folder_ + separator + u"Snapshot1", folder_ + separator + u"Snapshot2"};
+    unread_ = folder_ + separator + u"Unread";
 }
 
 std::optional<Snapshot> Recovery::find() {
@@ -17,6 +18,7 @@ std::optional<Snapshot> Recovery::find() {
     for (std::size_t slot = 0; slot < kSlots; ++slot) {
         const FileRead read = readWorkingCopy(slots_[slot], files_);
         isUnread_[slot] = !read.bytes && !read.isMissing;
+        foundAll_ = foundAll_ && !isUnread_[slot];
         // A change that a power cut has torn can make the end of its file unreadable; what is before it was kept.
         const std::string& bytes = read.bytes ? *read.bytes : read.part;
         auto file = decodeSnapshot(bytes);
@@ -37,12 +39,22 @@ std::optional<Snapshot> Recovery::find() {
         lastNumber_ = kept_->number;
     }
     if (older && kept_->number - older->number > kMostNumbers) {
-        unseen_ = std::move(older);
+        unseen_.push_back(std::move(*older));
     }
-    if (!foundAll()) {
+    if (!foundAll_) {
         lastNumber_ += 2 * kMostNumbers;
     }
+    findUnread();
     return kept_;
+}
+
+void Recovery::findUnread() {
+    const FileRead read = readWorkingCopy(unread_, files_);
+    hasUnread_ = !read.bytes && !read.isMissing;
+    if (auto file = read.bytes ? decodeSnapshot(*read.bytes) : std::nullopt) {
+        readChanges(std::string_view(*read.bytes).substr(file->size), *file);
+        unseen_.push_back(std::move(file->snapshot));
+    }
 }
 
 // Applies the changes after a snapshot, `rest`. A change after an interrupted one would not be found.
@@ -101,9 +113,9 @@ bool Recovery::write(Snapshot& snapshot) {
     snapshot.number = ++lastNumber_;
     // Never overwrite a snapshot that was not read, nor, if there is a choice, the newest whole one.
     const std::size_t other = kept_ ? (newest_ + 1) % kSlots : newest_;
-    const std::size_t slot = isUnread_[other] ? (other + 1) % kSlots : other;
+    const std::size_t slot = makeFree(other) ? other : (other + 1) % kSlots;
     const std::string encoded = encodeSnapshot(snapshot);
-    if (isUnread_[slot] || !files_.createFolder(folder_)) {
+    if (!makeFree(slot) || !files_.createFolder(folder_)) {
         return false;
     }
     if (!files_.write(slots_[slot], encoded, Flush::Now)) {
@@ -116,6 +128,14 @@ bool Recovery::write(Snapshot& snapshot) {
     newest_ = slot;
     room_ = {encoded.size(), encoded.size() / 2, kMostChanges};
     return true;
+}
+
+bool Recovery::makeFree(std::size_t slot) {
+    if (isUnread_[slot] && !files_.exists(unread_) && files_.rename(slots_[slot], unread_, Flush::Now)) {
+        isUnread_[slot] = false;
+        hasUnread_ = true;
+    }
+    return !isUnread_[slot];
 }
 
 void Recovery::makeDurable(std::size_t slot) {
@@ -141,10 +161,14 @@ void Recovery::save(ListSaver& saver) {
 
 void Recovery::keepNewestOnly() {
     const std::size_t slot = (newest_ + 1) % kSlots;
-    const std::u16string& older = slots_[slot];
-    const bool isReadableAgain = isUnread_[slot] && files_.read(older).bytes;
-    if (!isReadableAgain && files_.exists(older)) {
-        files_.remove(older);
-    }
+    removeOld(slots_[slot], isUnread_[slot]);
+    removeOld(unread_, hasUnread_);
     isNamed_[slot] = false;
+}
+
+void Recovery::removeOld(const std::u16string& path, bool isUnread) {
+    const bool isReadableAgain = isUnread && files_.read(path).bytes;
+    if (!isReadableAgain && files_.exists(path)) {
+        files_.remove(path);
+    }
 }

@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Files.h"
 #include "storage/lists/ListSaver.h"
@@ -26,10 +27,10 @@ public:
 
     // The newest whole snapshot of an earlier run; nullopt if there is none. Numbering continues from it.
     std::optional<Snapshot> find();
-    // False if find could not read a file. Its snapshot may be the newest, so it stays for a later start.
-    bool foundAll() const { return !isUnread_[0] && !isUnread_[1]; }
-    // A snapshot found that the run after it could not read, so its lists may be nowhere else.
-    const std::optional<Snapshot>& unseen() const { return unseen_; }
+    // False if find could not read a file to its end. Its snapshot may be the newest, so it stays for a later start.
+    bool foundAll() const { return foundAll_; }
+    // Snapshots found that the run after them could not read, so their lists may be nowhere else.
+    const std::vector<Snapshot>& unseen() const { return unseen_; }
     // Adds a state in which this run may leave the working copy. Call before the file is written.
     void mayLeave(ListFileId file, const FileState& state) { left_[file].push_back(state); }
     // From now on this run leaves the working copy in this state, until mayLeave.
@@ -45,8 +46,9 @@ public:
     void keepNewestOnly();
 
 private:
-    // Two files in turns, so that after a torn write the other is whole. Changes of the newest snapshot are appended to
-    // its file while they are shorter than half of it, so that not every edit writes all lists.
+    // Two files in turns, so that after a torn write the other is whole. One that a start cannot read is set aside by a
+    // rename, as otherwise each later write would be to the only whole one. Changes of the newest snapshot are appended
+    // to its file while they are shorter than half of it, so that not every edit writes all lists.
     static constexpr std::size_t kSlots = 2;
     // More than runs ever use. A run that could not read a snapshot skips as many, to exceed that snapshot's number.
     static constexpr std::uint64_t kMostNumbers = std::uint64_t{1} << 40U;
@@ -64,20 +66,27 @@ private:
     };
 
     static Room readChanges(std::string_view rest, SnapshotFile& file);
+    void findUnread();
     // Both number the snapshot: one that failed may be in the file nevertheless, so each attempt needs a higher number.
     // append fails also if the change is longer than that.
     bool append(Snapshot& snapshot, std::uint64_t mostBytes);
     bool write(Snapshot& snapshot);
+    // False if the slot has a snapshot that was not read and that cannot be set aside.
+    bool makeFree(std::size_t slot);
+    void removeOld(const std::u16string& path, bool isUnread);
     void makeDurable(std::size_t slot);
 
     std::u16string folder_;
     std::array<std::u16string, kSlots> slots_;
+    std::u16string unread_;  // a snapshot set aside
     Files& files_;
     std::size_t newest_ = 0;  // the slot of kept_
     std::optional<Snapshot> kept_;
     std::uint64_t lastNumber_ = 0;  // highest number used, including failed attempts
     std::array<bool, kSlots> isUnread_{};
-    std::optional<Snapshot> unseen_;
+    bool hasUnread_ = false;
+    bool foundAll_ = true;
+    std::vector<Snapshot> unseen_;
     Room room_;
     FileStates left_;
     // True if this run has made the name durable. The snapshot of a killed run may be in the system's cache only.

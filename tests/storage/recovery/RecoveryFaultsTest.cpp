@@ -1,8 +1,10 @@
 // Snapshots on a disk that fails: writes that are not complete, files that cannot be read.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fakes/FakeFiles.h"
@@ -13,6 +15,7 @@ namespace {
 
 constexpr const char16_t* kFirst = u"/app/Recovery/Snapshot1";
 constexpr const char16_t* kSecond = u"/app/Recovery/Snapshot2";
+constexpr const char16_t* kUnread = u"/app/Recovery/Unread";
 
 // Writes that store all bytes may report a failure.
 class FailedClose : public ForwardingFiles {
@@ -22,6 +25,23 @@ public:
         return ForwardingFiles::write(path, bytes, flush) && !fails;
     }
     bool fails = false;
+};
+
+// Calls back with what a power cut during each write leaves.
+class TornWrites : public ForwardingFiles {
+public:
+    TornWrites(FakeFiles& files, std::function<void(FakeFiles&)> check)
+        : ForwardingFiles(files), disk_(files), check_(std::move(check)) {}
+    bool write(std::u16string_view path, std::string_view bytes, Flush flush) override {
+        FakeFiles left = disk_;
+        left.files[std::u16string(path)] = bytes.substr(0, bytes.size() / 2);
+        check_(left);
+        return ForwardingFiles::write(path, bytes, flush);
+    }
+
+private:
+    FakeFiles& disk_;
+    std::function<void(FakeFiles&)> check_;
 };
 
 class RecoveryFaultsTest : public testing::Test {
@@ -93,20 +113,60 @@ TEST_F(RecoveryFaultsTest, AnUnreadSnapshotIsNotOverwrittenAndSeenByALaterStart)
         const auto last = next.find();
         EXPECT_EQ(last->bytes, unread == kFirst ? two : one);
         EXPECT_FALSE(next.foundAll());
-        EXPECT_EQ(next.unseen(), std::nullopt);
+        EXPECT_TRUE(next.unseen().empty());
         constexpr int kMoreThanFitBehindOne = 300;
         for (int edit = 1; edit <= kMoreThanFitBehindOne; ++edit) {
             ASSERT_TRUE(next.keep(edit % 2 == 0 ? three : one)) << edit;
         }
-        EXPECT_EQ(disk.files[unread], whole);
+        EXPECT_EQ(disk.files[kUnread], whole);
 
         disk.unreadable.clear();
         Recovery third(u"/app/", disk);
         EXPECT_EQ(third.find()->bytes, three) << "newer than the unread one, whose number was not known";
         EXPECT_TRUE(third.foundAll());
-        ASSERT_TRUE(third.unseen());
-        EXPECT_EQ(third.unseen()->bytes, unread == kFirst ? one : two);
+        ASSERT_EQ(third.unseen().size(), 1U);
+        EXPECT_EQ(third.unseen()[0].bytes, unread == kFirst ? one : two);
+        third.keepNewestOnly();
+        EXPECT_FALSE(disk.files.contains(kUnread)) << "its lists are in a backup by now";
     }
+}
+
+TEST_F(RecoveryFaultsTest, ATornWriteBesideAnUnreadSnapshotLeavesTheOneBefore) {
+    recovery.keep(one);
+    recovery.keep(two);
+    for (const char16_t* const unread : {kFirst, kSecond}) {
+        FakeFiles disk = files;
+        disk.unreadable = {unread};
+        WorkingCopyBytes kept = unread == kFirst ? two : one;
+        int writes = 0;
+        TornWrites torn(disk, [&](FakeFiles& left) {
+            const auto snapshot = Recovery(u"/app/", left).find();
+            ASSERT_TRUE(snapshot);
+            EXPECT_EQ(snapshot->bytes, kept);
+            ++writes;
+        });
+        Recovery next(u"/app/", torn);
+        next.find();
+        for (const WorkingCopyBytes& bytes : {three, one, two, three}) {
+            ASSERT_TRUE(next.keep(bytes));
+            kept = bytes;
+        }
+        EXPECT_EQ(writes, 4);
+    }
+}
+
+TEST_F(RecoveryFaultsTest, AnUnreadSnapshotThatWasSetAsideIsNotReplacedByAnother) {
+    recovery.keep(one);
+    recovery.keep(two);
+    files.files[kUnread] = "set aside by a killed run";
+    files.unreadable = {kFirst, kUnread};
+    const std::string whole = files.files[kFirst];
+    Recovery next(u"/app/", files);
+    next.find();
+    EXPECT_TRUE(next.keep(three));
+    EXPECT_EQ(files.files[kUnread], "set aside by a killed run");
+    EXPECT_EQ(files.files[kFirst], whole);
+    EXPECT_EQ(found(), three);
 }
 
 TEST_F(RecoveryFaultsTest, TheOlderSnapshotOfOneRunWasSeen) {
@@ -115,14 +175,30 @@ TEST_F(RecoveryFaultsTest, TheOlderSnapshotOfOneRunWasSeen) {
     Recovery next(u"/app/", files);
     next.find();
     EXPECT_TRUE(next.foundAll());
-    EXPECT_EQ(next.unseen(), std::nullopt);
+    EXPECT_TRUE(next.unseen().empty());
 }
 
-TEST_F(RecoveryFaultsTest, WithoutAReadableSlotNothingIsWritten) {
+TEST_F(RecoveryFaultsTest, OfTwoUnreadSnapshotsOneIsSetAsideAndTheOtherStays) {
     recovery.keep(one);
     recovery.keep(two);
     const auto before = files.files;
     files.unreadable = {kFirst, kSecond};
+    Recovery next(u"/app/", files);
+    EXPECT_EQ(next.find(), std::nullopt);
+    for (const WorkingCopyBytes& bytes : {three, one, two}) {
+        EXPECT_TRUE(next.keep(bytes));
+        EXPECT_EQ(found(), bytes);
+    }
+    EXPECT_EQ(files.files[kUnread], before.at(kFirst));
+    EXPECT_EQ(files.files[kSecond], before.at(kSecond));
+}
+
+TEST_F(RecoveryFaultsTest, WithoutAReadableSlotOrARenameNothingIsWritten) {
+    recovery.keep(one);
+    recovery.keep(two);
+    const auto before = files.files;
+    files.unreadable = {kFirst, kSecond};
+    files.readOnly = {kUnread};
     Recovery next(u"/app/", files);
     EXPECT_EQ(next.find(), std::nullopt);
     EXPECT_FALSE(next.keep(three));
@@ -142,8 +218,26 @@ TEST_F(RecoveryFaultsTest, TheEndRemovesAnUnreadSnapshotUnlessItCanBeReadNow) {
             disk.unreadable.clear();
         }
         next.keepNewestOnly();
-        EXPECT_EQ(disk.files.contains(kSecond), isReadable);
-        EXPECT_TRUE(disk.files.contains(kFirst));
+        EXPECT_EQ(disk.files.contains(kUnread), isReadable);
+        EXPECT_TRUE(disk.files.contains(kSecond));
+        EXPECT_FALSE(disk.files.contains(kFirst)) << "older";
+    }
+}
+
+TEST_F(RecoveryFaultsTest, TheEndRemovesASnapshotSetAsideByAKilledRunUnlessItCanBeReadNow) {
+    recovery.keep(one);
+    for (const bool isReadable : {false, true}) {
+        FakeFiles disk = files;
+        disk.files[kUnread] = "set aside";
+        disk.unreadable = {kUnread};
+        Recovery next(u"/app/", disk);
+        next.find();
+        EXPECT_TRUE(next.foundAll()) << "an earlier run did without it";
+        if (isReadable) {
+            disk.unreadable.clear();
+        }
+        next.keepNewestOnly();
+        EXPECT_EQ(disk.files.contains(kUnread), isReadable);
     }
 }
 
