@@ -9,9 +9,7 @@
 #endif
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstdint>
 
 PosixFile::PosixFile(const PosixPath& path, int flags, unsigned permissions)
     // Without O_NONBLOCK opening a named pipe would block.
@@ -26,15 +24,12 @@ bool PosixFile::isRegular() const {
 
 bool PosixFile::isLocatedByEntry() const {
 #ifdef __linux__
-    constexpr std::array<std::uint32_t, 3> kWithInodes{EXT4_SUPER_MAGIC /* also ext2 and ext3 */, BTRFS_SUPER_MAGIC,
-                                                       XFS_SUPER_MAGIC};
     struct statfs volume = {};
-    if (::fstatfs(descriptor_, &volume) == 0) {
-        const auto kind = static_cast<std::uint32_t>(volume.f_type);
-        return std::find(kWithInodes.begin(), kWithInodes.end(), kind) == kWithInodes.end();
-    }
-#endif
+    // The magic number is also that of ext2 and ext3.
+    return ::fstatfs(descriptor_, &volume) != 0 || volume.f_type != EXT4_SUPER_MAGIC;
+#else
     return true;
+#endif
 }
 
 bool PosixFile::readUpTo(std::size_t mostBytes, std::string& bytes) const {

@@ -26,8 +26,8 @@ public:
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
     bool isRegular() const;
-    // True if the folder entry holds the location of the file, as on FAT, and on every file system that is not known to
-    // keep it elsewhere.
+    // True if the folder entry holds the location of the file, as on FAT, and on every file system but ext2 to ext4:
+    // on the others no power cut was tried that shows the opposite.
     bool isLocatedByEntry() const;
     // Reads from the current position to the end, or that many bytes. False on a read error; `bytes` then holds what
     // came before it.
