@@ -63,7 +63,7 @@ macro(make name)
 endmacro()
 foreach(guide IN ITEMS user-guide formats reliability)
   make(${guide}.html DEPENDS ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${source}/page
-    COMMAND ${source}/page ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${guide}.html ${system_name})
+    COMMAND ${Python3_EXECUTABLE} ${source}/page ${PROJECT_SOURCE_DIR}/docs/${guide}.md ${guide}.html ${system_name})
 endforeach()
 if(NOT WIN32)
   make(${HALCYON_ID}.png DEPENDS ${source}/halcyon_k7.svg
