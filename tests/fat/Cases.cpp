@@ -23,6 +23,16 @@ int alignmentsOf(const Settings& settings, const std::string& operation) {
     return operation.starts_with("crowded") ? 1 : settings.alignments;
 }
 
+void addFaults(std::vector<Case>& cases, const std::string& fileSystem, const std::string& image,
+               const std::string& options) {
+    for (const std::string& fault : kFaults) {
+        // This fault needs the search by capacity among the mounted disks.
+        if (fault != "unmounted" || image == "fat1024") {
+            cases.push_back({fileSystem, image, options, "replace", 0, fault});
+        }
+    }
+}
+
 void addFat(std::vector<Case>& cases, const Settings& settings, const std::string& image, const std::string& options) {
     for (const std::string& operation : kOperations) {
         for (int i = 0; i < alignmentsOf(settings, operation); ++i) {
@@ -31,13 +41,16 @@ void addFat(std::vector<Case>& cases, const Settings& settings, const std::strin
             }
         }
     }
-    for (const std::string& fault : kFaults) {
-        // This fault needs the search by capacity among the mounted disks.
-        const bool isPossible = fault != "unmounted" || image == "fat1024";
-        if (isPossible && (settings.thorough || options == "default")) {
-            cases.push_back({"vfat", image, options, "replace", 0, fault});
-        }
+    if (settings.thorough || options == "default") {
+        addFaults(cases, "vfat", image, options);
     }
+}
+
+void addExt(std::vector<Case>& cases, const std::string& fileSystem) {
+    for (const char* const operation : {"replace", "first", "folder"}) {
+        cases.push_back({fileSystem, fileSystem, "default", operation, 0});
+    }
+    addFaults(cases, fileSystem, fileSystem, "default");
 }
 
 }  // namespace
@@ -87,12 +100,9 @@ std::vector<Case> allCases(const Settings& settings) {
         addFat(cases, settings, image, "default");
         addFat(cases, settings, image, kDesktop);
     }
-    for (const char* const fileSystem : {"ext2", "ext4"}) {
-        for (const char* const operation : {"replace", "first", "folder"}) {
-            if (settings.thorough) {
-                cases.push_back({fileSystem, fileSystem, "default", operation, 0});
-            }
-        }
+    if (settings.thorough) {
+        addExt(cases, "ext2");
+        addExt(cases, "ext4");
     }
     std::erase_if(cases, [&](const Case& one) { return one.name().find(settings.only) == std::string::npos; });
     return cases;
