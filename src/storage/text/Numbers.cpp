@@ -58,27 +58,34 @@ void appendThousandths(std::u16string& text, int thousandths) {
     }
 }
 
-// Fast path for a text of a few digits, as most frequencies are; -1 for any other.
-double shortWholeNumber(std::u16string_view text) {
+// Fast path for a text of a few digits with at most one point, as frequencies are; -1 for any other. The quotient of
+// two exact numbers is the double nearest to the decimal.
+double shortNumber(std::u16string_view text) {
     constexpr std::size_t kMostDigits = 9;
-    if (text.empty() || text.size() > kMostDigits) {
+    if (text.empty() || text.size() > kMostDigits || text == u".") {
         return -1;
     }
     int value = 0;
+    int divisor = 0;  // 0 before the point
     for (const char16_t unit : text) {
+        if (unit == u'.' && divisor == 0) {
+            divisor = 1;
+            continue;
+        }
         if (!isDigit(unit)) {
             return -1;
         }
         value = value * 10 + (unit - u'0');
+        divisor *= 10;
     }
-    return value;
+    return divisor > 1 ? static_cast<double>(value) / divisor : value;
 }
 
 }  // namespace
 
 double leadingNumber(std::u16string_view text) {
-    if (const double whole = shortWholeNumber(text); whole >= 0) {
-        return whole;
+    if (const double number = shortNumber(text); number >= 0) {
+        return number;
     }
     return parse(numberText(text), std::chars_format::fixed);
 }
