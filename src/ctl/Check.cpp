@@ -1,106 +1,112 @@
+#include <array>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <utility>
 
 #include "adding/FieldRules.h"
-#include "ctl/CheckCounts.h"
 #include "ctl/Commands.h"
+#include "ctl/CountCheck.h"
 #include "ctl/Duplicates.h"
 #include "ctl/Faults.h"
-#include "ctl/Lists.h"
 #include "ctl/Messages.h"
 #include "ctl/ParsedFiles.h"
 #include "ctl/Record.h"
 #include "ctl/Sources.h"
+#include "storage/lists/ListRecords.h"
+#include "storage/stations/ListColumns.h"
 #include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 
 namespace {
 
-constexpr int kProgramme = 1;
-constexpr int kFrequency = 2;
-constexpr int kTimeOrSystem = 3;
-constexpr int kTarget = 4;
+using Cells = std::span<const std::u16string_view>;
 
-class Checker {
+std::u16string_view cellAt(Cells cells, int column) { return cells[static_cast<std::size_t>(column - 1)]; }
+
+// Checks the fields of the records of one list.
+class RecordCheck {
 public:
-    Checker(const Lists& lists, Faults& faults) : lists_(lists), faults_(faults) {}
+    RecordCheck(ListKind kind, Faults& faults) : kind_(kind), faults_(faults) {}
 
-    void check(ListKind kind) {
-        const int count = lists_.grid(kind).rowCount();
-        for (int row = 1; row <= count; ++row) {
-            checkRecord(kind, row);
+    void check(int row, Cells cells) {
+        row_ = row;
+        addUnlessEmpty(kProgrammeColumn, fieldError(kProgrammeRule, cellAt(cells, kProgrammeColumn)));
+        if (kind_ == ListKind::Favourite) {
+            checkFavourite(cells);
+            return;
         }
-        if (count > kMaxRecords) {
-            faults_.add({kind, kMaxRecords + 1, u"count",
-                         u"over the " + decimal(kMaxRecords) + u" records of a list, which holds " + decimal(count)});
+        checkFrequency(kind_, cellAt(cells, kFrequencyColumn));
+        if (kind_ == ListKind::Drm) {
+            const Record record = recordOf(kind_, cells);
+            if (!areTimes(record.start, record.stop)) {
+                add(kTimeColumn, u"is not hh:mm-hh:mm with the start before the stop");
+            }
+            addUnlessEmpty(kTargetColumn, fieldError(kTargetRule, record.target));
         }
-        checkDuplicates(kind);
     }
 
 private:
-    void add(ListKind kind, int row, int column, std::u16string_view message) {
-        const Grid& grid = lists_.grid(kind);
-        faults_.add({kind, row, grid.columns()[static_cast<std::size_t>(column - 1)].caption, message});
+    void add(int column, std::u16string_view message) {
+        faults_.add({kind_, row_, columnAt(columnsOf(kind_), column)->caption, message});
     }
 
-    void checkText(ListKind kind, int row, int column, const FieldRule& rule) {
-        const std::u16string_view text = lists_.grid(kind).text(row, column);
-        if (const std::u16string_view error = fieldError(rule, text); !error.empty()) {
-            add(kind, row, column, error);
+    void addUnlessEmpty(int column, std::u16string_view message) {
+        if (!message.empty()) {
+            add(column, message);
         }
     }
 
-    void checkFrequency(ListKind kind, int row, ListKind rules, std::u16string_view text) {
-        if (const std::u16string_view error = fieldError({u"", rules}, text); !error.empty()) {
-            add(kind, row, kFrequency, error);
-        }
+    void checkFrequency(ListKind rules, std::u16string_view text) {
+        addUnlessEmpty(kFrequencyColumn, fieldError({u"", rules}, text));
     }
 
-    void checkRecord(ListKind kind, int row) {
-        const Grid& grid = lists_.grid(kind);
-        checkText(kind, row, kProgramme, kProgrammeRule);
-        if (kind == ListKind::Favourite) {
-            checkFavourite(row);
-            return;
-        }
-        checkFrequency(kind, row, kind, grid.text(row, kFrequency));
-        if (kind == ListKind::Drm) {
-            const Record record = recordOf(grid, kind, row);
-            if (timeSpanOf(record.start, record.stop) != grid.text(row, kTimeOrSystem)) {
-                add(kind, row, kTimeOrSystem, u"is not hh:mm-hh:mm with the start before the stop");
-            }
-            checkText(kind, row, kTarget, kTargetRule);
-        }
-    }
-
-    void checkFavourite(int row) {
-        const Grid& grid = lists_.grid(ListKind::Favourite);
-        const std::u16string_view system = grid.text(row, kTimeOrSystem);
-        std::u16string_view number = grid.text(row, kFrequency);
-        number.remove_suffix(ReceptionSystem::kUnitLength);  // the loader always appends it
+    void checkFavourite(Cells cells) {
+        const std::u16string_view system = cellAt(cells, kSystemColumn);
+        std::u16string_view number = cellAt(cells, kFrequencyColumn);
+        number.remove_suffix(ReceptionSystem::kUnitLength);  // always there
         for (const ListKind kind : {ListKind::Drm, ListKind::Am, ListKind::Fm}) {
             if (system == ReceptionSystem::typeOf(kind)) {
-                checkFrequency(ListKind::Favourite, row, kind, number);
+                checkFrequency(kind, number);
                 return;
             }
         }
-        add(ListKind::Favourite, row, kTimeOrSystem, u"is none of DRM, AM and FM");
+        add(kSystemColumn, u"is none of DRM, AM and FM");
     }
 
-    void checkDuplicates(ListKind kind) {
-        const Grid& grid = lists_.grid(kind);
-        Duplicates found(grid, columnCountOf(kind));
-        for (int row = 1; row <= grid.rowCount(); ++row) {
-            if (const int first = found.add(row); first != 0) {
-                faults_.add({kind, row, u"record", u"the same as row " + decimal(first)});
-            }
-        }
-    }
-
-    const Lists& lists_;
+    ListKind kind_;
     Faults& faults_;
+    int row_ = 0;
 };
+
+struct ListFaults {
+    explicit ListFaults(bool asJson) : counts(asJson), records(asJson) {}
+
+    Faults counts;
+    Faults records;
+};
+
+void checkList(IniReader& file, ListKind kind, Faults& counts, Faults& records) {
+    CountCheck sections(file, kind, counts);
+    const int count = sections.count();
+    ListRecords read(file, kind);
+    RecordCheck fields(kind, records);
+    Duplicates duplicates(count);
+    for (int row = 1; row <= count; ++row) {
+        const Cells cells = read.cells(row - 1);
+        sections.checkRecord(row - 1, cellAt(cells, kProgrammeColumn));
+        fields.check(row, cells);
+        duplicates.add(row, cells);
+    }
+    sections.checkRest();
+    if (count > kMaxRecords) {
+        records.add({kind, kMaxRecords + 1, u"count",
+                     u"over the " + decimal(kMaxRecords) + u" records of a list, which holds " + decimal(count)});
+    }
+    for (const Duplicates::Pair& duplicate : duplicates.find(read)) {
+        records.add({kind, duplicate.row, u"record", u"the same as row " + decimal(duplicate.first)});
+    }
+}
 
 }  // namespace
 
@@ -117,12 +123,17 @@ Exit checkLists(Services& services, const Options& options) {
             faults.add({std::nullopt, 0, source->paths[file], u"is not all UTF-8"});
         }
     }
-    checkCounts(files, faults);
-    Lists lists;
-    lists.load(std::move(files), services.files, services.codePages);
-    Checker checker(lists, faults);
-    for (const ListKind kind : kListKinds) {
-        checker.check(kind);
+    std::array<ListFaults, kListCount> found{ListFaults(options.json), ListFaults(options.json),
+                                             ListFaults(options.json), ListFaults(options.json)};
+    forEachList(files, [&found](ListKind kind, IniReader& file) {
+        ListFaults& list = found[static_cast<std::size_t>(kind)];
+        checkList(file, kind, list.counts, list.records);
+    });
+    for (ListFaults& list : found) {
+        faults.add(list.counts);
+    }
+    for (ListFaults& list : found) {
+        faults.add(list.records);
     }
     const Exit result = faults.isEmpty() ? Exit::Done : Exit::Different;
     return print(services.console, faults.takeText(), result);

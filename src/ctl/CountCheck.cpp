@@ -1,50 +1,47 @@
-#include "ctl/CheckCounts.h"
+#include "ctl/CountCheck.h"
 
-#include <string>
+#include <algorithm>
 
-#include "storage/ini/IniReader.h"
-#include "storage/lists/ListFile.h"
 #include "storage/text/Numbers.h"
 
 namespace {
 
 constexpr int kLargestCount = 32'767;
 
-void checkCount(IniReader& file, ListKind kind, Faults& faults) {
-    const std::u16string_view text = file.get(ListFile::kTotal, ListFile::countKey(kind));
-    const std::u16string key(ListFile::countKey(kind));
-    const auto count = roundToInt16(leadingNumber(text));
-    if (!count || (!text.empty() && (*count < 0 || decimal(*count) != text))) {
+}  // namespace
+
+CountCheck::CountCheck(IniReader& file, ListKind kind, Faults& faults)
+    : file_(file),
+      kind_(kind),
+      faults_(faults),
+      key_(ListFile::countKey(kind)),
+      text_(file.get(ListFile::kTotal, key_)),
+      section_(kind) {
+    const auto count = roundToInt16(leadingNumber(text_));
+    if (!count || (!text_.empty() && (*count < 0 || decimal(*count) != text_))) {
         faults.add(
-            {kind, 0, key, u"\"" + std::u16string(text) + u"\" is no count from 0 to " + decimal(kLargestCount)});
+            {kind, 0, key_, u"\"" + std::u16string(text_) + u"\" is no count from 0 to " + decimal(kLargestCount)});
     }
-    RecordSection section(kind);
-    const int read = count.value_or(0);
-    for (int index = 0; index < read; ++index) {
-        if (!file.hasSection(section.of(index))) {
-            faults.add({kind, index + 1, key,
-                        u"says " + decimal(read) + u", but there is no section " + std::u16string(section.of(index))});
-        }
-    }
-    // A wrong count hides records; one message says how many.
-    int beyond = read < 0 ? 0 : read;
-    const int first = beyond;
-    while (beyond < kLargestCount && file.hasSection(section.of(beyond))) {
-        ++beyond;
-    }
-    if (beyond > first) {
-        faults.add({kind, 0, key,
-                    (text.empty() ? std::u16string(u"is missing") : u"says " + std::u16string(text)) +
-                        u", but sections follow up to " + std::u16string(section.of(beyond - 1))});
+    count_ = std::max(count.value_or(0), 0);
+}
+
+void CountCheck::checkRecord(int index, std::u16string_view programme) {
+    // A record with a text has a section.
+    if (programme.empty() && !file_.hasSection(section_.of(index))) {
+        faults_.add({kind_, index + 1, key_,
+                     u"says " + decimal(count_) + u", but there is no section " + std::u16string(section_.of(index))});
     }
 }
 
-}  // namespace
-
-void checkCounts(ParsedFiles& files, Faults& faults) {
-    for (const ListKind kind : kListKinds) {
-        if (auto& file = files[ListFile::fileOf(kind)]) {
-            checkCount(file->text, kind, faults);
-        }
+void CountCheck::checkRest() {
+    // A wrong count hides records; one message says how many.
+    int beyond = count_;
+    while (beyond < kLargestCount && file_.hasSection(section_.of(beyond))) {
+        ++beyond;
+    }
+    if (beyond > count_) {
+        faults_.add({kind_, 0, key_,
+                     (text_.empty() ? std::u16string(u"is missing") : u"says " + std::u16string(text_)) +
+                         u", but sections follow up to " + std::u16string(section_.of(beyond - 1))});
     }
 }

@@ -151,7 +151,7 @@ private:
     void readTime(Record& record) {
         record.start = cell(kStart);
         record.stop = cell(kStop);
-        if (!timeSpanOf(record.start, record.stop)) {
+        if (!areTimes(record.start, record.stop)) {
             fault(kStart, u"and stop_utc are no times hh:mm of which the first is the earlier one");
         }
     }

@@ -1,9 +1,14 @@
 #include "ctl/CsvWriter.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
+#include "ctl/Lists.h"
 #include "ctl/Record.h"
 #include "storage/lists/ComposedFile.h"
+#include "storage/lists/ListRecords.h"
+#include "storage/text/Utf8.h"
 
 namespace {
 
@@ -11,7 +16,8 @@ constexpr std::size_t kUsualRecordBytes = 64;
 
 // Readers may take any of these for a separator.
 bool isSpecial(char16_t unit) {
-    return unit == u'"' || unit == u',' || unit == u';' || unit == u'\t' || unit == u'\r' || unit == u'\n';
+    return unit <= u';' &&
+           (unit == u'"' || unit == u',' || unit == u';' || unit == u'\t' || unit == u'\r' || unit == u'\n');
 }
 
 bool needsQuotes(std::u16string_view cell) {
@@ -43,24 +49,37 @@ void appendLine(std::u16string& text, const Cells& cells) {
     text += u"\r\n";
 }
 
+std::string linesOf(IniReader& file, ListKind kind) {
+    ListRecords records(file, kind);
+    const int count = std::max(records.count().value_or(0), 0);
+    ComposedFile csv(u"", static_cast<std::size_t>(count) * kUsualRecordBytes);
+    for (int index = 0; index < count; ++index) {
+        const Record record = recordOf(kind, records.cells(index));
+        appendLine(csv.text(), std::array<std::u16string_view, kCsvColumns.size()>{
+                                   shortNameOf(kind), record.programme, record.frequency, record.start, record.stop,
+                                   record.target, record.system});
+        csv.endRecord();
+    }
+    return csv.takeBytes();
+}
+
 }  // namespace
 
-std::string csvOf(const Lists& lists, const std::vector<ListKind>& kinds) {
-    std::size_t rows = 1;
-    for (const ListKind kind : kinds) {
-        rows += static_cast<std::size_t>(lists.grid(kind).rowCount());
+std::string csvOf(ParsedFiles& files) {
+    std::array<std::string, kListCount> lines;
+    forEachList(files, [&lines](ListKind kind, IniReader& file) {
+        lines[static_cast<std::size_t>(kind)] = linesOf(file, kind);
+    });
+    std::u16string header;
+    appendLine(header, kCsvColumns);
+    std::string csv = toUtf8(header);
+    std::size_t size = csv.size();
+    for (const std::string& list : lines) {
+        size += list.size();
     }
-    ComposedFile file(u"", rows * kUsualRecordBytes);
-    appendLine(file.text(), kCsvColumns);
-    for (const ListKind kind : kinds) {
-        const Grid& grid = lists.grid(kind);
-        for (int row = 1; row <= grid.rowCount(); ++row) {
-            const Record record = recordOf(grid, kind, row);
-            appendLine(file.text(), std::array<std::u16string_view, kCsvColumns.size()>{
-                                        shortNameOf(kind), record.programme, record.frequency, record.start,
-                                        record.stop, record.target, record.system});
-            file.endRecord();
-        }
+    csv.reserve(size);
+    for (std::string& list : lines) {
+        csv += std::exchange(list, {});  // frees it
     }
-    return file.takeBytes();
+    return csv;
 }

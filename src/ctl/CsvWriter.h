@@ -4,12 +4,12 @@
 #include <array>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "ctl/Lists.h"
+#include "ctl/ParsedFiles.h"
 
 // In the order of the output; input may have any order.
 inline constexpr std::array<std::u16string_view, 7> kCsvColumns = {
     u"list", u"programme", u"frequency_khz", u"start_utc", u"stop_utc", u"target", u"system"};
 
-std::string csvOf(const Lists& lists, const std::vector<ListKind>& kinds);
+// All four lists.
+std::string csvOf(ParsedFiles& files);

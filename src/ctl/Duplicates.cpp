@@ -1,40 +1,58 @@
 #include "ctl/Duplicates.h"
 
-#include <bit>
+#include <algorithm>
 #include <functional>
-#include <string_view>
+#include <iterator>
+#include <string>
+#include <tuple>
+#include <utility>
 
-Duplicates::Duplicates(const Grid& grid, int columnCount)
-    : grid_(grid),
-      columnCount_(columnCount),
-      slots_(std::bit_ceil(static_cast<std::size_t>(grid.rowCount()) * 2 + 1)) {}
+namespace {
 
-int Duplicates::add(int row) {
-    const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = hashOf(row) & mask;
-    while (slots_[slot] != 0) {
-        if (areSame(row, slots_[slot])) {
-            return slots_[slot];
-        }
-        slot = (slot + 1) & mask;
-    }
-    slots_[slot] = row;
-    return 0;
+// The first row with these cells.
+struct First {
+    int row;
+    std::vector<std::u16string> cells;
+};
+
+First rowOf(ListRecords& records, int row) {
+    const auto cells = records.cells(row - 1);
+    return {row, {cells.begin(), cells.end()}};
 }
 
-std::size_t Duplicates::hashOf(int row) const {
+}  // namespace
+
+void Duplicates::add(int row, std::span<const std::u16string_view> cells) {
     constexpr std::size_t kFactor = 31;
     std::size_t hash = 0;
-    for (int column = 1; column <= columnCount_; ++column) {
-        hash = hash * kFactor + std::hash<std::u16string_view>()(grid_.text(row, column));
+    for (const std::u16string_view cell : cells) {
+        hash = hash * kFactor + std::hash<std::u16string_view>()(cell);
     }
-    return hash;
+    rows_.push_back({hash, row});
 }
 
-bool Duplicates::areSame(int row, int other) const {
-    int column = 1;
-    while (column <= columnCount_ && grid_.text(row, column) == grid_.text(other, column)) {
-        ++column;
+std::vector<Duplicates::Pair> Duplicates::find(ListRecords& records) {
+    std::sort(rows_.begin(), rows_.end(),
+              [](const Hashed& a, const Hashed& b) { return std::tie(a.hash, a.row) < std::tie(b.hash, b.row); });
+    std::vector<Pair> pairs;
+    std::vector<First> firsts;  // of the rows with this hash
+    for (auto row = rows_.begin(); row != rows_.end(); ++row) {
+        const auto next = std::next(row);
+        const bool isLast = next == rows_.end() || next->hash != row->hash;
+        if (!isLast || !firsts.empty()) {
+            First read = rowOf(records, row->row);
+            const auto same = std::find_if(firsts.begin(), firsts.end(),
+                                           [&read](const First& first) { return first.cells == read.cells; });
+            if (same == firsts.end()) {
+                firsts.push_back(std::move(read));
+            } else {
+                pairs.push_back({read.row, same->row});
+            }
+        }
+        if (isLast) {
+            firsts.clear();
+        }
     }
-    return column > columnCount_;
+    std::sort(pairs.begin(), pairs.end(), [](const Pair& a, const Pair& b) { return a.row < b.row; });
+    return pairs;
 }

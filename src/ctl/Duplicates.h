@@ -2,23 +2,30 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
+#include <string_view>
 #include <vector>
 
-#include "platform/Grid.h"
+#include "storage/lists/ListRecords.h"
 
 class Duplicates {
 public:
-    // `grid` outlives this object and does not change.
-    Duplicates(const Grid& grid, int columnCount);
+    struct Pair {
+        int row = 0;
+        int first = 0;  // the first row with the same cells
+    };
 
-    // The first of the rows added so far that is the same as this one; 0, and the row is added, if there is none.
-    int add(int row);
+    explicit Duplicates(int rowCount) { rows_.reserve(static_cast<std::size_t>(rowCount)); }
+
+    void add(int row, std::span<const std::u16string_view> cells);
+    // The rows added that are the same as an earlier one, in rising order. Call once, after all rows. `records` are
+    // those of the rows; records with equal hashes are read again.
+    std::vector<Pair> find(ListRecords& records);
 
 private:
-    std::size_t hashOf(int row) const;
-    bool areSame(int row, int other) const;
-
-    const Grid& grid_;
-    int columnCount_;
-    std::vector<int> slots_;  // open addressing: a row, 0 if free
+    struct Hashed {
+        std::size_t hash;
+        int row;
+    };
+    std::vector<Hashed> rows_;
 };

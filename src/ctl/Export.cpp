@@ -9,6 +9,7 @@
 #include "ctl/JsonLists.h"
 #include "ctl/Lists.h"
 #include "ctl/Messages.h"
+#include "ctl/ParsedFiles.h"
 #include "ctl/Sources.h"
 #include "storage/files/SafeFile.h"
 #include "storage/files/VerifiedFiles.h"
@@ -16,24 +17,22 @@
 
 namespace {
 
-std::string composed(Services& services, ExportFormat format, const Lists& lists) {
-    const std::vector<ListKind> all(kListKinds.begin(), kListKinds.end());
-    switch (format) {
-        case ExportFormat::Json:
-            return jsonOf(lists, all);
-        case ExportFormat::Gqrx:
-            return gqrxOf(lists);
-        case ExportFormat::Html:
-            return htmlOf(lists, services.clock.now());
-        case ExportFormat::Csv:
-        case ExportFormat::Ini:
-            break;
+std::string composed(Services& services, ExportFormat format, WorkingCopyBytes bytes) {
+    ParsedFiles files = parsed(std::move(bytes));
+    if (format == ExportFormat::Csv) {
+        return csvOf(files);
     }
-    return csvOf(lists, all);
+    Lists lists;
+    lists.load(std::move(files), services.files, services.codePages);
+    if (format == ExportFormat::Gqrx) {
+        return gqrxOf(lists);
+    }
+    return format == ExportFormat::Html ? htmlOf(lists, services.clock.now())
+                                        : jsonOf(lists, {kListKinds.begin(), kListKinds.end()});
 }
 
 // Writes the files of the source as the window would save them.
-Exit exportIni(Services& services, const Options& options, const SourceFiles& source, Lists& lists) {
+Exit exportIni(Services& services, const Options& options, SourceFiles source) {
     if (options.output.empty()) {
         complain(services.console, u"the ini format is two files: name a folder for them with -o");
         return Exit::Usage;
@@ -45,6 +44,8 @@ Exit exportIni(Services& services, const Options& options, const SourceFiles& so
     }
     const WorkingCopies paths{folder + std::u16string(ListFile::kListName),
                               folder + std::u16string(ListFile::kUserName)};
+    Lists lists;
+    lists.load(std::move(source.bytes), services.files, services.codePages);
     WorkingCopyBytes bytes = lists.compose(paths, services.files, services.codePages);
     std::vector<NewFile> newFiles;
     for (const ListFileId file : kListFiles) {
@@ -60,19 +61,20 @@ Exit exportIni(Services& services, const Options& options, const SourceFiles& so
 
 Exit exportLists(Services& services, const Options& options) {
     Exit fault = Exit::Done;
-    Lists lists;
-    const auto source = openSource(services, options.source, lists, fault);
+    auto source = openSource(services, options.source, fault);
     if (!source) {
         return fault;
     }
     if (options.exportFormat == ExportFormat::Ini) {
-        return exportIni(services, options, *source, lists);
+        return exportIni(services, options, std::move(*source));
     }
-    const std::string text = composed(services, options.exportFormat, lists);
+    const std::string text = composed(services, options.exportFormat, std::move(source->bytes));
     if (options.output.empty()) {
         return print(services.console, text);
     }
     const std::u16string path = absolutePath(services.currentFolder, options.output);
-    return replaceFile(services.files, path, text) ? Exit::Done
-                                                   : fileFault(services.console, path, u"cannot be written");
+    // Not flushed: the lists can be exported again.
+    return replaceFile(services.files, path, text, Flush::Later)
+               ? Exit::Done
+               : fileFault(services.console, path, u"cannot be written");
 }

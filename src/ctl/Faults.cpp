@@ -25,13 +25,26 @@ void Faults::add(const Fault& fault) {
     }
 }
 
+void Faults::add(Faults& others) {
+    isEmpty_ = isEmpty_ && others.isEmpty_;
+    if (json_) {
+        for (auto& object : others.json_->array) {
+            json_->array.push_back(std::move(object));
+        }
+    } else {
+        const std::size_t units = others.lines_.units();
+        lines_.append(others.lines_.takeBytes(), units);
+    }
+}
+
 void Faults::addLine(const Fault& fault) {
     std::u16string& text = lines_.text();
     if (fault.list) {
         (text += nameOf(*fault.list)) += u' ';
     }
     if (fault.row > 0) {
-        (text += decimal(fault.row)) += u' ';
+        appendDecimal(text, fault.row);
+        text += u' ';
     }
     appendPrintable(text, fault.field);
     text += u": ";

@@ -24,6 +24,8 @@ public:
     Faults& operator=(const Faults&) = delete;
 
     void add(const Fault& fault);
+    // Moves the faults of another object, with the same form of output, behind those of this one.
+    void add(Faults& others);
     bool isEmpty() const { return isEmpty_; }
     // Lines, or an array of objects; the faults are gone afterwards.
     std::string takeText();

@@ -44,7 +44,7 @@ private:
         if (time_.empty()) {
             return true;
         }
-        return timeSpanOf(record.start, record.stop) && record.start <= time_ && time_ < record.stop;
+        return areTimes(record.start, record.stop) && record.start <= time_ && time_ < record.stop;
     }
 
     const Options& options_;

@@ -1,5 +1,7 @@
 #include "ctl/ParsedFiles.h"
 
+#include <future>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -33,11 +35,27 @@ ParsedFile parsed(std::string bytes) {
 }  // namespace
 
 ParsedFiles parsed(WorkingCopyBytes bytes) {
-    ParsedFiles files;
-    for (const ListFileId file : kListFiles) {
-        if (bytes[file]) {
-            files[file] = parsed(std::move(*bytes[file]));
+    const auto parsedIfThere = [&bytes](ListFileId file) {
+        return bytes[file] ? std::optional(parsed(std::move(*bytes[file]))) : std::nullopt;
+    };
+    auto user = std::async(parsedIfThere, ListFileId::User);
+    auto list = parsedIfThere(ListFileId::List);
+    return {std::move(list), user.get()};
+}
+
+void forEachList(ParsedFiles& files, const ListWork& work) {
+    // Both readers have the same text, and each its own index.
+    std::optional<IniReader> others = files.list ? std::optional(files.list->text) : std::nullopt;
+    const auto shortLists = std::async([&] {
+        if (others) {
+            work(ListKind::Am, *others);
+            work(ListKind::Fm, *others);
         }
+    });
+    if (files.list) {
+        work(ListKind::Drm, files.list->text);
     }
-    return files;
+    if (files.user) {
+        work(ListKind::Favourite, files.user->text);
+    }
 }

@@ -1,8 +1,10 @@
 #include "ctl/Record.h"
 
 #include <algorithm>
+#include <array>
 
 #include "storage/stations/Bands.h"
+#include "storage/stations/ListColumns.h"
 #include "storage/stations/ReceptionSystem.h"
 #include "storage/text/Numbers.h"
 #include "sync/ScheduleRecords.h"
@@ -12,6 +14,11 @@ namespace {
 constexpr std::size_t kTimeLength = 5;  // hh:mm
 
 bool isSpan(std::u16string_view time) { return time.size() == 2 * kTimeLength + 1 && time[kTimeLength] == u'-'; }
+
+bool hasTimeForm(std::u16string_view time) { return time.size() == kTimeLength && time[2] == u':'; }
+
+using Digits = std::array<char16_t, kTimeLength - 1>;
+Digits digitsOf(std::u16string_view time) { return {time[0], time[1], time[3], time[4]}; }
 
 std::u16string kilohertz(std::u16string_view megahertz) {
     return shortestDecimal(kilohertzOf(leadingNumber(megahertz)));
@@ -26,41 +33,48 @@ std::u16string favouriteFrequency(std::u16string_view cell, std::u16string_view 
 
 }  // namespace
 
-Record recordOf(const Grid& grid, ListKind kind, int row) {
+Record recordOf(ListKind kind, std::span<const std::u16string_view> cells) {
+    const auto cell = [cells](int column) { return cells[static_cast<std::size_t>(column - 1)]; };
     Record record;
-    record.programme = grid.text(row, 1);
+    record.programme = cell(kProgrammeColumn);
     switch (kind) {
         case ListKind::Drm: {
-            record.frequency = grid.text(row, 2);
-            const std::u16string_view time = grid.text(row, 3);
+            record.frequency = cell(kFrequencyColumn);
+            const std::u16string_view time = cell(kTimeColumn);
             record.start = isSpan(time) ? time.substr(0, kTimeLength) : time;
             record.stop = isSpan(time) ? time.substr(kTimeLength + 1) : std::u16string_view();
-            record.target = grid.text(row, 4);
+            record.target = cell(kTargetColumn);
             break;
         }
         case ListKind::Am:
-            record.frequency = grid.text(row, 2);
+            record.frequency = cell(kFrequencyColumn);
             break;
         case ListKind::Fm:
-            record.frequency = kilohertz(grid.text(row, 2));
+            record.frequency = kilohertz(cell(kFrequencyColumn));
             break;
         case ListKind::Favourite:
-            record.system = grid.text(row, 3);
-            record.frequency = favouriteFrequency(grid.text(row, 2), record.system);
+            record.system = cell(kSystemColumn);
+            record.frequency = favouriteFrequency(cell(kFrequencyColumn), record.system);
             break;
     }
     return record;
 }
 
-std::optional<std::u16string> timeSpanOf(std::u16string_view start, std::u16string_view stop) {
-    std::u16string digits;
-    for (const std::u16string_view time : {start, stop}) {
-        if (time.size() != kTimeLength || time[2] != u':') {
-            return std::nullopt;
-        }
-        (digits += time.substr(0, 2)) += time.substr(3);
+Record recordOf(const Grid& grid, ListKind kind, int row) {
+    std::array<std::u16string_view, kMaxColumns> cells;
+    for (int column = 1; column <= kMaxColumns; ++column) {
+        cells[static_cast<std::size_t>(column - 1)] = grid.text(row, column);
     }
-    return timeSpan(digits);
+    return recordOf(kind, cells);
+}
+
+bool areTimes(std::u16string_view start, std::u16string_view stop) {
+    if (!hasTimeForm(start) || !hasTimeForm(stop)) {
+        return false;
+    }
+    const Digits from = digitsOf(start);
+    const Digits to = digitsOf(stop);
+    return isTimeSpan({from.data(), from.size()}, {to.data(), to.size()});
 }
 
 void appendRecord(Grid& grid, ListKind kind, const Record& record) {

@@ -1,7 +1,7 @@
 // A row of a list in the terms of the CSV and JSON files: frequency in kHz, start and stop separate.
 #pragma once
 
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -20,7 +20,9 @@ struct Record {
     friend bool operator==(const Record&, const Record&) = default;
 };
 
+// `cells`: of a row of the list.
+Record recordOf(ListKind kind, std::span<const std::u16string_view> cells);
 Record recordOf(const Grid& grid, ListKind kind, int row);
-// hh:mm-hh:mm; nullopt unless both are times of day and start is earlier.
-std::optional<std::u16string> timeSpanOf(std::u16string_view start, std::u16string_view stop);
+// True if both are times of day, hh:mm, and start is earlier.
+bool areTimes(std::u16string_view start, std::u16string_view stop);
 void appendRecord(Grid& grid, ListKind kind, const Record& record);

@@ -46,7 +46,7 @@ std::vector<Bar> barsOf(const Grid& drm) {
     std::vector<Bar> bars;
     for (int row = 1; row <= drm.rowCount(); ++row) {
         Record record = recordOf(drm, ListKind::Drm, row);
-        if (timeSpanOf(record.start, record.stop)) {
+        if (areTimes(record.start, record.stop)) {
             const double kHz = leadingNumber(record.frequency);
             bars.push_back({kHz, minutesOf(record.start), minutesOf(record.stop), std::move(record)});
         }

@@ -10,6 +10,7 @@
 namespace {
 
 constexpr double kHighestFrequency = 30'000;  // kHz
+constexpr std::size_t kTimeLength = 4;        // hhmm
 constexpr int kLastHourOfStart = 23;
 constexpr int kLastHourOfEnd = 24;  // a broadcast may end at 2400
 constexpr int kLastMinute = 59;
@@ -37,14 +38,13 @@ int twoDigits(std::u16string_view digits) { return (digits[0] - u'0') * 10 + (di
 
 bool isFrequency(std::u16string_view text) { return areDigits(text) && leadingNumber(text) <= kHighestFrequency; }
 
-// hhmm as hh:mm; nullopt unless it is a time of day.
-std::optional<std::u16string> timeOfDay(std::u16string_view hhmm, int lastHour) {
-    if (!areDigits(hhmm) || twoDigits(hhmm) > lastHour || twoDigits(hhmm.substr(2)) > kLastMinute) {
-        return std::nullopt;
-    }
-    std::u16string text(hhmm);
-    text.insert(2, 1, u':');
-    return text;
+bool isTimeOfDay(std::u16string_view hhmm, int lastHour) {
+    return hhmm.size() == kTimeLength && areDigits(hhmm) && twoDigits(hhmm) <= lastHour &&
+           twoDigits(hhmm.substr(2)) <= kLastMinute;
+}
+
+void appendTime(std::u16string& text, std::u16string_view hhmm) {
+    ((text += hhmm.substr(0, 2)) += u':') += hhmm.substr(2);
 }
 
 std::u16string recordKey(std::u16string_view frequency, std::u16string_view span, std::u16string_view target) {
@@ -66,17 +66,24 @@ bool isListed(const Grid& drmLV, std::u16string_view key, int rowCount) {
 
 }  // namespace
 
+bool isTimeSpan(std::u16string_view start, std::u16string_view stop) {
+    return isTimeOfDay(start, kLastHourOfStart) && isTimeOfDay(stop, kLastHourOfEnd) && start < stop;
+}
+
 std::optional<std::u16string> timeSpan(std::u16string_view time) {
-    constexpr std::size_t kTimeLength = 4;
     if (time.size() < kTimeLength) {
         return std::nullopt;
     }
-    const auto start = timeOfDay(time.substr(0, kTimeLength), kLastHourOfStart);
-    const auto end = timeOfDay(time.substr(time.size() - kTimeLength), kLastHourOfEnd);
-    if (!start || !end || *start >= *end) {
+    const std::u16string_view start = time.substr(0, kTimeLength);
+    const std::u16string_view stop = time.substr(time.size() - kTimeLength);
+    if (!isTimeSpan(start, stop)) {
         return std::nullopt;
     }
-    return *start + u'-' + *end;
+    std::u16string span;
+    appendTime(span, start);
+    span += u'-';
+    appendTime(span, stop);
+    return span;
 }
 
 std::u16string_view ParseScheduleLine(std::u16string_view line, std::size_t fieldIndex) {

@@ -22,6 +22,9 @@ inline constexpr std::size_t Programme = 5;
 // Views into the text of the schedule.
 using ScheduleFields = std::array<std::u16string_view, kScheduleFieldCount>;
 
+// True for two texts of hhmm, of which the stop may be 2400, with the start before the stop.
+bool isTimeSpan(std::u16string_view start, std::u16string_view stop);
+
 // "hh:mm-hh:mm" from a text whose first and last four characters are hhmm; nullopt if a time is invalid or the stop is
 // not later than the start.
 std::optional<std::u16string> timeSpan(std::u16string_view time);
