@@ -24,10 +24,16 @@ bool isAddress(std::u16string_view input) { return input.starts_with(u"http://")
 
 Exit download(Services& services, std::u16string_view address, std::string& bytes) {
     services.progress.begin();
-    auto body = Downloader(services.httpClient, services.files).fetch(std::u16string(address));
+    Downloader downloader(services.httpClient, services.files);
+    auto body = downloader.fetch(std::u16string(address));
     services.progress.end();
     if (!body) {
-        complain(services.console, std::u16string(address) + u": the download failed");
+        std::u16string message(address);
+        message += u": the download failed";
+        if (!downloader.reason().empty()) {
+            (message += u": ") += downloader.reason();
+        }
+        complain(services.console, message);
         return Exit::Download;
     }
     bytes = std::move(*body);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "storage/text/Numbers.h"
 #include "sync/Unpack.h"
 
 namespace {
@@ -51,6 +52,32 @@ bool isWhole(const HttpAnswer& answer) {
     return !answer.announcedLength || wholeNumber(trimmed(*answer.announcedLength)) == answer.body.size();
 }
 
+std::u16string reasonOf(const HttpAnswer& answer) {
+    if (answer.status == kOk) {
+        return u"the answer is incomplete";
+    }
+    if (answer.status != 0) {
+        return u"the server answers with status " + decimal(answer.status);
+    }
+    switch (answer.fault) {
+        case HttpFault::HostNotFound:
+            return u"the host was not found";
+        case HttpFault::NotConnected:
+            return u"the host refuses the connection or cannot be reached";
+        case HttpFault::NotSecure:
+            return u"no secure connection could be made";
+        case HttpFault::TimedOut:
+            return u"the server does not answer";
+        case HttpFault::TooLong:
+            return u"the answer is too long";
+        case HttpFault::Incomplete:
+            return u"the answer is incomplete";
+        case HttpFault::Other:
+            break;
+    }
+    return {};
+}
+
 }  // namespace
 
 bool Downloader::download(std::u16string_view url, std::u16string_view path) {
@@ -63,15 +90,24 @@ bool Downloader::download(std::u16string_view url, std::u16string_view path) {
 }
 
 std::optional<std::string> Downloader::fetch(std::u16string url) {
-    for (int redirects = 0; redirects <= kMostRedirects && isWebAddress(url); ++redirects) {
+    reason_.clear();
+    for (int redirects = 0; redirects <= kMostRedirects; ++redirects) {
+        if (!isWebAddress(url)) {
+            reason_ = u"only http and https addresses can be downloaded";
+            return std::nullopt;
+        }
         HttpAnswer answer = client_.get(url, {idleLimit_, kMostBytes});
         if (answer.status == kOk && isWhole(answer)) {
-            return unpacked(std::move(answer.body), trimmed(answer.encoding), kMostBytes);
+            auto text = unpacked(std::move(answer.body), trimmed(answer.encoding), kMostBytes);
+            reason_ = text ? u"" : u"the answer cannot be decompressed, or is too long";
+            return text;
         }
         if (!isRedirect(answer)) {
+            reason_ = reasonOf(answer);
             return std::nullopt;
         }
         url = std::move(answer.location);
     }
+    reason_ = u"too many redirects";
     return std::nullopt;
 }

@@ -21,9 +21,12 @@ public:
     bool download(std::u16string_view url, std::u16string_view path);
     // The document itself, decoded; nullopt on the same failures.
     std::optional<std::string> fetch(std::u16string url);
+    // Why the last download failed, in words; empty if unknown. A file that cannot be written does not count.
+    std::u16string_view reason() const { return reason_; }
 
 private:
     HttpClient& client_;
     Files& files_;
     std::chrono::milliseconds idleLimit_;
+    std::u16string reason_;
 };

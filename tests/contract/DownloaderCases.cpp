@@ -105,7 +105,10 @@ TEST_F(DownloaderContract, RedirectsAreLimitedToHttpAndInNumber) {
     expectFailure(u"/redirect-loop");
 }
 
-TEST_F(DownloaderContract, ATruncatedBodyIsAFailure) { expectFailure(u"/cut-short"); }
+TEST_F(DownloaderContract, ATruncatedBodyIsAFailure) {
+    expectFailure(u"/cut-short");
+    EXPECT_EQ(narrow(downloader.reason()), "the answer is incomplete");
+}
 
 TEST_F(DownloaderContract, ABodyOfMoreThan16MiBIsAFailure) {
     EXPECT_TRUE(get(u"/bytes/16777216"));
@@ -119,6 +122,25 @@ TEST_F(DownloaderContract, ASilentServerTimesOut) {
     EXPECT_FALSE(impatient.download(httpServer() + u"/stall", target));
     EXPECT_FALSE(impatient.download(httpServer() + u"/stall-in-body", target));
     EXPECT_FALSE(backend->files().exists(target));
+}
+
+TEST_F(DownloaderContract, TheReasonOfAFailureIsKnown) {
+    const auto reasonOf = [this](std::u16string url) {
+        EXPECT_FALSE(downloader.download(url, target)) << narrow(url);
+        return narrow(downloader.reason());
+    };
+    EXPECT_EQ(reasonOf(httpServer() + u"/404"), "the server answers with status 404");
+    EXPECT_EQ(reasonOf(httpServer() + u"/status/204"), "the server answers with status 204");
+    EXPECT_EQ(reasonOf(httpServer() + u"/bytes/16777217"), "the answer is too long");
+    EXPECT_EQ(reasonOf(httpServer() + u"/headers/70"), "the answer is too long");
+    EXPECT_EQ(reasonOf(httpServer() + u"/gzip-cut"), "the answer cannot be decompressed, or is too long");
+    EXPECT_EQ(reasonOf(httpServer() + u"/redirect-loop"), "too many redirects");
+    EXPECT_EQ(reasonOf(u"http://127.0.0.1:1/"), "the host refuses the connection or cannot be reached");
+    const std::u16string tooLongForAName(64, u'a');
+    EXPECT_EQ(reasonOf(u"http://" + tooLongForAName + u".invalid/"), "the host was not found");
+    Downloader impatient(*client, backend->files(), std::chrono::milliseconds(300));
+    EXPECT_FALSE(impatient.download(httpServer() + u"/stall", target));
+    EXPECT_EQ(narrow(impatient.reason()), "the server does not answer");
 }
 
 TEST_F(DownloaderContract, AFailureRemovesTheOldFile) {

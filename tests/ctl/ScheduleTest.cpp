@@ -146,7 +146,8 @@ TEST_F(ScheduleTest, TheProgressOfADownloadIsOneLineOfATerminal) {
     EXPECT_EQ(run(words), 6);
     EXPECT_EQ(errors,
               "Downloading...\rDownloading... 10 of 40 bytes\rDownloading... 7 bytes       \n"
-              "halcyon_k7ctl: http://example.org/sked.csv: the download failed\n");
+              "halcyon_k7ctl: http://example.org/sked.csv: the download failed: "
+              "the server answers with status 404\n");
 }
 
 TEST_F(ScheduleTest, AnAddressIsDownloaded) {
@@ -157,7 +158,11 @@ TEST_F(ScheduleTest, AnAddressIsDownloaded) {
     EXPECT_EQ(errors.find("Downloading"), errors.npos);
     httpClient.answer.status = 404;
     EXPECT_EQ(run({"schedule", "replace", "https://example.org/gone"}), 6);
-    EXPECT_EQ(errors, "halcyon_k7ctl: https://example.org/gone: the download failed\n");
+    EXPECT_EQ(errors,
+              "halcyon_k7ctl: https://example.org/gone: the download failed: the server answers with status 404\n");
+    httpClient.answer = {};
+    EXPECT_EQ(run({"schedule", "replace", "https://example.org/gone"}), 6);
+    EXPECT_EQ(errors, "halcyon_k7ctl: https://example.org/gone: the download failed\n") << "for an unknown reason";
     EXPECT_EQ(files.files[u"/k7/List.ini"], kCtlList);
 }
 

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
 #include "fakes/FakeFiles.h"
 #include "fakes/FakeHttpClient.h"
 #include "fakes/Text.h"
@@ -155,6 +158,34 @@ TEST_F(DownloaderTest, ACompressedBodyIsWrittenDecoded) {
     client.answer.body.pop_back();
     EXPECT_FALSE(downloadAnnounced("32"));
     expectNoFile();
+}
+
+TEST_F(DownloaderTest, AFailureHasAReason) {
+    const auto reason = [this] {
+        download();
+        return narrow(downloader.reason());
+    };
+    const std::map<HttpFault, std::string> reasons = {
+        {HttpFault::HostNotFound, "the host was not found"},
+        {HttpFault::NotConnected, "the host refuses the connection or cannot be reached"},
+        {HttpFault::NotSecure, "no secure connection could be made"},
+        {HttpFault::TimedOut, "the server does not answer"},
+        {HttpFault::TooLong, "the answer is too long"},
+        {HttpFault::Incomplete, "the answer is incomplete"},
+        {HttpFault::Other, ""}};
+    for (const auto& [fault, text] : reasons) {
+        client.answer = failedAnswer(fault);
+        EXPECT_EQ(reason(), text);
+    }
+    client.answer = answerOf(503);
+    EXPECT_EQ(reason(), "the server answers with status 503");
+    client.answer = answerOf(200);
+    client.answer.announcedLength = "99";
+    EXPECT_EQ(reason(), "the answer is incomplete");
+    client.answer = answerOf(302, u"file:///etc/passwd");
+    EXPECT_EQ(reason(), "only http and https addresses can be downloaded");
+    client.answer = answerOf(200);
+    EXPECT_EQ(reason(), "") << "after a download that succeeded";
 }
 
 TEST_F(DownloaderTest, AFileThatCannotBeWrittenIsRemoved) {

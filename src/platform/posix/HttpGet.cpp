@@ -16,6 +16,29 @@ namespace {
 // Bytes received in addition to the body: headers, chunk framing, encryption.
 constexpr std::uint64_t kMostFraming = 1'048'576;
 
+HttpFault faultOf(CURLcode result) {
+    switch (result) {
+        case CURLE_COULDNT_RESOLVE_HOST:
+            return HttpFault::HostNotFound;
+        case CURLE_COULDNT_CONNECT:
+            return HttpFault::NotConnected;
+        case CURLE_OPERATION_TIMEDOUT:
+            return HttpFault::TimedOut;
+        case CURLE_SSL_CONNECT_ERROR:
+        case CURLE_PEER_FAILED_VERIFICATION:
+        case CURLE_SSL_CACERT_BADFILE:
+            return HttpFault::NotSecure;
+        case CURLE_WRITE_ERROR:  // by takeHeader or takeBody
+            return HttpFault::TooLong;
+        case CURLE_PARTIAL_FILE:
+        case CURLE_GOT_NOTHING:
+        case CURLE_RECV_ERROR:
+            return HttpFault::Incomplete;
+        default:
+            return HttpFault::Other;
+    }
+}
+
 class Exchange {
 public:
     Exchange(const CurlLibrary& curl, const HttpLimits& limits)
@@ -35,7 +58,7 @@ public:
         }
         setOptions();
         curl_.multiAdd(multi_, easy_);
-        return isCompleted(whileWaiting) ? answer() : HttpAnswer{};
+        return isCompleted(whileWaiting) ? answer() : failure();
     }
 
 private:
@@ -89,14 +112,20 @@ private:
             if (running == 0) {
                 int left = 0;
                 const CURLMsg* message = curl_.multiInfoRead(multi_, &left);
-                return whileWaiting(progress()) && message != nullptr && message->data.result == CURLE_OK;
+                result_ = message != nullptr ? message->data.result : CURLE_FAILED_INIT;
+                fault_ = faultOf(result_);
+                return whileWaiting(progress()) && result_ == CURLE_OK;
             }
             if (const std::uint64_t now = bytesReceived(); now != received) {
                 received = now;
                 lastSign = std::chrono::steady_clock::now();
             }
-            if (received > limits_.bytes + kMostFraming ||
-                std::chrono::steady_clock::now() - lastSign >= limits_.idle) {
+            if (received > limits_.bytes + kMostFraming) {
+                fault_ = HttpFault::TooLong;
+                return false;
+            }
+            if (std::chrono::steady_clock::now() - lastSign >= limits_.idle) {
+                fault_ = HttpFault::TimedOut;
                 return false;
             }
             curl_.multiPoll(multi_, nullptr, 0, kPollMilliseconds, nullptr);
@@ -132,13 +161,23 @@ private:
         return found->value;
     }
 
-    HttpAnswer answer() {
-        HttpAnswer answer;
+    long status() const {
         long status = 0;
         curl_.getInfo(easy_, CURLINFO_RESPONSE_CODE, &status);
+        return status;
+    }
+
+    HttpAnswer failure() const {
+        HttpAnswer answer = failedAnswer(fault_);
+        answer.status = result_ == CURLE_HTTP_RETURNED_ERROR ? static_cast<int>(status()) : 0;
+        return answer;
+    }
+
+    HttpAnswer answer() {
+        HttpAnswer answer;
         const char* location = nullptr;
         curl_.getInfo(easy_, CURLINFO_REDIRECT_URL, &location);
-        answer.status = static_cast<int>(status);
+        answer.status = static_cast<int>(status());
         answer.location = portablePath(location == nullptr ? "" : location);
         answer.announcedLength = header("Content-Length");
         answer.encoding = header("Content-Encoding").value_or("");
@@ -154,6 +193,8 @@ private:
     std::size_t headerBytes_ = 0;
     int answers_ = 0;  // interim responses and the final one
     std::string body_;
+    CURLcode result_ = CURLE_OK;
+    HttpFault fault_ = HttpFault::Other;
 };
 
 }  // namespace

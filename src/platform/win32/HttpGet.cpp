@@ -116,18 +116,44 @@ std::wstring redirectTarget(const WinHttp& http, HINTERNET request, const std::w
     return target.data();
 }
 
-std::optional<std::string> readBody(const WinHttp& http, HINTERNET request, std::size_t mostBytes, HttpSigns& signs) {
+// Call at once after the failure.
+HttpFault lastFault() {
+    switch (GetLastError()) {
+        case ERROR_WINHTTP_NAME_NOT_RESOLVED:
+            return HttpFault::HostNotFound;
+        case ERROR_WINHTTP_CANNOT_CONNECT:
+            return HttpFault::NotConnected;
+        case ERROR_WINHTTP_TIMEOUT:
+            return HttpFault::TimedOut;
+        case ERROR_WINHTTP_SECURE_FAILURE:
+            return HttpFault::NotSecure;
+        case ERROR_WINHTTP_HEADER_COUNT_EXCEEDED:
+        case ERROR_WINHTTP_HEADER_SIZE_OVERFLOW:
+            return HttpFault::TooLong;
+        case ERROR_WINHTTP_CONNECTION_ERROR:
+        case ERROR_WINHTTP_INVALID_SERVER_RESPONSE:
+            return HttpFault::Incomplete;
+        default:
+            return HttpFault::Other;
+    }
+}
+
+// nullopt, and the reason in `fault`, if not the whole body could be read.
+std::optional<std::string> readBody(const WinHttp& http, HINTERNET request, std::size_t mostBytes, HttpSigns& signs,
+                                    HttpFault& fault) {
     std::string body;
     std::vector<char> part(std::size_t{16} * 1024);
     for (;;) {
         DWORD got = 0;
         if (http.readData(request, part.data(), static_cast<DWORD>(part.size()), &got) == 0) {
+            fault = lastFault();
             return std::nullopt;
         }
         if (got == 0) {
             return body;
         }
         if (body.size() + got > mostBytes) {
+            fault = HttpFault::TooLong;
             return std::nullopt;
         }
         body.append(part.data(), got);
@@ -147,15 +173,16 @@ HttpAnswer receive(const WinHttp& http, HINTERNET request, const std::wstring& u
         return {};
     }
     if (headerBytes(http, request) > kMostHeaderBytes) {
-        return {};
+        return failedAnswer(HttpFault::TooLong);
     }
     HttpAnswer answer;
     answer.announcedLength = narrowHeader(http, request, WINHTTP_QUERY_CONTENT_LENGTH);
     signs.announced = lengthOf(answer.announcedLength);
     if (status == kOk) {
-        auto body = readBody(http, request, limits.bytes, signs);
+        HttpFault fault = HttpFault::Other;
+        auto body = readBody(http, request, limits.bytes, signs, fault);
         if (!body) {
-            return {};
+            return failedAnswer(fault);
         }
         answer.body = std::move(*body);
     }
@@ -191,7 +218,7 @@ HttpAnswer httpGet(const std::wstring& url, const HttpLimits& limits, HttpSigns&
     setLimits(http, request.get());
     if (http.sendRequest(request.get(), nullptr, 0, nullptr, 0, 0, 0) == 0 ||
         http.receiveResponse(request.get(), nullptr) == 0) {
-        return {};
+        return failedAnswer(lastFault());
     }
     ++signs.events;
     return receive(http, request.get(), url, limits, signs);

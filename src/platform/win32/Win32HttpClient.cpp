@@ -105,5 +105,5 @@ HttpAnswer Win32HttpClient::get(std::u16string_view url, const HttpLimits& limit
     static_cast<void>(share.release());  // the thread owns it now
     const bool ended = waitFor(thread.get(), *fetch, observer_);
     keepPainted();  // also discards the input during the last wait
-    return ended ? std::move(fetch->answer) : HttpAnswer{};
+    return ended ? std::move(fetch->answer) : failedAnswer(HttpFault::TimedOut);
 }
