@@ -15,7 +15,7 @@ Exit readInput(Services& services, std::u16string_view input, std::u16string& na
     auto read = isStandard ? services.console.readAll() : readWorkingCopy(name, services.files).bytes;
     if (!read) {
         const bool isThere = isStandard || services.files.exists(name);
-        return fileFault(services.console, name, isThere ? u"cannot be read" : u"no such file");
+        return fileFault(services.console, name, isThere ? whyUnreadable(name, services.files) : u"no such file");
     }
     bytes = std::move(*read);
     return Exit::Done;

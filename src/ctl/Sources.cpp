@@ -8,7 +8,7 @@
 #include "receiver/ReceiverFiles.h"
 #include "storage/ini/IniReader.h"
 #include "storage/lists/ListFile.h"
-#include "storage/text/Utf8.h"
+#include "storage/text/mTextUTF.h"
 
 namespace {
 
@@ -47,6 +47,8 @@ public:
         return std::nullopt;
     }
 
+    Opened failToRead(std::u16string_view path) { return fail(path, whyUnreadable(path, services_.files)); }
+
     Opened workingCopies() {
         WorkingLists lists(services_);
         const WorkingCopies& paths = lists.paths();
@@ -55,7 +57,7 @@ public:
             source.paths[file] = source.bytes[file] ? paths[file] : u"";
         }
         if (lists.isUnreadable()) {
-            return fail(source.bytes.list ? paths.UserFilePath : paths.ListFilePath, u"cannot be read");
+            return failToRead(source.bytes.list ? paths.UserFilePath : paths.ListFilePath);
         }
         return source.isEmpty() ? fail(paths.ListFilePath, u"no such file") : Opened(std::move(source));
     }
@@ -105,7 +107,7 @@ public:
         }
         auto bytes = readWorkingCopy(path, services_.files).bytes;
         if (!bytes) {
-            return fail(path, u"cannot be read");
+            return failToRead(path);
         }
         SourceFiles source;
         const ListFileId file = isUserFile(path, *bytes, services_.codePages) ? ListFileId::User : ListFileId::List;
@@ -130,7 +132,7 @@ private:
         for (const ListFileId file : kListFiles) {
             const std::u16string& path = source.paths[file];
             if (!path.empty() && !(source.bytes[file] = readWorkingCopy(path, services_.files).bytes)) {
-                return fail(path, u"cannot be read");
+                return failToRead(path);
             }
         }
         return source.isEmpty() ? fail(where, why) : Opened(std::move(source));
@@ -154,6 +156,10 @@ std::optional<SourceFiles> openSource(Services& services, std::u16string_view so
         return opener.backup(source.substr(kBackupPrefix.size()));
     }
     return opener.folderOrFile(source);
+}
+
+std::u16string_view whyUnreadable(std::u16string_view path, Files& files) {
+    return files.size(path).value_or(0) > kLargestTextFile ? u"is larger than 2 GiB" : u"cannot be read";
 }
 
 std::u16string absolutePath(std::u16string_view currentFolder, std::u16string_view path) {

@@ -30,6 +30,9 @@ std::optional<SourceFiles> openSource(Services& services, std::u16string_view so
 // The same; moves the bytes into `lists`.
 std::optional<SourceFiles> openSource(Services& services, std::u16string_view source, Lists& lists, Exit& fault);
 
+// The message for a file that exists but could not be read.
+std::u16string_view whyUnreadable(std::u16string_view path, Files& files);
+
 // In the system's notation. currentFolder ends with its separator.
 std::u16string absolutePath(std::u16string_view currentFolder, std::u16string_view path);
 // Ensures one trailing separator.

@@ -79,10 +79,10 @@ class CtlCase(unittest.TestCase):
         return subprocess.Popen(self.words(*words), cwd=self.root, env=ENVIRONMENT, stdout=subprocess.PIPE,
                                 stderr=subprocess.PIPE, **options)
 
-    def run_program(self, *words, given=b""):
+    def run_program(self, *words, given=b"", **options):
         """Exit code, standard output and standard error; every output is UTF-8."""
         done = subprocess.run(self.words(*words), cwd=self.root, env=ENVIRONMENT, input=given, capture_output=True,
-                              timeout=120, check=False)
+                              timeout=120, check=False, **options)
         self.last = f"{words}: {done.returncode} {done.stdout!r} {done.stderr!r}"
         return done.returncode, done.stdout.decode("utf-8"), messages(done.stderr)
 
@@ -162,7 +162,7 @@ class Ends(CtlCase):
                 (3, ["backup", "restore", ""], "no backup"),
                 (3, ["export", "-o", "no/folder/x.csv"], "x.csv: cannot be written"),
                 (4, ["receiver", "status"], "no disk is the receiver's"),
-                (6, ["schedule", "show", server.address], "the download failed")):
+                (6, ["schedule", "show", server.address], "the download failed: the server answers with status 404")):
             with self.subTest(words):
                 before = self.files()
                 got, out, errors = self.run_program(*words)
@@ -178,6 +178,43 @@ class Ends(CtlCase):
         self.assertEqual((code, out), (3, ""), self.last)
         self.assertIn("no such folder", errors)
         self.assertFalse(self.folder.exists())
+
+    @unittest.skipIf(IS_WINE or os.geteuid() != 0, "only root can run the program as another user")
+    def test_a_folder_that_the_user_cannot_write_is_not_changed(self):
+        (self.root / "new.csv").write_text("list,programme,frequency_khz\nam,Night,666\n")
+        self.root.chmod(0o755)
+        before = self.files()
+        nobody = {"user": "nobody", "group": "nogroup", "extra_groups": []}
+        self.assertEqual(self.run_program("export", **nobody), (0, SAMPLE_CSV, ""), self.last)
+        self.assertEqual(self.run_program("import", "--dry-run", "new.csv", **nobody),
+                         (1, "+ AM 4: Night | 666\n", ""), self.last)
+        for words in (["import", "new.csv"], ["schedule", "merge", "-"], ["schedule", "replace", "-"]):
+            code, out, errors = self.run_program(*words, given=SCHEDULE, **nobody)
+            self.assertEqual((code, out), (3, ""), self.last)
+            self.assertIn(f"{self.folder}", errors)
+            self.assertEqual(self.files(), before)
+        code, _, errors = self.run_program("export", "-o", "x.csv", **nobody)
+        self.assertEqual(code, 3, self.last)
+        self.assertIn("x.csv: cannot be written", errors)
+        self.assertEqual(self.files(), before)
+
+    def test_a_file_of_more_than_2_gib_is_not_read(self):
+        (self.root / "new.csv").write_text("list,programme,frequency_khz\nam,Night,666\n")
+        large = self.folder / "List.ini"
+        os.truncate(large, 2**31)  # sparse
+        for words in (["show"], ["check"], ["export"], ["show", f"{self.folder.name}/List.ini"],
+                      ["import", f"{self.folder.name}/List.ini"], ["schedule", "merge", f"{self.folder.name}/List.ini"]):
+            code, out, errors = self.run_program(*words)
+            self.assertEqual((code, out), (3, ""), self.last)
+            self.assertIn("List.ini: is larger than 2 GiB", errors)
+        for words in (["import", "new.csv"], ["schedule", "replace", "-"]):
+            code, out, errors = self.run_program(*words, given=SCHEDULE)
+            self.assertEqual((code, out), (3, ""), self.last)
+            self.assertIn("the working copies cannot be read", errors)
+        self.assertEqual(large.stat().st_size, 2**31)
+        large.unlink()
+        self.assertEqual({path.name for path in self.files()}, {"User.ini", "new.csv"})
+        self.assertEqual((self.folder / "User.ini").read_bytes(), SAMPLE_USER)
 
     def test_a_folder_in_use_is_not_changed(self):
         (self.root / "new.csv").write_text("list,programme,frequency_khz\nam,Night,666\n")
