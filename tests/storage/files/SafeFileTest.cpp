@@ -19,6 +19,7 @@ TEST_F(SafeFileTest, TheTemporaryNameIsShortAndInCapitals) {
     EXPECT_EQ(temporaryPathOf(u"/the.disk/List.ini"), u"/the.disk/LIST.K7N");
     EXPECT_EQ(temporaryPathOf(u"e:\\user.ini"), u"e:\\USER.K7N");
     EXPECT_EQ(temporaryPathOf(u"/disk.d/lists"), u"/disk.d/LISTS.K7N");
+    EXPECT_EQ(temporaryPathOf(u"/disk.d/.ini"), u"/disk.d/.K7N");
     EXPECT_EQ(temporaryPathOf(u"az\u00E9{`.b.csv"), u"AZ\u00E9{`.B.K7N");
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,13 @@ TEST(IniReaderTest, LinesEndAtCrLfLfOrCr) {
     EXPECT_EQ(get(u"[A]\rx=1\ry=2\r", u"A", u"y"), "2");
     EXPECT_EQ(get(u"[A]\nx=1\r\ny=2", u"A", u"y"), "2") << "the last line needs no end";
     EXPECT_EQ(get(u"[A]\n\rx=1", u"A", u"x"), "1");
+}
+
+TEST(IniReaderTest, OnlyTheGivenKeysAreRead) {
+    const std::array<std::u16string_view, 2> keys = {u"x", u"y"};
+    std::array<std::u16string_view, 2> values;
+    IniReader(u"[A]\r\ny=2\r\nx=1\r\n").get(u"A", std::span(keys).first(1), std::span(values).first(1));
+    EXPECT_EQ(values, (std::array<std::u16string_view, 2>{u"1", u""}));
 }
 
 TEST(IniReaderTest, NamesCompareWithoutRegardToCase) {

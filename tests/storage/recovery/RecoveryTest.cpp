@@ -226,6 +226,42 @@ TEST_F(RecoveryTestChanges, TheNextRunContinuesBehindWholeChangesOnly) {
     EXPECT_EQ(writes(), 2);
 }
 
+TEST_F(RecoveryTestChanges, TheChangesOfEarlierRunsCountForTheirLimit) {
+    ASSERT_TRUE(recovery.keep(edited(0)));
+    const std::size_t size = files.files[kFirst].size();
+    constexpr int kRuns = 3;
+    constexpr int kEdits = 7;  // two runs with as many stay below half of the snapshot
+    for (int edit = 1; edit <= kRuns * kEdits;) {
+        Recovery next(u"/app/", files);
+        next.find();
+        for (int i = 0; i < kEdits; ++i, ++edit) {
+            ASSERT_TRUE(next.keep(edited(edit)));
+            EXPECT_EQ(found(), edited(edit)) << edit;
+        }
+    }
+    EXPECT_GT(files.files[kFirst].size(), size + size / 4);
+    EXPECT_LE(files.files[kFirst].size(), size + size / 2);
+    EXPECT_TRUE(files.files.contains(kSecond));
+}
+
+TEST_F(RecoveryTestChanges, AtMostAHundredChangesOfAllRunsFollowASnapshot) {
+    const auto longList = [](int edit) {
+        return WorkingCopyBytes{std::to_string(edit) + std::string(1'000'000, 'x'), ""};
+    };
+    ASSERT_TRUE(recovery.keep(longList(100)));
+    const std::size_t size = files.files[kFirst].size();
+    for (int edit = 101; edit <= 220;) {
+        Recovery next(u"/app/", files);
+        next.find();
+        for (int i = 0; i < 60; ++i, ++edit) {
+            ASSERT_TRUE(next.keep(longList(edit)));
+        }
+        EXPECT_EQ(found(), longList(edit - 1));
+    }
+    EXPECT_EQ(files.files[kFirst].size(), size + 100 * 4096U);
+    EXPECT_TRUE(files.files.contains(kSecond));
+}
+
 TEST_F(RecoveryTestChanges, AFailedChangeIsWrittenToTheOtherSlot) {
     recovery.keep(edited(0));
     files.failing = {kFirst};
