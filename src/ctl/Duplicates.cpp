@@ -1,10 +1,8 @@
 #include "ctl/Duplicates.h"
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
 #include <string>
-#include <tuple>
 #include <utility>
 
 namespace {
@@ -22,18 +20,10 @@ First rowOf(ListRecords& records, int row) {
 
 }  // namespace
 
-void Duplicates::add(int row, std::span<const std::u16string_view> cells) {
-    constexpr std::size_t kFactor = 31;
-    std::size_t hash = 0;
-    for (const std::u16string_view cell : cells) {
-        hash = hash * kFactor + std::hash<std::u16string_view>()(cell);
-    }
-    rows_.push_back({hash, row});
-}
+void Duplicates::add(int row, std::span<const std::u16string_view> cells) { rows_.push_back({hashOf(cells), row}); }
 
 std::vector<Duplicates::Pair> Duplicates::find(ListRecords& records) {
-    std::sort(rows_.begin(), rows_.end(),
-              [](const Hashed& a, const Hashed& b) { return std::tie(a.hash, a.row) < std::tie(b.hash, b.row); });
+    std::sort(rows_.begin(), rows_.end());
     std::vector<Pair> pairs;
     std::vector<First> firsts;  // of the rows with this hash
     for (auto row = rows_.begin(); row != rows_.end(); ++row) {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "ctl/CellsHash.h"
 #include "storage/lists/ListRecords.h"
 
 class Duplicates {
@@ -23,9 +24,5 @@ public:
     std::vector<Pair> find(ListRecords& records);
 
 private:
-    struct Hashed {
-        std::size_t hash;
-        int row;
-    };
-    std::vector<Hashed> rows_;
+    std::vector<HashedRow> rows_;
 };

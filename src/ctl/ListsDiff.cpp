@@ -1,9 +1,12 @@
 #include "ctl/ListsDiff.h"
 
 #include <algorithm>
-#include <deque>
-#include <unordered_map>
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string_view>
 
+#include "ctl/CellsHash.h"
 #include "storage/text/Numbers.h"
 
 namespace {
@@ -32,11 +35,9 @@ public:
           isTaken_(static_cast<std::size_t>(after_.rowCount()) + 1) {}
 
     void run(bool ordered, std::vector<RecordChange>& changes) {
-        constexpr int kProgramme = 1;
-        constexpr int kFrequency = 2;
-        match(1, storedColumnsOf(kind_));
-        match(kProgramme, kProgramme);
-        match(kFrequency, kFrequency);
+        match({1, storedColumnsOf(kind_)});
+        match({kProgrammeColumn, kProgrammeColumn});
+        match({kFrequencyColumn, kFrequencyColumn});
         if (ordered) {
             findMoved();
         }
@@ -51,31 +52,77 @@ public:
     }
 
 private:
-    static std::u16string keyOf(const Grid& grid, int row, int firstColumn, int lastColumn) {
-        std::u16string key;
-        for (int column = firstColumn; column <= lastColumn; ++column) {
-            (key += grid.text(row, column)) += u'\0';
+    struct Columns {
+        int first;
+        int last;
+    };
+    using Rows = std::vector<HashedRow>;
+    using RowsEnd = Rows::const_iterator;
+
+    // The rows without a partner, by the hash of these columns.
+    template <class HasPartner>
+    static Rows hashed(const Grid& grid, Columns columns, HasPartner hasPartner) {
+        Rows rows;
+        std::array<std::u16string_view, kMaxColumns> cells;
+        for (int row = 1; row <= grid.rowCount(); ++row) {
+            if (!hasPartner(static_cast<std::size_t>(row))) {
+                std::size_t count = 0;
+                for (int column = columns.first; column <= columns.last; ++column) {
+                    cells[count++] = grid.text(row, column);
+                }
+                rows.push_back({hashOf(std::span(cells).first(count)), row});
+            }
         }
-        return key;
+        std::sort(rows.begin(), rows.end());
+        return rows;
+    }
+
+    static RowsEnd endOfGroup(RowsEnd begin, RowsEnd end) {
+        return std::find_if(begin, end, [hash = begin->hash](const HashedRow& row) { return row.hash != hash; });
     }
 
     // Pairs records that have no partner and are equal in these columns, in the order of the rows.
-    void match(int firstColumn, int lastColumn) {
-        std::unordered_map<std::u16string, std::deque<int>> rows;
-        for (int row = 1; row <= after_.rowCount(); ++row) {
-            if (!isTaken_[static_cast<std::size_t>(row)]) {
-                rows[keyOf(after_, row, firstColumn, lastColumn)].push_back(row);
+    void match(Columns columns) {
+        const Rows oldRows = hashed(before_, columns, [this](std::size_t row) { return newRowOf_[row] != 0; });
+        const Rows newRows = hashed(after_, columns, [this](std::size_t row) { return isTaken_[row]; });
+        auto old = oldRows.begin();
+        auto added = newRows.begin();
+        while (old != oldRows.end() && added != newRows.end()) {
+            if (old->hash != added->hash) {
+                ++(old->hash < added->hash ? old : added);
+                continue;
+            }
+            const RowsEnd oldEnd = endOfGroup(old, oldRows.end());
+            const RowsEnd addedEnd = endOfGroup(added, newRows.end());
+            matchGroup({old, oldEnd}, {added, addedEnd}, columns);
+            old = oldEnd;
+            added = addedEnd;
+        }
+    }
+
+    // Rows with one hash.
+    void matchGroup(std::span<const HashedRow> oldRows, std::span<const HashedRow> newRows, Columns columns) {
+        for (const HashedRow& old : oldRows) {
+            while (!newRows.empty() && isTaken_[static_cast<std::size_t>(newRows.front().row)]) {
+                newRows = newRows.subspan(1);
+            }
+            for (const HashedRow& added : newRows) {
+                const auto partner = static_cast<std::size_t>(added.row);
+                if (!isTaken_[partner] && areSame(old.row, added.row, columns)) {
+                    newRowOf_[static_cast<std::size_t>(old.row)] = added.row;
+                    isTaken_[partner] = true;
+                    break;
+                }
             }
         }
-        for (int row = 1; row <= before_.rowCount() && !rows.empty(); ++row) {
-            int& partner = newRowOf_[static_cast<std::size_t>(row)];
-            const auto found = partner == 0 ? rows.find(keyOf(before_, row, firstColumn, lastColumn)) : rows.end();
-            if (found != rows.end() && !found->second.empty()) {
-                partner = found->second.front();
-                found->second.pop_front();
-                isTaken_[static_cast<std::size_t>(partner)] = true;
-            }
+    }
+
+    bool areSame(int oldRow, int newRow, Columns columns) const {
+        int column = columns.first;
+        while (column <= columns.last && before_.text(oldRow, column) == after_.text(newRow, column)) {
+            ++column;
         }
+        return column > columns.last;
     }
 
     // Partners outside a longest increasing run have moved.

@@ -43,6 +43,12 @@ TEST_F(DiffTest, RecordsAreAddedRemovedAndChanged) {
 
 TEST_F(DiffTest, EqualRecordsAreCounted) { EXPECT_EQ(diff(am({"a", "a"}), am({"a", "a", "a"})), "+ AM 3: a | 697\n"); }
 
+TEST_F(DiffTest, EqualRecordsArePairedInTheOrderOfTheirRows) {
+    EXPECT_EQ(diff(am({"a", "b", "a", "b"}), am({"b", "a", "a"})), "- AM 4: b | 698\n");
+    EXPECT_EQ(diff(am({"b", "a", "a"}), am({"a", "b", "a", "b"}), {"--ordered"}),
+              "~ AM 1: b: row \"1\" -> \"2\"\n+ AM 4: b | 698\n");
+}
+
 TEST_F(DiffTest, TheOrderCountsOnlyOnRequest) {
     EXPECT_EQ(diff(am({"a", "b", "c"}), am({"c", "a", "b"})), "");
     EXPECT_EQ(diff(am({"a", "b", "c"}), am({"c", "a", "b"}), {"--ordered"}), "~ AM 3: c: row \"3\" -> \"1\"\n");
