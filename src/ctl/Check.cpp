@@ -116,19 +116,19 @@ Exit checkLists(Services& services, const Options& options) {
     if (!source) {
         return fault;
     }
+    std::array<ListFaults, kListCount> found{ListFaults(options.json), ListFaults(options.json),
+                                             ListFaults(options.json), ListFaults(options.json)};
+    const auto check = [&found](ListKind kind, IniReader& file) {
+        ListFaults& list = found[static_cast<std::size_t>(kind)];
+        checkList(file, kind, list.counts, list.records);
+    };
+    const ParsedFiles files = parsedWith(check, std::move(source->bytes));
     Faults faults(options.json);
-    ParsedFiles files = parsed(std::move(source->bytes));
     for (const ListFileId file : kListFiles) {
         if (files[file] && !files[file]->isWellFormed) {
             faults.add({std::nullopt, 0, source->paths[file], u"is not all UTF-8"});
         }
     }
-    std::array<ListFaults, kListCount> found{ListFaults(options.json), ListFaults(options.json),
-                                             ListFaults(options.json), ListFaults(options.json)};
-    forEachList(files, [&found](ListKind kind, IniReader& file) {
-        ListFaults& list = found[static_cast<std::size_t>(kind)];
-        checkList(file, kind, list.counts, list.records);
-    });
     for (ListFaults& list : found) {
         faults.add(list.counts);
     }

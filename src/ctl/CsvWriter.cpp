@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "ctl/Lists.h"
+#include "ctl/ParsedFiles.h"
 #include "ctl/Record.h"
 #include "storage/lists/ComposedFile.h"
 #include "storage/lists/ListRecords.h"
@@ -14,10 +15,10 @@ namespace {
 
 constexpr std::size_t kUsualRecordBytes = 64;
 
-// Readers may take any of these for a separator.
+// Readers may take any of these for a separator. All but one are below the digits, which most cells consist of.
 bool isSpecial(char16_t unit) {
-    return unit <= u';' &&
-           (unit == u'"' || unit == u',' || unit == u';' || unit == u'\t' || unit == u'\r' || unit == u'\n');
+    return unit == u';' ||
+           (unit < u'0' && (unit == u'"' || unit == u',' || unit == u'\t' || unit == u'\r' || unit == u'\n'));
 }
 
 bool needsQuotes(std::u16string_view cell) {
@@ -65,11 +66,12 @@ std::string linesOf(IniReader& file, ListKind kind) {
 
 }  // namespace
 
-std::string csvOf(ParsedFiles& files) {
+std::string csvOf(WorkingCopyBytes files) {
     std::array<std::string, kListCount> lines;
-    forEachList(files, [&lines](ListKind kind, IniReader& file) {
+    const auto compose = [&lines](ListKind kind, IniReader& file) {
         lines[static_cast<std::size_t>(kind)] = linesOf(file, kind);
-    });
+    };
+    parsedWith(compose, std::move(files));
     std::u16string header;
     appendLine(header, kCsvColumns);
     std::string csv = toUtf8(header);

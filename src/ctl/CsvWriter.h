@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "ctl/ParsedFiles.h"
+#include "storage/lists/WorkingCopies.h"
 
 // In the order of the output; input may have any order.
 inline constexpr std::array<std::u16string_view, 7> kCsvColumns = {
     u"list", u"programme", u"frequency_khz", u"start_utc", u"stop_utc", u"target", u"system"};
 
-// All four lists.
-std::string csvOf(ParsedFiles& files);
+// The lists of both files.
+std::string csvOf(WorkingCopyBytes files);

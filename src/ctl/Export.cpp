@@ -9,7 +9,6 @@
 #include "ctl/JsonLists.h"
 #include "ctl/Lists.h"
 #include "ctl/Messages.h"
-#include "ctl/ParsedFiles.h"
 #include "ctl/Sources.h"
 #include "storage/files/SafeFile.h"
 #include "storage/files/VerifiedFiles.h"
@@ -18,12 +17,11 @@
 namespace {
 
 std::string composed(Services& services, ExportFormat format, WorkingCopyBytes bytes) {
-    ParsedFiles files = parsed(std::move(bytes));
     if (format == ExportFormat::Csv) {
-        return csvOf(files);
+        return csvOf(std::move(bytes));
     }
     Lists lists;
-    lists.load(std::move(files), services.files, services.codePages);
+    lists.load(std::move(bytes), services.files, services.codePages);
     if (format == ExportFormat::Gqrx) {
         return gqrxOf(lists);
     }

@@ -32,30 +32,38 @@ ParsedFile parsed(std::string bytes) {
     return {IniReader(std::move(text)), isWellFormed};
 }
 
+std::optional<ParsedFile> parsedIfThere(std::optional<std::string>& bytes) {
+    return bytes ? std::optional(parsed(std::move(*bytes))) : std::nullopt;
+}
+
 }  // namespace
 
 ParsedFiles parsed(WorkingCopyBytes bytes) {
-    const auto parsedIfThere = [&bytes](ListFileId file) {
-        return bytes[file] ? std::optional(parsed(std::move(*bytes[file]))) : std::nullopt;
-    };
-    auto user = std::async(parsedIfThere, ListFileId::User);
-    auto list = parsedIfThere(ListFileId::List);
-    return {std::move(list), user.get()};
+    ParsedFiles files;
+    for (const ListFileId file : kListFiles) {
+        files[file] = parsedIfThere(bytes[file]);
+    }
+    return files;
 }
 
-void forEachList(ParsedFiles& files, const ListWork& work) {
-    // Both readers have the same text, and each its own index.
-    std::optional<IniReader> others = files.list ? std::optional(files.list->text) : std::nullopt;
-    const auto shortLists = std::async([&] {
-        if (others) {
-            work(ListKind::Am, *others);
-            work(ListKind::Fm, *others);
+ParsedFiles parsedWith(const ListWork& work, WorkingCopyBytes bytes) {
+    ParsedFiles files;
+    auto favourites = std::async([&] {
+        files.user = parsedIfThere(bytes.user);
+        if (files.user) {
+            work(ListKind::Favourite, files.user->text);
         }
     });
+    files.list = parsedIfThere(bytes.list);
     if (files.list) {
+        // The same text with an index of its own.
+        auto others = std::async([&work, file = files.list->text]() mutable {
+            work(ListKind::Am, file);
+            work(ListKind::Fm, file);
+        });
         work(ListKind::Drm, files.list->text);
+        others.get();
     }
-    if (files.user) {
-        work(ListKind::Favourite, files.user->text);
-    }
+    favourites.get();
+    return files;
 }

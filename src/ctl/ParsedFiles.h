@@ -17,10 +17,11 @@ struct ParsedFile {
 // nullopt for a file that the source does not have.
 using ParsedFiles = PerListFile<std::optional<ParsedFile>>;
 
-// Bytes with the mark of UTF-16 are decoded as such, all others as UTF-8.
+// Bytes with the mark of UTF-16 are decoded as such, all others as UTF-8. The bytes of a file are freed before the next
+// one is decoded.
 ParsedFiles parsed(WorkingCopyBytes bytes);
 
-// Calls work(kind, file) for each list whose file is there, for two lists at a time. `work` must not change anything
-// that the lists share.
+// Parses both files and calls work(kind, file) for each list whose file is there, for several lists at the same time.
+// The lists share no file object.
 using ListWork = std::function<void(ListKind, IniReader&)>;
-void forEachList(ParsedFiles& files, const ListWork& work);
+ParsedFiles parsedWith(const ListWork& work, WorkingCopyBytes bytes);

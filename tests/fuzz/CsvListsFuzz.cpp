@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t cut = std::min(bytes.find('\x01'), bytes.size());
     FakeFiles files;
     FakeCodePages codePages;
-    ParsedFiles read = parsed({bytes.substr(0, cut), cut < bytes.size() ? bytes.substr(cut + 1) : ""});
+    const WorkingCopyBytes read{bytes.substr(0, cut), cut < bytes.size() ? bytes.substr(cut + 1) : ""};
     Lists lists;
     lists.load(read, files, codePages);
     if (rowCountOf(lists) > 2000) {
@@ -65,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const CsvRecord& record : csv.records) {
         appendRecord(imported.grid(record.list), record.list, record.record);
     }
-    ParsedFiles saved = parsed(imported.compose({u"/List.ini", u"/User.ini"}, files, codePages));
+    const WorkingCopyBytes saved = imported.compose({u"/List.ini", u"/User.ini"}, files, codePages);
     promise(csvOf(saved) == exported, "what is imported and saved is exported as the same bytes");
     return 0;
 }
