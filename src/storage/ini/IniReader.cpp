@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "storage/text/Numbers.h"
 #include "storage/text/UnitFinder.h"
 #include "storage/text/Utf16Bytes.h"
 #include "storage/text/mTextUTF.h"
@@ -27,19 +28,26 @@ bool startsWithKey(std::u16string_view line, std::u16string_view key) {
 }  // namespace
 
 IniReader::IniReader(std::u16string text) : text_(std::make_shared<const std::u16string>(std::move(text))) {
-    // Shorter than the average section of a list, so that the index is rarely enlarged.
-    constexpr std::size_t kShortSection = 48;
-    const std::size_t mostSections = text_->size() / kShortSection + 1;
-    sections_.reserve(mostSections);
-    slots_.assign(std::bit_ceil(mostSections + 1), 0);
+    // Less than ten average records of a list, so that the index is rarely enlarged.
+    constexpr std::size_t kUnitsOfAGroup = 480;
+    const std::size_t mostGroups = text_->size() / kUnitsOfAGroup + 1;
+    groups_.reserve(mostGroups);
+    slots_.assign(std::bit_ceil(mostGroups + 1), 0);
 }
 
-std::size_t IniReader::slotOf(std::u16string_view name, std::uint32_t hash) const {
+IniReader::NumberedName IniReader::split(std::u16string_view name) {
+    if (name.empty() || !isDigit(name.back())) {
+        return {name, kNoDigit};
+    }
+    return {name.substr(0, name.size() - 1), static_cast<std::size_t>(name.back() - u'0')};
+}
+
+std::size_t IniReader::slotOf(std::u16string_view stem, std::uint32_t hash) const {
     const std::size_t mask = slots_.size() - 1;
     std::size_t slot = hash & mask;
     while (slots_[slot] != 0) {
-        const Section& section = sections_[slots_[slot] - 1];
-        if (section.hash == hash && sameName(nameOf(section), name)) {
+        const Group& group = groups_[slots_[slot] - 1];
+        if (group.hash == hash && sameName(stemOf(group), stem)) {
             break;
         }
         slot = (slot + 1) & mask;
@@ -47,20 +55,41 @@ std::size_t IniReader::slotOf(std::u16string_view name, std::uint32_t hash) cons
     return slot;
 }
 
-void IniReader::enlargeIndex() {
-    slots_.assign(slots_.size() * 2, 0);
-    for (std::size_t i = 0; i < sections_.size(); ++i) {
-        slots_[slotOf(nameOf(sections_[i]), sections_[i].hash)] = static_cast<std::uint32_t>(i + 1);
+IniReader::Group* IniReader::groupOf(std::u16string_view stem) {
+    const bool isLast = lastGroup_ < groups_.size() && sameName(stemOf(groups_[lastGroup_]), stem);
+    if (!isLast) {
+        const std::uint32_t group = slots_[slotOf(stem, nameHash(stem))];
+        if (group == 0) {
+            return nullptr;
+        }
+        lastGroup_ = group - 1;
+    }
+    return &groups_[lastGroup_];
+}
+
+void IniReader::add(std::u16string_view header) {
+    constexpr std::size_t kMostFilled = 3;  // of four slots
+    const auto [stem, digit] = split(header);
+    Group* group = groupOf(stem);
+    if (group == nullptr) {
+        const std::uint32_t hash = nameHash(stem);
+        const auto start = static_cast<std::uint32_t>(stem.data() - text_->data());
+        lastGroup_ = groups_.size();
+        group = &groups_.emplace_back(Group{start, static_cast<std::uint32_t>(stem.size()), hash, {}});
+        slots_[slotOf(stem, hash)] = static_cast<std::uint32_t>(groups_.size());
+        if (groups_.size() * 4 > slots_.size() * kMostFilled) {
+            enlargeIndex();
+        }
+    }
+    if (group->closes[digit] == 0) {
+        group->closes[digit] = static_cast<std::uint32_t>(indexed_);
     }
 }
 
-void IniReader::add(std::u16string_view name, std::uint32_t hash, std::size_t slot) {
-    constexpr std::size_t kMostFilled = 3;  // of four slots
-    sections_.push_back(
-        {static_cast<std::uint32_t>(name.data() - text_->data()), static_cast<std::uint32_t>(name.size()), hash});
-    slots_[slot] = static_cast<std::uint32_t>(sections_.size());
-    if (sections_.size() * 4 > slots_.size() * kMostFilled) {
-        enlargeIndex();
+void IniReader::enlargeIndex() {
+    slots_.assign(slots_.size() * 2, 0);
+    for (std::size_t i = 0; i < groups_.size(); ++i) {
+        slots_[slotOf(stemOf(groups_[i]), groups_[i].hash)] = static_cast<std::uint32_t>(i + 1);
     }
 }
 
@@ -80,21 +109,15 @@ std::optional<std::u16string_view> IniReader::nextHeader() {
 }
 
 std::optional<std::size_t> IniReader::find(std::u16string_view name) {
-    const std::uint32_t hash = nameHash(name);
-    std::size_t slot = slotOf(name, hash);
-    if (slots_[slot] != 0) {
-        const Section& section = sections_[slots_[slot] - 1];
-        return text_->find(u']', section.name + section.nameLength);
+    const auto [stem, digit] = split(name);
+    const Group* const group = groupOf(stem);
+    if (group != nullptr && group->closes[digit] != 0) {
+        return group->closes[digit];
     }
     while (const auto header = nextHeader()) {
+        add(*header);
         if (sameName(*header, name)) {
-            add(*header, hash, slot);
             return indexed_;
-        }
-        const std::uint32_t otherHash = nameHash(*header);
-        if (const std::size_t other = slotOf(*header, otherHash); slots_[other] == 0) {
-            add(*header, otherHash, other);
-            slot = slotOf(name, hash);
         }
     }
     return std::nullopt;

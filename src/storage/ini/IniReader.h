@@ -2,6 +2,7 @@
 // so reading them in the order of the text is one pass over it.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -34,19 +35,30 @@ public:
     const std::shared_ptr<const std::u16string>& text() const { return text_; }
 
 private:
-    // Offsets and lengths in UTF-16 units of the text.
-    struct Section {
-        std::uint32_t name = 0;
-        std::uint32_t nameLength = 0;
+    // A name without its last digit; names that number the records of a list share most of their stems.
+    struct NumberedName {
+        std::u16string_view stem;
+        std::size_t digit = kNoDigit;
+    };
+    static constexpr std::size_t kNoDigit = 10;
+    // The sections of one stem. Offsets and lengths in UTF-16 units of the text.
+    struct Group {
+        std::uint32_t stem = 0;
+        std::uint32_t stemLength = 0;
         std::uint32_t hash = 0;
+        std::array<std::uint32_t, kNoDigit + 1> closes{};  // by digit: the position of the closing bracket, 0 if none
     };
 
-    std::u16string_view nameOf(const Section& section) const {
-        return std::u16string_view(*text_).substr(section.name, section.nameLength);
+    static NumberedName split(std::u16string_view name);
+    std::u16string_view stemOf(const Group& group) const {
+        return std::u16string_view(*text_).substr(group.stem, group.stemLength);
     }
-    // The position in slots_ of the section of that name, or of the free slot for it.
-    std::size_t slotOf(std::u16string_view name, std::uint32_t hash) const;
-    void add(std::u16string_view name, std::uint32_t hash, std::size_t slot);
+    // The position in slots_ of the group with that stem, or of the free slot for it.
+    std::size_t slotOf(std::u16string_view stem, std::uint32_t hash) const;
+    // Null if no section has the stem.
+    Group* groupOf(std::u16string_view stem);
+    // Indexes the section whose closing bracket is at indexed_, unless an earlier one has the same name.
+    void add(std::u16string_view header);
     void enlargeIndex();
     // The name in the next header; indexed_ is then the position of its closing bracket.
     std::optional<std::u16string_view> nextHeader();
@@ -58,8 +70,9 @@ private:
 
     std::shared_ptr<const std::u16string> text_;
     std::size_t indexed_ = 0;  // all sections before this position are in the index
-    std::vector<Section> sections_;
-    std::vector<std::uint32_t> slots_;  // open addressing: 1 + index of a section, 0 if free
+    std::vector<Group> groups_;
+    std::size_t lastGroup_ = 0;         // the index of the group used last, which the next name often belongs to
+    std::vector<std::uint32_t> slots_;  // open addressing: 1 + index of a group, 0 if free
 };
 
 struct IniText {

@@ -104,6 +104,24 @@ TEST(IniReaderTest, TheOrderOfReadingChangesNoValue) {
     }
 }
 
+TEST(IniReaderTest, SectionsThatDifferInTheirLastDigitsAreDistinct) {
+    const std::vector<std::u16string_view> names = {u"X", u"X0", u"X00", u"X1", u"X01", u"X10", u"X9", u"0", u"", u"10"};
+    std::u16string text;
+    for (const std::u16string_view name : names) {
+        text += u'[' + std::u16string(name) + u"]\nname='" + std::u16string(name) + u"'\n";
+    }
+    text += u"[x1]\nname=later\n[10]\nname=later\n";
+    IniReader forward(text);
+    IniReader backward(text);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        EXPECT_EQ(forward.get(names[i], u"name"), names[i]);
+        EXPECT_EQ(backward.get(names[names.size() - 1 - i], u"name"), names[names.size() - 1 - i]);
+    }
+    EXPECT_FALSE(forward.hasSection(u"X2"));
+    EXPECT_FALSE(forward.hasSection(u"X100"));
+    EXPECT_FALSE(forward.hasSection(u"1"));
+}
+
 TEST(IniReaderTest, OnePairOfEqualQuotesIsDropped) {
     EXPECT_EQ(get(u"[A]\r\nx=\" a \"", u"A", u"x"), " a ");
     EXPECT_EQ(get(u"[A]\r\nx='a'", u"A", u"x"), "a");
