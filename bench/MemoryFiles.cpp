@@ -22,6 +22,16 @@ FileRead MemoryFiles::readStart(std::u16string_view path, std::size_t mostBytes)
     return bytes == nullptr ? FileRead::missing() : FileRead::whole(bytes->substr(0, mostBytes));
 }
 
+std::optional<FileUnits> MemoryFiles::readUnits(std::u16string_view path, std::size_t mostBytes) {
+    const std::string* bytes = find(path);
+    if (bytes == nullptr || bytes->size() > mostBytes) {
+        return std::nullopt;
+    }
+    FileUnits content(bytes->size());
+    bytes->copy(content.data(), bytes->size());
+    return content;
+}
+
 bool MemoryFiles::write(std::u16string_view path, std::string_view bytes, Flush) {
     files_[std::u16string(path)] = bytes;
     return true;

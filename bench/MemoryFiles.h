@@ -17,6 +17,7 @@ public:
     std::optional<std::uint64_t> size(std::u16string_view path) override;
     FileRead read(std::u16string_view path) override;
     FileRead readStart(std::u16string_view path, std::size_t mostBytes) override;
+    std::optional<FileUnits> readUnits(std::u16string_view path, std::size_t mostBytes) override;
     FileRead readBack(std::u16string_view path) override { return read(path); }
     bool write(std::u16string_view path, std::string_view bytes, Flush flush) override;
     bool lacksRoomForName(std::u16string_view) override { return false; }

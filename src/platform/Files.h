@@ -22,6 +22,19 @@ struct FileRead {
     std::string part;                  // of a failed read: what came before the failure, or less
 };
 
+// The content of a file in memory for UTF-16 units, so that UTF-16 need not be copied to become a text.
+struct FileUnits {
+    // The memory is not initialised.
+    explicit FileUnits(std::size_t size)
+        : units(std::make_shared_for_overwrite<char16_t[]>(size / sizeof(char16_t) + 1)), byteCount(size) {}
+
+    char* data() { return reinterpret_cast<char*>(units.get()); }
+    std::string_view bytes() const { return {reinterpret_cast<const char*>(units.get()), byteCount}; }
+
+    std::shared_ptr<char16_t[]> units;  // has room for one more byte
+    std::size_t byteCount;
+};
+
 // When a change reaches the device: before the call returns, or when the system chooses.
 enum class Flush { Now, Later };
 
@@ -38,6 +51,17 @@ public:
     virtual FileRead read(std::u16string_view path) = 0;
     // As read, but at most that many bytes from the start of the file; no more of it is read.
     virtual FileRead readStart(std::u16string_view path, std::size_t mostBytes) = 0;
+    // The bytes that read gives; nullopt if there are none or the file is larger than mostBytes.
+    virtual std::optional<FileUnits> readUnits(std::u16string_view path, std::size_t mostBytes) {
+        const auto expected = size(path);
+        const auto bytes = expected && *expected <= mostBytes ? read(path).bytes : std::nullopt;
+        if (!bytes || bytes->size() > mostBytes) {
+            return std::nullopt;
+        }
+        FileUnits content(bytes->size());
+        bytes->copy(content.data(), bytes->size());
+        return content;
+    }
     // As read, but from the device instead of the system's cache, if the system supports that.
     virtual FileRead readBack(std::u16string_view path) = 0;
     // Creates or truncates the file, then writes all bytes. On failure the file may start with part of the new bytes,

@@ -4,11 +4,12 @@
 
 #include <cstdint>
 #include <initializer_list>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/SharedText.h"
 
 struct GridColumn {
     std::u16string caption;
@@ -34,7 +35,7 @@ public:
     virtual void setText(int row, int column, std::u16string text) = 0;
     // Call before appending many rows: their number, and a text that contains most of their cells. The grid keeps this
     // text instead of copying those cells.
-    virtual void expectRows(int count, std::shared_ptr<const std::u16string> text) = 0;
+    virtual void expectRows(int count, SharedText text) = 0;
     // Appends one row; missing trailing cells are empty, cells beyond the columns of a row are dropped.
     virtual void appendRow(std::span<const std::u16string_view> cells) = 0;
     void appendRow(std::initializer_list<std::u16string_view> cells) {

@@ -44,6 +44,28 @@ TEST_F(FilesContract, TheStartOfAFileIsReadUpToTheLimit) {
     EXPECT_TRUE(files.readStart(at(u"none"), 5).isMissing);
 }
 
+TEST_F(FilesContract, UnitsAreTheBytesOfTheFile) {
+    for (const std::size_t length : {std::size_t{0}, std::size_t{1}, std::size_t{2}, std::size_t{300'001}}) {
+        std::string bytes;
+        for (std::size_t i = 0; i < length; ++i) {
+            bytes.push_back(static_cast<char>(i % 251));
+        }
+        ASSERT_TRUE(files.write(at(u"a"), bytes, Flush::Now));
+        const auto read = files.readUnits(at(u"a"), length);
+        ASSERT_TRUE(read) << length;
+        EXPECT_TRUE(read->bytes() == bytes) << length;
+        EXPECT_FALSE(length > 0 && files.readUnits(at(u"a"), length - 1)) << length;
+    }
+    ASSERT_TRUE(files.write(at(u"a"), "\xFF\xFE\x2D\x4E", Flush::Now));
+    EXPECT_EQ(files.readUnits(at(u"a"), 4)->units[1], u'\x4E2D');
+}
+
+TEST_F(FilesContract, WhatCannotBeReadHasNoUnits) {
+    folder->makeFolder(at(u"sub"));
+    EXPECT_FALSE(files.readUnits(at(u"sub"), 100));
+    EXPECT_FALSE(files.readUnits(at(u"none"), 100));
+}
+
 TEST_F(FilesContract, WritingReplacesALongerFile) {
     ASSERT_TRUE(files.write(at(u"a"), "a long text", Flush::Now));
     ASSERT_TRUE(files.write(at(u"a"), "short", Flush::Now));

@@ -17,9 +17,10 @@ PosixFile::PosixFile(const PosixPath& path, int flags, unsigned permissions)
 
 PosixFile::~PosixFile() { close(); }
 
-bool PosixFile::isRegular() const {
+std::optional<std::size_t> PosixFile::size() const {
     struct stat status = {};
-    return isOpen() && ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+    const bool isRegular = isOpen() && ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+    return isRegular ? std::optional(static_cast<std::size_t>(status.st_size)) : std::nullopt;
 }
 
 bool PosixFile::isLocatedByEntry() const {
@@ -32,23 +33,31 @@ bool PosixFile::isLocatedByEntry() const {
 #endif
 }
 
-bool PosixFile::readUpTo(std::size_t mostBytes, std::string& bytes) const {
-    constexpr std::size_t kMore = 4096;  // the file may grow during the read
-    struct stat status = {};
-    const bool sized = ::fstat(descriptor_, &status) == 0;
-    bytes.resize(std::min((sized ? static_cast<std::size_t>(status.st_size) : 0) + kMore, mostBytes));
-    std::size_t length = 0;
-    while (true) {
-        const ssize_t count = ::read(descriptor_, bytes.data() + length, bytes.size() - length);
+bool PosixFile::readInto(std::span<char> room, std::size_t& length) const {
+    while (!room.empty()) {
+        const ssize_t count = ::read(descriptor_, room.data(), room.size());
         if (count == 0 || (count < 0 && errno != EINTR)) {
-            bytes.resize(length);
             return count == 0;
         }
         if (count > 0) {
             length += static_cast<std::size_t>(count);
-            bytes.resize(std::min(std::max(bytes.size(), length + kMore), mostBytes));
+            room = room.subspan(static_cast<std::size_t>(count));
         }
     }
+    return true;
+}
+
+bool PosixFile::readUpTo(std::size_t mostBytes, std::string& bytes) const {
+    constexpr std::size_t kMore = 4096;  // the file may grow during the read
+    std::size_t length = 0;
+    bool isRead = true;
+    bytes.resize(std::min(size().value_or(0) + kMore, mostBytes));
+    do {
+        bytes.resize(std::min(std::max(bytes.size(), length + kMore), mostBytes));
+        isRead = readInto(std::span(bytes).subspan(length), length);
+    } while (isRead && length == bytes.size() && length < mostBytes);
+    bytes.resize(length);
+    return isRead;
 }
 
 bool PosixFile::writeAll(std::string_view bytes) const {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -25,10 +27,15 @@ public:
 
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
-    bool isRegular() const;
+    // In bytes; nullopt if it is not a regular file.
+    std::optional<std::size_t> size() const;
+    bool isRegular() const { return size().has_value(); }
     // True if the folder entry holds the location of the file, as on FAT, and on every file system but ext2 to ext4:
     // on the others no power cut was tried that shows the opposite.
     bool isLocatedByEntry() const;
+    // Reads from the current position until the end or until `room` is full; adds the bytes read to `length`. False on
+    // a read error.
+    bool readInto(std::span<char> room, std::size_t& length) const;
     // Reads from the current position to the end, or that many bytes. False on a read error; `bytes` then holds what
     // came before it.
     bool readUpTo(std::size_t mostBytes, std::string& bytes) const;

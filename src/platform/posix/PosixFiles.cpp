@@ -85,6 +85,21 @@ FileRead PosixFiles::readStart(std::u16string_view path, std::size_t mostBytes) 
     return contentOf(at(path), false, mostBytes);
 }
 
+std::optional<FileUnits> PosixFiles::readUnits(std::u16string_view path, std::size_t mostBytes) {
+    const PosixFile file(at(path), O_RDONLY);
+    const auto size = file.size();
+    if (!size || *size > mostBytes) {
+        return std::nullopt;
+    }
+    FileUnits content(*size);
+    content.byteCount = 0;
+    if (!file.readInto({content.data(), *size + 1}, content.byteCount)) {
+        return std::nullopt;
+    }
+    // More bytes than its size: the file is growing.
+    return content.byteCount > *size ? Files::readUnits(path, mostBytes) : content;
+}
+
 FileRead PosixFiles::readBack(std::u16string_view path) { return contentOf(at(path), true); }
 
 bool PosixFiles::write(std::u16string_view path, std::string_view bytes, Flush flush) {

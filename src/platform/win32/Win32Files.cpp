@@ -12,6 +12,7 @@ namespace {
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD kBlock = 64 * 1024;
 constexpr DWORD kSmallBlock = 4096;
+constexpr DWORD kLargePart = 1U << 20U;  // of a read or write
 
 // Page-aligned memory, required for uncached reads.
 class AlignedBlock {
@@ -36,9 +37,12 @@ bool seek(HANDLE file, std::size_t offset) {
     return SetFilePointerEx(file, place, nullptr, FILE_BEGIN) != 0;
 }
 
+HANDLE openForReading(std::u16string_view path, DWORD flags) {
+    return CreateFileW(toWide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr);
+}
+
 FileRead contentOf(std::u16string_view path, DWORD flags, std::size_t mostBytes = std::string::npos) {
-    const Handle file(
-        CreateFileW(toWide(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
+    const Handle file(openForReading(path, flags));
     if (!file) {
         const DWORD error = GetLastError();
         return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? FileRead::missing()
@@ -72,7 +76,7 @@ FileRead contentOf(std::u16string_view path, DWORD flags, std::size_t mostBytes 
 
 bool writeAll(HANDLE file, std::string_view bytes) {
     while (!bytes.empty()) {
-        const auto part = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 20U));
+        const auto part = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), kLargePart));
         DWORD put = 0;
         if (WriteFile(file, bytes.data(), part, &put, nullptr) == 0 || put == 0) {
             return false;
@@ -135,6 +139,27 @@ FileRead Win32Files::read(std::u16string_view path) { return contentOf(path, FIL
 
 FileRead Win32Files::readStart(std::u16string_view path, std::size_t mostBytes) {
     return contentOf(path, FILE_FLAG_SEQUENTIAL_SCAN, mostBytes);
+}
+
+std::optional<FileUnits> Win32Files::readUnits(std::u16string_view path, std::size_t mostBytes) {
+    const Handle file(openForReading(path, FILE_FLAG_SEQUENTIAL_SCAN));
+    LARGE_INTEGER size{};
+    if (!file || GetFileSizeEx(file.get(), &size) == 0 || static_cast<std::uint64_t>(size.QuadPart) > mostBytes) {
+        return std::nullopt;
+    }
+    FileUnits content(static_cast<std::size_t>(size.QuadPart));
+    const std::size_t room = content.byteCount + 1;
+    content.byteCount = 0;
+    DWORD got = 1;
+    while (got > 0 && content.byteCount < room) {
+        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(room - content.byteCount, kLargePart));
+        if (ReadFile(file.get(), content.data() + content.byteCount, wanted, &got, nullptr) == 0) {
+            return std::nullopt;
+        }
+        content.byteCount += got;
+    }
+    // More bytes than its size: the file is growing.
+    return content.byteCount == room ? Files::readUnits(path, mostBytes) : content;
 }
 
 FileRead Win32Files::readBack(std::u16string_view path) {

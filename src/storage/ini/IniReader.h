@@ -5,21 +5,24 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/CodePages.h"
 #include "platform/Files.h"
+#include "platform/SharedText.h"
 #include "storage/ini/IniSyntax.h"
+#include "storage/text/Numbers.h"
 
 class IniReader {
 public:
     IniReader() : IniReader(std::u16string()) {}
-    explicit IniReader(std::u16string text);
+    explicit IniReader(std::u16string text) : IniReader(SharedText(std::move(text))) {}
+    explicit IniReader(SharedText text);
 
     // The value by the rules of iniValue, NULs included; empty if the section or key does not exist. All values are
     // views into text().
@@ -32,7 +35,7 @@ public:
     bool hasSection(std::u16string_view name) { return find(name).has_value(); }
 
     // May outlive the reader.
-    const std::shared_ptr<const std::u16string>& text() const { return text_; }
+    const SharedText& text() const { return text_; }
 
 private:
     // A name without its last digit; names that number the records of a list share most of their stems.
@@ -49,26 +52,36 @@ private:
         std::array<std::uint32_t, kNoDigit + 1> closes{};  // by digit: the position of the closing bracket, 0 if none
     };
 
-    static NumberedName split(std::u16string_view name);
-    std::u16string_view stemOf(const Group& group) const {
-        return std::u16string_view(*text_).substr(group.stem, group.stemLength);
+    static NumberedName split(std::u16string_view name) {
+        if (name.empty() || !isDigit(name.back())) {
+            return {name, kNoDigit};
+        }
+        return {name.substr(0, name.size() - 1), static_cast<std::size_t>(name.back() - u'0')};
     }
+    std::u16string_view stemOf(const Group& group) const { return text_.view().substr(group.stem, group.stemLength); }
     // The position in slots_ of the group with that stem, or of the free slot for it.
     std::size_t slotOf(std::u16string_view stem, std::uint32_t hash) const;
-    // Null if no section has the stem.
-    Group* groupOf(std::u16string_view stem);
-    // Indexes the section whose closing bracket is at indexed_, unless an earlier one has the same name.
-    void add(std::u16string_view header);
+    // Null if no section has the stem; valid until the next closeOf.
+    Group* groupOf(std::u16string_view stem) {
+        const bool isLast = lastGroup_ < groups_.size() && sameName(stemOf(groups_[lastGroup_]), stem);
+        return isLast ? &groups_[lastGroup_] : otherGroupOf(stem);
+    }
+    Group* otherGroupOf(std::u16string_view stem);
+    // The place in the index for the closing bracket of this header; the name is a part of the text.
+    std::uint32_t& closeOf(std::u16string_view header);
     void enlargeIndex();
+    // The position of the first bracket from there on that begins a line.
+    std::optional<std::size_t> nextBracket(std::size_t from) const;
+    // Fast path for reading in the order of the text: true if the next header has this name, in the same spelling and
+    // without blanks; indexed_ is then the position of its closing bracket. The name must have a stem of the index,
+    // since that contains no bracket or line end.
+    bool isNext(std::u16string_view name);
     // The name in the next header; indexed_ is then the position of its closing bracket.
     std::optional<std::u16string_view> nextHeader();
     // The position of the closing bracket of the first section of that name.
     std::optional<std::size_t> find(std::u16string_view name);
-    // Calls take(line, lineEnd) for the lines after the section's header, until it returns false.
-    template <class Take>
-    void readLines(std::u16string_view section, Take take);
 
-    std::shared_ptr<const std::u16string> text_;
+    SharedText text_;
     std::size_t indexed_ = 0;  // all sections before this position are in the index
     std::vector<Group> groups_;
     std::size_t lastGroup_ = 0;         // the index of the group used last, which the next name often belongs to

@@ -54,19 +54,9 @@ std::u16string_view iniValue(std::u16string_view raw) {
     return raw.substr(0, kIniValueUnits);
 }
 
-bool sameName(std::u16string_view left, std::u16string_view right) {
-    if (left.size() != right.size()) {
-        return false;
-    }
-    if (std::equal(left.begin(), left.end(), right.begin())) {
-        return true;
-    }
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (left[i] != right[i] && folded(left[i]) != folded(right[i])) {
-            return false;
-        }
-    }
-    return true;
+bool sameWhenFolded(std::u16string_view left, std::u16string_view right) {
+    return std::equal(left.begin(), left.end(), right.begin(),
+                      [](char16_t a, char16_t b) { return a == b || folded(a) == folded(b); });
 }
 
 // Hashes four units at a time. Setting the case bit of every unit also makes a few other characters equal, which only

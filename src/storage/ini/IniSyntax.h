@@ -1,6 +1,7 @@
 // The grammar of INI files, line by line, as the system's profile functions read them.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -35,7 +36,8 @@ inline IniLineEnd findLineEnd(std::u16string_view text, std::size_t start) {
     const auto endsLine = [text](std::size_t at) {
         return at == text.size() || text[at] == u'\r' || text[at] == u'\n';
     };
-    std::size_t end = findUnit(text, start, isLow);
+    // A header usually ends its line.
+    std::size_t end = start < text.size() && text[start] == u'\r' ? start : findUnit(text, start, isLow);
     const bool hasControls = !endsLine(end);
     while (!endsLine(end)) {
         end = findUnit(text, end + 1, isLow);
@@ -53,6 +55,12 @@ std::u16string_view trimmed(std::u16string_view text);
 // The value without surrounding blanks and one pair of equal quotes, cut to kIniValueUnits.
 std::u16string_view iniValue(std::u16string_view raw);
 
+// Of names of the same length.
+bool sameWhenFolded(std::u16string_view left, std::u16string_view right);
 // Compares names without regard to the case of A to Z. The names in the receiver's files contain no other letters.
-bool sameName(std::u16string_view left, std::u16string_view right);
+// Inline: a load compares several names for every record, nearly all of them in the same case.
+inline bool sameName(std::u16string_view left, std::u16string_view right) {
+    return left.size() == right.size() &&
+           (std::equal(left.begin(), left.end(), right.begin()) || sameWhenFolded(left, right));
+}
 std::uint32_t nameHash(std::u16string_view name);  // the same for names that are the same

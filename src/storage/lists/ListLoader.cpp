@@ -26,9 +26,6 @@ void ListLoader::loadFromListFile(ListKind kind, bool setUpColumns) {
     if (setUpColumns) {
         addListColumns(lists_[kind]);
     }
-    if (!listFile_ && !has(ListFileId::List)) {
-        return;
-    }
     if (!listFile_ || (served_ & bitOf(kind)) != 0) {
         listFile_ = read(ListFileId::List);
         served_ = 0;
@@ -45,9 +42,6 @@ void ListLoader::loadFromListFile(ListKind kind, bool setUpColumns) {
 void ListLoader::LoadFavList(bool setUpColumns) {
     if (setUpColumns) {
         addListColumns(lists_[ListKind::Favourite]);
-    }
-    if (!has(ListFileId::User)) {
-        return;
     }
     IniReader profile = read(ListFileId::User);
     given_[ListFileId::User].reset();
@@ -79,8 +73,6 @@ void ListLoader::appendRecords(ListKind kind, IniReader& profile) {
         list.grid.appendRow(records.cells(index));
     }
 }
-
-bool ListLoader::has(ListFileId file) { return parsed_[file] || given_[file] || files_.exists(copies_[file]); }
 
 IniReader ListLoader::read(ListFileId file) {
     if (parsed_[file]) {

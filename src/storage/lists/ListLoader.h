@@ -39,7 +39,6 @@ public:
 
 private:
     void loadFromListFile(ListKind kind, bool setUpColumns);
-    bool has(ListFileId file);
     IniReader read(ListFileId file);
     void appendRecords(ListKind kind, IniReader& profile);
     void readSettings(IniReader& profile);

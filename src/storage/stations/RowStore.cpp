@@ -24,21 +24,15 @@ void RowStore::columnDragged(int column, double widthTwips) {
     }
 }
 
-RowStore::Cell RowStore::cellOf(std::u16string_view text) {
-    const auto number = [](const char16_t* unit) { return reinterpret_cast<std::uintptr_t>(unit); };
-    const auto length = static_cast<std::uint32_t>(text.size());
-    // A text that begins before the loaded one gives an offset larger than any.
-    const std::uintptr_t offset = (number(text.data()) - number(loaded_->data())) / sizeof(char16_t);
-    if (offset <= loaded_->size() && length <= loaded_->size() - offset) {
-        return {static_cast<std::uint32_t>(offset), length};
-    }
-    const std::size_t start = loaded_->size() + own_.size();
+RowStore::Cell RowStore::ownCellOf(std::u16string_view text) {
+    const std::size_t start = loaded_.view().size() + own_.size();
     own_ += text;
-    return {static_cast<std::uint32_t>(start), length};
+    return {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(text.size())};
 }
 
-std::u16string RowStore::gather(const std::shared_ptr<const std::u16string>& loaded, std::size_t room) {
-    const auto moves = [&](const Cell& cell) { return loaded != loaded_ || cell.start >= loaded->size(); };
+std::u16string RowStore::gather(const SharedText& loaded, std::size_t room) {
+    const std::size_t loadedUnits = loaded.view().size();
+    const auto moves = [&](const Cell& cell) { return loaded != loaded_ || cell.start >= loadedUnits; };
     std::size_t units = room;
     for (const Row& row : rows_) {
         for (const Cell& cell : row.cells) {
@@ -51,7 +45,7 @@ std::u16string RowStore::gather(const std::shared_ptr<const std::u16string>& loa
         for (Cell& cell : row.cells) {
             if (moves(cell)) {
                 const std::u16string_view text = textOf(cell);
-                cell.start = static_cast<std::uint32_t>(loaded->size() + own.size());
+                cell.start = static_cast<std::uint32_t>(loadedUnits + own.size());
                 own += text;
             }
         }
@@ -73,7 +67,7 @@ std::u16string RowStore::makeRoom(std::size_t units) {
     return larger;
 }
 
-void RowStore::expectRows(int count, std::shared_ptr<const std::u16string> text) {
+void RowStore::expectRows(int count, SharedText text) {
     constexpr std::size_t kUsualUnits = 6;  // half of a frequency with its unit; gather allocates twice as many
     const auto added = static_cast<std::size_t>(count);
     gather(text, added * kUsualUnits);
@@ -92,7 +86,7 @@ void RowStore::setText(int row, int column, std::u16string text) {
         return;
     }
     const std::u16string former = hasRoom(text.size()) ? std::u16string() : makeRoom(text.size());
-    rows_[at(row)].cells[at(column)] = cellOf(text);
+    rows_[at(row)].cells[at(column)] = ownCellOf(text);
     hasUnused_ = true;
     ++changes_;
     if (notifies()) {
@@ -107,16 +101,21 @@ void RowStore::appendRow(std::span<const std::u16string_view> cells) {
         view_->beforeAppend(row);
     }
     ++changes_;
-    std::size_t units = 0;
-    for (const std::u16string_view cell : cells) {
-        units += cell.size();
+    constexpr std::uint32_t kOwn = ~std::uint32_t{0};
+    Row added;
+    std::size_t ownUnits = 0;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        const auto start = startInLoaded(cells[i]);
+        added.cells[i] = {start.value_or(kOwn), static_cast<std::uint32_t>(cells[i].size())};
+        ownUnits += start ? 0 : cells[i].size();
     }
-    const std::u16string former = hasRoom(units) ? std::u16string() : makeRoom(units);
-    Row& added = rows_.emplace_back();
-    auto to = added.cells.begin();
-    for (const std::u16string_view cell : cells) {
-        *to++ = cellOf(cell);
+    const std::u16string former = hasRoom(ownUnits) ? std::u16string() : makeRoom(ownUnits);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        if (added.cells[i].start == kOwn) {
+            added.cells[i] = ownCellOf(cells[i]);
+        }
     }
+    rows_.push_back(added);
     if (notifies()) {
         view_->afterAppend(row);
     }
@@ -135,7 +134,7 @@ void RowStore::clear() {
     rows_.clear();
     own_.clear();
     hasUnused_ = false;
-    loaded_ = std::make_shared<const std::u16string>();
+    loaded_ = SharedText();
 }
 
 bool RowStore::isSelected(int row) const { return hasRow(row) && rows_[at(row)].selected; }

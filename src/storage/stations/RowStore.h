@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <optional>
 
 #include "platform/Grid.h"
 #include "platform/GridView.h"
@@ -24,7 +24,7 @@ public:
     int rowCount() const override { return static_cast<int>(rows_.size()); }
     std::u16string_view text(int row, int column) const override;
     void setText(int row, int column, std::u16string text) override;
-    void expectRows(int count, std::shared_ptr<const std::u16string> text) override;
+    void expectRows(int count, SharedText text) override;
     using Grid::appendRow;
     void appendRow(std::span<const std::u16string_view> cells) override;
     void removeSelectedRows() override;
@@ -50,16 +50,25 @@ private:
     };
 
     std::u16string_view textOf(Cell cell) const {
-        const std::size_t loaded = loaded_->size();
-        return cell.start < loaded ? std::u16string_view(*loaded_).substr(cell.start, cell.length)
-                                   : std::u16string_view(own_).substr(cell.start - loaded, cell.length);
+        const std::u16string_view loaded = loaded_.view();
+        return cell.start < loaded.size() ? loaded.substr(cell.start, cell.length)
+                                          : std::u16string_view(own_).substr(cell.start - loaded.size(), cell.length);
     }
-    // A text outside the loaded one is copied into own_, which has room for it.
-    Cell cellOf(std::u16string_view text);
+    // The position of a text in the loaded one; nullopt if it is elsewhere.
+    std::optional<std::uint32_t> startInLoaded(std::u16string_view text) const {
+        const auto number = [](const char16_t* unit) { return reinterpret_cast<std::uintptr_t>(unit); };
+        const std::u16string_view loaded = loaded_.view();
+        // A text that begins before the loaded one gives an offset larger than any.
+        const std::uintptr_t offset = (number(text.data()) - number(loaded.data())) / sizeof(char16_t);
+        const bool isInside = offset <= loaded.size() && text.size() <= loaded.size() - offset;
+        return isInside ? std::optional(static_cast<std::uint32_t>(offset)) : std::nullopt;
+    }
+    // Copies the text into own_, which has room for it.
+    Cell ownCellOf(std::u16string_view text);
     bool hasRoom(std::size_t units) const { return own_.capacity() - own_.size() >= units; }
     // Makes `loaded` the loaded text. Texts in use that are not in it move to a new own text, with as much free room
     // again. Returns the former own text, since the texts to be added may be views into it.
-    std::u16string gather(const std::shared_ptr<const std::u16string>& loaded, std::size_t room);
+    std::u16string gather(const SharedText& loaded, std::size_t room);
     std::u16string makeRoom(std::size_t units);
     bool hasRow(int row) const { return row >= 1 && row <= rowCount(); }
     bool hasColumn(int column) const { return column >= 1 && column <= static_cast<int>(columns_.size()); }
@@ -70,7 +79,7 @@ private:
     GridView* view_ = nullptr;
     std::vector<GridColumn> columns_;
     std::vector<Row> rows_;
-    std::shared_ptr<const std::u16string> loaded_ = std::make_shared<const std::u16string>();
+    SharedText loaded_;
     std::u16string own_;      // every new text is appended; unused texts are dropped when it is full
     bool hasUnused_ = false;  // own_ may contain unused texts
     int updates_ = 0;

@@ -47,15 +47,22 @@ double parse(std::string_view number, std::chars_format format) {
 constexpr double kMostOfThreeDecimals = 1'000'000;
 
 void appendThousandths(std::u16string& text, int thousandths) {
-    appendDecimal(text, thousandths / 1000);
-    int rest = thousandths % 1000;
-    if (rest > 0) {
-        text += u'.';
+    std::array<char16_t, 12> units;
+    auto first = units.end();
+    int rest = thousandths;
+    for (int place = 0; place < 3; ++place, rest /= 10) {
+        if (rest % 10 > 0 || first != units.end()) {
+            *--first = static_cast<char16_t>(u'0' + rest % 10);
+        }
     }
-    for (int place = 100; rest > 0; place /= 10) {
-        text += static_cast<char16_t>(u'0' + rest / place);
-        rest %= place;
+    if (first != units.end()) {
+        *--first = u'.';
     }
+    do {
+        *--first = static_cast<char16_t>(u'0' + rest % 10);
+        rest /= 10;
+    } while (rest > 0);
+    text.append(first, units.end());
 }
 
 // Fast path for a text of a few digits with at most one point, as frequencies are; -1 for any other. The quotient of
@@ -100,7 +107,7 @@ void appendShortestDecimal(std::u16string& text, double value) {
     }
     // Fast path for frequencies: if three decimals reproduce the value, no other text is shorter.
     if (value > 0 && value < kMostOfThreeDecimals) {
-        const int thousandths = static_cast<int>(std::lround(value * 1000));
+        const int thousandths = static_cast<int>(value * 1000 + 0.5);
         if (thousandths / 1000.0 == value) {
             appendThousandths(text, thousandths);
             return;

@@ -62,6 +62,17 @@ TEST_F(PosixFilesTest, AFileThatFailsAtItsFirstByteHasNoPart) {
     EXPECT_EQ(read.part, "");
 }
 
+TEST_F(PosixFilesTest, UnitsAreReadToTheEndOfAFileLongerThanItsSize) {
+    ASSERT_EQ(files.size(u"/proc/version"), 0U);
+    const auto read = files.readUnits(u"/proc/version", 10'000);
+    ASSERT_TRUE(read);
+    EXPECT_GT(read->bytes().size(), 1U);
+    EXPECT_EQ(read->bytes(), files.read(u"/proc/version").bytes);
+    EXPECT_FALSE(files.readUnits(u"/proc/version", 5));
+}
+
+TEST_F(PosixFilesTest, AFileThatFailsHasNoUnits) { EXPECT_FALSE(files.readUnits(u"/proc/self/mem", 100)); }
+
 TEST_F(PosixFilesTest, ANewFileHasTheUsersDefaultPermissions) {
     const mode_t mask = ::umask(027);
     EXPECT_TRUE(files.write(folder.at(u"new"), "x", Flush::Now));

@@ -105,7 +105,8 @@ TEST(IniReaderTest, TheOrderOfReadingChangesNoValue) {
 }
 
 TEST(IniReaderTest, SectionsThatDifferInTheirLastDigitsAreDistinct) {
-    const std::vector<std::u16string_view> names = {u"X", u"X0", u"X00", u"X1", u"X01", u"X10", u"X9", u"0", u"", u"10"};
+    const std::vector<std::u16string_view> names = {u"X",   u"X0", u"X00", u"X1", u"X01",
+                                                    u"X10", u"X9", u"0",   u"",   u"10"};
     std::u16string text;
     for (const std::u16string_view name : names) {
         text += u'[' + std::u16string(name) + u"]\nname='" + std::u16string(name) + u"'\n";
@@ -120,6 +121,18 @@ TEST(IniReaderTest, SectionsThatDifferInTheirLastDigitsAreDistinct) {
     EXPECT_FALSE(forward.hasSection(u"X2"));
     EXPECT_FALSE(forward.hasSection(u"X100"));
     EXPECT_FALSE(forward.hasSection(u"1"));
+}
+
+TEST(IniReaderTest, NumberedSectionsInAnySpellingAreFoundInOrder) {
+    IniReader profile(
+        u"[X1]\nv=1\n[ X2 ]\nv=2\n[x3]\nv=3\n[X4\nv=0\nw=[X4]\n;[X4]\n  [X4] v=0\nv=4\n[X50]\nv=50\n[X5]\nv=5\n[X6");
+    for (const auto& [section, value] :
+         {std::pair(u"X1", u"1"), {u"X2", u"2"}, {u"X3", u"3"}, {u"X4", u"4"}, {u"X5", u"5"}, {u"X50", u"50"}}) {
+        std::array<std::u16string_view, 1> values;
+        profile.get(section, std::array<std::u16string_view, 1>{u"v"}, values);
+        EXPECT_EQ(values[0], value);
+    }
+    EXPECT_FALSE(profile.hasSection(u"X6"));
 }
 
 TEST(IniReaderTest, OnePairOfEqualQuotesIsDropped) {

@@ -73,25 +73,25 @@ TEST(RowStoreTest, RemovingSelectedRowsKeepsTheOthersInOrder) {
 }
 
 TEST(RowStoreTest, PartsOfAnExpectedTextAreNotCopied) {
-    const auto text = std::make_shared<const std::u16string>(u"Programme=Radio;Frequency=6000");
-    const std::u16string_view programme = std::u16string_view(*text).substr(10, 5);
+    const SharedText text{std::u16string(u"Programme=Radio;Frequency=6000")};
+    const std::u16string_view programme = text.view().substr(10, 5);
     RowStore rows;
     rows.expectRows(1, text);
-    rows.appendRow({programme, u"own", std::u16string_view(*text).substr(30)});
+    rows.appendRow({programme, u"own", text.view().substr(30)});
     EXPECT_EQ(rows.text(1, 1).data(), programme.data());
     EXPECT_EQ(rows.text(1, 2), u"own");
     EXPECT_EQ(rows.text(1, 3), u"");
     rows.setText(1, 1, u"edited");
     EXPECT_EQ(rows.text(1, 1), u"edited");
-    EXPECT_EQ(*text, u"Programme=Radio;Frequency=6000");
+    EXPECT_EQ(text.view(), u"Programme=Radio;Frequency=6000");
 }
 
 TEST(RowStoreTest, RowsOfAnEarlierTextSurviveTheNextExpectRows) {
     RowStore rows;
     for (const char16_t* content : {u"one", u"seven"}) {
-        const auto text = std::make_shared<const std::u16string>(content);
+        const SharedText text{std::u16string(content)};
         rows.expectRows(1, text);
-        rows.appendRow({*text, u"own"});
+        rows.appendRow({text.view(), u"own"});
     }
     EXPECT_EQ(rows.text(1, 1), u"one");
     EXPECT_EQ(rows.text(1, 2), u"own");
@@ -102,9 +102,9 @@ TEST(RowStoreTest, RowsOfAnEarlierTextSurviveTheNextExpectRows) {
 // What no cell holds any more makes room for what comes, over and over.
 TEST(RowStoreTest, TextsSurviveManyEditsAndDeletions) {
     RowStore rows;
-    const auto text = std::make_shared<const std::u16string>(u"loaded");
+    const SharedText text{std::u16string(u"loaded")};
     rows.expectRows(2, text);
-    rows.appendRow({*text, u"kept"});
+    rows.appendRow({text.view(), u"kept"});
     rows.appendRow({u"edited"});
     std::u16string longer;
     for (int edit = 0; edit < 1000; ++edit) {
