@@ -109,9 +109,9 @@ bool prepare() {
     return ready;
 }
 
-bool mountDevice(const Case& one) {
-    const char* const options = one.options == "default" ? "" : one.options.c_str();
-    return ::mount("/dev/nbd0", kMountPoint, one.fileSystem.c_str(), 0, options) == 0;
+bool mountDevice(const Case& one, const std::string& options = "default") {
+    const char* const given = options == "default" ? "" : options.c_str();
+    return ::mount("/dev/nbd0", kMountPoint, one.fileSystem.c_str(), 0, given) == 0;
 }
 
 // As the window and the command-line program save to the receiver. Of a damaged file the readable part must be kept.
@@ -225,6 +225,7 @@ bool runCase(const Case& one, const std::string& image, int n, const std::string
     {
         BlockDevice device(image);
         PosixFiles files;
+        // With the option "flush" the kernel waits a tenth of a second at the end of each file.
         if (!device.isAttached() || !mountDevice(one) || !putOld(one, files) || ::umount(kMountPoint) != 0) {
             results << one.name << " cannot be set up\n";
             return false;
@@ -232,7 +233,7 @@ bool runCase(const Case& one, const std::string& image, int n, const std::string
         medium = device.medium();
     }
     BlockDevice device(medium);
-    if (!device.isAttached() || !mountDevice(one)) {
+    if (!device.isAttached() || !mountDevice(one, one.options)) {
         results << one.name << " cannot be mounted\n";
         return false;
     }
