@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "storage/ini/IniSyntax.h"
 
 TEST(IniSyntaxTest, OnlyTheLettersAToZAreFolded) {
@@ -36,5 +38,15 @@ TEST(IniSyntaxTest, AValueIsTrimmedAtBothEnds) {
     }
     for (const std::u16string_view whole : {u"'a", u"a'", u"a\"", u"!a!", u"(a)", u"\"a'"}) {
         EXPECT_EQ(iniValue(whole), whole);
+    }
+}
+
+TEST(IniSyntaxTest, TheKindOfALineDoesNotDependOnBlanksBeforeIt) {
+    for (const std::u16string blanks : {u"", u" ", u"\t "}) {
+        EXPECT_EQ(parseIniLine(blanks + u"[A]").kind, IniLineKind::Section);
+        EXPECT_EQ(parseIniLine(blanks + u"x=1").kind, IniLineKind::Key);
+        EXPECT_EQ(parseIniLine(blanks + u";x=1").kind, IniLineKind::Other);
+        EXPECT_EQ(parseIniLine(blanks + u"=1").kind, IniLineKind::Other);
+        EXPECT_EQ(parseIniLine(blanks).kind, IniLineKind::Other);
     }
 }
