@@ -1,11 +1,11 @@
 // A hash of the cells of a record.
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <functional>
 #include <span>
 #include <string_view>
+#include <tuple>
 
 inline std::size_t hashOf(std::span<const std::u16string_view> cells) {
     constexpr std::size_t kFactor = 31;
@@ -21,5 +21,7 @@ struct HashedRow {
     std::size_t hash = 0;
     int row = 0;
 
-    friend auto operator<=>(const HashedRow&, const HashedRow&) = default;
+    friend bool operator<(const HashedRow& a, const HashedRow& b) {
+        return std::tie(a.hash, a.row) < std::tie(b.hash, b.row);
+    }
 };

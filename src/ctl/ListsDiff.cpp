@@ -92,8 +92,8 @@ private:
                 ++(old->hash < added->hash ? old : added);
                 continue;
             }
-            const RowsEnd oldEnd = endOfGroup(old, oldRows.end());
-            const RowsEnd addedEnd = endOfGroup(added, newRows.end());
+            const auto oldEnd = endOfGroup(old, oldRows.end());
+            const auto addedEnd = endOfGroup(added, newRows.end());
             matchGroup({old, oldEnd}, {added, addedEnd}, columns);
             old = oldEnd;
             added = addedEnd;
