@@ -1,4 +1,5 @@
 // Large blocks of memory in huge pages: a page fault for each 4 KiB of a long list would take as long as parsing it.
+#include <stdlib.h>
 #include <sys/mman.h>
 
 #include <cstddef>
@@ -8,7 +9,12 @@
 void* operator new(std::size_t size) {
     constexpr std::size_t kHugePage = 2'097'152;
     const std::size_t inHugePages = size / kHugePage * kHugePage;
-    void* const block = inHugePages == 0 ? std::malloc(size) : std::aligned_alloc(kHugePage, size);
+    void* block = nullptr;
+    if (inHugePages == 0) {
+        block = std::malloc(size);
+    } else if (::posix_memalign(&block, kHugePage, size) != 0) {
+        block = nullptr;
+    }
     if (block == nullptr) {
         throw std::bad_alloc();
     }
