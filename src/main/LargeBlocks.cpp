@@ -1,5 +1,4 @@
 // Large blocks of memory in huge pages: a page fault for each 4 KiB of a long list would take as long as parsing it.
-#include <stdlib.h>
 #include <sys/mman.h>
 
 #include <cstddef>
