@@ -37,7 +37,9 @@ void appendIniKey(std::u16string& text, std::u16string_view key, std::u16string_
     const auto start = static_cast<std::ptrdiff_t>(text.size());
     text += value;
     const auto isEnd = [](char16_t c) { return c == u'\r' || c == u'\n'; };
-    std::replace_if(text.begin() + start, text.end(), isEnd, u' ');
+    if (findUnit(value, 0, isEnd) < value.size()) {
+        std::replace_if(text.begin() + start, text.end(), isEnd, u' ');
+    }
     text += kLineEnd;
 }
 

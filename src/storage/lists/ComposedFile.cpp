@@ -5,7 +5,7 @@
 #include "storage/text/Utf8.h"
 
 void ComposedFile::encode() {
-    bytes_ += toUtf8(text_);
+    appendUtf8(bytes_, text_);
     encodedUnits_ += text_.size();
     text_.clear();
 }

@@ -5,11 +5,17 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 
 class ComposedFile {
 public:
     // `start` is the beginning of the text; `usualBytes`, the expected size of the file, saves reallocations.
-    ComposedFile(std::u16string_view start, std::size_t usualBytes) : text_(start) { bytes_.reserve(usualBytes); }
+    // `memory`: bytes that are no longer needed; their memory is used again.
+    ComposedFile(std::u16string_view start, std::size_t usualBytes, std::string memory = {})
+        : text_(start), bytes_(std::move(memory)) {
+        bytes_.clear();
+        bytes_.reserve(usualBytes);
+    }
 
     // The text to append to; parts that are already encoded have been removed from it.
     std::u16string& text() { return text_; }

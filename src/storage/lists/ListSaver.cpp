@@ -141,7 +141,7 @@ void ListSaver::appendRecords(ComposedFile& file, ListKind kind, ComposedLists* 
     std::optional<ComposedRecords>& records = (*last)[kind];
     const std::uint64_t changes = lists_.grid(kind).changes();
     if (!records || records->changes != changes) {
-        ComposedFile part(u"", usualBytes({kind}));
+        ComposedFile part(u"", usualBytes({kind}), records ? std::move(records->bytes) : std::string());
         composeRecords(part, kind);
         const std::size_t units = part.units();
         records = {changes, part.takeBytes(), units};

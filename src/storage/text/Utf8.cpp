@@ -135,9 +135,16 @@ std::u16string fromUtf8(std::string_view bytes) {
 }
 
 std::string toUtf8(std::u16string_view text) {
+    std::string bytes;
+    appendUtf8(bytes, text);
+    return bytes;
+}
+
+void appendUtf8(std::string& bytes, std::u16string_view text) {
     constexpr std::size_t kMostBytesOfUnit = 3;
-    std::string bytes(text.size() * kMostBytesOfUnit, '\0');
-    char* end = bytes.data();
+    const std::size_t start = bytes.size();
+    bytes.resize(start + text.size() * kMostBytesOfUnit);
+    char* end = bytes.data() + start;
     const auto put = [&end](char32_t value) { *end++ = static_cast<char>(value); };
     for (std::size_t i = 0; i < text.size(); ++i) {
         char32_t c = text[i];
@@ -167,5 +174,4 @@ std::string toUtf8(std::u16string_view text) {
         put(0x80 | (c & 0x3F));
     }
     bytes.resize(static_cast<std::size_t>(end - bytes.data()));
-    return bytes;
 }

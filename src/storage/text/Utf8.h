@@ -11,3 +11,4 @@ std::u16string fromUtf8(std::string_view bytes);
 
 // A lone surrogate becomes EF BF BD.
 std::string toUtf8(std::u16string_view text);
+void appendUtf8(std::string& bytes, std::u16string_view text);

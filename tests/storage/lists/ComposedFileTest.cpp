@@ -3,6 +3,13 @@
 #include "storage/lists/ComposedFile.h"
 #include "storage/text/Utf8.h"
 
+TEST(ComposedFileTest, BytesWhoseMemoryIsUsedAgainAreNotInTheFile) {
+    ComposedFile file(u"start ", 5, std::string(100, 'x'));
+    file.text() += u"end";
+    EXPECT_EQ(file.units(), 9U);
+    EXPECT_EQ(file.takeBytes(), "start end");
+}
+
 TEST(ComposedFileTest, EncodingInPartsGivesTheSameBytes) {
     std::u16string whole = u" \r\n";
     ComposedFile file(whole, 10'000);

@@ -62,6 +62,13 @@ std::string repaired(std::string_view bytes) {
 
 }  // namespace
 
+TEST(Utf8Test, AppendedTextsLeaveWhatPrecedesThem) {
+    std::string bytes = "before ";
+    appendUtf8(bytes, u"");
+    appendUtf8(bytes, u"r\u00E9seau \u4E2D");
+    EXPECT_EQ(bytes, "before r\xC3\xA9seau \xE4\xB8\xAD");
+}
+
 TEST(Utf8Test, WellFormedTextAtEveryBoundaryConvertsBothWays) {
     struct Case {
         std::u16string text;
