@@ -197,6 +197,7 @@ TEST_P(FatTest, LeavesWholeFiles) {
             continue;
         }
         ++runs;
+        SCOPED_TRACE(line);
         BlockLog log;
         ASSERT_TRUE(readLog(work->at(name + ".log"), log)) << line;
         EXPECT_NE(below, "below") << line << ": files in the folder under the mount point";
