@@ -23,9 +23,12 @@ int alignmentsOf(const Settings& settings, const std::string& operation) {
     return operation.starts_with("crowded") ? 1 : settings.alignments;
 }
 
-void addFaults(std::vector<Case>& cases, const std::string& fileSystem, const std::string& image,
-               const std::string& options) {
+void addFaults(std::vector<Case>& cases, const Settings& settings, const std::string& fileSystem,
+               const std::string& image, const std::string& options) {
     for (const std::string& fault : kFaults) {
+        if (!settings.thorough && options != "default" && fault != "write-once") {
+            continue;
+        }
         // This fault needs the search by capacity among the mounted disks.
         if (fault != "unmounted" || image == "fat1024") {
             cases.push_back({fileSystem, image, options, "replace", 0, fault});
@@ -41,16 +44,14 @@ void addFat(std::vector<Case>& cases, const Settings& settings, const std::strin
             }
         }
     }
-    if (settings.thorough || options == "default") {
-        addFaults(cases, "vfat", image, options);
-    }
+    addFaults(cases, settings, "vfat", image, options);
 }
 
-void addExt(std::vector<Case>& cases, const std::string& fileSystem) {
+void addExt(std::vector<Case>& cases, const Settings& settings, const std::string& fileSystem) {
     for (const char* const operation : {"replace", "first", "folder"}) {
         cases.push_back({fileSystem, fileSystem, "default", operation, 0});
     }
-    addFaults(cases, fileSystem, fileSystem, "default");
+    addFaults(cases, settings, fileSystem, fileSystem, "default");
 }
 
 }  // namespace
@@ -101,8 +102,8 @@ std::vector<Case> allCases(const Settings& settings) {
         addFat(cases, settings, image, kDesktop);
     }
     if (settings.thorough) {
-        addExt(cases, "ext2");
-        addExt(cases, "ext4");
+        addExt(cases, settings, "ext2");
+        addExt(cases, settings, "ext4");
     }
     std::erase_if(cases, [&](const Case& one) { return one.name().find(settings.only) == std::string::npos; });
     return cases;

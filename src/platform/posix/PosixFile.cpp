@@ -72,7 +72,13 @@ bool PosixFile::writeAll(std::string_view bytes) const {
     return true;
 }
 
-bool PosixFile::cutTo(std::size_t size) const { return ::ftruncate(descriptor_, static_cast<off_t>(size)) == 0; }
+// On FAT with the mount option "flush" each truncation starts to write the file's tables, and a failure of that write
+// is reported to no call.
+bool PosixFile::cutTo(std::size_t size) const {
+    struct stat status = {};
+    return ::fstat(descriptor_, &status) == 0 && (static_cast<std::size_t>(status.st_size) == size ||
+                                                  ::ftruncate(descriptor_, static_cast<off_t>(size)) == 0);
+}
 
 bool PosixFile::flush() const {
 #ifdef F_FULLFSYNC  // on these systems fsync does not flush the drive's own cache
