@@ -52,6 +52,29 @@ IS_WINE = CTL[0] == WINE
 ENVIRONMENT = {**os.environ, "DISPLAY": "none", "LC_ALL": "C.UTF-8"} if IS_WINE else {**os.environ, "LC_ALL": "C"}
 
 
+def setUpModule():
+    if IS_WINE:
+        keep_wine_running()
+
+
+def keep_wine_running():
+    """Starts a program that runs during all tests. Otherwise a test may kill a program that has just started Wine's
+    server: a server that no program has reached never ends, and keeps the pipes of the killed program open."""
+    folder = tempfile.mkdtemp(prefix="k7ctl-")
+    keeper = subprocess.Popen([*program("HALCYON_HOLD"), "."], cwd=folder, env=ENVIRONMENT, stdin=subprocess.PIPE,
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+
+    def end():
+        keeper.stdin.close()
+        keeper.wait()
+        keeper.stdout.close()
+        shutil.rmtree(folder)
+
+    unittest.addModuleCleanup(end)
+    if keeper.stdout.readline().strip() != b"held":
+        raise RuntimeError("no program starts under Wine")
+
+
 def messages(errors):
     """Standard error of the program, without Wine's own lines, such as those about drives of the host."""
     return "".join(line for line in errors.decode("utf-8").splitlines(keepends=True)
