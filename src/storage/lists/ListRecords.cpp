@@ -23,7 +23,9 @@ std::span<const std::u16string_view> ListRecords::cells(int index) {
     }
     const std::u16string_view stored = cell(kFrequencyColumn);
     for (int number = 1; number <= static_cast<int>(columns_.size()); ++number) {
-        compute(columns_[at(number)].content, number, stored);
+        if (const CellContent content = columns_[at(number)].content; content != CellContent::StoredText) {
+            compute(content, number, stored);
+        }
     }
     return std::span(cells_).first(columns_.size());
 }

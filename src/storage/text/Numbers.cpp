@@ -107,7 +107,9 @@ void appendShortestDecimal(std::u16string& text, double value) {
     }
     // Fast path for frequencies: if three decimals reproduce the value, no other text is shorter.
     if (value > 0 && value < kMostOfThreeDecimals) {
-        const int thousandths = static_cast<int>(std::lround(value * 1000));
+        // The product is then at most a rounding error away from a whole number: any fraction added finds it.
+        constexpr double kFraction = 0.25;
+        const int thousandths = static_cast<int>(value * 1000 + kFraction);
         if (thousandths / 1000.0 == value) {
             appendThousandths(text, thousandths);
             return;
