@@ -71,8 +71,6 @@ Exit exportLists(Services& services, const Options& options) {
         return print(services.console, text);
     }
     const std::u16string path = absolutePath(services.currentFolder, options.output);
-    // Not flushed: the lists can be exported again.
-    return replaceFile(services.files, path, text, Flush::Later)
-               ? Exit::Done
-               : fileFault(services.console, path, u"cannot be written");
+    return replaceFile(services.files, path, text) ? Exit::Done
+                                                   : fileFault(services.console, path, u"cannot be written");
 }

@@ -33,6 +33,13 @@ TEST_F(ExportTest, AFileIsReplacedAtomically) {
     EXPECT_EQ(files.files[u"/home/lists.csv"], "old");
 }
 
+TEST_F(ExportTest, AFinishedFileSurvivesAPowerCut) {
+    files.files[u"/home/lists.csv"] = "old";
+    EXPECT_EQ(run({"export", "-o", "lists.csv"}), 0);
+    files.cutPower([](std::u16string_view) { return FakeFiles::Fate::Empty; });
+    EXPECT_EQ(files.files[u"/home/lists.csv"], kCsv);
+}
+
 TEST_F(ExportTest, CellsAreQuotedIfNecessary) {
     files.files[u"/k7/List.ini"] =
         "[Total]\nfmnumber=2\n[FMSchedule0]\nProgramme=a,\"b\";c\nFrequency=98500\n"
