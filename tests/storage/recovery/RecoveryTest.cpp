@@ -165,7 +165,7 @@ TEST_F(RecoveryTestChanges, AnEditOfLongListsIsWrittenBehindTheSnapshot) {
         EXPECT_EQ(found(), edited(edit)) << edit;
     }
     EXPECT_EQ(writes(), 1);
-    EXPECT_EQ(files.files[kFirst].size(), size + 5 * 4096U);
+    EXPECT_EQ(files.files[kFirst].size(), size + std::size_t{5} * 4096);
 }
 
 TEST_F(RecoveryTestChanges, SortsGoToBothSlotsWithoutChangingTheirSize) {
@@ -258,7 +258,7 @@ TEST_F(RecoveryTestChanges, AtMostAHundredChangesOfAllRunsFollowASnapshot) {
         }
         EXPECT_EQ(found(), longList(edit - 1));
     }
-    EXPECT_EQ(files.files[kFirst].size(), size + 100 * 4096U);
+    EXPECT_EQ(files.files[kFirst].size(), size + std::size_t{100} * 4096);
     EXPECT_TRUE(files.files.contains(kSecond));
 }
 
