@@ -1,6 +1,7 @@
 #include "ctl/Duplicates.h"
 
 #include <algorithm>
+#include <bit>
 #include <iterator>
 #include <string>
 #include <utility>
@@ -20,9 +21,23 @@ First rowOf(ListRecords& records, int row) {
 
 }  // namespace
 
-void Duplicates::add(int row, std::span<const std::u16string_view> cells) { rows_.push_back({hashOf(cells), row}); }
+Duplicates::Duplicates(int rowCount) {
+    constexpr std::size_t kMarksOfARow = 16;
+    const auto count = static_cast<std::size_t>(rowCount);
+    rows_.reserve(count);
+    marks_.resize(std::bit_ceil(count * kMarksOfARow + 2));
+}
+
+void Duplicates::add(int row, std::span<const std::u16string_view> cells) {
+    const std::size_t hash = hashOf(cells);
+    const std::size_t marks = marksOf(hash);
+    marks_[marks + 1] = marks_[marks];
+    marks_[marks] = true;
+    rows_.push_back({hash, row});
+}
 
 std::vector<Duplicates::Pair> Duplicates::find(ListRecords& records) {
+    std::erase_if(rows_, [this](const HashedRow& row) { return !marks_[marksOf(row.hash) + 1]; });
     std::sort(rows_.begin(), rows_.end());
     std::vector<Pair> pairs;
     std::vector<First> firsts;  // of the rows with this hash

@@ -16,7 +16,7 @@ public:
         int first = 0;  // the first row with the same cells
     };
 
-    explicit Duplicates(int rowCount) { rows_.reserve(static_cast<std::size_t>(rowCount)); }
+    explicit Duplicates(int rowCount);
 
     void add(int row, std::span<const std::u16string_view> cells);
     // The rows added that are the same as an earlier one, in rising order. Call once, after all rows. `records` are
@@ -24,5 +24,10 @@ public:
     std::vector<Pair> find(ListRecords& records);
 
 private:
+    // The marks of a hash: that a row has it, and that several have. A few hashes share their marks.
+    std::size_t marksOf(std::size_t hash) const { return hash * 2 & (marks_.size() - 1); }
+
     std::vector<HashedRow> rows_;
+    // Nearly all rows have marks of their own, and need not be sorted.
+    std::vector<bool> marks_;
 };
