@@ -33,7 +33,8 @@ TEST(IniReaderTest, LinesEndAtCrLfLfOrCr) {
 TEST(IniReaderTest, OnlyTheGivenKeysAreRead) {
     const std::array<std::u16string_view, 2> keys = {u"x", u"y"};
     std::array<std::u16string_view, 2> values;
-    IniReader(u"[A]\r\ny=2\r\nx=1\r\n").get(u"A", std::span(keys).first(1), std::span(values).first(1));
+    IniReader profile(u"[A]\r\ny=2\r\nx=1\r\n");
+    profile.get(u"A", std::span(keys).first(1), std::span(values).first(1));
     EXPECT_EQ(values, (std::array<std::u16string_view, 2>{u"1", u""}));
 }
 
