@@ -51,8 +51,8 @@ TEST_F(ExportTest, CellsAreQuotedIfNecessary) {
 
 TEST_F(ExportTest, JsonHoldsAllFourLists) {
     EXPECT_EQ(run({"export", "--format", "json"}), 0);
-    for (const std::string part : {"\"drm\": [", "\"am\": [", "\"fm\": [", "\"fav\": [", "\"system\": \"FM\"",
-                                   "\"band\": \"LW\"", "\"frequency_khz\": 98500"}) {
+    for (const std::string part : {R"("drm": [)", R"("am": [)", R"("fm": [)", R"("fav": [)", R"("system": "FM")",
+                                   R"("band": "LW")", R"("frequency_khz": 98500)"}) {
         EXPECT_NE(out.find(part), out.npos) << part;
     }
 }

@@ -11,13 +11,14 @@ inline std::string ofSize(std::size_t size, char letter) {
     return std::string(size, letter) + "\r\n[kvt update end]\r\n";
 }
 
-inline const std::string kOldList = ofSize(20 * 1024, 'o');
-inline const std::string kOldUser = ofSize(5 * 1024, 'p');
-inline const std::string kNewList = ofSize(24 * 1024, 'n');
-inline const std::string kNewUser = ofSize(6 * 1024, 'm');
+inline constexpr std::size_t kKibibyte = 1024;
+inline const std::string kOldList = ofSize(20 * kKibibyte, 'o');
+inline const std::string kOldUser = ofSize(5 * kKibibyte, 'p');
+inline const std::string kNewList = ofSize(24 * kKibibyte, 'n');
+inline const std::string kNewUser = ofSize(6 * kKibibyte, 'm');
 
 // Of the old list, before the sector that cannot be read: whole pages of the system.
-inline constexpr std::size_t kReadablePart = 12 * 1024;
+inline constexpr std::size_t kReadablePart = 12 * kKibibyte;
 
 // On the console, before each operation of the run that is killed.
 inline constexpr char kOperationMark = '\1';

@@ -171,7 +171,7 @@ bool putOld(const Case& one, PosixFiles& files) {
         done = write(files, u"List.ini", kOldList) && write(files, u"User.ini", kOldUser) && done;
     }
     if (one.operation == "full") {
-        constexpr std::uint64_t kLeft = 8 * 1024;
+        constexpr std::uint64_t kLeft = 8 * kKibibyte;
         const auto free = files.freeSpace(kRoot.substr(0, kRoot.size() - 1));
         done = free && *free > kLeft && write(files, u"FILLER", std::string(*free - kLeft, 'f')) && done;
     }
