@@ -206,8 +206,10 @@ class Ends(CtlCase):
     def test_a_folder_that_the_user_cannot_write_is_not_changed(self):
         (self.root / "new.csv").write_text("list,programme,frequency_khz\nam,Night,666\n")
         self.root.chmod(0o755)
+        # The folders above the built program may be closed to other users.
+        copy = shutil.copy2(CTL[0], self.root)
         before = self.files()
-        nobody = {"user": "nobody", "group": "nogroup", "extra_groups": []}
+        nobody = {"executable": copy, "user": "nobody", "group": "nogroup", "extra_groups": []}
         self.assertEqual(self.run_program("export", **nobody), (0, SAMPLE_CSV, ""), self.last)
         self.assertEqual(self.run_program("import", "--dry-run", "new.csv", **nobody),
                          (1, "+ AM 4: Night | 666\n", ""), self.last)
