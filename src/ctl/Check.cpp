@@ -86,11 +86,11 @@ struct ListFaults {
     Faults records;
 };
 
-void checkList(IniReader& file, ListKind kind, Faults& counts, Faults& records) {
-    CountCheck sections(file, kind, counts);
+void checkList(ListKind kind, IniReader& file, ListFaults& faults) {
+    CountCheck sections(file, kind, faults.counts);
     const int count = sections.count();
     ListRecords read(file, kind);
-    RecordCheck fields(kind, records);
+    RecordCheck fields(kind, faults.records);
     Duplicates duplicates(count);
     for (int row = 1; row <= count; ++row) {
         const Cells cells = read.cells(row - 1);
@@ -100,11 +100,12 @@ void checkList(IniReader& file, ListKind kind, Faults& counts, Faults& records) 
     }
     sections.checkRest();
     if (count > kMaxRecords) {
-        records.add({kind, kMaxRecords + 1, u"count",
-                     u"over the " + decimal(kMaxRecords) + u" records of a list, which holds " + decimal(count)});
+        faults.records.add(
+            {kind, kMaxRecords + 1, u"count",
+             u"over the " + decimal(kMaxRecords) + u" records of a list, which holds " + decimal(count)});
     }
     for (const Duplicates::Pair& duplicate : duplicates.find(read)) {
-        records.add({kind, duplicate.row, u"record", u"the same as row " + decimal(duplicate.first)});
+        faults.records.add({kind, duplicate.row, u"record", u"the same as row " + decimal(duplicate.first)});
     }
 }
 
@@ -119,8 +120,7 @@ Exit checkLists(Services& services, const Options& options) {
     std::array<ListFaults, kListCount> found{ListFaults(options.json), ListFaults(options.json),
                                              ListFaults(options.json), ListFaults(options.json)};
     const auto check = [&found](ListKind kind, IniReader& file) {
-        ListFaults& list = found[static_cast<std::size_t>(kind)];
-        checkList(file, kind, list.counts, list.records);
+        checkList(kind, file, found[static_cast<std::size_t>(kind)]);
     };
     const ParsedFiles files = parsedWith(check, std::move(source->bytes));
     Faults faults(options.json);
