@@ -45,11 +45,7 @@ TEST_F(MainFormBackupTest, FilesRemovedAfterAKillStayRemoved) {
 TEST_F(MainFormBackupTest, FilesCreatedByAKilledRunMayBeRemoved) {
     platform->files.files.clear();
     start();
-    platform->tabs.click(1);
-    choose(MenuItem::AddNew);
-    platform->addFormView.at(AddField::txtLabel).text = u"Added";
-    platform->addFormView.at(AddField::txtFreq).text = u"198";
-    platform->addFormView.listener->saveClicked();
+    addRecord();
     const FakeFiles killed = platform->files;
     killAndRestart();
     EXPECT_EQ(platform->rows(1).rowCount(), 1);
@@ -132,11 +128,7 @@ TEST_F(MainFormBackupTest, AFileWithACountOutside16BitsIsKeptBeforeItIsSaved) {
 
 TEST_F(MainFormBackupTest, AReceiversFileWithACountOutside16BitsIsKeptToo) {
     const std::string file = replaced(kTwoStations, "drmnumber=2", "drmnumber=-40000");
-    platform->connectReceiver(u"/media/rx/");
-    platform->files.files[u"/media/rx/List.ini"] = file;
-    platform->files.files[u"/media/rx/User.ini"] = "";
-    start();
-    choose(MenuItem::LoadFromReceiver);
+    loadFromReceiver(file);
     EXPECT_EQ(platform->rows(0).rowCount(), 0);
     const auto copies = platform->files.list(u"/app/Backup");
     EXPECT_TRUE(std::any_of(copies.begin(), copies.end(), [&](const std::u16string& name) {
@@ -146,11 +138,7 @@ TEST_F(MainFormBackupTest, AReceiversFileWithACountOutside16BitsIsKeptToo) {
 
 TEST_F(MainFormBackupTest, AFirstLoadBacksUpNothing) {
     platform->files.files.clear();
-    platform->connectReceiver(u"/media/rx/");
-    platform->files.files[u"/media/rx/List.ini"] = kTwoStations;
-    platform->files.files[u"/media/rx/User.ini"] = "";
-    start();
-    choose(MenuItem::LoadFromReceiver);
+    loadFromReceiver(kTwoStations);
     EXPECT_EQ(platform->rows(0).rowCount(), 2);
     EXPECT_FALSE(platform->files.folders.contains(u"/app/Backup"));
 }

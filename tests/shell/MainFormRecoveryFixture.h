@@ -42,6 +42,22 @@ protected:
     std::u16string programme(int row) { return std::u16string(platform->rows(0).text(row, 1)); }
     void select(int tab, int row) { platform->gridViews[static_cast<std::size_t>(tab)].grid->setSelected(row, true); }
     void choose(MenuItem item) { platform->popupMenu.listener->menuChosen(item); }
+    // Starts the program and loads this list, and no favourites.
+    void loadFromReceiver(const std::string& list) {
+        platform->connectReceiver(u"/media/rx/");
+        platform->files.files[u"/media/rx/List.ini"] = list;
+        platform->files.files[u"/media/rx/User.ini"] = "";
+        start();
+        choose(MenuItem::LoadFromReceiver);
+    }
+    // Adds an AM record with the programme "Added".
+    void addRecord() {
+        platform->tabs.click(1);
+        choose(MenuItem::AddNew);
+        platform->addFormView.at(AddField::txtLabel).text = u"Added";
+        platform->addFormView.at(AddField::txtFreq).text = u"198";
+        platform->addFormView.listener->saveClicked();
+    }
     void edit(const std::u16string& text) {
         select(0, 1);
         platform->grid(0).itemDoubleClicked();

@@ -58,11 +58,7 @@ TEST_F(MainFormRecoveryTest, EveryCommandIsKept) {
 
 TEST_F(MainFormRecoveryTest, AnAddedRecordIsKept) {
     start();
-    platform->tabs.click(1);
-    choose(MenuItem::AddNew);
-    platform->addFormView.at(AddField::txtLabel).text = u"Added";
-    platform->addFormView.at(AddField::txtFreq).text = u"198";
-    platform->addFormView.listener->saveClicked();
+    addRecord();
     killAndRestart();
     EXPECT_EQ(platform->rows(1).text(1, 1), u"Added");
 }
@@ -97,11 +93,7 @@ TEST_F(MainFormRecoveryTest, AddedFavouritesAreKeptBeforeTheMessageAboutAFullLis
 }
 
 TEST_F(MainFormRecoveryTest, ALoadFromTheReceiverIsKept) {
-    platform->connectReceiver(u"/media/rx/");
-    platform->files.files[u"/media/rx/List.ini"] = "[Total]\r\namnumber=1\r\n[AMSchedule0]\r\nProgramme=R\r\n";
-    platform->files.files[u"/media/rx/User.ini"] = "";
-    start();
-    choose(MenuItem::LoadFromReceiver);
+    loadFromReceiver("[Total]\r\namnumber=1\r\n[AMSchedule0]\r\nProgramme=R\r\n");
     killAndRestart();
     EXPECT_EQ(platform->rows(1).text(1, 1), u"R");
     EXPECT_EQ(platform->rows(0).rowCount(), 0);
